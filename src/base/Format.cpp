@@ -1,0 +1,54 @@
+#include "base/Format.h"
+
+#include "base/Text.h"
+
+#include <QRegularExpression>
+#include <cmath>
+
+namespace vorta {
+
+namespace {
+
+QString withComma(QString number) { return number.replace(u'.', u','); }
+
+} // namespace
+
+QString FormatAmount(double value) {
+    const double cents = std::round(std::abs(value) * 100 * (1 + 1e-15));
+    const QString text = QString::number(cents / 100, 'f', 2);
+    return withComma(value < 0 && cents > 0 ? u'-' + text : text);
+}
+
+QString FormatAmountText(const QString& text) { return IsNumeric(text) ? FormatAmount(ToNumber(text)) : text; }
+
+QString FormatNumber(double value) { return withComma(QString::number(value, 'g', 15)); }
+
+QString FormatDate(const QDate& date) { return date.toString(QStringLiteral("dd/MM/yyyy")); }
+
+QString FormatDateTime(const QDateTime& moment) { return moment.toString(QStringLiteral("dd/MM/yyyy HH:mm")); }
+
+QString FormatDateSql(const QDate& date) { return date.toString(QStringLiteral("yyyyMMdd")); }
+
+QString FormatDateSqlSlashes(const QDate& date) { return date.toString(QStringLiteral("yyyy/MM/dd")); }
+
+std::optional<QDateTime> ParseDate(const QString& text) {
+    static const QRegularExpression form(
+        QStringLiteral("^(\\d{1,2})[/.-](\\d{1,2})[/.-](\\d{4}|\\d{2})(?: +(\\d{1,2}):(\\d{2})(?::(\\d{2}))?)?$"));
+    const QRegularExpressionMatch match = form.match(Trim(text));
+    if (!match.hasMatch())
+        return std::nullopt;
+    int year = match.captured(3).toInt();
+    if (match.capturedLength(3) == 2)
+        year += year < 30 ? 2000 : 1900;
+    const QDate date(year, match.captured(2).toInt(), match.captured(1).toInt());
+    const QTime time = match.captured(4).isEmpty()
+                           ? QTime(0, 0)
+                           : QTime(match.captured(4).toInt(), match.captured(5).toInt(), match.captured(6).toInt());
+    if (!date.isValid() || !time.isValid() || year < 100)
+        return std::nullopt;
+    return QDateTime(date, time);
+}
+
+bool IsDate(const QString& text) { return ParseDate(text).has_value(); }
+
+} // namespace vorta

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QString>
+#include <concepts>
+#include <span>
+#include <vector>
+
+namespace vorta::data {
+
+/// A piece of a statement that is written in the program itself. Only a compile-time constant converts to it, so that no
+/// value typed by a user or read from a table can ever pass for a piece.
+class Piece {
+  public:
+    consteval Piece(const char* text) : text_(text) {}
+    QString toString() const { return QString::fromUtf8(text_); }
+
+  private:
+    const char* text_;
+};
+
+/// Where a value stands in the text of a statement, in characters.
+struct ValueSpan {
+    qsizetype start = 0;
+    qsizetype length = 0;
+    friend bool operator==(const ValueSpan&, const ValueSpan&) = default;
+};
+
+/// One statement as text with inline values, assembled piece by piece: `Piece` is program text, `QString` and numbers are values.
+/// The spans of the values stay true under every change that keeps lengths (upper-casing, removal of accents).
+class Statement {
+  public:
+    Statement() = default;
+    Statement(Piece piece) { *this += piece; }
+
+    void clear();
+    bool isEmpty() const { return text_.isEmpty(); }
+
+    Statement& operator+=(Piece piece);
+    Statement& operator+=(const QString& value);
+    Statement& operator+=(const Statement& other);
+    template <std::integral Number>
+    Statement& operator+=(Number value) {
+        return *this += QString::number(value);
+    }
+    template <typename Part>
+    Statement& operator<<(const Part& part) {
+        return *this += part;
+    }
+
+    const QString& text() const { return text_; }
+    std::span<const ValueSpan> values() const { return values_; }
+
+    /// The statement in capitals, character by character.
+    Statement upper() const;
+    /// The statement with its text replaced by `change(text)`, which must keep the length.
+    template <typename Change>
+    Statement mapped(Change change) const {
+        return withText(change(text_));
+    }
+
+    friend bool operator==(const Statement&, const Statement&) = default;
+
+  private:
+    Statement withText(QString text) const;
+
+    QString text_;
+    std::vector<ValueSpan> values_;
+};
+
+} // namespace vorta::data
