@@ -1,0 +1,30 @@
+#pragma once
+
+#include "launch/ContextoExecucao.h"
+#include "screen/User.h"
+
+namespace vorta {
+
+/// A whole register, ready to start: program, context and all screens. Two of them can live in one process.
+class Register {
+  public:
+    /// `trace` hears every statement as the flows send it, on both connections.
+    explicit Register(screen::Platform& platform, data::StatementTrace trace = {});
+
+    /// Starts with a launch string and returns when the program has ended (it runs the start screen modally through the platform).
+    void start(const QString& launchString);
+
+    screen::Program& program() { return program_; }
+    ContextoExecucao& context() { return contexto_; }
+    screen::User& user() { return user_; }
+
+    /// The names of all screens that this program has.
+    static QStringList screenNames();
+
+  private:
+    screen::Program program_;
+    ContextoExecucao contexto_;
+    screen::User user_;
+};
+
+} // namespace vorta

@@ -1,0 +1,112 @@
+#include "screen/Grid.h"
+
+#include "base/RuntimeError.h"
+
+#include <algorithm>
+
+namespace vorta::screen {
+
+namespace {
+
+constexpr int invalidRow = 381;
+
+} // namespace
+
+void Grid::touched() {
+    ++revision_;
+    changed();
+}
+
+void Grid::reset(const std::vector<GridColumn>& columns) {
+    columns_ = columns;
+    rows_.clear();
+    rows_.shrink_to_fit();
+    arena_.clear();
+    arena_.shrink_to_fit();
+    row_ = 0;
+    col_ = 0;
+    topRow_ = 1;
+    touched();
+}
+
+void Grid::setRow(int row) {
+    if (row < 0 || row >= Rows())
+        throw RuntimeError(invalidRow, QStringLiteral("Linha fora da grade"));
+    row_ = row;
+    changed();
+}
+
+void Grid::setCol(int col) {
+    if (col < 0 || col >= Cols())
+        throw RuntimeError(invalidRow, QStringLiteral("Coluna fora da grade"));
+    col_ = col;
+}
+
+void Grid::setTopRow(int row) {
+    topRow_ = std::clamp(row, 1, std::max(1, Rows() - 1));
+    changed();
+}
+
+QByteArrayView Grid::bytesOf(int row) const {
+    const Slice& slice = rows_[static_cast<size_t>(row - 1)];
+    return {arena_.data() + slice.start, static_cast<qsizetype>(slice.length)};
+}
+
+QString Grid::cell(int row, int col) const {
+    if (row < 0 || row >= Rows() || col < 0 || col >= Cols())
+        throw RuntimeError(invalidRow, QStringLiteral("Célula fora da grade"));
+    if (row == 0)
+        return columns_[static_cast<size_t>(col)].header;
+    QByteArrayView rest = bytesOf(row);
+    for (int skipped = 0; skipped < col; ++skipped) {
+        const qsizetype tab = rest.indexOf('\t');
+        if (tab < 0)
+            return {};
+        rest = rest.sliced(tab + 1);
+    }
+    const qsizetype end = rest.indexOf('\t');
+    return QString::fromUtf8(end < 0 ? rest : rest.first(end));
+}
+
+Grid::Slice Grid::append(const QString& tabbed) {
+    QByteArray bytes = tabbed.toUtf8();
+    // Empty cells at the end need no separator of their own.
+    while (bytes.endsWith('\t'))
+        bytes.chop(1);
+    const Slice slice{.start = arena_.size(), .length = static_cast<quint64>(bytes.size())};
+    arena_.insert(arena_.end(), bytes.begin(), bytes.end());
+    return slice;
+}
+
+void Grid::setCell(int row, int col, const QString& text) {
+    QStringList cells;
+    for (int at = 0; at < Cols(); ++at)
+        cells += at == col ? text : cell(row, at);
+    if (row == 0)
+        columns_[static_cast<size_t>(col)].header = text;
+    else
+        rows_[static_cast<size_t>(row - 1)] = append(cells.join(u'\t'));
+    touched();
+}
+
+void Grid::AddItem(const QString& tabbed) {
+    rows_.push_back(append(tabbed));
+    if (Rows() == 2)
+        row_ = 1;
+    touched();
+}
+
+void Grid::RemoveItem(int row) {
+    if (row < 1 || row >= Rows())
+        throw RuntimeError(invalidRow, QStringLiteral("Linha fora da grade"));
+    rows_.erase(rows_.begin() + (row - 1));
+    row_ = std::min(row_, Rows() - 1);
+    topRow_ = std::clamp(topRow_, 1, std::max(1, Rows() - 1));
+    touched();
+}
+
+qint64 Grid::bytesUsed() const {
+    return static_cast<qint64>(rows_.capacity() * sizeof(Slice) + arena_.capacity());
+}
+
+} // namespace vorta::screen

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "screen/Field.h"
+
+#include <vector>
+
+namespace vorta::screen {
+
+enum class Align { Left, Right, Centre };
+
+/// A column of a grid. `width` 0 hides it; the other widths tell proportions (15 units a pixel, as the screens were drawn), -1 is
+/// left to the window.
+struct GridColumn {
+    QString header;
+    int width = -1;
+    Align align = Align::Left;
+};
+
+/// Rows and columns of text with one fixed header row, row 0. Rows are packed as UTF-8 in one arena, so that a million rows fit; the
+/// window asks only for the cells that it shows.
+class Grid : public Field {
+  public:
+    Grid(Screen* screen, const char* name) : Field(screen, name, FieldKind::Grid) {}
+
+    /// Empties the grid down to its header row and sets its columns.
+    void reset(const std::vector<GridColumn>& columns);
+    const std::vector<GridColumn>& columns() const { return columns_; }
+
+    int Rows() const { return static_cast<int>(rows_.size()) + 1; } ///< the header row counts
+    int Cols() const { return static_cast<int>(columns_.size()); }
+    int Row() const { return row_; }
+    void setRow(int row);
+    int Col() const { return col_; }
+    void setCol(int col);
+    int TopRow() const { return topRow_; }
+    void setTopRow(int row);
+
+    /// A cell; row 0 gives the headers. A row or column outside the grid raises 381.
+    QString cell(int row, int col) const;
+    void setCell(int row, int col, const QString& text);
+    /// The text of the current cell.
+    QString currentText() const { return cell(row_, col_); }
+
+    /// Adds a row at the end; tabs part the cells, missing cells are empty, surplus ones dropped. The first data row becomes the
+    /// current one when there is none.
+    void AddItem(const QString& tabbed);
+    /// Removes a data row.
+    void RemoveItem(int row);
+
+    /// Bytes that the rows occupy, for the measurement of the store.
+    qint64 bytesUsed() const;
+    /// Counts every change of rows, so that a window knows when to look again.
+    quint64 revision() const { return revision_; }
+
+  private:
+    struct Slice {
+        quint64 start : 40;
+        quint64 length : 24;
+    };
+    QByteArrayView bytesOf(int row) const;
+    Slice append(const QString& tabbed);
+    void touched();
+
+    std::vector<GridColumn> columns_;
+    std::vector<Slice> rows_;
+    std::vector<char> arena_;
+    int row_ = 0;
+    int col_ = 0;
+    int topRow_ = 1;
+    quint64 revision_ = 0;
+};
+
+} // namespace vorta::screen

@@ -1,0 +1,150 @@
+#include "screen/MaskedField.h"
+
+#include <algorithm>
+
+namespace vorta::screen {
+
+namespace {
+
+constexpr QChar place = u'#';
+constexpr QChar prompt = u'_';
+
+bool isDigit(QChar character) { return character >= u'0' && character <= u'9'; }
+
+} // namespace
+
+MaskedField::MaskedField(Screen* screen, const char* name, const QString& mask)
+    : Field(screen, name, FieldKind::Masked), mask_(mask) {
+    storeText(blank());
+}
+
+QString MaskedField::blankOf(const QString& mask) const {
+    QString form = mask;
+    return form.replace(place, prompt);
+}
+
+QString MaskedField::blank() const { return blankOf(mask_); }
+
+bool MaskedField::isBlank() const {
+    return std::none_of(text().begin(), text().end(), [](QChar character) { return character.isLetterOrNumber(); });
+}
+
+void MaskedField::setMask(const QString& mask) {
+    const bool wasBlank = isBlank();
+    mask_ = mask;
+    if (!mask.isEmpty() && wasBlank)
+        storeText(blank());
+    changed();
+}
+
+bool MaskedField::fits(const QString& text) const {
+    if (text.size() != mask_.size())
+        return false;
+    for (qsizetype at = 0; at < mask_.size(); ++at) {
+        const bool matches =
+            mask_[at] == place ? isDigit(text[at]) || text[at] == prompt : text[at] == mask_[at];
+        if (!matches)
+            return false;
+    }
+    return true;
+}
+
+void MaskedField::setText(const QString& text) {
+    if (mask_.isEmpty() || fits(text)) {
+        storeText(text);
+        return;
+    }
+    if (text.isEmpty()) {
+        storeText(blank());
+        return;
+    }
+    QString digits;
+    std::copy_if(text.begin(), text.end(), std::back_inserter(digits), isDigit);
+    if (digits.isEmpty() || digits.size() > mask_.count(place)) {
+        storeText(text);
+        return;
+    }
+    QString poured = blank();
+    qsizetype next = 0;
+    for (qsizetype at = 0; at < mask_.size() && next < digits.size(); ++at)
+        if (mask_[at] == place)
+            poured[at] = digits[next++];
+    storeText(poured);
+}
+
+void MaskedField::clearSelected() {
+    const int start = selectionStart();
+    const int length = selectionLength();
+    if (length == 0)
+        return;
+    QString edited = text();
+    if (mask_.isEmpty() || edited.size() != mask_.size()) {
+        edited.remove(start, length);
+        if (!mask_.isEmpty() && edited.isEmpty())
+            edited = blank();
+    } else {
+        const QString form = blank();
+        for (int at = start; at < start + length; ++at)
+            edited[at] = form[at];
+    }
+    storeText(edited);
+    select(start, 0);
+}
+
+void MaskedField::typeCharacter(QChar character) {
+    const bool masked = !mask_.isEmpty();
+    if (!masked) {
+        clearSelected();
+        if (maxLength() > 0 && text().size() >= maxLength())
+            return;
+        const int at = selectionStart();
+        storeText(text().left(at) + character + text().mid(at));
+        select(at + 1, 0);
+        return;
+    }
+    if (!isDigit(character) && !mask_.contains(character))
+        return;
+    clearSelected();
+    QString edited = text().size() == mask_.size() ? text() : blank();
+    int at = selectionStart();
+    if (!isDigit(character)) {
+        if (at < mask_.size() && mask_[at] == character)
+            select(at + 1, 0);
+        return;
+    }
+    while (at < mask_.size() && mask_[at] != place)
+        ++at;
+    if (at >= mask_.size())
+        return;
+    edited[at] = character;
+    storeText(edited);
+    ++at;
+    select(at, 0);
+}
+
+void MaskedField::backspace() {
+    if (selectionLength() > 0)
+        return clearSelected();
+    int at = selectionStart();
+    if (mask_.isEmpty() || text().size() != mask_.size()) {
+        if (at > 0) {
+            select(at - 1, 1);
+            clearSelected();
+        }
+        return;
+    }
+    while (at > 0 && mask_[at - 1] != place)
+        --at;
+    if (at == 0)
+        return;
+    select(at - 1, 1);
+    clearSelected();
+}
+
+void MaskedField::deleteForward() {
+    if (selectionLength() == 0)
+        select(selectionStart(), 1);
+    clearSelected();
+}
+
+} // namespace vorta::screen

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+#include <QStringList>
+
+namespace vorta::screen {
+
+class Screen;
+
+enum class Icon { None, Information, Critical };
+enum class Buttons { OK, YesNo, YesNoCancel };
+enum class Answer { OK, Yes, No, Cancel };
+
+/// A message box as the screens ask for it. An empty title is the application's own. Line breaks in `text` are "\n".
+struct Box {
+    QString text;
+    QString title;
+    Icon icon = Icon::None;
+    Buttons buttons = Buttons::OK;
+};
+
+/// The outside world of one running register. Given at the start; two of them can live in one process.
+class Platform {
+  public:
+    virtual ~Platform() = default;
+
+    /// Shows a box and waits for its answer; the first button is the default.
+    virtual Answer messageBox(const Box& box) = 0;
+    /// Shows a loaded screen over the active one and returns when it has been unloaded or the program has ended.
+    virtual void runModal(Screen& screen) = 0;
+    /// Hands an address ("mailto:...") to the desktop; the answer is not looked at.
+    virtual void openAddress(const QString& address) = 0;
+    /// Tells how far long work has come; `total` 0 means that the work is over.
+    virtual void progress(qint64 done, qint64 total);
+
+    /// Root of the installation; its folder "config/" is the fixed place of the configuration files. Without a closing separator.
+    virtual QString home() const = 0;
+    virtual QDateTime now() const;
+
+    // Files. Paths may carry back slashes, as configured ones do.
+    virtual bool fileExists(const QString& path) const;
+    /// The first `most` lines, without their ends, from UTF-8 or Windows-1252 with LF or CRLF. Raises 52 for a path that names no
+    /// file (empty, or a folder) and 53 for a file that is not there or cannot be read.
+    virtual QStringList readLines(const QString& path, int most) const;
+    virtual void removeFile(const QString& path);
+
+    /// The path with this system's separators.
+    static QString localPath(const QString& path);
+};
+
+} // namespace vorta::screen

@@ -1,0 +1,64 @@
+#include "screen/Program.h"
+
+#include "screen/Screen.h"
+
+namespace vorta::screen {
+
+QString Program::applicationTitle() { return QStringLiteral("Cadastro de Pessoas"); }
+
+void Program::requireRunning() const {
+    if (ended_)
+        throw ProgramEnded();
+}
+
+Answer Program::MsgBox(const Box& box) {
+    requireRunning();
+    const Answer answer = platform_.messageBox(box);
+    requireRunning();
+    return answer;
+}
+
+void Program::ShowModal(Screen& screen) {
+    requireRunning();
+    screens_.push_back(&screen);
+    if (!screen.loaded_) {
+        screen.loaded_ = true;
+        screen.Load();
+    }
+    if (screen.loaded_)
+        platform_.runModal(screen);
+    std::erase(screens_, &screen);
+    requireRunning();
+}
+
+void Program::finish() {
+    if (ended_)
+        return;
+    ended_ = true;
+    if (onEnd)
+        onEnd();
+}
+
+void Program::End() {
+    finish();
+    throw ProgramEnded();
+}
+
+bool Program::dispatch(const std::function<void()>& event) {
+    if (ended_)
+        return false;
+    try {
+        event();
+    } catch (const ProgramEnded&) {
+    } catch (const RuntimeError& error) {
+        failure_ = error;
+        finish();
+        platform_.messageBox({QStringLiteral("Erro %1\n\n%2").arg(error.number()).arg(error.description()), {},
+                              Icon::Critical, Buttons::OK});
+    }
+    if (ended_)
+        screens_.clear();
+    return !ended_;
+}
+
+} // namespace vorta::screen

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "screen/Field.h"
+#include "screen/Grid.h"
+#include "screen/MaskedField.h"
+
+#include <vector>
+
+namespace vorta::screen {
+
+class Program;
+
+/// Told of every change of a screen's state; a window implements it.
+class ScreenObserver {
+  public:
+    virtual ~ScreenObserver() = default;
+    virtual void fieldChanged(Field& field) = 0;
+    virtual void screenChanged(Screen& screen) = 0; ///< caption, colours, mouse pointer, focus
+};
+
+/// The shape of the mouse pointer: the arrow, or the hourglass of long work.
+enum class Pointer { Default = 0, Hourglass = 11 };
+
+/// A screen: named fields, a caption, and the handlers of its events. Shown modally by `Program::ShowModal`. A screen that has been
+/// unloaded is made anew at its next opening.
+class Screen {
+  public:
+    Screen(Program& program, const QString& name);
+    virtual ~Screen() = default;
+    Screen(const Screen&) = delete;
+    Screen& operator=(const Screen&) = delete;
+
+    const QString& name() const { return name_; }
+    Program& program() const { return program_; }
+
+    /// The field of that name (case-insensitive); raises 438 naming the screen and the field when there is none.
+    Field& field(const QString& name) const;
+    Field* findField(const QString& name) const;
+    /// All fields in the order of their declaration, which is the tab order.
+    const std::vector<Field*>& fields() const { return fields_; }
+
+    const QString& caption() const { return caption_; }
+    void setCaption(const QString& caption);
+    Colour background() const { return background_; }
+    void setBackground(Colour background);
+    Pointer pointer() const { return pointer_; }
+    void setPointer(Pointer pointer);
+
+    /// The field with the focus; none right after the opening until something takes it.
+    Field* focus() const { return focus_; }
+    /// Gives a field the focus: the old field's LostFocus, then this one's GotFocus. Called inside a LostFocus it decides where the focus
+    /// goes. A field that cannot take the focus is left alone.
+    void SetFocus(Field& field);
+    /// The user's move of the focus (none: it leaves the screen). True when the focus ended where the user wanted it.
+    bool moveFocus(Field* target);
+    /// Asks for one step to the next field, carried out when the running handler has ended.
+    void SendTab() { tabRequested_ = true; }
+    bool takeTabRequest();
+    /// The next (or previous) field that takes the focus, in tab order; locked fields and options that are not chosen are passed over.
+    Field* nextField(const Field* from, bool backwards = false) const;
+
+    /// Runs once before the screen is shown.
+    virtual void Load() {}
+    /// Runs when the screen is about to close, whatever closes it.
+    virtual void QueryUnload() {}
+
+    /// Closes the screen; the modal wait on it ends when the running handler has ended.
+    void Unload();
+    bool isLoaded() const { return loaded_; }
+
+    void setObserver(ScreenObserver* observer) { observer_ = observer; }
+
+  private:
+    friend class Field;
+    friend class Program;
+    void add(Field* field) { fields_.push_back(field); }
+    void notify(Field& field);
+    void notify();
+    void enter(Field* field);
+
+    Program& program_;
+    QString name_;
+    QString caption_;
+    Colour background_ = colour::ButtonFace;
+    Pointer pointer_ = Pointer::Default;
+    std::vector<Field*> fields_;
+    Field* focus_ = nullptr;
+    Field* requestedFocus_ = nullptr;
+    bool losingFocus_ = false;
+    bool tabRequested_ = false;
+    bool loaded_ = false;
+    ScreenObserver* observer_ = nullptr;
+};
+
+} // namespace vorta::screen
