@@ -1,0 +1,109 @@
+#include "launch/AcessoDados.h"
+
+#include "base/Text.h"
+
+namespace vorta {
+
+namespace {
+
+using data::Recordset;
+using data::Statement;
+using screen::Colour;
+using screen::FieldKind;
+
+/// System colours for background and text, as decimal texts, of an unknown scheme.
+const QString fundoDoSistema = QStringLiteral("-2147483633");
+const QString frenteDoSistema = QStringLiteral("-2147483630");
+
+Colour corDe(const QString& texto) { return ToInt32(Val(texto)); }
+
+} // namespace
+
+Recordset AbreLeitura(ContextoExecucao& contexto, const Statement& comando) {
+    return AbreLeituraComoEscrita(contexto, comando.upper());
+}
+
+Recordset AbreLeituraComoEscrita(ContextoExecucao& contexto, const Statement& comando) {
+    Recordset registros;
+    registros.Open(comando, contexto.principal());
+    return registros;
+}
+
+void Executa(ContextoExecucao& contexto, const Statement& comando) { contexto.principal().Execute(comando.upper()); }
+
+QString LeParametroEmpresa(ContextoExecucao& contexto, const QString& nome) {
+    Statement comando;
+    comando << "select * from empr_cnfg where nome_para='" << RTrim(nome) << "'";
+    Recordset registros = AbreLeitura(contexto, comando);
+    return registros.Eof() ? QString() : registros.Fields("valo_para").textOr({});
+}
+
+qint32 ProximoGenerator(ContextoExecucao& contexto, data::Piece nome) {
+    Statement comando;
+    comando << "select gen_id(" << nome << ", 1) "
+            << "from RDB$GENERATORS "
+            << "where RDB$GENERATOR_NAME = '" << UCase(Trim(nome.toString())) << "'; ";
+    Recordset registros = AbreLeituraComoEscrita(contexto, comando);
+    return registros.Eof() ? 0 : registros.Fields(0).toInt32();
+}
+
+qint32 UltimoIdentity(ContextoExecucao& contexto) {
+    Recordset registros = AbreLeitura(contexto, Statement("SELECT @@identity as 'MaxRowID'"));
+    return registros.Eof() || registros.Fields("MaxRowID").isNull() ? 0 : registros.Fields("MaxRowID").toInt32();
+}
+
+void LeCoresSistema(ContextoExecucao& contexto, const QString& esquema) {
+    Statement comando;
+    comando << "select * from cor_sist "
+            << "where "
+            << "DESC_COR_SIST = '" << Trim(esquema) << "'";
+    Recordset registros = AbreLeitura(contexto, comando);
+    const bool achou = !registros.Eof();
+    const auto cor = [&](const char* coluna, const QString& padrao) {
+        return achou ? registros.Fields(coluna).textOr({}) : padrao;
+    };
+    contexto.CorFundo1 = cor("CODI_BACK_0001", fundoDoSistema);
+    contexto.CorFrente1 = cor("CODI_FORE_0001", frenteDoSistema);
+    contexto.CorFundo2 = cor("CODI_BACK_0002", fundoDoSistema);
+    contexto.CorFrente2 = cor("CODI_FORE_0002", frenteDoSistema);
+}
+
+void AplicaCoresForm(ContextoExecucao& contexto, screen::Screen& tela) {
+    const Colour fundo = corDe(contexto.CorFundo1);
+    const Colour frente = corDe(contexto.CorFrente1);
+    tela.setBackground(fundo);
+    for (screen::Field* campo : tela.fields()) {
+        switch (campo->kind()) {
+        case FieldKind::Label:
+            campo->setForeground(frente);
+            [[fallthrough]];
+        case FieldKind::Button:
+        case FieldKind::Text:
+        case FieldKind::Check:
+        case FieldKind::Option:
+            campo->setBackground(fundo);
+            break;
+        default:
+            break;
+        }
+    }
+}
+
+void FechaServidor(ContextoExecucao& contexto, const QString& modo) {
+    if (!contexto.ConexaoPrincipal)
+        return;
+    try {
+        contexto.ConexaoPrincipal->Close();
+        contexto.ConexaoPrincipal.reset();
+    } catch (const RuntimeError&) {
+        contexto.program().MsgBox({QStringLiteral("Erro ao fechar banco de dados (%1)\nTente Novamente. Caso o problema "
+                                                  "persista, contate o Desenvolvedor!")
+                                       .arg(contexto.TipoBanco),
+                                   QStringLiteral("Falha Conexão"), screen::Icon::Critical, screen::Buttons::OK});
+        contexto.program().End();
+    }
+    if (modo == u"SAIR")
+        contexto.program().End();
+}
+
+} // namespace vorta

@@ -1,0 +1,199 @@
+#include "launch/ConectaServidor.h"
+
+#include "base/Text.h"
+#include "launch/CampoDelimitado.h"
+#include "launch/EngineTags.h"
+#include "launch/Lancamento.h"
+
+#include <array>
+
+namespace vorta {
+
+namespace {
+
+using screen::Box;
+using screen::Buttons;
+using screen::Icon;
+
+/// Environments in the order of the lines of "server.ini"; an empty one counts as the first.
+constexpr std::array<QStringView, 3> ambientes{u"PRD", u"HIST", u"DEV"};
+
+QString pastaFixa(const ContextoExecucao& contexto) { return contexto.platform().home() + u"/config/"_qs; }
+
+/// The configured place of a configuration file, or its fixed place when nothing is configured or no file stands there.
+QString caminhoConfiguracao(const ContextoExecucao& contexto, const QString& arquivo) {
+    const QString prefixo = contexto.RaizAplicacao + contexto.PastaAplicacao;
+    const QString configurado = prefixo + u"config\\"_qs + arquivo;
+    if (prefixo.isEmpty() || !contexto.platform().fileExists(configurado))
+        return pastaFixa(contexto) + arquivo;
+    return configurado;
+}
+
+/// The lines of a configuration file; a bad file name is answered by one more try at the fixed place.
+QStringList linhasDe(const ContextoExecucao& contexto, QString& caminho, const QString& arquivo, int maximo) {
+    try {
+        return contexto.platform().readLines(caminho, maximo);
+    } catch (const RuntimeError& error) {
+        if (error.number() != errorNumber::BadFileName)
+            throw;
+        caminho = pastaFixa(contexto) + arquivo;
+        return contexto.platform().readLines(caminho, maximo);
+    }
+}
+
+QString campoDaLinha(const QString& linha, qint16 indice) {
+    QString copia = linha + u'^';
+    return CampoDelimitado(indice, copia);
+}
+
+void tomaCampos(ContextoExecucao& contexto, const QString& linha) {
+    contexto.Servidor = campoDaLinha(linha, 1);
+    contexto.BaseDados = campoDaLinha(linha, 2);
+    contexto.UsuarioBanco = campoDaLinha(linha, 3);
+    contexto.SenhaBanco = campoDaLinha(linha, 4);
+    contexto.TipoBanco = campoDaLinha(linha, 5);
+    contexto.StringConexaoFirebird = campoDaLinha(linha, 6);
+    contexto.PreservaAcentos = ToBoolean(campoDaLinha(linha, 7));
+    if (contexto.TipoBanco.isEmpty())
+        contexto.TipoBanco = QStringLiteral("MS-SQL");
+}
+
+void abre(ContextoExecucao& contexto, const EngineTag& tag, std::unique_ptr<data::Connection>& conexao) {
+    if (!conexao)
+        conexao = contexto.novaConexao();
+    if (tag.timeout)
+        conexao->ConnectionTimeout = *tag.timeout;
+    conexao->Open(tag.engine, ConnectionStringOf(tag, contexto));
+}
+
+[[noreturn]] void encerraSemConteudo(ContextoExecucao& contexto) {
+    contexto.program().MsgBox({QStringLiteral("Conteúdo do Arquivo NÃO Encontrado!\nContate o seu Desenvolvedor para "
+                                              "posicionar a falha de Conexão!"),
+                               QStringLiteral("Falha de Conexão com o Servidor"), Icon::None, Buttons::OK});
+    contexto.program().End();
+}
+
+[[noreturn]] void encerraSemResposta(ContextoExecucao& contexto, const QString& texto) {
+    contexto.program().MsgBox({texto, {}, Icon::Critical, Buttons::OK});
+    contexto.program().End();
+}
+
+QString linhaDoAmbiente(const QString& ambiente, const QStringList& linhas) {
+    for (size_t indice = 0; indice < ambientes.size(); ++indice)
+        if (ambiente == ambientes[indice] || (indice == 0 && ambiente.isEmpty()))
+            return Trim(linhas.value(static_cast<qsizetype>(indice)));
+    return {};
+}
+
+void abrePrincipal(ContextoExecucao& contexto) {
+    const QString arquivo = QStringLiteral("server.ini");
+    QString caminho = caminhoConfiguracao(contexto, arquivo);
+    const QStringList linhas = linhasDe(contexto, caminho, arquivo, static_cast<int>(ambientes.size()));
+    const QString linha = linhaDoAmbiente(contexto.Ambiente, linhas);
+    if (linha.isEmpty())
+        encerraSemConteudo(contexto);
+    tomaCampos(contexto, linha);
+    if (const EngineTag* tag = FindEngineTag(contexto.TipoBanco)) {
+        if (tag->engine == data::Engine::SqlServer)
+            contexto.StringConexao = ConnectionStringOf(*tag, contexto);
+        abre(contexto, *tag, contexto.ConexaoPrincipal);
+    }
+    LePaths(contexto);
+}
+
+void abreCep(ContextoExecucao& contexto) {
+    const QString arquivo = QStringLiteral("server_cep.ini");
+    QString caminho = caminhoConfiguracao(contexto, arquivo);
+    const QString linha = Trim(linhasDe(contexto, caminho, arquivo, 1).value(0));
+    if (linha.isEmpty())
+        encerraSemConteudo(contexto);
+    tomaCampos(contexto, linha);
+    const EngineTag* tag = FindEngineTag(contexto.TipoBanco);
+    if (tag && tag->postalCode)
+        abre(contexto, *tag, contexto.ConexaoCEP);
+}
+
+} // namespace
+
+void ConectaServidor(ContextoExecucao& contexto) {
+    LeServerAplic(contexto);
+    try {
+        abrePrincipal(contexto);
+    } catch (const RuntimeError& error) {
+        if (error.number() == errorNumber::ConnectionFailed)
+            encerraSemResposta(contexto, QStringLiteral("O Servidor de dados não está respondendo.\n\nVerifique se o "
+                                                        "servidor NT/SQL/LINUX (%1) está ligado.\nO Ambiente "
+                                                        "selecionado () pode não estar configurado!")
+                                             .arg(contexto.Servidor));
+    }
+}
+
+void ConectaServidorCEP(ContextoExecucao& contexto) {
+    LeServerAplic(contexto);
+    try {
+        abreCep(contexto);
+    } catch (const RuntimeError& error) {
+        if (error.number() == errorNumber::ConnectionFailed)
+            encerraSemResposta(contexto, QStringLiteral("O Servidor CEP de dados não está respondendo.\n\nVerifique se "
+                                                        "o servidor NT/SQL/Linux (%1) está ligado.")
+                                             .arg(contexto.Servidor));
+    }
+}
+
+void FechaServidorCEP(ContextoExecucao& contexto) {
+    if (!contexto.ConexaoCEP)
+        return;
+    try {
+        contexto.ConexaoCEP->Close();
+        contexto.ConexaoCEP.reset();
+    } catch (const RuntimeError&) {
+        // A postal-code search that could not close its connection has already given its result.
+    }
+}
+
+void LeServerAplic(ContextoExecucao& contexto) {
+    const QString caminho = pastaFixa(contexto) + u"server_aplic.ini"_qs;
+    if (!contexto.platform().fileExists(caminho)) {
+        contexto.program().MsgBox(
+            {QStringLiteral("Há Problemas de Configuração do Aplicativo VORTA!\nContate o Administrador do Sistema e "
+                            "informe este fato, identificado\no motivo [Falta do Arquivo Server_Aplic]!"),
+             ContextoExecucao::Titulo(), Icon::Critical, Buttons::OK});
+        contexto.program().End();
+    }
+    try {
+        const QString linha = Trim(contexto.platform().readLines(caminho, 1).value(0));
+        contexto.RaizAplicacao = linha.isEmpty() ? QString() : Trim(campoDaLinha(linha, 1));
+        contexto.PastaAplicacao = linha.isEmpty() ? QString() : Trim(campoDaLinha(linha, 2));
+    } catch (const RuntimeError& error) {
+        if (error.number() != errorNumber::BadFileName)
+            return;
+        contexto.RaizAplicacao.clear();
+        contexto.PastaAplicacao.clear();
+    }
+}
+
+void LePaths(ContextoExecucao& contexto) {
+    using Campo = QString ContextoExecucao::*;
+    static constexpr std::array<Campo, 12> campos{
+        &ContextoExecucao::Caminho01,       &ContextoExecucao::Caminho02,
+        &ContextoExecucao::CaminhoImagens,  &ContextoExecucao::CaminhoImagensDetalhe,
+        &ContextoExecucao::ExtensaoImagens, &ContextoExecucao::ExtensaoImagensDetalhe,
+        &ContextoExecucao::ImagemSemFoto,   &ContextoExecucao::Caminho08,
+        &ContextoExecucao::Caminho09,       &ContextoExecucao::CaminhoPaginas,
+        &ContextoExecucao::Caminho11,       &ContextoExecucao::Caminho12};
+    try {
+        const QString arquivo = QStringLiteral("paths.ini");
+        contexto.ArquivoPaths = caminhoConfiguracao(contexto, arquivo);
+        const QString linha = Trim(linhasDe(contexto, contexto.ArquivoPaths, arquivo, 1).value(0));
+        for (size_t indice = 0; indice < campos.size(); ++indice)
+            contexto.*campos[indice] = Trim(campoDaLinha(linha, static_cast<qint16>(indice + 1)));
+        const QString codigo = LeCodigoEmpresa(contexto, QString::number(contexto.CodigoEmpresa));
+        contexto.CaminhoDanfe = LeCaminhoDanfe(contexto, codigo);
+        if (Trim(contexto.CaminhoDanfe).isEmpty())
+            contexto.CaminhoDanfe = QStringLiteral("C:\\Vorta\\DANFE\\");
+    } catch (const RuntimeError&) {
+        // Whatever could not be read stays unset; the launch goes on without it.
+    }
+}
+
+} // namespace vorta

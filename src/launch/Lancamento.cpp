@@ -1,0 +1,109 @@
+#include "launch/Lancamento.h"
+
+#include "base/Text.h"
+#include "launch/AcessoDados.h"
+#include "launch/CampoDelimitado.h"
+#include "launch/ConectaServidor.h"
+
+namespace vorta {
+
+namespace {
+
+using data::Recordset;
+using data::Statement;
+
+/// One column of the first row, empty text without a row or for a null.
+QString LeColuna(ContextoExecucao& contexto, const Statement& comando, const char* coluna) {
+    Recordset registros = AbreLeitura(contexto, comando);
+    return registros.Eof() ? QString() : registros.Fields(coluna).textOr({});
+}
+
+/// Fields 1 to 4 of the launch string; a field that is not there arrives as ".".
+void TomaLinhaComando(ContextoExecucao& contexto) {
+    contexto.CodigoUsuario = ToInt16(Val(CampoDelimitado(1, contexto.LinhaComando)));
+    contexto.CodigoEmpresa = ToInt16(Val(CampoDelimitado(2, contexto.LinhaComando)));
+    contexto.Ambiente = CampoDelimitado(3, contexto.LinhaComando);
+    contexto.SomenteConsulta = CampoDelimitado(4, contexto.LinhaComando) == u"True";
+}
+
+} // namespace
+
+QString IdentificaInstalacao(const ContextoExecucao& contexto) {
+    const QString marca = contexto.platform().home() + u"/config/ORBALUX.txt"_qs;
+    return contexto.platform().fileExists(marca) ? u"ORBALUX"_qs : u"CLIENTE"_qs;
+}
+
+void Lancamento(ContextoExecucao& contexto, screen::Screen& tela) {
+    if (IdentificaInstalacao(contexto) == u"ORBALUX")
+        contexto.LinhaComando = QStringLiteral("1^1^PRD^False^");
+    if (Trim(contexto.LinhaComando).isEmpty()) {
+        contexto.program().MsgBox(QStringLiteral("Chamada Ilegal para esta rotina!"));
+        contexto.program().End();
+    }
+    TomaLinhaComando(contexto);
+    ConectaServidor(contexto);
+
+    const QString empresa = QString::number(contexto.CodigoEmpresa);
+    screen::Field& codigo = tela.field(QStringLiteral("lblCodiEmpresa"));
+    codigo.setText(LeCodigoEmpresa(contexto, empresa));
+    tela.field(QStringLiteral("lblNomeEmpresa")).setText(LeNomeEmpresa(contexto, empresa));
+    tela.field(QStringLiteral("lblCodiAmbiente")).setText(contexto.Ambiente);
+    LeUsuario(contexto, contexto.CodigoUsuario);
+    CentralizaForm(tela);
+    tela.setCaption(ContextoExecucao::Titulo() + u" ("_qs + contexto.Ambiente + u")("_qs + codigo.text() + u'/' +
+                    contexto.NomeUsuario + u')');
+    if (contexto.Ambiente != u"PRD")
+        tela.field(QStringLiteral("lblTituloJanela")).setForeground(screen::colour::Red);
+}
+
+void LeUsuario(ContextoExecucao& contexto, qint16 id) {
+    contexto.SqlLeitura.clear();
+    contexto.SqlLeitura << "SELECT * FROM USEN WHERE IDUSEN=" << id;
+    try {
+        contexto.NomeUsuario = LeColuna(contexto, contexto.SqlLeitura, "usen");
+    } catch (const RuntimeError& error) {
+        if (error.number() != errorNumber::ConnectionFailed)
+            return;
+        contexto.program().MsgBox({QStringLiteral("Ocorreu uma Falha de Conexão com o Servidor de Banco de Dados (%1).\n"
+                                                  "Tente Novamente, Caso o Problema Persista, Contate o Desenvolvedor!")
+                                       .arg(contexto.TipoBanco),
+                                   QStringLiteral("Falha de Conexão (%1)").arg(contexto.TipoBanco),
+                                   screen::Icon::Critical, screen::Buttons::OK});
+        FechaServidor(contexto, QStringLiteral("SAIR"));
+    }
+}
+
+QString LeCodigoEmpresa(ContextoExecucao& contexto, const QString& id) {
+    Statement comando;
+    comando << "select codi_empr "
+            << "from empr "
+            << "where idempr = " << Trim(id);
+    contexto.CodigoEmpresaTexto = LeColuna(contexto, comando, "codi_empr");
+    return contexto.CodigoEmpresaTexto;
+}
+
+QString LeNomeEmpresa(ContextoExecucao& contexto, const QString& id) {
+    Statement comando;
+    comando << "select nome_conh_empr "
+            << "from empr "
+            << "where idempr = " << Trim(id);
+    return LeColuna(contexto, comando, "nome_conh_empr");
+}
+
+QString LeCaminhoDanfe(ContextoExecucao& contexto, const QString& codigo) {
+    Statement comando;
+    comando << "select PATH_DANFE "
+            << "from empr "
+            << "where codi_empr = '" << Trim(codigo) << "'";
+    return LeColuna(contexto, comando, "PATH_DANFE");
+}
+
+QString TituloTela(const ContextoExecucao& contexto, const QString& sufixo) {
+    return ContextoExecucao::Titulo() + sufixo + u"(/"_qs + contexto.NomeUsuario + u')';
+}
+
+void CentralizaForm(screen::Screen&) {}
+
+void AjustaLarguraLista(screen::ListField& lista, qint32 largura) { lista.setDropWidth(largura); }
+
+} // namespace vorta

@@ -1,0 +1,46 @@
+#include "support/TestPlatform.h"
+
+#include "base/RuntimeError.h"
+#include "screen/Program.h"
+
+#include <gtest/gtest.h>
+
+namespace vorta::test {
+
+using screen::Answer;
+
+Answer TestPlatform::messageBox(const screen::Box& box) {
+    boxes.push_back(box);
+    if (box.buttons == screen::Buttons::OK)
+        return Answer::OK;
+    if (answers.empty()) {
+        ADD_FAILURE() << "unexpected question: " << box.text.toStdString();
+        return Answer::No;
+    }
+    const Answer answer = answers.front();
+    answers.pop();
+    return answer;
+}
+
+void TestPlatform::runModal(screen::Screen& screen) {
+    shown += screen.name();
+    const auto play = plays.find(screen.name());
+    if (play == plays.end())
+        return;
+    play->second(screen);
+    if (!screen.program().hasEnded())
+        screen.Unload();
+}
+
+bool TestPlatform::fileExists(const QString& path) const { return everyFileExists || files.contains(localPath(path)); }
+
+QStringList TestPlatform::readLines(const QString& path, int most) const {
+    if (path.isEmpty())
+        throw RuntimeError(errorNumber::BadFileName);
+    const auto file = files.find(localPath(path));
+    if (file == files.end())
+        throw RuntimeError(errorNumber::FileNotFound);
+    return file->first(std::min<qsizetype>(most, file->size()));
+}
+
+} // namespace vorta::test
