@@ -9,6 +9,14 @@ namespace vorta::screen {
 
 namespace {
 
+/// Brings the pages to the front that carry a field.
+void showPageOf(const Field& field) {
+    if (TabStrip* strip = field.strip()) {
+        showPageOf(*strip);
+        strip->setCurrent(field.page());
+    }
+}
+
 /// An option takes part in the walk by keys only when it is chosen, or when nothing of its group is.
 bool passedOver(const Field& field, const std::vector<Field*>& fields) {
     const auto* option = dynamic_cast<const Option*>(&field);
@@ -65,6 +73,8 @@ void Screen::notify() {
 
 void Screen::enter(Field* field) {
     focus_ = field;
+    if (field)
+        showPageOf(*field);
     notify();
     if (!field)
         return;

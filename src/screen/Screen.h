@@ -48,8 +48,8 @@ class Screen {
 
     /// The field with the focus; none right after the opening until something takes it.
     Field* focus() const { return focus_; }
-    /// Gives a field the focus: the old field's LostFocus, then this one's GotFocus. Called inside a LostFocus it decides where the focus
-    /// goes. A field that cannot take the focus is left alone.
+    /// Gives a field the focus: the old field's LostFocus, then this one's GotFocus; the tab page that carries it comes to the front. Called
+    /// inside a LostFocus it decides where the focus goes. A field that cannot take the focus is left alone.
     void SetFocus(Field& field);
     /// The user's move of the focus (none: it leaves the screen). True when the focus ended where the user wanted it.
     bool moveFocus(Field* target);

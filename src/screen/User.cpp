@@ -37,10 +37,8 @@ void User::settle(Screen& screen) {
     if (!screen.isLoaded())
         return;
     if (screen.takeTabRequest())
-        if (Field* next = screen.nextField(screen.focus())) {
-            showPageOf(*next);
+        if (Field* next = screen.nextField(screen.focus()))
             screen.moveFocus(next);
-        }
     // A field that was disabled under the user's hands hands the focus to the first of the screen.
     if (screen.isLoaded() && screen.focus() && !screen.focus()->canFocus())
         screen.moveFocus(screen.nextField(nullptr));
@@ -53,10 +51,7 @@ void User::showPageOf(Field& field) {
     }
 }
 
-bool User::take(Field& field) {
-    showPageOf(field);
-    return field.screen().moveFocus(&field);
-}
+bool User::take(Field& field) { return field.screen().moveFocus(&field); }
 
 bool User::focus(Field& field) {
     bool there = false;
@@ -144,10 +139,8 @@ void User::key(Field& field, Key key) {
     case Key::Tab:
     case Key::BackTab:
         event(field.screen(), [&] {
-            if (Field* next = field.screen().nextField(&field, key == Key::BackTab)) {
-                showPageOf(*next);
+            if (Field* next = field.screen().nextField(&field, key == Key::BackTab))
                 field.screen().moveFocus(next);
-            }
         });
         break;
     case Key::Backspace:
