@@ -9,14 +9,6 @@ namespace vorta::screen {
 
 namespace {
 
-/// Brings the pages to the front that carry a field.
-void showPageOf(const Field& field) {
-    if (TabStrip* strip = field.strip()) {
-        showPageOf(*strip);
-        strip->setCurrent(field.page());
-    }
-}
-
 /// An option takes part in the walk by keys only when it is chosen, or when nothing of its group is.
 bool passedOver(const Field& field, const std::vector<Field*>& fields) {
     const auto* option = dynamic_cast<const Option*>(&field);
@@ -29,6 +21,13 @@ bool passedOver(const Field& field, const std::vector<Field*>& fields) {
 }
 
 } // namespace
+
+void showPageOf(const Field& field) {
+    if (TabStrip* strip = field.strip()) {
+        showPageOf(*strip);
+        strip->setCurrent(field.page());
+    }
+}
 
 Screen::Screen(Program& program, const QString& name) : program_(program), name_(name) {}
 
@@ -85,8 +84,11 @@ void Screen::enter(Field* field) {
 }
 
 bool Screen::moveFocus(Field* target) {
-    if (target == focus_)
+    if (target == focus_) {
+        if (target)
+            showPageOf(*target);
         return true;
+    }
     Field* old = focus_;
     focus_ = target;
     losingFocus_ = true;

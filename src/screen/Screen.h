@@ -92,4 +92,7 @@ class Screen {
     ScreenObserver* observer_ = nullptr;
 };
 
+/// Brings the tab pages to the front that carry the field.
+void showPageOf(const Field& field);
+
 } // namespace vorta::screen

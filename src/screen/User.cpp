@@ -44,13 +44,6 @@ void User::settle(Screen& screen) {
         screen.moveFocus(screen.nextField(nullptr));
 }
 
-void User::showPageOf(Field& field) {
-    if (TabStrip* strip = field.strip()) {
-        showPageOf(*strip);
-        strip->setCurrent(field.page());
-    }
-}
-
 bool User::take(Field& field) { return field.screen().moveFocus(&field); }
 
 bool User::focus(Field& field) {

@@ -44,10 +44,6 @@ class User {
     /// Closes a screen by its frame.
     void close(Screen& screen);
 
-    /// Brings the pages to the front that carry the field.
-    static void showPageOf(Field& field);
-    /// True when the field can be seen once its pages are in front.
-    static bool reachable(const Field& field) { return field.visible(); }
 
   private:
     bool event(Screen& screen, const std::function<void()>& body);
