@@ -14,7 +14,7 @@ Statement& Statement::operator+=(Piece piece) {
     return *this;
 }
 
-Statement& Statement::operator+=(const QString& value) {
+Statement& Statement::addValue(const QString& value) {
     values_.push_back({text_.size(), value.size()});
     text_ += value;
     return *this;

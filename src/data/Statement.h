@@ -30,21 +30,28 @@ struct ValueSpan {
 class Statement {
   public:
     Statement() = default;
-    Statement(Piece piece) { *this += piece; }
+    explicit Statement(Piece piece) { *this += piece; }
 
     void clear();
     bool isEmpty() const { return text_.isEmpty(); }
 
     Statement& operator+=(Piece piece);
-    Statement& operator+=(const QString& value);
+    /// Takes a `QString` and nothing that merely converts to one, so that a literal stays a piece.
+    template <std::same_as<QString> Text>
+    Statement& operator+=(const Text& value) {
+        return addValue(value);
+    }
     Statement& operator+=(const Statement& other);
     template <std::integral Number>
     Statement& operator+=(Number value) {
-        return *this += QString::number(value);
+        return addValue(QString::number(value));
     }
-    template <typename Part>
-    Statement& operator<<(const Part& part) {
-        return *this += part;
+    Statement& operator<<(Piece piece) { return *this += piece; }
+    Statement& operator<<(const Statement& other) { return *this += other; }
+    template <typename Value>
+        requires std::same_as<Value, QString> || std::integral<Value>
+    Statement& operator<<(const Value& value) {
+        return *this += value;
     }
 
     const QString& text() const { return text_; }
@@ -61,6 +68,7 @@ class Statement {
     friend bool operator==(const Statement&, const Statement&) = default;
 
   private:
+    Statement& addValue(const QString& value);
     Statement withText(QString text) const;
 
     QString text_;

@@ -1,0 +1,120 @@
+#include "person/ComandosPessoa.h"
+
+#include "base/Format.h"
+#include "base/Text.h"
+#include "person/CamposPessoa.h"
+#include "shared/Consultas.h"
+
+#include <cstring>
+
+namespace vorta {
+
+namespace {
+
+using data::Statement;
+
+QString textoDe(const screen::Screen& tela, const char* campo) { return tela.field(QString::fromLatin1(campo)).text(); }
+
+bool passa(Teste teste, const QString& texto) {
+    switch (teste) {
+    case Teste::A:
+    case Teste::C:
+        return !texto.isEmpty();
+    case Teste::B:
+        return !Trim(texto).isEmpty();
+    case Teste::D:
+        return IsDate(texto);
+    case Teste::Sempre:
+        return true;
+    }
+    return true;
+}
+
+QString valorDe(ContextoExecucao& contexto, Forma forma, const QString& texto, bool inclusao) {
+    switch (forma) {
+    case Forma::Texto:
+        return texto;
+    case Forma::Aparado:
+        return Trim(texto);
+    case Forma::CodigoMunicipio:
+        return inclusao ? Trim(texto) : texto;
+    case Forma::FisicaOuJuridica:
+        return texto == u"Física" ? u"F"_qs : u"J"_qs;
+    case Forma::IdVendedor:
+        return QString::number(IdVendedor(contexto, texto));
+    case Forma::IdTipoCliente:
+        return QString::number(IdTipoCliente(contexto, texto));
+    case Forma::IdTransportadora:
+        return QString::number(IdTransportadora(contexto, texto));
+    case Forma::Data:
+        return FormatDateSql(ParseDate(texto)->date());
+    }
+    return texto;
+}
+
+/// The customer class is never null: without one the key is 0.
+bool semNulo(const char* campo) { return std::strcmp(campo, "cboTipoCli") == 0; }
+
+/// The update spells the document's column in its own way where it has no value.
+bool documento(const char* campo) { return std::strcmp(campo, "mskCodigo") == 0; }
+
+} // namespace
+
+void MontaInsertPessoa(ContextoExecucao& contexto, const screen::Screen& tela, qint32 novoId) {
+    Statement colunas("insert into pess (");
+    Statement valores("values (");
+    if (contexto.isFirebird()) {
+        colunas << "idpess, ";
+        valores << "'" << novoId << "', ";
+    }
+    colunas << "psfi_psju";
+    valores << "'" << valorDe(contexto, Forma::FisicaOuJuridica, textoDe(tela, "cboFisJur"), true) << "'";
+    const auto inclui = [&](data::Piece coluna, const QString& valor) {
+        colunas << coluna;
+        valores << ", '" << valor << "'";
+    };
+    inclui(", cpf0_cnpj", textoDe(tela, "mskCodigo"));
+    inclui(", nome_pess", textoDe(tela, "txtDescricao"));
+    inclui(", nome_conh", textoDe(tela, "txtNomeFantasia"));
+    for (const ColunaComando& linha : ColunasInsert()) {
+        const OrigemColuna& origem = OrigemDe(linha.campo);
+        const QString texto = textoDe(tela, linha.campo);
+        if (passa(origem.teste, texto)) {
+            inclui(linha.coluna, valorDe(contexto, origem.forma, texto, true));
+        } else if (semNulo(linha.campo)) {
+            colunas << linha.coluna;
+            valores << ", '0'";
+        }
+    }
+    inclui(", codi_empr", textoDe(tela, "lblCodiEmpresa"));
+    inclui(", data_incl", FormatDateSql(contexto.hoje()));
+    inclui(", user_incl", QString::number(contexto.CodigoUsuario));
+    contexto.SqlComando.clear();
+    contexto.SqlComando << colunas << ") " << valores << ")";
+}
+
+void MontaUpdatePessoa(ContextoExecucao& contexto, const screen::Screen& tela) {
+    Statement comando("UPDATE PESS SET ");
+    const std::span<const ColunaComando> linhas = ColunasUpdate();
+    for (const ColunaComando& linha : linhas) {
+        const bool ultima = &linha == &linhas.back();
+        const OrigemColuna& origem = OrigemDe(linha.campo);
+        const QString texto = textoDe(tela, linha.campo);
+        if (passa(origem.teste, texto))
+            comando << linha.coluna << "='" << valorDe(contexto, origem.forma, texto, false) << "'";
+        else if (documento(linha.campo))
+            comando << "CPF0_CNPF=null";
+        else if (semNulo(linha.campo))
+            comando << linha.coluna << "=0";
+        else
+            comando << linha.coluna << "=null";
+        if (ultima)
+            comando << " ";
+        else
+            comando << ", ";
+    }
+    comando << "WHERE (idPESS=" << textoDe(tela, "txtRowID") << ")";
+    contexto.SqlComando = comando;
+}
+
+} // namespace vorta

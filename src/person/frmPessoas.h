@@ -1,0 +1,238 @@
+#pragma once
+
+#include "launch/ContextoExecucao.h"
+#include "person/RotinasPessoa.h"
+#include "screen/Screen.h"
+
+namespace vorta {
+
+/// The register's start screen: one person with documents, three addresses, phones, contacts, branches, commercial defaults and history.
+/// It stays open until the process ends; every other screen is shown from it. Fields stand in the order in which the keyboard walks them.
+class frmPessoas : public screen::Screen, public RotinasPessoa {
+  public:
+    explicit frmPessoas(ContextoExecucao& contexto);
+
+    void Load() override;
+
+    void LimpaTela() override;
+    void PosicionaBotoes() override;
+    void BloqueiaCampos() override;
+    void LiberaCampos() override;
+
+    /// Reads the person whose id stands in `txtRowID` into the fields; without a row the screen stays as it was.
+    void CarregaPessoa();
+
+    // Head of the screen.
+    screen::Label lblTituloJanela{this, "lblTituloJanela", QStringLiteral("Cadastro de Pessoas")};
+    screen::Label lblCodiEmpresa{this, "lblCodiEmpresa"};
+    screen::Label lblNomeEmpresa{this, "lblNomeEmpresa"};
+    screen::Label lblCodiAmbiente{this, "lblCodiAmbiente"};
+
+    // Search keys, with the button right behind the internal code: code, Enter, Enter finds a person.
+    screen::TextField txtRowID{this, "txtRowID"};
+    screen::Button cmdPesquisar_Cliente{this, "cmdPesquisar_Cliente", QStringLiteral("&Localizar")};
+    screen::TextField txtCodPessExterno{this, "txtCodPessExterno"};
+    screen::Label lblNome_Data_Desa{this, "lblNome_Data_Desa", QStringLiteral("Data Desativa:")};
+    screen::Label lblDataDesa{this, "lblDataDesa"};
+    screen::Label lblDataIncl{this, "lblDataIncl"};
+    screen::TextField txtDTDesativa{this, "txtDTDesativa"};
+
+    // Identity.
+    screen::ListField cboFisJur{this, "cboFisJur"};
+    screen::Label lblCGCCPF{this, "lblCGCCPF"};
+    screen::MaskedField mskCodigo{this, "mskCodigo"};
+    screen::TextField txtDescricao{this, "txtDescricao"};
+    screen::Button cmdClonarRazaoSocial{this, "cmdClonarRazaoSocial", QStringLiteral("Repetir o Conteúdo de 'Nome'")};
+    screen::TextField txtNomeFantasia{this, "txtNomeFantasia"};
+
+    screen::TabStrip SSTab2{this,
+                            "SSTab2",
+                            {QStringLiteral("Geral"), QStringLiteral("Contatos"), QStringLiteral("Ramo Ativ."),
+                             QStringLiteral("Obs."), QStringLiteral("Fiscal"), QStringLiteral("Hist Cliente I"),
+                             QStringLiteral("Hist.Cliente II"), QStringLiteral("Hist.Cliente OS"),
+                             QStringLiteral("Hist.Forn.I"), QStringLiteral("Hist.Forn.II")}};
+    screen::TabStrip SSTab1{this,
+                            "SSTab1",
+                            {QStringLiteral("Endereço"), QStringLiteral("Endereço de Entrega"),
+                             QStringLiteral("Endereço de Cobrança")}};
+
+    // Commercial address.
+    screen::MaskedField mskCEP{this, "mskCEP", QStringLiteral("#####-###")};
+    screen::Button cmdCEP{this, "cmdCEP", QStringLiteral("CEP...")};
+    screen::TextField txtEndereco{this, "txtEndereco"};
+    screen::TextField txtNumero{this, "txtNumero"};
+    screen::TextField txtComplemento{this, "txtComplemento"};
+    screen::TextField txtBairro{this, "txtBairro"};
+    screen::ListField cboUF{this, "cboUF"};
+    screen::ListField cboCidade{this, "cboCidade"};
+    screen::Label lblCodMunIBGE{this, "lblCodMunIBGE"};
+    screen::ListField cboPais_Coml{this, "cboPais_Coml"};
+
+    // Delivery address.
+    screen::Button cmdEndComl1{this, "cmdEndComl1", QStringLiteral("Repetir o Endereço Comercial")};
+    screen::MaskedField mskEnt_CEP{this, "mskEnt_CEP", QStringLiteral("#####-###")};
+    screen::Button cmdCEP_Entg{this, "cmdCEP_Entg", QStringLiteral("CEP...")};
+    screen::TextField txtEnt_Endereco{this, "txtEnt_Endereco"};
+    screen::TextField txtEnt_Numero{this, "txtEnt_Numero"};
+    screen::TextField txtEnt_Complemento{this, "txtEnt_Complemento"};
+    screen::TextField txtEnt_Bairro{this, "txtEnt_Bairro"};
+    screen::ListField cboEnt_UF{this, "cboEnt_UF"};
+    screen::ListField cboEnt_Cidade{this, "cboEnt_Cidade"};
+    screen::Label lblEnt_CodMunIBGE{this, "lblEnt_CodMunIBGE"};
+    screen::ListField cboPais_Entg{this, "cboPais_Entg"};
+
+    // Billing address.
+    screen::Button cmdEndComl2{this, "cmdEndComl2", QStringLiteral("Repetir o Endereço Comercial")};
+    screen::Button cmdEndEntrega{this, "cmdEndEntrega", QStringLiteral("Repetir o Endereço de Entrega")};
+    screen::MaskedField mskCob_CEP{this, "mskCob_CEP", QStringLiteral("#####-###")};
+    screen::Button cmdCEP_Cobr{this, "cmdCEP_Cobr", QStringLiteral("CEP...")};
+    screen::TextField txtCob_Endereco{this, "txtCob_Endereco"};
+    screen::TextField txtCob_Numero{this, "txtCob_Numero"};
+    screen::TextField txtCob_Complemento{this, "txtCob_Complemento"};
+    screen::TextField txtCob_Bairro{this, "txtCob_Bairro"};
+    screen::ListField cboCob_UF{this, "cboCob_UF"};
+    screen::ListField cboCob_Cidade{this, "cboCob_Cidade"};
+    screen::Label lblCob_CodMunIBGE{this, "lblCob_CodMunIBGE"};
+    screen::ListField cboPais_Cobr{this, "cboPais_Cobr"};
+
+    // Phones and commercial defaults.
+    screen::TextField txtFone1{this, "txtFone1"};
+    screen::TextField txtFone2{this, "txtFone2"};
+    screen::TextField txtFax1{this, "txtFax1"};
+    screen::TextField txtFax2{this, "txtFax2"};
+    screen::TextField txtEmail1{this, "txtEmail1"};
+    screen::Button cmdAbrirOutlook{this, "cmdAbrirOutlook", QStringLiteral("E-mail...")};
+    screen::TextField txtHomePage{this, "txtHomePage"};
+    screen::Button cmdAbrirIExplorer{this, "cmdAbrirIExplorer", QStringLiteral("Abrir...")};
+    screen::TextField txtContatoPrincipal{this, "txtContatoPrincipal"};
+    screen::MaskedField mskDtNasc{this, "mskDtNasc", QStringLiteral("##/##")};
+    screen::MaskedField mskDtAnivRel{this, "mskDtAnivRel", QStringLiteral("##/##/####")};
+    screen::ListField cboVendedor{this, "cboVendedor"};
+    screen::ListField cboTransportadora{this, "cboTransportadora"};
+    screen::ListField cboTipoCli{this, "cboTipoCli"};
+    screen::ListField cboTabelaPrecos{this, "cboTabelaPrecos"};
+    screen::TextField txtPrinNomeContato{this, "txtPrinNomeContato"};
+    screen::TextField txtPrinFoneContato{this, "txtPrinFoneContato"};
+    screen::TextField txtPrinEmailContato{this, "txtPrinEmailContato"};
+
+    // Contacts.
+    screen::ListField cboTipoContato{this, "cboTipoContato"};
+    screen::TextField txtNomeContato{this, "txtNomeContato"};
+    screen::TextField txtFoneContato{this, "txtFoneContato"};
+    screen::TextField txtEmailContato{this, "txtEmailContato"};
+    screen::MaskedField mskDtNascCont{this, "mskDtNascCont", QStringLiteral("##/##")};
+    screen::Button cmdIncluirContato{this, "cmdIncluirContato", QStringLiteral("Incluir")};
+    screen::Grid Flex{this, "Flex"};
+
+    // Branches of activity.
+    screen::ListField cboAtividades{this, "cboAtividades"};
+    screen::Button cmdIncluirAtividades{this, "cmdIncluirAtividades", QStringLiteral("Incluir")};
+    screen::Grid FlexAtividades{this, "FlexAtividades"};
+
+    // Notes.
+    screen::TextField txtOBSE_PESS_0001{this, "txtOBSE_PESS_0001"};
+    screen::TextField txtOBSE_PESS_0002{this, "txtOBSE_PESS_0002"};
+    screen::TextField txtOBSE_PESS_0003{this, "txtOBSE_PESS_0003"};
+
+    // Fiscal data.
+    screen::Label lblIE_RG{this, "lblIE_RG"};
+    screen::TextField txtIEstadual{this, "txtIEstadual"};
+    screen::TextField txtIMunicipal{this, "txtIMunicipal"};
+    screen::TextField txtSuframa{this, "txtSuframa"};
+    screen::TextField txtSubsTributario{this, "txtSubsTributario"};
+    screen::ListField cboStatusIntegraFISCO{this, "cboStatusIntegraFISCO"};
+
+    // History as a customer: orders.
+    screen::TextField txtVrTOP{this, "txtVrTOP"};
+    screen::Option opTopSobe{this, "opTopSobe", QStringLiteral("Mais antigos primeiro"), "ordem", true};
+    screen::Option opTopDesce{this, "opTopDesce", QStringLiteral("Mais recentes primeiro"), "ordem"};
+    screen::Button cmdReprocessaHistClieI{this, "cmdReprocessaHistClieI", QStringLiteral("Reprocessar")};
+    screen::Grid FlexHistClie{this, "FlexHistClie"};
+    screen::Label lblPrimeiraCompra{this, "lblPrimeiraCompra"};
+    screen::Label lblUltimaCompra{this, "lblUltimaCompra"};
+    screen::Label lblQtdeCompras{this, "lblQtdeCompras"};
+    screen::Label lblTotalItensCompras{this, "lblTotalItensCompras"};
+    screen::Label lblMontanteCompras{this, "lblMontanteCompras"};
+
+    // Quotations.
+    screen::Grid FlexHistClieII{this, "FlexHistClieII"};
+    screen::Label lblPrimeiraCompraII{this, "lblPrimeiraCompraII"};
+    screen::Label lblUltimaCompraII{this, "lblUltimaCompraII"};
+    screen::Label lblQtdeComprasII{this, "lblQtdeComprasII"};
+    screen::Label lblMontanteComprasII{this, "lblMontanteComprasII"};
+
+    // Service orders.
+    screen::Grid FlexHistClieIII{this, "FlexHistClieIII"};
+    screen::Label lblPrimeiraCompraOS{this, "lblPrimeiraCompraOS"};
+    screen::Label lblUltimaCompraOS{this, "lblUltimaCompraOS"};
+    screen::Label lblQtdeComprasOS{this, "lblQtdeComprasOS"};
+    screen::Label lblMontanteComprasOS{this, "lblMontanteComprasOS"};
+
+    // History as a supplier: purchases and their items.
+    screen::Grid FlexHistForn{this, "FlexHistForn"};
+    screen::Label lblPrimeiraCompraForn{this, "lblPrimeiraCompraForn"};
+    screen::Label lblUltimaCompraForn{this, "lblUltimaCompraForn"};
+    screen::Label lblQtdeComprasForn{this, "lblQtdeComprasForn"};
+    screen::Label lblTotalItensComprasForn{this, "lblTotalItensComprasForn"};
+    screen::Label lblMontanteComprasForn{this, "lblMontanteComprasForn"};
+    screen::ListField cboProduto{this, "cboProduto"};
+    screen::Button cmdPesquisar_Produto{this, "cmdPesquisar_Produto", QStringLiteral("Filtrar")};
+    screen::Grid FlexHistFornDeta{this, "FlexHistFornDeta"};
+
+    // Roles.
+    screen::Button cmdCliente{this, "cmdCliente", QStringLiteral("Cliente")};
+    screen::Button cmdFornecedor{this, "cmdFornecedor", QStringLiteral("Fornecedor")};
+    screen::Button cmdTransportadora{this, "cmdTransportadora", QStringLiteral("Transportadora")};
+    screen::Button cmdVendedor{this, "cmdVendedor", QStringLiteral("Vendedor")};
+    screen::Button cmdMotorista{this, "cmdMotorista", QStringLiteral("Motorista")};
+    screen::Button cmdDecorador{this, "cmdDecorador", QStringLiteral("Decorador")};
+    screen::Button cmdArquiteto{this, "cmdArquiteto", QStringLiteral("Arquiteto")};
+
+    // Operations.
+    screen::Button cmdPESQUISAR{this, "cmdPESQUISAR", QStringLiteral("&Pesquisar")};
+    screen::Button cmdINCLUIR{this, "cmdINCLUIR", QStringLiteral("&Incluir")};
+    screen::Button cmdALTERAR{this, "cmdALTERAR", QStringLiteral("&Alterar")};
+    screen::Button cmdEXCLUIR{this, "cmdEXCLUIR", QStringLiteral("&Desativar")};
+    screen::Button cmdReativar{this, "cmdReativar", QStringLiteral("&Reativar")};
+    screen::Button cmdSALVAR{this, "cmdSALVAR", QStringLiteral("&Salvar")};
+    screen::Button cmdIMPRIMIR{this, "cmdIMPRIMIR", QStringLiteral("Impri&mir")};
+    screen::Button cmdInfo{this, "cmdInfo", QStringLiteral("In&formações")};
+    screen::Button cmdSAIR{this, "cmdSAIR", QStringLiteral("Sai&r")};
+
+  private:
+    void ColocaPaginas();
+    void LigaFamilias();
+    void LigaHandlers();
+
+    void AplicaTamanhosCampos();
+    void AplicaDicasCampos();
+    void ExibeDataDesativacao();
+    void AplicaTipoClienteAutomatico();
+    void MostraBotoesPapeis();
+    void PosicionaBotoesEdicao();
+    void AbandonaOperacao();
+
+    void cmdINCLUIR_Click();
+    void cmdALTERAR_Click();
+    void AlteraRegistro();
+    void cmdSALVAR_Click();
+    void cmdSAIR_Click();
+    void cmdPesquisar_Cliente_Click();
+    void PesquisaPorId();
+    void PesquisaPorCodigoExterno();
+    void PreencheCodigosMunicipio();
+
+    void cboFisJur_LostFocus();
+    void mskCodigo_LostFocus();
+    void txtRowID_LostFocus();
+    void txtFone1_LostFocus();
+    void Email_LostFocus(screen::Field& campo);
+
+    void GravaInclusao();
+    void GravaAlteracao();
+    void GravaListas(const QString& idpess);
+
+    ContextoExecucao& contexto_;
+};
+
+} // namespace vorta
