@@ -22,7 +22,9 @@ bool FaltaSelecao(frmPessoas& tela) {
     return true;
 }
 
-bool Desativada(const frmPessoas& tela) { return !RTrim(tela.txtDTDesativa.text()).isEmpty(); }
+bool Desativada(const frmPessoas& tela) {
+    return !RTrim(tela.txtDTDesativa.text()).isEmpty();
+}
 
 void Recusa(frmPessoas& tela, const QString& motivo) {
     tela.program().MsgBox(QStringLiteral("Impossibilidade de Executar o Comando!\n") + motivo);

@@ -53,14 +53,16 @@ constexpr std::array vinculos{
                   "PESS_TELA_TRANSPORTADORA", "TRPT", "idtrpt", "idTRPT", Piece("GEN_TRPT"), "frmTransportadora"},
     VinculoDireto{TipoPapel::Vendedor, &frmPessoas::cmdVendedor, "Vendedor", "PESS_TELA_VENDEDOR", "Vend", "idvend",
                   "idVEND", Piece("GEN_VEND"), "frmVendedor", iniciaisVendedor},
-    VinculoDireto{TipoPapel::Arquiteto, &frmPessoas::cmdArquiteto, "Arquiteto", "PESS_TELA_ARQUITETO", "arqt",
-                  "idarqt", "idARQT", std::nullopt, "frmArquiteto"},
-    VinculoDireto{TipoPapel::Decorador, &frmPessoas::cmdDecorador, "Decorador", "PESS_TELA_DECORADOR", "Deco",
-                  "iddeco", "idDECO", std::nullopt, "frmDecorador"},
+    VinculoDireto{TipoPapel::Arquiteto, &frmPessoas::cmdArquiteto, "Arquiteto", "PESS_TELA_ARQUITETO", "arqt", "idarqt",
+                  "idARQT", std::nullopt, "frmArquiteto"},
+    VinculoDireto{TipoPapel::Decorador, &frmPessoas::cmdDecorador, "Decorador", "PESS_TELA_DECORADOR", "Deco", "iddeco",
+                  "idDECO", std::nullopt, "frmDecorador"},
 };
 
 /// A person that has never been saved has no key to link to.
-bool SemPessoa(const frmPessoas& tela) { return Val(tela.txtRowID.text()) <= 0; }
+bool SemPessoa(const frmPessoas& tela) {
+    return Val(tela.txtRowID.text()) <= 0;
+}
 
 bool Confirma(frmPessoas& tela, const QString& pergunta) {
     return tela.program().MsgBox({pergunta, tela.caption(), Icon::None, Buttons::YesNo}) == Answer::Yes;

@@ -155,11 +155,11 @@ void ContatosPapel::Flex_Click() {
 void ContatosPapel::txtEmailContato_LostFocus() {
     if (txtEmailContato.text().isEmpty() || ValidaEmail(contexto_, txtEmailContato.text()))
         return;
-    const screen::Answer resposta = tela_.program().MsgBox(
-        {QStringLiteral("O e-mail digitado não passou na validação.\nVocê deseja corrigir?"),
-         {},
-         screen::Icon::None,
-         screen::Buttons::YesNo});
+    const screen::Answer resposta =
+        tela_.program().MsgBox({QStringLiteral("O e-mail digitado não passou na validação.\nVocê deseja corrigir?"),
+                                {},
+                                screen::Icon::None,
+                                screen::Buttons::YesNo});
     if (resposta == screen::Answer::Yes)
         tela_.SetFocus(txtEmailContato);
 }

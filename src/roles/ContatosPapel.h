@@ -5,8 +5,8 @@
 
 namespace vorta {
 
-/// The contact block of a role screen: entry fields and a grid that is the working copy of the role's contact table between load and
-/// save. A save deletes all contacts of the role row and inserts the rows of the grid anew.
+/// The contact block of a role screen: entry fields and a grid that is the working copy of the role's contact table
+/// between load and save. A save deletes all contacts of the role row and inserts the rows of the grid anew.
 class ContatosPapel {
   public:
     ContatosPapel(ContextoExecucao& contexto, screen::Screen& tela, const PapelTela& papel);

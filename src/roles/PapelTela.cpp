@@ -130,12 +130,26 @@ constexpr PapelTela decorador{.tela = "frmDecorador",
 
 } // namespace
 
-const PapelTela& PapelCliente() { return cliente; }
-const PapelTela& PapelFornecedor() { return fornecedor; }
-const PapelTela& PapelTransportadora() { return transportadora; }
-const PapelTela& PapelMotorista() { return motorista; }
-const PapelTela& PapelVendedor() { return vendedor; }
-const PapelTela& PapelArquiteto() { return arquiteto; }
-const PapelTela& PapelDecorador() { return decorador; }
+const PapelTela& PapelCliente() {
+    return cliente;
+}
+const PapelTela& PapelFornecedor() {
+    return fornecedor;
+}
+const PapelTela& PapelTransportadora() {
+    return transportadora;
+}
+const PapelTela& PapelMotorista() {
+    return motorista;
+}
+const PapelTela& PapelVendedor() {
+    return vendedor;
+}
+const PapelTela& PapelArquiteto() {
+    return arquiteto;
+}
+const PapelTela& PapelDecorador() {
+    return decorador;
+}
 
 } // namespace vorta

@@ -37,8 +37,8 @@ struct TabelaContatos {
 /// One role screen for the frame that all seven share.
 struct PapelTela {
     const char* tela;
-    const char* sufixo;      ///< behind the register's title in the title bar
-    const char* rotuloId;    ///< label with the id of the role row
+    const char* sufixo;   ///< behind the register's title in the title bar
+    const char* rotuloId; ///< label with the id of the role row
     const char* primeiroCampo;
     data::Piece tabela;
     data::Piece chave;
@@ -55,10 +55,10 @@ struct PapelTela {
     bool preencheCredencial = false; ///< an inclusion starts with today as the date of credential
     bool limpaDesativacao = true;    ///< clearing the screen takes the date of deactivation with it
     bool limpaAposGravar = true;
-    bool entradaConferida = false;   ///< contact names go to capitals and birthdays are checked on leaving
-    bool armadilhaIncluir = false;   ///< an error in the inclusion shows its box and the program goes on
-    bool armadilhaSalvar = false;    ///< an error in the save goes through the operation "Rollback"
-    bool atualizaPessoas = true;     ///< closing refreshes the role buttons of the person screen
+    bool entradaConferida = false; ///< contact names go to capitals and birthdays are checked on leaving
+    bool armadilhaIncluir = false; ///< an error in the inclusion shows its box and the program goes on
+    bool armadilhaSalvar = false;  ///< an error in the save goes through the operation "Rollback"
+    bool atualizaPessoas = true;   ///< closing refreshes the role buttons of the person screen
     GradeAntiga gradeAntiga = GradeAntiga::Nenhuma;
     QString (*dataComando)(const QDate&) = nullptr; ///< form of dates in the inserts and updates of the save
 };

@@ -14,7 +14,8 @@ namespace {
 
 template <typename Tela>
 void Registra(ContextoExecucao& contexto, const PapelTela& papel) {
-    contexto.RegistraTela(QString::fromLatin1(papel.tela), [](ContextoExecucao& dono) { return std::make_unique<Tela>(dono); });
+    contexto.RegistraTela(QString::fromLatin1(papel.tela),
+                          [](ContextoExecucao& dono) { return std::make_unique<Tela>(dono); });
 }
 
 } // namespace

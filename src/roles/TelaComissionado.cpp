@@ -24,7 +24,9 @@ void TelaComissionado::cboBancoCartao_DropDown() {
         cboBancoCartao.setListIndex(0);
 }
 
-void TelaComissionado::CompletaCampos() { ZeraVazios({&txtSalFixo, &txtPercPool, &txtPercIndi}); }
+void TelaComissionado::CompletaCampos() {
+    ZeraVazios({&txtSalFixo, &txtPercPool, &txtPercIndi});
+}
 
 bool TelaComissionado::ConfereCampos() {
     if (Trim(cboBancoCartao.text()).isEmpty() || IdBanco(contexto(), cboBancoCartao.text()) != 0)
@@ -35,7 +37,9 @@ bool TelaComissionado::ConfereCampos() {
 }
 
 /// Without a bank the lookup is asked for the empty name, which gives 0.
-QString TelaComissionado::Banco() const { return QString::number(IdBanco(contexto(), cboBancoCartao.text())); }
+QString TelaComissionado::Banco() const {
+    return QString::number(IdBanco(contexto(), cboBancoCartao.text()));
+}
 
 data::Statement TelaComissionado::MontaInsert(qint32 id) {
     Insercao insercao = IniciaInsert(id);
@@ -55,8 +59,8 @@ data::Statement TelaComissionado::MontaUpdate(qint32 id) {
     data::Statement comando = IniciaUpdate();
     comando << "data_cred=" << OuNulo(DataDoCampo(mskDtAdmissao)) << ", "
             << "valo_sala='" << ValorDoCampo(txtSalFixo) << "', "
-            << "perc_pool='" << ValorDoCampo(txtPercPool) << "', "
-            << registroProfissional_.coluna << "=" << OuNulo(TextoDoCampo(txtRegistro)) << ", "
+            << "perc_pool='" << ValorDoCampo(txtPercPool) << "', " << registroProfissional_.coluna << "="
+            << OuNulo(TextoDoCampo(txtRegistro)) << ", "
             << "idBanc='" << Banco() << "', "
             << "banc_agen=" << OuNulo(TextoDoCampo(txtBancAgen)) << ", "
             << "banc_cont=" << OuNulo(TextoDoCampo(txtBancCont)) << ", "

@@ -10,8 +10,8 @@ struct RegistroProfissional {
     data::Piece coluna;
 };
 
-/// Commission terms and bank details of a person who brings sales: one screen for architects and decorators. No generator gives
-/// their keys on any engine, and their saves write dates with slashes.
+/// Commission terms and bank details of a person who brings sales: one screen for architects and decorators. No
+/// generator gives their keys on any engine, and their saves write dates with slashes.
 class TelaComissionado : public TelaPapel {
   public:
     TelaComissionado(ContextoExecucao& contexto, const PapelTela& papel, const RegistroProfissional& registro);

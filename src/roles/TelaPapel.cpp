@@ -25,13 +25,15 @@ const QString telaPessoas = QStringLiteral("frmPessoas");
 const QString avisoOcioso = QStringLiteral("Selecione Um Registro Para Alterar/Desativar ou Reativar");
 const QString modoOcioso = QStringLiteral(" ");
 
-QString DataDaLinha(const data::Value& valor) { return valor.isNull() ? QString() : FormatDate(valor.date().date()); }
+QString DataDaLinha(const data::Value& valor) {
+    return valor.isNull() ? QString() : FormatDate(valor.date().date());
+}
 
 } // namespace
 
 TelaPapel::TelaPapel(ContextoExecucao& contexto, const PapelTela& papel)
-    : Screen(contexto.program(), QString::fromLatin1(papel.tela)), lblRowId(this, papel.rotuloId),
-      contexto_(contexto), papel_(papel) {
+    : Screen(contexto.program(), QString::fromLatin1(papel.tela)), lblRowId(this, papel.rotuloId), contexto_(contexto),
+      papel_(papel) {
     txtRowID.selectsOnFocus = true;
     txtRowID.enterMovesOn = true;
     txtRowID.setLocked(true);
@@ -296,10 +298,9 @@ void TelaPapel::cmdReativar_Click() {
     if (program().MsgBox(
             {QStringLiteral("Deseja realmente Reativar Este Registro ?"), {}, Icon::None, Buttons::YesNo}) ==
         Answer::Yes) {
-        MudaSituacao(Statement("user_desa=null, ")
-                     << "data_desa=null, "
-                     << "user_incl='" << contexto_.CodigoUsuario << "', "
-                     << "data_incl='" << FormatDateSql(contexto_.hoje()) << "' ");
+        MudaSituacao(Statement("user_desa=null, ") << "data_desa=null, "
+                                                   << "user_incl='" << contexto_.CodigoUsuario << "', "
+                                                   << "data_incl='" << FormatDateSql(contexto_.hoje()) << "' ");
         if (papel_.colunaPess)
             GravaVinculoPess(contexto_, txtRowID.text(), *papel_.colunaPess, lblRowId.text());
     }
@@ -362,7 +363,8 @@ void TelaPapel::Grava(const std::function<void()>& passos) {
     } catch (const RuntimeError&) {
         if (!papel_.armadilhaSalvar)
             throw;
-        // A connection has no operation of this name: the program ends here and the transaction dies with the connection.
+        // A connection has no operation of this name: the program ends here and the transaction dies with the
+        // connection.
         conexao.Invoke(QStringLiteral("Rollback"));
     }
     setPointer(screen::Pointer::Default);
@@ -420,8 +422,9 @@ void TelaPapel::chkVisualiza_Click() {
     for (Recordset linhas = AbreLeitura(contexto_, contexto_.SqlConsulta); !linhas.Eof(); linhas.MoveNext()) {
         if (!contatos_)
             throw RuntimeError(errorNumber::ObjectNotSet, QStringLiteral("A tela %1 não tem grade").arg(name()));
-        contatos_->Flex.AddItem(QStringList{linhas.Fields("idVendedor").textOr({}), linhas.Fields("NOME_CONH").textOr({}),
-                                            linhas.Fields("nome").textOr({}), DataDaLinha(linhas.Fields("dtinclusao")),
+        contatos_->Flex.AddItem(QStringList{linhas.Fields("idVendedor").textOr({}),
+                                            linhas.Fields("NOME_CONH").textOr({}), linhas.Fields("nome").textOr({}),
+                                            DataDaLinha(linhas.Fields("dtinclusao")),
                                             DataDaLinha(linhas.Fields("dtdesativa"))}
                                     .join(u'\t'));
     }
@@ -441,7 +444,9 @@ Statement TelaPapel::EncerraInsert(Insercao insercao) const {
     return insercao.comando();
 }
 
-Statement TelaPapel::IniciaUpdate() const { return Statement("UPDATE ") << papel_.tabela << " SET "; }
+Statement TelaPapel::IniciaUpdate() const {
+    return Statement("UPDATE ") << papel_.tabela << " SET ";
+}
 
 Statement TelaPapel::EncerraUpdate(Statement comando, qint32 id) const {
     return comando << "WHERE (" << papel_.chave << "=" << id << ")";
@@ -465,7 +470,9 @@ QString ValorDoCampo(const Field& campo) {
     return VirgulaParaPonto(valor);
 }
 
-void Mostra(Field& campo, const data::Value& valor, const QString& nulo) { campo.setText(valor.textOr(nulo)); }
+void Mostra(Field& campo, const data::Value& valor, const QString& nulo) {
+    campo.setText(valor.textOr(nulo));
+}
 
 void MostraValor(Field& campo, const data::Value& valor, const QString& nulo) {
     campo.setText(valor.isNull() ? nulo : FormatAmount(valor.number()));

@@ -7,10 +7,10 @@
 
 namespace vorta {
 
-/// The frame of the seven role screens. Each is opened for exactly one person, whose id stands in `IdPessoaVinculo`, and edits at
-/// most one row of its role's table. What differs between them is in their `PapelTela`; a screen of its own adds its fields and
-/// the statements that carry them. The operations stand in front of the record's fields, so that behind the last field the
-/// keyboard comes back to them.
+/// The frame of the seven role screens. Each is opened for exactly one person, whose id stands in `IdPessoaVinculo`,
+/// and edits at most one row of its role's table. What differs between them is in their `PapelTela`; a screen of its
+/// own adds its fields and the statements that carry them. The operations stand in front of the record's fields, so
+/// that behind the last field the keyboard comes back to them.
 class TelaPapel : public screen::Screen {
   public:
     TelaPapel(ContextoExecucao& contexto, const PapelTela& papel);

@@ -40,9 +40,13 @@ frmCliente::frmCliente(ContextoExecucao& contexto) : TelaPapel(contexto, PapelCl
     cboRegimeEspecialICMS.DropDown = [this] { PreencheRegimeEspecial(TelaPapel::contexto(), cboRegimeEspecialICMS); };
 }
 
-void frmCliente::BloqueiaCampos() { BloqueiaCampo(txtRowID); }
+void frmCliente::BloqueiaCampos() {
+    BloqueiaCampo(txtRowID);
+}
 
-QString frmCliente::Revenda() const { return cboRevenda.text() == sim ? u"S"_qs : u"N"_qs; }
+QString frmCliente::Revenda() const {
+    return cboRevenda.text() == sim ? u"S"_qs : u"N"_qs;
+}
 
 QString frmCliente::LimiteConhecimentos() const {
     const QString limite = Trim(txtLimeMaxiConh.text());

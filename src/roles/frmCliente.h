@@ -4,8 +4,8 @@
 
 namespace vorta {
 
-/// The commercial conditions of a person as a customer. Its fields take input in every mode; what is typed outside a mode is simply
-/// not saved.
+/// The commercial conditions of a person as a customer. Its fields take input in every mode; what is typed outside a
+/// mode is simply not saved.
 class frmCliente : public TelaPapel {
   public:
     explicit frmCliente(ContextoExecucao& contexto);

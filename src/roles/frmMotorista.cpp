@@ -15,9 +15,12 @@ struct ColunaTexto {
     const char* campo;
 };
 constexpr std::array textos{
-    ColunaTexto{"cnh0_moto", "txtCNH"},           ColunaTexto{"pron_moto", "txtProntuario"},
-    ColunaTexto{"uf00_pron_moto", "cboUF_Emitente"}, ColunaTexto{"pai0_moto", "txtPai0Moto"},
-    ColunaTexto{"mae0_moto", "txtMae0Moto"},      ColunaTexto{"refe_moto", "txtRefeMoto"},
+    ColunaTexto{"cnh0_moto", "txtCNH"},
+    ColunaTexto{"pron_moto", "txtProntuario"},
+    ColunaTexto{"uf00_pron_moto", "cboUF_Emitente"},
+    ColunaTexto{"pai0_moto", "txtPai0Moto"},
+    ColunaTexto{"mae0_moto", "txtMae0Moto"},
+    ColunaTexto{"refe_moto", "txtRefeMoto"},
 };
 
 screen::Field& CampoDe(const screen::Screen& tela, const ColunaTexto& texto) {

@@ -4,7 +4,8 @@
 
 namespace vorta {
 
-/// A person's data as a driver. The screen keeps the person's back-reference `idMOTO` by itself, since no direct link does.
+/// A person's data as a driver. The screen keeps the person's back-reference `idMOTO` by itself, since no direct link
+/// does.
 class frmMotorista : public TelaPapel {
   public:
     explicit frmMotorista(ContextoExecucao& contexto);

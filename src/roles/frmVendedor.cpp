@@ -9,7 +9,9 @@ frmVendedor::frmVendedor(ContextoExecucao& contexto) : TelaPapel(contexto, Papel
         CampoValor(*valor);
 }
 
-void frmVendedor::CompletaCampos() { ZeraVazios({&txtSalFixo, &txtPercPool, &txtPercIndi}); }
+void frmVendedor::CompletaCampos() {
+    ZeraVazios({&txtSalFixo, &txtPercPool, &txtPercIndi});
+}
 
 data::Statement frmVendedor::MontaInsert(qint32 id) {
     Insercao insercao = IniciaInsert(id);

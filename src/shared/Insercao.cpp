@@ -2,7 +2,9 @@
 
 namespace vorta {
 
-Insercao::Insercao(data::Piece tabela) { colunas_ << "insert into " << tabela << " ("; }
+Insercao::Insercao(data::Piece tabela) {
+    colunas_ << "insert into " << tabela << " (";
+}
 
 Insercao& Insercao::inclui(const data::Statement& coluna, const QString& valor) {
     if (!primeira_) {

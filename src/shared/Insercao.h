@@ -4,7 +4,8 @@
 
 namespace vorta {
 
-/// An insert statement as its two halves, columns and values, which grow side by side. Every value stands between apostrophes.
+/// An insert statement as its two halves, columns and values, which grow side by side. Every value stands between
+/// apostrophes.
 class Insercao {
   public:
     explicit Insercao(data::Piece tabela);
