@@ -98,6 +98,7 @@ void Player::launch(const QString& launchString) {
         throw Failure{QStringLiteral("expected a program that is not running, it runs already")};
     Cast& program = cast();
     launched_ = started_ = true;
+    launchedAt_ = next_;
     program.start(launchString);
     started_ = false;
 }
@@ -158,7 +159,7 @@ Base Player::mainBase() const {
         if (words.size() != 2 || words[0] != u"launch")
             continue;
         environment = words[1].section(u'^', 2, 2);
-        if (at + 1 >= next_)
+        if (isRunning() ? at + 1 >= launchedAt_ : at + 1 >= next_)
             break;
     }
     if (environment == u"HIST")

@@ -91,7 +91,8 @@ class Player : public screen::Platform {
     std::unique_ptr<Cast> cast_;
     std::unique_ptr<Hands> hands_;
     bool launched_ = false;
-    bool started_ = false; ///< the program is inside its start
+    bool started_ = false;  ///< the program is inside its start
+    size_t launchedAt_ = 0; ///< what `next_` was then
     size_t next_ = 0;
     int line_ = 0;
     std::optional<Verdict> verdict_;

@@ -9,6 +9,7 @@
 #include "robot/Run.h"
 
 #include <QFile>
+#include <clocale>
 #include <cstdio>
 
 namespace {
@@ -82,9 +83,10 @@ int run(const QStringList& arguments) {
 } // namespace
 
 int main(int count, char** values) {
+    std::setlocale(LC_CTYPE, "C.UTF-8"); // file names are UTF-8 whatever the environment says
     QStringList arguments;
     for (int at = 1; at < count; ++at)
-        arguments += QString::fromLocal8Bit(values[at]);
+        arguments += QString::fromUtf8(values[at]);
     try {
         return run(arguments);
     } catch (const Failure& failure) {
