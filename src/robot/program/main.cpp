@@ -3,7 +3,7 @@
 #include "app/Register.h"
 #include "desktop/DesktopHands.h"
 #include "firebird/FirebirdAdapter.h"
-#include "robot/Installation.h"
+#include "robot/program/Installation.h"
 #include "robot/ModelHands.h"
 #include "robot/Player.h"
 #include "robot/Run.h"

@@ -1,4 +1,4 @@
-#include "robot/Installation.h"
+#include "robot/program/Installation.h"
 
 #include "kit/Relocate.h"
 #include "launch/CampoDelimitado.h"
