@@ -30,11 +30,11 @@ class AlteracaoPapel : public PapelTest {
     }
 
     void cliente() {
-        registro("CLIE", "IDCLIE",
-                 {"idtrpt", "data_cred", "reve", "idtipo_clie", "idvend", "idregi_espe_icms", "lime_maxi_conh",
-                  "valo_troc"},
-                 {test::number(8), test::date(2026, 1, 31), test::text("S"), test::number(3), test::number(9),
-                  test::number(2), test::amount(1200), test::amount(98765)});
+        registro(
+            "CLIE", "IDCLIE",
+            {"idtrpt", "data_cred", "reve", "idtipo_clie", "idvend", "idregi_espe_icms", "lime_maxi_conh", "valo_troc"},
+            {test::number(8), test::date(2026, 1, 31), test::text("S"), test::number(3), test::number(9),
+             test::number(2), test::amount(1200), test::amount(98765)});
         base.answer(QStringLiteral("TRPT.IDTRPT ="), {{"NOME_CONH"}, {{test::text("RAPIDO")}}});
         base.answer(QStringLiteral("VEND.IDVEND ="), {{"NOME_CONH"}, {{test::text("ANA")}}});
         base.answer(QStringLiteral("WHERE IDTIPO_CLIE="), {{"desc_tipo_clie"}, {{test::text("OURO")}}});
@@ -62,27 +62,27 @@ TEST_F(AlteracaoPapel, ClienteCarregaEGrava) {
         EXPECT_EQ(texto("txtLimiCred"), u"") << "the limit is stated anew at each alteration";
         digita("txtLimiCred", "2000");
     });
-    EXPECT_EQ(comandos,
-              (QStringList{
-                  "SELECT IDTIPO_CLIE FROM TIPO_CLIE WHERE DESC_TIPO_CLIE='OURO'",
-                  "SELECT TRPT.IDTRPT FROM TRPT, PESS WHERE PESS.IDPESS = TRPT.IDPESS AND PESS.NOME_CONH='RAPIDO'",
-                  "SELECT VEND.IDVEND FROM VEND, PESS WHERE PESS.IDPESS = VEND.IDPESS AND PESS.NOME_CONH='ANA'",
-                  "SELECT IDREGI_ESPE_ICMS FROM REGI_ESPE_ICMS WHERE DESC_REGI_ESPE_ICMS = 'REGIME'",
-                  "UPDATE CLIE SET REVE='S', IDTIPO_CLIE='3', IDTRPT='8', IDVEND='9', LIME_MAXI_CONH = '12', "
-                  "IDREGI_ESPE_ICMS='2', DATA_CRED='20260131', LIMI_CRED='2000.00' WHERE (IDCLIE=31)",
-                  "DELETE FROM CLIE_CONT WHERE (IDCLIE=31)", LeituraGerador("GEN_CLIE_CONT"),
-                  "INSERT INTO CLIE_CONT (IDCLIE_CONT, IDCLIE, CARG_CLIE_CONT, NOME_CLIE_CONT, EMAI_CLIE_CONT, "
-                  "DATA_NASC, DATA_INCL, USER_INCL) VALUES ('41', '31', 'GERENTE', 'CONTATO 1', 'X@Y.COM', '25/12', "
-                  "'20261120', '7')"}));
+    EXPECT_EQ(
+        comandos,
+        (QStringList{"SELECT IDTIPO_CLIE FROM TIPO_CLIE WHERE DESC_TIPO_CLIE='OURO'",
+                     "SELECT TRPT.IDTRPT FROM TRPT, PESS WHERE PESS.IDPESS = TRPT.IDPESS AND PESS.NOME_CONH='RAPIDO'",
+                     "SELECT VEND.IDVEND FROM VEND, PESS WHERE PESS.IDPESS = VEND.IDPESS AND PESS.NOME_CONH='ANA'",
+                     "SELECT IDREGI_ESPE_ICMS FROM REGI_ESPE_ICMS WHERE DESC_REGI_ESPE_ICMS = 'REGIME'",
+                     "UPDATE CLIE SET REVE='S', IDTIPO_CLIE='3', IDTRPT='8', IDVEND='9', LIME_MAXI_CONH = '12', "
+                     "IDREGI_ESPE_ICMS='2', DATA_CRED='20260131', LIMI_CRED='2000.00' WHERE (IDCLIE=31)",
+                     "DELETE FROM CLIE_CONT WHERE (IDCLIE=31)", LeituraGerador("GEN_CLIE_CONT"),
+                     "INSERT INTO CLIE_CONT (IDCLIE_CONT, IDCLIE, CARG_CLIE_CONT, NOME_CLIE_CONT, EMAI_CLIE_CONT, "
+                     "DATA_NASC, DATA_INCL, USER_INCL) VALUES ('41', '31', 'GERENTE', 'CONTATO 1', 'X@Y.COM', '25/12', "
+                     "'20261120', '7')"}));
     EXPECT_EQ(grade().Rows(), 2) << "a reload shows each contact once";
 }
 
 TEST_F(AlteracaoPapel, ClienteSemNadaUsaZeroENulo) {
-    registro("CLIE", "IDCLIE",
-             {"idtrpt", "data_cred", "reve", "idtipo_clie", "idvend", "idregi_espe_icms", "lime_maxi_conh",
-              "valo_troc"},
-             {test::null(), test::null(), test::null(), test::number(0), test::number(0), test::null(), test::null(),
-              test::null()});
+    registro(
+        "CLIE", "IDCLIE",
+        {"idtrpt", "data_cred", "reve", "idtipo_clie", "idvend", "idregi_espe_icms", "lime_maxi_conh", "valo_troc"},
+        {test::null(), test::null(), test::null(), test::number(0), test::number(0), test::null(), test::null(),
+         test::null()});
     const QStringList comandos = altera("frmCliente", [&] {
         EXPECT_EQ(texto("cboRevenda"), u"Não");
         EXPECT_EQ(texto("txtLimeMaxiConh"), u"0");
@@ -122,8 +122,7 @@ TEST_F(AlteracaoPapel, FornecedorCarregaEGrava) {
 }
 
 TEST_F(AlteracaoPapel, FornecedorSemData) {
-    registro("FORN", "IDFORN", {"data_cred", "limi_copr", "desconto_forn"},
-             {test::null(), test::null(), test::null()});
+    registro("FORN", "IDFORN", {"data_cred", "limi_copr", "desconto_forn"}, {test::null(), test::null(), test::null()});
     EXPECT_EQ(altera("frmFornecedor",
                      [&] {
                          EXPECT_EQ(texto("txtLimiCred"), u"");
@@ -135,12 +134,11 @@ TEST_F(AlteracaoPapel, FornecedorSemData) {
 
 TEST_F(AlteracaoPapel, TransportadoraComESemData) {
     registro("TRPT", "IDTRPT", {"data_cred"}, {test::date(2026, 1, 31)});
-    EXPECT_EQ(altera("frmTransportadora", [] {}),
-              (QStringList{"UPDATE TRPT SET DATA_CRED='20260131' WHERE (IDTRPT=31)",
-                           "DELETE FROM TRPT_CONT WHERE (IDTRPT=31)"}));
-    EXPECT_EQ(altera("frmTransportadora", [&] { digita("mskDtCredencial", ""); }),
-              (QStringList{"UPDATE TRPT SET DATA_CRED=NULL WHERE (IDTRPT=31)",
-                           "DELETE FROM TRPT_CONT WHERE (IDTRPT=31)"}));
+    EXPECT_EQ(altera("frmTransportadora", [] {}), (QStringList{"UPDATE TRPT SET DATA_CRED='20260131' WHERE (IDTRPT=31)",
+                                                               "DELETE FROM TRPT_CONT WHERE (IDTRPT=31)"}));
+    EXPECT_EQ(
+        altera("frmTransportadora", [&] { digita("mskDtCredencial", ""); }),
+        (QStringList{"UPDATE TRPT SET DATA_CRED=NULL WHERE (IDTRPT=31)", "DELETE FROM TRPT_CONT WHERE (IDTRPT=31)"}));
 }
 
 TEST_F(AlteracaoPapel, Motorista) {
@@ -177,8 +175,8 @@ TEST_F(AlteracaoPapel, ArquitetoEDecorador) {
     };
     base.answer(QStringLiteral("FROM BANC WHERE IDBANC=4"), {{"nome_banc"}, {{test::text("ITAU")}}});
     base.answer(QStringLiteral("NOME_BANC='ITAU'"), {{"idbanc"}, {{test::number(4)}}});
-    for (const Caso& caso : {Caso{"frmArquiteto", "ARQT", "IDARQT", "ARQT_CREA"},
-                             Caso{"frmDecorador", "DECO", "IDDECO", "DECO_ADD0"}}) {
+    for (const Caso& caso :
+         {Caso{"frmArquiteto", "ARQT", "IDARQT", "ARQT_CREA"}, Caso{"frmDecorador", "DECO", "IDDECO", "DECO_ADD0"}}) {
         const QString tabela = QString::fromLatin1(caso.tabela);
         registro(caso.tabela, caso.chave,
                  {"data_cred", "valo_sala", "perc_pool", "perc_coms", caso.coluna, "idbanc", "banc_agen", "banc_cont"},

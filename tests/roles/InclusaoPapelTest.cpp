@@ -37,16 +37,14 @@ class InclusaoPapel : public PapelTest {
                     {{QStringLiteral("idtipo_clie")}, {{test::number(3)}}});
         base.answer(QStringLiteral("FROM TRPT, PESS"), {{QStringLiteral("idtrpt")}, {{test::number(8)}}});
         base.answer(QStringLiteral("FROM VEND, PESS"), {{QStringLiteral("idvend")}, {{test::number(9)}}});
-        base.answer(QStringLiteral("FROM REGI_ESPE_ICMS"),
-                    {{QStringLiteral("idregi_espe_icms")}, {{test::number(2)}}});
+        base.answer(QStringLiteral("FROM REGI_ESPE_ICMS"), {{QStringLiteral("idregi_espe_icms")}, {{test::number(2)}}});
     }
     const QStringList buscasCliente{
         QStringLiteral("SELECT IDTIPO_CLIE FROM TIPO_CLIE WHERE DESC_TIPO_CLIE='OURO'"),
         QStringLiteral(
             "SELECT TRPT.IDTRPT FROM TRPT, PESS WHERE PESS.IDPESS = TRPT.IDPESS AND PESS.NOME_CONH='RAPIDO'"),
         QStringLiteral("SELECT VEND.IDVEND FROM VEND, PESS WHERE PESS.IDPESS = VEND.IDPESS AND PESS.NOME_CONH='ANA'"),
-        QStringLiteral(
-            "SELECT IDREGI_ESPE_ICMS FROM REGI_ESPE_ICMS WHERE DESC_REGI_ESPE_ICMS = 'REGIME A'")};
+        QStringLiteral("SELECT IDREGI_ESPE_ICMS FROM REGI_ESPE_ICMS WHERE DESC_REGI_ESPE_ICMS = 'REGIME A'")};
 
     void preencheComissionado(const char* registroProfissional) {
         base.answer(QStringLiteral("SELECT IDBANC FROM BANC"), {{QStringLiteral("idbanc")}, {{test::number(4)}}});
@@ -66,31 +64,31 @@ TEST_F(InclusaoPapel, ClienteNoFirebird) {
     chavesCliente();
     gerador("GEN_CLIE", 31);
     gerador("GEN_CLIE_CONT", 41);
-    EXPECT_EQ(inclui("frmCliente", [&] { preencheCliente(); }),
-              (QStringList{LeituraGerador("GEN_CLIE")} + buscasCliente +
-               QStringList{
-                   "INSERT INTO CLIE (IDCLIE, IDPESS, REVE, LIMI_CRED, IDTIPO_CLIE, IDTRPT, DATA_CRED, IDVEND, "
-                   "LIME_MAXI_CONH, IDREGI_ESPE_ICMS, DATA_INCL, USER_INCL) VALUES ('31', '5', 'S', '1500.50', '3', "
-                   "'8', '20261120', '9', '12', '2', '20261120', '7')",
-                   LeituraGerador("GEN_CLIE_CONT"),
-                   "INSERT INTO CLIE_CONT (IDCLIE_CONT, IDCLIE, CARG_CLIE_CONT, NOME_CLIE_CONT, TELE_CLIE_CONT, "
-                   "EMAI_CLIE_CONT, DATA_NASC, DATA_INCL, USER_INCL) VALUES ('41', '31', 'COMPRADOR', 'JOAO', '11 "
-                   "5555', 'JOAO@X.COM.BR', '25/12', '20261120', '7')"}));
+    EXPECT_EQ(
+        inclui("frmCliente", [&] { preencheCliente(); }),
+        (QStringList{LeituraGerador("GEN_CLIE")} + buscasCliente +
+         QStringList{"INSERT INTO CLIE (IDCLIE, IDPESS, REVE, LIMI_CRED, IDTIPO_CLIE, IDTRPT, DATA_CRED, IDVEND, "
+                     "LIME_MAXI_CONH, IDREGI_ESPE_ICMS, DATA_INCL, USER_INCL) VALUES ('31', '5', 'S', '1500.50', '3', "
+                     "'8', '20261120', '9', '12', '2', '20261120', '7')",
+                     LeituraGerador("GEN_CLIE_CONT"),
+                     "INSERT INTO CLIE_CONT (IDCLIE_CONT, IDCLIE, CARG_CLIE_CONT, NOME_CLIE_CONT, TELE_CLIE_CONT, "
+                     "EMAI_CLIE_CONT, DATA_NASC, DATA_INCL, USER_INCL) VALUES ('41', '31', 'COMPRADOR', 'JOAO', '11 "
+                     "5555', 'JOAO@X.COM.BR', '25/12', '20261120', '7')"}));
 }
 
 TEST_F(InclusaoPapel, ClienteNoSqlServer) {
     conecta("MSSQL");
     chavesCliente();
-    EXPECT_EQ(inclui("frmCliente", [&] { preencheCliente(); }),
-              (buscasCliente +
-               QStringList{
-                   "INSERT INTO CLIE (IDPESS, REVE, LIMI_CRED, IDTIPO_CLIE, IDTRPT, DATA_CRED, IDVEND, "
-                   "LIME_MAXI_CONH, IDREGI_ESPE_ICMS, DATA_INCL, USER_INCL) VALUES ('5', 'S', '1500.50', '3', '8', "
-                   "'20261120', '9', '12', '2', '20261120', '7')",
-                   identidadeLida,
-                   "INSERT INTO CLIE_CONT (IDCLIE, CARG_CLIE_CONT, NOME_CLIE_CONT, TELE_CLIE_CONT, EMAI_CLIE_CONT, "
-                   "DATA_NASC, DATA_INCL, USER_INCL) VALUES ('31', 'COMPRADOR', 'JOAO', '11 5555', 'JOAO@X.COM.BR', "
-                   "'25/12', '20261120', '7')"}));
+    EXPECT_EQ(
+        inclui("frmCliente", [&] { preencheCliente(); }),
+        (buscasCliente +
+         QStringList{"INSERT INTO CLIE (IDPESS, REVE, LIMI_CRED, IDTIPO_CLIE, IDTRPT, DATA_CRED, IDVEND, "
+                     "LIME_MAXI_CONH, IDREGI_ESPE_ICMS, DATA_INCL, USER_INCL) VALUES ('5', 'S', '1500.50', '3', '8', "
+                     "'20261120', '9', '12', '2', '20261120', '7')",
+                     identidadeLida,
+                     "INSERT INTO CLIE_CONT (IDCLIE, CARG_CLIE_CONT, NOME_CLIE_CONT, TELE_CLIE_CONT, EMAI_CLIE_CONT, "
+                     "DATA_NASC, DATA_INCL, USER_INCL) VALUES ('31', 'COMPRADOR', 'JOAO', '11 5555', 'JOAO@X.COM.BR', "
+                     "'25/12', '20261120', '7')"}));
 }
 
 TEST_F(InclusaoPapel, ClienteSoComOLimite) {
@@ -112,9 +110,11 @@ TEST_F(InclusaoPapel, ClienteComRegimeDesconhecidoLevaTextoVazio) {
         digita("cboRegimeEspecialICMS", "NENHUM");
         digita("cboVendedor", "NINGUEM");
     });
-    EXPECT_TRUE(comandos.filter("INSERT INTO CLIE (").value(0).contains(
-        "IDVEND, LIME_MAXI_CONH, IDREGI_ESPE_ICMS, DATA_INCL, USER_INCL) VALUES ('5', 'N', '0.00', '0', '20261120', "
-        "'0', '0', '', '20261120', '7')"))
+    EXPECT_TRUE(comandos.filter("INSERT INTO CLIE (")
+                    .value(0)
+                    .contains("IDVEND, LIME_MAXI_CONH, IDREGI_ESPE_ICMS, DATA_INCL, USER_INCL) VALUES ('5', 'N', "
+                              "'0.00', '0', '20261120', "
+                              "'0', '0', '', '20261120', '7')"))
         << comandos.join('\n').toStdString();
 }
 
@@ -244,15 +244,14 @@ TEST_F(InclusaoPapel, ArquitetoSemGeradorEComBarrasNasDatas) {
 }
 
 TEST_F(InclusaoPapel, DecoradorComOSeuRegistro) {
-    EXPECT_EQ(
-        inclui("frmDecorador", [&] { preencheComissionado("txtADD"); }),
-        (QStringList{"SELECT IDBANC FROM BANC WHERE NOME_BANC='ITAU'",
-                     "INSERT INTO DECO (IDPESS, DATA_CRED, VALO_SALA, PERC_POOL, PERC_COMS, DECO_ADD0, IDBANC, "
-                     "BANC_AGEN, BANC_CONT, DATA_INCL, USER_INCL) VALUES ('5', '2026/02/01', '1000.00', '2.50', "
-                     "'0.00', 'A-77', '4', '0123', '45-6', '2026/11/20', '7')",
-                     identidadeLida, "UPDATE PESS SET IDDECO = 31 WHERE IDPESS = 5",
-                     "INSERT INTO DECO_CONT (IDDECO, CARG_DECO_CONT, NOME_DECO_CONT, DATA_NASC, DATA_INCL, "
-                     "USER_INCL) VALUES ('31', 'GERENTE', 'RUI', '', '2026/11/20', '7')"}));
+    EXPECT_EQ(inclui("frmDecorador", [&] { preencheComissionado("txtADD"); }),
+              (QStringList{"SELECT IDBANC FROM BANC WHERE NOME_BANC='ITAU'",
+                           "INSERT INTO DECO (IDPESS, DATA_CRED, VALO_SALA, PERC_POOL, PERC_COMS, DECO_ADD0, IDBANC, "
+                           "BANC_AGEN, BANC_CONT, DATA_INCL, USER_INCL) VALUES ('5', '2026/02/01', '1000.00', '2.50', "
+                           "'0.00', 'A-77', '4', '0123', '45-6', '2026/11/20', '7')",
+                           identidadeLida, "UPDATE PESS SET IDDECO = 31 WHERE IDPESS = 5",
+                           "INSERT INTO DECO_CONT (IDDECO, CARG_DECO_CONT, NOME_DECO_CONT, DATA_NASC, DATA_INCL, "
+                           "USER_INCL) VALUES ('31', 'GERENTE', 'RUI', '', '2026/11/20', '7')"}));
 }
 
 TEST_F(InclusaoPapel, ArquitetoSemBancoPerguntaPeloNomeVazio) {

@@ -76,7 +76,9 @@ QStringList PapelTest::transacao() const {
     return comandos;
 }
 
-QStringList PapelTest::escritas() { return std::exchange(base.writes, {}); }
+QStringList PapelTest::escritas() {
+    return std::exchange(base.writes, {});
+}
 
 QString LeituraGerador(const char* nome) {
     return QStringLiteral("select gen_id(%1, 1) from RDB$GENERATORS where RDB$GENERATOR_NAME = '%1'; ")

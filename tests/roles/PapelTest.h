@@ -50,9 +50,7 @@ class PapelTest : public ::testing::Test {
     void clica(const char* nome) { usuario.click(campo(nome)); }
     void foca(const char* nome) { usuario.focus(campo(nome)); }
     QString foco() { return tela_->focus() ? tela_->focus()->name() : QString(); }
-    PessoasDeTeste& pessoas() {
-        return dynamic_cast<PessoasDeTeste&>(contexto.Tela(QStringLiteral("frmPessoas")));
-    }
+    PessoasDeTeste& pessoas() { return dynamic_cast<PessoasDeTeste&>(contexto.Tela(QStringLiteral("frmPessoas"))); }
 
     /// A contact in the entry fields, taken into the grid.
     void incluiContato(const char* tipo, const char* nome, const char* fone = "", const char* email = "",

@@ -12,7 +12,7 @@ struct Caso {
     const char* tabela;
     const char* chave;
     const char* colunaPess; ///< kept by the screen itself; empty for none
-    bool confereePessoa;
+    bool conferePessoa;
 };
 
 const std::vector<Caso> casos{
@@ -25,12 +25,12 @@ class SituacaoPapel : public PapelTest, public ::testing::WithParamInterface<Cas
   protected:
     /// A role row with every column of every role, all null but the date of deactivation.
     void linha(const data::Value& desativada) {
-        QStringList colunas{"data_desa",     "data_cred",      "data_adms",        "valo_sala",      "perc_pool",
-                            "perc_coms",     "limi_copr",      "desconto_forn",    "cnh0_moto",      "pron_moto",
-                            "uf00_pron_moto", "pai0_moto",     "mae0_moto",        "refe_moto",      "idtrpt",
-                            "reve",          "idtipo_clie",    "idvend",           "lime_maxi_conh", "valo_troc",
-                            "idregi_espe_icms", "arqt_crea",   "deco_add0",        "idbanc",         "banc_agen",
-                            "banc_cont"};
+        QStringList colunas{
+            "data_desa",      "data_cred",     "data_adms",        "valo_sala", "perc_pool",      "perc_coms",
+            "limi_copr",      "desconto_forn", "cnh0_moto",        "pron_moto", "uf00_pron_moto", "pai0_moto",
+            "mae0_moto",      "refe_moto",     "idtrpt",           "reve",      "idtipo_clie",    "idvend",
+            "lime_maxi_conh", "valo_troc",     "idregi_espe_icms", "arqt_crea", "deco_add0",      "idbanc",
+            "banc_agen",      "banc_cont"};
         QList<data::Value> valores(colunas.size(), test::null());
         valores[0] = desativada;
         registro(GetParam().tabela, GetParam().chave, colunas, valores);
@@ -81,8 +81,8 @@ TEST_P(SituacaoPapel, Reativa) {
     });
     QStringList esperado{comando("USER_DESA=NULL, DATA_DESA=NULL, USER_INCL='7', DATA_INCL='20261120'")};
     if (guardaColuna())
-        esperado << QStringLiteral("UPDATE PESS SET %1 = 31 WHERE IDPESS = 5")
-                        .arg(QLatin1StringView(GetParam().colunaPess));
+        esperado
+            << QStringLiteral("UPDATE PESS SET %1 = 31 WHERE IDPESS = 5").arg(QLatin1StringView(GetParam().colunaPess));
     EXPECT_EQ(escritas(), esperado);
     EXPECT_EQ(ultimaCaixa().text, u"Deseja realmente Reativar Este Registro ?");
 }
@@ -93,7 +93,8 @@ TEST_P(SituacaoPapel, ReativarComNaoRele) {
     abre(GetParam().tela, [&] {
         base.sent.clear();
         clica("cmdReativar");
-        EXPECT_EQ(base.sent.filter(QStringLiteral("SELECT * FROM")).size(), 1);
+        EXPECT_EQ(
+            base.sent.filter(QStringLiteral("SELECT * FROM %1 ").arg(QLatin1StringView(GetParam().tabela))).size(), 1);
     });
     EXPECT_EQ(escritas(), QStringList());
 }
@@ -108,10 +109,10 @@ TEST_P(SituacaoPapel, ReativarUmRegistroAtivo) {
 TEST_P(SituacaoPapel, PessoaDesativadaVemAntes) {
     linha(test::date(2026, 1, 2));
     pessoas().lblDataDesa.setText(QStringLiteral("01/01/2026"));
-    if (!GetParam().confereePessoa)
+    if (!GetParam().conferePessoa)
         plataforma.willAnswer(Answer::Yes);
     abre(GetParam().tela, [&] { clica("cmdReativar"); });
-    if (!GetParam().confereePessoa) {
+    if (!GetParam().conferePessoa) {
         EXPECT_FALSE(escritas().isEmpty());
         return;
     }
@@ -146,9 +147,8 @@ TEST_P(SituacaoPapel, SemRegistroOTesteEDeCadaTela) {
     const bool pelaPessoa = QStringList{"frmCliente", "frmFornecedor", "frmTransportadora"}.contains(GetParam().tela);
     abre(GetParam().tela, [&] {
         clica("cmdReativar");
-        EXPECT_EQ(ultimaCaixa().text, pelaPessoa
-                                          ? u"Impossibilidade de Executar o Comando!\nO Registro Já está como Ativo."_qs
-                                          : falta);
+        EXPECT_EQ(ultimaCaixa().text,
+                  pelaPessoa ? u"Impossibilidade de Executar o Comando!\nO Registro Já está como Ativo."_qs : falta);
         if (!pelaPessoa) {
             clica("cmdEXCLUIR");
             EXPECT_EQ(ultimaCaixa().text, falta);
@@ -164,7 +164,7 @@ TEST_P(SituacaoPapel, SemRegistroOTesteEDeCadaTela) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Papeis, SituacaoPapel, ::testing::ValuesIn(casos),
-                         [](const auto& info) { return std::string(info.param.tela); });
+                         [](const auto& caso) { return std::string(caso.param.tela); });
 
 } // namespace
 

@@ -19,7 +19,8 @@ class CadaTela : public TelaDePapel, public ::testing::WithParamInterface<const 
 
 TEST_P(CadaTela, AbreOciosaParaAPessoa) {
     abre(GetParam(), [&] {
-        EXPECT_TRUE(tela().caption().startsWith(QStringLiteral("ERP VORTA - Nexoria - Release 2015.07.24 - Cadastro de ")));
+        EXPECT_TRUE(
+            tela().caption().startsWith(QStringLiteral("ERP VORTA - Nexoria - Release 2015.07.24 - Cadastro de ")));
         EXPECT_TRUE(tela().caption().endsWith(QStringLiteral(" (/MARIA)")));
         EXPECT_EQ(texto("txtRowID"), u"5");
         EXPECT_TRUE(campo("txtRowID").locked());
@@ -87,13 +88,12 @@ TEST_P(CadaTela, FecharAtualizaOsBotoesDaPessoa) {
 }
 
 TEST_P(CadaTela, AlterarComFalhaMostraAMensagemESegue) {
-    registro("ARQT", "IDARQT");
     for (const char* tabela : {"CLIE", "FORN", "TRPT", "MOTO", "VEND", "ARQT", "DECO"})
         base.answer(QStringLiteral("FROM %1, PESS").arg(QLatin1StringView(tabela)),
                     {{QStringLiteral("ID%1").arg(QLatin1StringView(tabela))}, {{test::number(31)}}});
     abre(GetParam(), [&] {
         const QString nome = QString::fromLatin1(GetParam());
-        screen::Field& primeiro = nome == u"frmCliente" ? campo("cboRevenda")
+        screen::Field& primeiro = nome == u"frmCliente"                                 ? campo("cboRevenda")
                                   : tela().findField(QStringLiteral("mskDtCredencial")) ? campo("mskDtCredencial")
                                                                                         : campo("mskDtAdmissao");
         primeiro.GotFocus = [] { throw RuntimeError(errorNumber::TypeMismatch); };
@@ -106,7 +106,7 @@ TEST_P(CadaTela, AlterarComFalhaMostraAMensagemESegue) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Papeis, CadaTela, ::testing::ValuesIn(telas),
-                         [](const auto& info) { return std::string(info.param); });
+                         [](const auto& caso) { return std::string(caso.param); });
 
 TEST_F(TelaDePapel, IncluirComFalhaMostraAMensagemSoOndeHaArmadilha) {
     for (const char* nome : {"frmMotorista", "frmVendedor", "frmArquiteto", "frmDecorador"}) {
@@ -210,8 +210,8 @@ TEST_F(TelaDePapel, ValoresNumericosDoFornecedor) {
 TEST_F(TelaDePapel, EnterAndaPelosCamposAteOSalvar) {
     abre("frmMotorista", [&] {
         clica("cmdINCLUIR");
-        for (const char* proximo : {"txtCNH", "txtProntuario", "cboUF_Emitente", "txtPai0Moto", "txtMae0Moto",
-                                    "txtRefeMoto", "cmdSALVAR"}) {
+        for (const char* proximo :
+             {"txtCNH", "txtProntuario", "cboUF_Emitente", "txtPai0Moto", "txtMae0Moto", "txtRefeMoto", "cmdSALVAR"}) {
             usuario.key(*tela().focus(), screen::Key::Enter);
             EXPECT_EQ(foco(), QLatin1StringView(proximo));
         }
@@ -370,9 +370,9 @@ TEST_F(TelaDePapel, VisualizaOsDesativados) {
     EXPECT_TRUE(base.sent.filter(QStringLiteral("VENDEDOR")).isEmpty());
     abre("frmMotorista", [&] { clica("chkVisualiza"); });
     EXPECT_FALSE(programa.hasEnded()) << "the old table is empty";
-    base.answer(QStringLiteral("FROM VENDEDOR"),
-                {{"idVendedor", "NOME_CONH", "nome", "dtinclusao", "dtdesativa"},
-                 {{test::number(1), test::text("ANA"), test::text("ANA MARIA"), test::date(2001, 2, 3), test::null()}}});
+    base.answer(QStringLiteral("FROM VENDEDOR"), {{"idVendedor", "NOME_CONH", "nome", "dtinclusao", "dtdesativa"},
+                                                  {{test::number(1), test::text("ANA"), test::text("ANA MARIA"),
+                                                    test::date(2001, 2, 3), test::null()}}});
     abre("frmArquiteto", [&] {
         clica("chkVisualiza");
         EXPECT_EQ(base.sent.last(), u"SELECT * FROM VENDEDOR");
@@ -417,21 +417,20 @@ TEST_P(FalhaNaGravacao, TerminaOProgramaComATransacaoInteiraDesfeita) {
 constexpr int recusado = errorNumber::StatementRefused;
 constexpr int semOperacao = errorNumber::NoSuchMember;
 
-INSTANTIATE_TEST_SUITE_P(
-    Papeis, FalhaNaGravacao,
-    ::testing::Values(Falha{"frmCliente", "INSERT INTO CLIE (", recusado},
-                      Falha{"frmCliente", "INSERT INTO CLIE_CONT", recusado},
-                      Falha{"frmFornecedor", "INSERT INTO FORN (", recusado},
-                      Falha{"frmFornecedor", "INSERT INTO FORN_CONT", recusado},
-                      Falha{"frmTransportadora", "INSERT INTO TRPT (", semOperacao},
-                      Falha{"frmTransportadora", "INSERT INTO TRPT_CONT", semOperacao},
-                      Falha{"frmMotorista", "INSERT INTO MOTO", semOperacao},
-                      Falha{"frmMotorista", "UPDATE PESS", semOperacao},
-                      Falha{"frmVendedor", "INSERT INTO VEND", semOperacao},
-                      Falha{"frmArquiteto", "UPDATE PESS", recusado},
-                      Falha{"frmArquiteto", "INSERT INTO ARQT_CONT", recusado},
-                      Falha{"frmDecorador", "INSERT INTO DECO (", recusado}),
-    [](const auto& info) { return std::string(info.param.tela) + std::to_string(info.index); });
+INSTANTIATE_TEST_SUITE_P(Papeis, FalhaNaGravacao,
+                         ::testing::Values(Falha{"frmCliente", "INSERT INTO CLIE (", recusado},
+                                           Falha{"frmCliente", "INSERT INTO CLIE_CONT", recusado},
+                                           Falha{"frmFornecedor", "INSERT INTO FORN (", recusado},
+                                           Falha{"frmFornecedor", "INSERT INTO FORN_CONT", recusado},
+                                           Falha{"frmTransportadora", "INSERT INTO TRPT (", semOperacao},
+                                           Falha{"frmTransportadora", "INSERT INTO TRPT_CONT", semOperacao},
+                                           Falha{"frmMotorista", "INSERT INTO MOTO", semOperacao},
+                                           Falha{"frmMotorista", "UPDATE PESS", semOperacao},
+                                           Falha{"frmVendedor", "INSERT INTO VEND", semOperacao},
+                                           Falha{"frmArquiteto", "UPDATE PESS", recusado},
+                                           Falha{"frmArquiteto", "INSERT INTO ARQT_CONT", recusado},
+                                           Falha{"frmDecorador", "INSERT INTO DECO (", recusado}),
+                         [](const auto& caso) { return std::string(caso.param.tela) + std::to_string(caso.index); });
 
 } // namespace
 
