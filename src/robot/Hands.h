@@ -1,5 +1,6 @@
 #pragma once
 
+#include "robot/Look.h"
 #include "screen/Grid.h"
 #include "screen/MaskedField.h"
 #include "screen/Platform.h"
@@ -10,16 +11,6 @@
 #include <optional>
 
 namespace vorta::robot {
-
-/// What a scenario asks about a field: a property by its name in the scenario language, with its row and column where
-/// it has some. The properties are text, enabled, locked, visible, checked, mask, maxlength, tooltip, background,
-/// foreground, bold, picture, items, item
-/// (`row` is the index), rows, cols, row and cell (`row`, `col`).
-struct Question {
-    QString property;
-    int row = 0;
-    int col = 0;
-};
 
 /// The hands and eyes of a scenario's user. One implementation works on the screen model alone, another one on real
 /// windows with real key and mouse events; both run every handler before they return. A handler that opens a screen
@@ -70,8 +61,5 @@ class Hands {
 
 /// Makes the hands for a program that is about to start.
 using HandsFactory = std::function<std::unique_ptr<Hands>(screen::Program&, screen::User&)>;
-
-/// The answer of the model itself to a question; raises 438 for a property that the field does not have.
-QString Look(const screen::Field& field, const Question& question);
 
 } // namespace vorta::robot
