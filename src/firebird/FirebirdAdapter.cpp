@@ -303,6 +303,10 @@ void FirebirdAdapter::readAll(const Runnable& prepared, Firebird::ITransaction& 
 
 } // namespace
 
-std::unique_ptr<data::Adapter> MakeFirebirdAdapter() { return std::make_unique<FirebirdAdapter>(); }
-
 } // namespace vorta::firebird
+
+namespace vorta::data {
+
+std::unique_ptr<Adapter> MakeFirebirdAdapter() { return std::make_unique<firebird::FirebirdAdapter>(); }
+
+} // namespace vorta::data
