@@ -8,6 +8,7 @@
 #include "robot/Player.h"
 #include "robot/Run.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <clocale>
 #include <cstdio>
@@ -54,7 +55,7 @@ std::optional<Verdict> playOne(const Options& options, const Scenario& scenario,
     QFile trace(options.trace);
     if (!options.trace.isEmpty() && !trace.open(QIODevice::Append))
         throw Failure{QStringLiteral("%1 cannot be written").arg(options.trace)};
-    Installation installation(options.home, copy, firebird::Adapters(),
+    Installation installation(options.home, copy, [](data::Engine) { return data::MakeFirebirdAdapter(); },
                               [](screen::Platform& platform, data::StatementTrace statements) {
                                   return std::make_unique<RegisterCast>(platform, std::move(statements));
                               });
