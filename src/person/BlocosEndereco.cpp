@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
+#include "person/frmPessoas.h"
 #include "shared/Consultas.h"
 #include "shared/Preenchimento.h"
 
