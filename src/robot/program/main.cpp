@@ -64,7 +64,7 @@ std::optional<Verdict> playOne(const Options& options, const Scenario& scenario,
     if (!options.trace.isEmpty() && !trace.open(QIODevice::Append))
         throw Failure{QStringLiteral("%1 cannot be written").arg(options.trace)};
     Installation installation(
-        options.home, copy, [](data::Engine) { return firebird::MakeFirebirdAdapter(); },
+        options.home, copy, [](data::Engine) { return data::MakeFirebirdAdapter(); },
         [](screen::Platform& platform, data::StatementTrace statements) {
             return std::make_unique<RegisterCast>(platform, std::move(statements));
         });
