@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
+#include "person/frmPessoas.h"
 #include "shared/Consultas.h"
 #include "shared/Preenchimento.h"
 
@@ -85,7 +86,8 @@ bool Confirma(frmPessoas& tela, const QString& pergunta) {
     return tela.program().MsgBox({pergunta, {}, screen::Icon::None, screen::Buttons::YesNo}) == screen::Answer::Yes;
 }
 
-void LigaBloco(ContextoExecucao& contexto, frmPessoas& tela, const BlocoEndereco& bloco) {
+void LigaBloco(frmPessoas& tela, const BlocoEndereco& bloco) {
+    ContextoExecucao& contexto = tela.contexto();
     ListField& cidade = tela.*bloco.cidade;
     ListField& uf = tela.*bloco.uf;
     ListField& pais = tela.*bloco.pais;
@@ -129,9 +131,9 @@ void txtNomeFantasia_LostFocus(frmPessoas& tela) {
 
 } // namespace
 
-void LigaBlocosEndereco(ContextoExecucao& contexto, frmPessoas& tela) {
+void LigaBlocosEndereco(frmPessoas& tela) {
     for (const BlocoEndereco* bloco : blocos)
-        LigaBloco(contexto, tela, *bloco);
+        LigaBloco(tela, *bloco);
     for (const BotaoCopia& copia : copias)
         (tela.*copia.botao).Click = [&tela, &copia] {
             if (Confirma(tela, QStringLiteral("Confirma Repetição do Endereço?")))
@@ -144,7 +146,8 @@ void LigaBlocosEndereco(ContextoExecucao& contexto, frmPessoas& tela) {
     tela.txtNomeFantasia.LostFocus = [&tela] { txtNomeFantasia_LostFocus(tela); };
 }
 
-void PreencheCombosUFs(ContextoExecucao& contexto, frmPessoas& tela) {
+void PreencheCombosUFs(frmPessoas& tela) {
+    ContextoExecucao& contexto = tela.contexto();
     contexto.SqlConsulta.clear();
     contexto.SqlConsulta << "SELECT UF00.IDUF00, UF00.CODI_UF00 "
                          << "FROM UF00 "

@@ -1,18 +1,14 @@
 #pragma once
 
-#include "person/frmPessoas.h"
-
-/// The three addresses of a person, which are one block of fields three times, and the copies between fields of the
-/// screen.
 namespace vorta {
 
-/// Wires the handlers of the address blocks: city and country lists, municipal codes, copy buttons and postal-code
-/// buttons, and the cloning of the name into the trade name. The handlers live as long as the screen and keep a
-/// reference to `contexto`.
-void LigaBlocosEndereco(ContextoExecucao& contexto, frmPessoas& tela);
+class frmPessoas;
 
-/// Fills the three state lists: the company's own state first, a blank item, then all states. Runs once, when the
-/// screen loads.
-void PreencheCombosUFs(ContextoExecucao& contexto, frmPessoas& tela);
+/// Wires the three address blocks of the person screen: cities, countries, municipal codes, copies between blocks,
+/// postal-code buttons, and the cloning of the name.
+void LigaBlocosEndereco(frmPessoas& tela);
+
+/// Fills the three state lists: the company's own state, a blank item, then all active states.
+void PreencheCombosUFs(frmPessoas& tela);
 
 } // namespace vorta

@@ -10,22 +10,38 @@ namespace vorta {
 namespace {
 
 constexpr std::array tamanhos{
-    TamanhoCampo{"txtCodPessExterno", 20},   TamanhoCampo{"mskCodigo", 18},
-    TamanhoCampo{"txtDescricao", 50},        TamanhoCampo{"txtNomeFantasia", 50},
-    TamanhoCampo{"txtIEstadual", 15},        TamanhoCampo{"txtIMunicipal", 20},
-    TamanhoCampo{"txtSuframa", 20},          TamanhoCampo{"txtSubsTributario", 15},
-    TamanhoCampo{"txtEndereco", 70},         TamanhoCampo{"txtEnt_Endereco", 70},
-    TamanhoCampo{"txtCob_Endereco", 70},     TamanhoCampo{"txtComplemento", 60},
-    TamanhoCampo{"txtEnt_Complemento", 60},  TamanhoCampo{"txtCob_Complemento", 60},
-    TamanhoCampo{"txtBairro", 30},           TamanhoCampo{"mskCEP", 9},
-    TamanhoCampo{"mskEnt_CEP", 9},           TamanhoCampo{"mskCob_CEP", 9},
-    TamanhoCampo{"txtFone1", 20},            TamanhoCampo{"txtFone2", 20},
-    TamanhoCampo{"txtFax1", 20},             TamanhoCampo{"txtFax2", 20},
-    TamanhoCampo{"txtEmail1", 50},           TamanhoCampo{"txtHomePage", 50},
-    TamanhoCampo{"txtContatoPrincipal", 50}, TamanhoCampo{"txtPrinNomeContato", 50},
-    TamanhoCampo{"txtPrinFoneContato", 30},  TamanhoCampo{"txtPrinEmailContato", 50},
-    TamanhoCampo{"mskDtNasc", 5},            TamanhoCampo{"mskDtAnivRel", 10},
-    TamanhoCampo{"txtOBSE_PESS_0001", 200},  TamanhoCampo{"txtOBSE_PESS_0002", 200},
+    TamanhoCampo{"txtCodPessExterno", 20},
+    TamanhoCampo{"mskCodigo", 18},
+    TamanhoCampo{"txtDescricao", 50},
+    TamanhoCampo{"txtNomeFantasia", 50},
+    TamanhoCampo{"txtIEstadual", 15},
+    TamanhoCampo{"txtIMunicipal", 20},
+    TamanhoCampo{"txtSuframa", 20},
+    TamanhoCampo{"txtSubsTributario", 15},
+    TamanhoCampo{"txtEndereco", 70},
+    TamanhoCampo{"txtEnt_Endereco", 70},
+    TamanhoCampo{"txtCob_Endereco", 70},
+    TamanhoCampo{"txtComplemento", 60},
+    TamanhoCampo{"txtEnt_Complemento", 60},
+    TamanhoCampo{"txtCob_Complemento", 60},
+    TamanhoCampo{"txtBairro", 30},
+    TamanhoCampo{"mskCEP", 9},
+    TamanhoCampo{"mskEnt_CEP", 9},
+    TamanhoCampo{"mskCob_CEP", 9},
+    TamanhoCampo{"txtFone1", 20},
+    TamanhoCampo{"txtFone2", 20},
+    TamanhoCampo{"txtFax1", 20},
+    TamanhoCampo{"txtFax2", 20},
+    TamanhoCampo{"txtEmail1", 50},
+    TamanhoCampo{"txtHomePage", 50},
+    TamanhoCampo{"txtContatoPrincipal", 50},
+    TamanhoCampo{"txtPrinNomeContato", 50},
+    TamanhoCampo{"txtPrinFoneContato", 30},
+    TamanhoCampo{"txtPrinEmailContato", 50},
+    TamanhoCampo{"mskDtNasc", 5},
+    TamanhoCampo{"mskDtAnivRel", 10},
+    TamanhoCampo{"txtOBSE_PESS_0001", 200},
+    TamanhoCampo{"txtOBSE_PESS_0002", 200},
     TamanhoCampo{"txtOBSE_PESS_0003", 200},
 };
 
@@ -47,44 +63,131 @@ constexpr std::array dicas{
     DicaCampo{"txtHomePage", ""},
 };
 
-constexpr std::array bloqueaveis{
-    "cboFisJur",          "mskCodigo",           "txtIEstadual",      "txtDescricao",      "txtNomeFantasia",
-    "txtEndereco",        "txtNumero",           "txtComplemento",    "txtBairro",         "cboCidade",
-    "cboUF",              "mskCEP",              "cboPais_Coml",      "txtEnt_Endereco",   "txtEnt_Numero",
-    "txtEnt_Complemento", "txtEnt_Bairro",       "cboEnt_Cidade",     "cboEnt_UF",         "mskEnt_CEP",
-    "cboPais_Entg",       "txtCob_Endereco",     "txtCob_Numero",     "txtCob_Complemento", "txtCob_Bairro",
-    "cboCob_Cidade",      "cboCob_UF",           "mskCob_CEP",        "cboPais_Cobr",      "mskDtNasc",
-    "mskDtAnivRel",       "mskDtNascCont",       "txtFone1",          "txtFone2",          "txtFax1",
-    "txtFax2",            "txtEmail1",           "txtHomePage",       "cboAtividades",     "txtOBSE_PESS_0001",
-    "txtOBSE_PESS_0002",  "txtOBSE_PESS_0003",   "cboTransportadora", "cboTipoContato",    "txtNomeContato",
-    "txtFoneContato",     "txtEmailContato",     "cboTipoCli",        "txtPrinNomeContato", "txtPrinFoneContato",
-    "txtPrinEmailContato", "txtIMunicipal",      "txtSuframa",        "txtSubsTributario", "txtContatoPrincipal",
-    "cboVendedor",        "cboTabelaPrecos"};
+constexpr std::array bloqueaveis{"cboFisJur",
+                                 "mskCodigo",
+                                 "txtIEstadual",
+                                 "txtDescricao",
+                                 "txtNomeFantasia",
+                                 "txtEndereco",
+                                 "txtNumero",
+                                 "txtComplemento",
+                                 "txtBairro",
+                                 "cboCidade",
+                                 "cboUF",
+                                 "mskCEP",
+                                 "cboPais_Coml",
+                                 "txtEnt_Endereco",
+                                 "txtEnt_Numero",
+                                 "txtEnt_Complemento",
+                                 "txtEnt_Bairro",
+                                 "cboEnt_Cidade",
+                                 "cboEnt_UF",
+                                 "mskEnt_CEP",
+                                 "cboPais_Entg",
+                                 "txtCob_Endereco",
+                                 "txtCob_Numero",
+                                 "txtCob_Complemento",
+                                 "txtCob_Bairro",
+                                 "cboCob_Cidade",
+                                 "cboCob_UF",
+                                 "mskCob_CEP",
+                                 "cboPais_Cobr",
+                                 "mskDtNasc",
+                                 "mskDtAnivRel",
+                                 "mskDtNascCont",
+                                 "txtFone1",
+                                 "txtFone2",
+                                 "txtFax1",
+                                 "txtFax2",
+                                 "txtEmail1",
+                                 "txtHomePage",
+                                 "cboAtividades",
+                                 "txtOBSE_PESS_0001",
+                                 "txtOBSE_PESS_0002",
+                                 "txtOBSE_PESS_0003",
+                                 "cboTransportadora",
+                                 "cboTipoContato",
+                                 "txtNomeContato",
+                                 "txtFoneContato",
+                                 "txtEmailContato",
+                                 "cboTipoCli",
+                                 "txtPrinNomeContato",
+                                 "txtPrinFoneContato",
+                                 "txtPrinEmailContato",
+                                 "txtIMunicipal",
+                                 "txtSuframa",
+                                 "txtSubsTributario",
+                                 "txtContatoPrincipal",
+                                 "cboVendedor",
+                                 "cboTabelaPrecos"};
 
 constexpr std::array botoesBloqueaveis{"cmdEndComl1", "cmdEndComl2", "cmdEndEntrega",
                                        "cmdCEP",      "cmdCEP_Entg", "cmdCEP_Cobr"};
 
 /// The third note, the external code, the date of deactivation and the order limit keep their text.
-constexpr std::array limpos{
-    "txtRowID",           "txtDescricao",       "txtNomeFantasia",     "txtIEstadual",      "txtEndereco",
-    "txtEnt_Endereco",    "txtCob_Endereco",    "txtBairro",           "txtEnt_Bairro",     "txtCob_Bairro",
-    "cboCidade",          "cboEnt_Cidade",      "cboCob_Cidade",       "cboUF",             "cboEnt_UF",
-    "cboCob_UF",          "txtNumero",          "txtEnt_Numero",       "txtCob_Numero",     "txtComplemento",
-    "txtEnt_Complemento", "txtCob_Complemento", "lblCodMunIBGE",       "lblEnt_CodMunIBGE", "lblCob_CodMunIBGE",
-    "txtFone1",           "txtFone2",           "txtFax1",             "txtFax2",           "txtEmail1",
-    "txtHomePage",        "lblCGCCPF",          "lblIE_RG",            "lblDataIncl",       "lblDataDesa",
-    "cboFisJur",          "cboAtividades",      "txtOBSE_PESS_0001",   "txtOBSE_PESS_0002", "cboTransportadora",
-    "cboTipoContato",     "txtNomeContato",     "txtFoneContato",      "txtEmailContato",   "cboTipoCli",
-    "txtPrinNomeContato", "txtPrinFoneContato", "txtPrinEmailContato", "txtIMunicipal",     "txtSuframa",
-    "txtSubsTributario",  "txtContatoPrincipal", "cboStatusIntegraFISCO", "cboVendedor",    "cboTabelaPrecos",
-    "cboProduto"};
+constexpr std::array limpos{"txtRowID",
+                            "txtDescricao",
+                            "txtNomeFantasia",
+                            "txtIEstadual",
+                            "txtEndereco",
+                            "txtEnt_Endereco",
+                            "txtCob_Endereco",
+                            "txtBairro",
+                            "txtEnt_Bairro",
+                            "txtCob_Bairro",
+                            "cboCidade",
+                            "cboEnt_Cidade",
+                            "cboCob_Cidade",
+                            "cboUF",
+                            "cboEnt_UF",
+                            "cboCob_UF",
+                            "txtNumero",
+                            "txtEnt_Numero",
+                            "txtCob_Numero",
+                            "txtComplemento",
+                            "txtEnt_Complemento",
+                            "txtCob_Complemento",
+                            "lblCodMunIBGE",
+                            "lblEnt_CodMunIBGE",
+                            "lblCob_CodMunIBGE",
+                            "txtFone1",
+                            "txtFone2",
+                            "txtFax1",
+                            "txtFax2",
+                            "txtEmail1",
+                            "txtHomePage",
+                            "lblCGCCPF",
+                            "lblIE_RG",
+                            "lblDataIncl",
+                            "lblDataDesa",
+                            "cboFisJur",
+                            "cboAtividades",
+                            "txtOBSE_PESS_0001",
+                            "txtOBSE_PESS_0002",
+                            "cboTransportadora",
+                            "cboTipoContato",
+                            "txtNomeContato",
+                            "txtFoneContato",
+                            "txtEmailContato",
+                            "cboTipoCli",
+                            "txtPrinNomeContato",
+                            "txtPrinFoneContato",
+                            "txtPrinEmailContato",
+                            "txtIMunicipal",
+                            "txtSuframa",
+                            "txtSubsTributario",
+                            "txtContatoPrincipal",
+                            "cboStatusIntegraFISCO",
+                            "cboVendedor",
+                            "cboTabelaPrecos",
+                            "cboProduto"};
 
 constexpr std::array semEnter{"txtCodPessExterno", "txtOBSE_PESS_0003", "txtVrTOP", "cboTransportadora",
                               "cboStatusIntegraFISCO"};
 
-constexpr std::array comAcento{
-    "txtDescricao",       "txtNomeFantasia",    "txtEndereco", "txtEnt_Endereco", "txtCob_Endereco", "txtComplemento",
-    "txtEnt_Complemento", "txtCob_Complemento", "txtBairro",   "txtEnt_Bairro",   "txtCob_Bairro"};
+constexpr std::array comAcento{"txtDescricao",    "txtNomeFantasia", "txtEndereco",        "txtEnt_Endereco",
+                               "txtCob_Endereco", "txtComplemento",  "txtEnt_Complemento", "txtCob_Complemento",
+                               "txtBairro",       "txtEnt_Bairro",   "txtCob_Bairro"};
 
 constexpr std::array comSelecao{"txtRowID",           "txtNomeContato",     "txtFoneContato",      "txtEmailContato",
                                 "txtPrinNomeContato", "txtPrinFoneContato", "txtPrinEmailContato", "txtOBSE_PESS_0001",
@@ -317,17 +420,39 @@ constexpr std::array carga{
 
 } // namespace
 
-std::span<const TamanhoCampo> TamanhosPessoa() { return tamanhos; }
-std::span<const DicaCampo> DicasPessoa() { return dicas; }
-std::span<const char* const> CamposBloqueaveis() { return bloqueaveis; }
-std::span<const char* const> BotoesBloqueaveis() { return botoesBloqueaveis; }
-std::span<const char* const> CamposLimpos() { return limpos; }
-std::span<const char* const> CamposSemEnter() { return semEnter; }
-std::span<const char* const> CamposComAcento() { return comAcento; }
-std::span<const char* const> CamposComSelecao() { return comSelecao; }
-std::span<const ColunaComando> ColunasInsert() { return insere; }
-std::span<const ColunaComando> ColunasUpdate() { return atualiza; }
-std::span<const ColunaCarga> ColunasCarga() { return carga; }
+std::span<const TamanhoCampo> TamanhosPessoa() {
+    return tamanhos;
+}
+std::span<const DicaCampo> DicasPessoa() {
+    return dicas;
+}
+std::span<const char* const> CamposBloqueaveis() {
+    return bloqueaveis;
+}
+std::span<const char* const> BotoesBloqueaveis() {
+    return botoesBloqueaveis;
+}
+std::span<const char* const> CamposLimpos() {
+    return limpos;
+}
+std::span<const char* const> CamposSemEnter() {
+    return semEnter;
+}
+std::span<const char* const> CamposComAcento() {
+    return comAcento;
+}
+std::span<const char* const> CamposComSelecao() {
+    return comSelecao;
+}
+std::span<const ColunaComando> ColunasInsert() {
+    return insere;
+}
+std::span<const ColunaComando> ColunasUpdate() {
+    return atualiza;
+}
+std::span<const ColunaCarga> ColunasCarga() {
+    return carga;
+}
 
 const OrigemColuna& OrigemDe(const char* campo) {
     return *std::find_if(origens.begin(), origens.end(),

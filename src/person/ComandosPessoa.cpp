@@ -13,7 +13,9 @@ namespace {
 
 using data::Statement;
 
-QString textoDe(const screen::Screen& tela, const char* campo) { return tela.field(QString::fromLatin1(campo)).text(); }
+QString textoDe(const screen::Screen& tela, const char* campo) {
+    return tela.field(QString::fromLatin1(campo)).text();
+}
 
 bool passa(Teste teste, const QString& texto) {
     switch (teste) {
@@ -53,10 +55,14 @@ QString valorDe(ContextoExecucao& contexto, Forma forma, const QString& texto, b
 }
 
 /// The customer class is never null: without one the key is 0.
-bool semNulo(const char* campo) { return std::strcmp(campo, "cboTipoCli") == 0; }
+bool semNulo(const char* campo) {
+    return std::strcmp(campo, "cboTipoCli") == 0;
+}
 
 /// The update spells the document's column in its own way where it has no value.
-bool documento(const char* campo) { return std::strcmp(campo, "mskCodigo") == 0; }
+bool documento(const char* campo) {
+    return std::strcmp(campo, "mskCodigo") == 0;
+}
 
 } // namespace
 

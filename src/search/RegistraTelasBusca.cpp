@@ -2,6 +2,7 @@
 
 #include "search/frmBROWSE_CEPS.h"
 #include "search/frmBROWSE_PESSOAS.h"
+#include "search/frmBROWSE_PRODUTO.h"
 #include "search/frmPESSOAS_INCL.h"
 
 namespace vorta {
@@ -19,6 +20,7 @@ void Registra(ContextoExecucao& contexto, const char* nome) {
 void RegistraTelasBusca(ContextoExecucao& contexto) {
     Registra<frmBROWSE_PESSOAS>(contexto, "frmBROWSE_PESSOAS");
     Registra<frmPESSOAS_INCL>(contexto, "frmPESSOAS_INCL");
+    Registra<frmBROWSE_PRODUTO>(contexto, "frmBROWSE_PRODUTO");
     Registra<frmBROWSE_CEPS>(contexto, "frmBROWSE_CEPS");
 }
 

@@ -4,7 +4,7 @@
 
 namespace vorta {
 
-/// Makes the search screens known to the program: `frmBROWSE_PESSOAS`, `frmPESSOAS_INCL` and `frmBROWSE_CEPS`.
+/// Makes the four search screens known to the program: persons, duplicate check, products and postal codes.
 void RegistraTelasBusca(ContextoExecucao& contexto);
 
 } // namespace vorta
