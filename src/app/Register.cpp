@@ -1,8 +1,10 @@
 #include "app/Register.h"
 
 #include "firebird/FirebirdAdapter.h"
+#include "maintenance/frmInfoPess.h"
 #include "odbc/OdbcAdapter.h"
 #include "person/frmPessoas.h"
+#include "roles/RegistraTelasPapeis.h"
 #include "search/RegistraTelasBusca.h"
 
 namespace vorta {
@@ -20,6 +22,8 @@ Register::Register(screen::Platform& platform, data::StatementTrace trace)
     contexto_.RegistraTela(startScreen(),
                            [](ContextoExecucao& contexto) { return std::make_unique<frmPessoas>(contexto); });
     RegistraTelasBusca(contexto_);
+    RegistraTelasPapeis(contexto_);
+    RegistraTelasManutencao(contexto_);
 }
 
 QString Register::startScreen() {

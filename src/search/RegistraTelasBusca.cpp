@@ -19,8 +19,8 @@ void Registra(ContextoExecucao& contexto, const char* nome) {
 
 void RegistraTelasBusca(ContextoExecucao& contexto) {
     Registra<frmBROWSE_PESSOAS>(contexto, "frmBROWSE_PESSOAS");
-    Registra<frmPESSOAS_INCL>(contexto, "frmPESSOAS_INCL");
     Registra<frmBROWSE_PRODUTO>(contexto, "frmBROWSE_PRODUTO");
+    Registra<frmPESSOAS_INCL>(contexto, "frmPESSOAS_INCL");
     Registra<frmBROWSE_CEPS>(contexto, "frmBROWSE_CEPS");
 }
 

@@ -4,7 +4,8 @@
 
 namespace vorta {
 
-/// Makes the four search screens known to the program: persons, duplicate check, products and postal codes.
+/// Makes the search screens known to the program: `frmBROWSE_PESSOAS`, `frmBROWSE_PRODUTO`, `frmPESSOAS_INCL` and
+/// `frmBROWSE_CEPS`.
 void RegistraTelasBusca(ContextoExecucao& contexto);
 
 } // namespace vorta
