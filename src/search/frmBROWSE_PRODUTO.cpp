@@ -279,7 +279,7 @@ void frmBROWSE_PRODUTO::Flex_DblClick() {
     const RetornoProduto* retorno = RetornoDe(contexto_.TelaChamadora, contexto_.TipoConsulta);
     if (retorno && !retorno->fecha)
         return;
-    if (!retorno || !contexto_.ConheceTela(contexto_.TelaChamadora)) {
+    if (!retorno) {
         Unload();
         return;
     }
