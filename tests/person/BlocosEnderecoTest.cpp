@@ -69,7 +69,8 @@ TEST_F(BlocosEndereco, StateListsBeginWithTheCompanysOwnStateAndABlank) {
 }
 
 TEST_F(BlocosEndereco, CitiesOfTheStateThatHoldWhatWasTyped) {
-    database.answer(u"FROM MUNI_IBGE"_qs, {{u"desc_muni_ibge"_qs}, {{text("CAMPINAS")}, {text("CAMPO LIMPO")}}});
+    database.answer(u"SELECT * FROM MUNI_IBGE"_qs,
+                    {{u"desc_muni_ibge"_qs}, {{text("CAMPINAS")}, {text("CAMPO LIMPO")}}});
     for (const Bloco& bloco : blocos) {
         lista(bloco.uf).setText(u"sp"_qs);
         lista(bloco.cidade).setText(u" camp "_qs);
