@@ -33,40 +33,49 @@ QString withoutLayers(QString text) {
     return text.trimmed();
 }
 
-/// The first record is the cause; Qt's own error keeps no SQLSTATE, so the handle is asked.
-Diagnosis firstRecord(SQLSMALLINT kind, const QVariant& handle, const QSqlError& fallback) {
-    Diagnosis found{{}, fallback.nativeErrorCode().section(u';', 0, 0).toInt(), withoutLayers(fallback.databaseText())};
-    if (!handle.isValid())
-        return found;
+bool record(SQLSMALLINT kind, SQLHANDLE handle, SQLSMALLINT number, Diagnosis& found) {
     std::array<SQLWCHAR, 6> state{};
     std::array<SQLWCHAR, 2048> text{};
     SQLINTEGER code = 0;
     SQLSMALLINT length = 0;
-    const SQLRETURN answer = SQLGetDiagRecW(kind, *static_cast<const SQLHANDLE*>(handle.constData()), 1, state.data(),
-                                            &code, text.data(), static_cast<SQLSMALLINT>(text.size()), &length);
-    if (!SQL_SUCCEEDED(answer))
+    if (!SQL_SUCCEEDED(SQLGetDiagRecW(kind, handle, number, state.data(), &code, text.data(),
+                                      static_cast<SQLSMALLINT>(text.size()), &length)))
+        return false;
+    found = {QString::fromUtf16(reinterpret_cast<const char16_t*>(state.data())), code,
+             withoutLayers(QString::fromUtf16(reinterpret_cast<const char16_t*>(text.data())))};
+    return true;
+}
+
+/// The cause is the first record that is more than a warning. Qt's own error keeps no SQLSTATE, so the handle is asked.
+Diagnosis cause(SQLSMALLINT kind, const QVariant& handle, const QSqlError& error) {
+    Diagnosis found{{}, error.nativeErrorCode().section(u';', 0, 0).toInt(), withoutLayers(error.databaseText())};
+    if (!handle.isValid())
         return found;
-    found.sqlState = QString::fromUtf16(reinterpret_cast<const char16_t*>(state.data()));
-    found.engineCode = code;
-    found.description = withoutLayers(QString::fromUtf16(reinterpret_cast<const char16_t*>(text.data())));
+    Diagnosis next;
+    for (SQLSMALLINT number = 1; record(kind, *static_cast<const SQLHANDLE*>(handle.constData()), number, next);
+         ++number) {
+        found = next;
+        if (!next.sqlState.startsWith(u"01"))
+            break;
+    }
     return found;
 }
 
 } // namespace
 
 RuntimeError OpenFailure(const QSqlDatabase& database) {
-    const QSqlError error = database.lastError();
-    return RuntimeError(errorNumber::ConnectionFailed, withoutLayers(error.databaseText()),
-                        error.nativeErrorCode().section(u';', 0, 0).toInt(), {}, {});
+    // Qt frees the handle of a failed connection: what is left are the words of all records, the cause first.
+    const QString words = withoutLayers(database.lastError().databaseText());
+    return RuntimeError(errorNumber::ConnectionFailed, words.section(QStringLiteral(" [FreeTDS]"), 0, 0));
 }
 
 RuntimeError StatementFailure(const QSqlQuery& query, const QString& statement) {
-    const Diagnosis found = firstRecord(SQL_HANDLE_STMT, query.result()->handle(), query.lastError());
+    const Diagnosis found = cause(SQL_HANDLE_STMT, query.result()->handle(), query.lastError());
     return RuntimeError(numberOf(found.sqlState), found.description, found.engineCode, found.sqlState, statement);
 }
 
 RuntimeError TransactionFailure(const QSqlDatabase& database) {
-    const Diagnosis found = firstRecord(SQL_HANDLE_DBC, database.driver()->handle(), database.lastError());
+    const Diagnosis found = cause(SQL_HANDLE_DBC, database.driver()->handle(), database.lastError());
     return RuntimeError(numberOf(found.sqlState), found.description, found.engineCode, found.sqlState, {});
 }
 

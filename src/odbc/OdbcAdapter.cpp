@@ -74,7 +74,7 @@ class OdbcAdapter final : public Adapter {
         database_ = QSqlDatabase::addDatabase(QStringLiteral("QODBC"), name_);
         database_.setDatabaseName(OdbcConnectionString(connectionString));
         database_.setConnectOptions(
-            QStringLiteral("SQL_ATTR_LOGIN_TIMEOUT=%1;SQL_ATTR_CONNECTION_TIMEOUT=%1").arg(timeoutSeconds));
+            QStringLiteral("SQL_ATTR_ODBC_VERSION=SQL_OV_ODBC3;SQL_ATTR_LOGIN_TIMEOUT=%1").arg(timeoutSeconds));
         database_.setNumericalPrecisionPolicy(QSql::HighPrecision);
         if (!database_.open()) {
             const RuntimeError failure = OpenFailure(database_);
