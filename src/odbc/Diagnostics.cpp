@@ -3,6 +3,7 @@
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlResult>
+#include <algorithm>
 #include <array>
 
 #include <sql.h>
@@ -18,10 +19,14 @@ struct Diagnosis {
     QString description;
 };
 
-int numberOf(const QString& sqlState) {
-    if (sqlState.startsWith(u"08"))
+/// The driver's own codes of a server that went away; with some of them it names no state of class 08.
+constexpr std::array lostCodes{20004, 20006, 20017, 20047};
+
+int numberOf(const Diagnosis& found) {
+    if (found.sqlState.startsWith(u"08") ||
+        std::find(lostCodes.begin(), lostCodes.end(), found.engineCode) != lostCodes.end())
         return errorNumber::ConnectionFailed;
-    if (sqlState.startsWith(u"23"))
+    if (found.sqlState.startsWith(u"23"))
         return errorNumber::ConstraintViolated;
     return errorNumber::StatementRefused;
 }
@@ -71,12 +76,12 @@ RuntimeError OpenFailure(const QSqlDatabase& database) {
 
 RuntimeError StatementFailure(const QSqlQuery& query, const QString& statement) {
     const Diagnosis found = cause(SQL_HANDLE_STMT, query.result()->handle(), query.lastError());
-    return RuntimeError(numberOf(found.sqlState), found.description, found.engineCode, found.sqlState, statement);
+    return RuntimeError(numberOf(found), found.description, found.engineCode, found.sqlState, statement);
 }
 
 RuntimeError TransactionFailure(const QSqlDatabase& database) {
     const Diagnosis found = cause(SQL_HANDLE_DBC, database.driver()->handle(), database.lastError());
-    return RuntimeError(numberOf(found.sqlState), found.description, found.engineCode, found.sqlState, {});
+    return RuntimeError(numberOf(found), found.description, found.engineCode, found.sqlState, {});
 }
 
 } // namespace vorta::data
