@@ -22,7 +22,7 @@ KNOWN_WORDS = set(
     """select from where and or not null is like in exists between order by group having distinct top as on join inner left right
     outer full cross union all insert into values update set delete create table index unique primary key constraint default
     identity asc desc case when then else end begin tran transaction commit rollback if exec execute use print drop collate
-    clustered nonclustered count convert cast current_timestamp save go percent truncate user""".split()
+    clustered nonclustered count convert cast current_timestamp save go percent truncate""".split()
 )
 OTHER_RESERVED = set(
     """add alter any authorization backup break browse bulk cascade check checkpoint close coalesce column compute contains
@@ -31,7 +31,7 @@ OTHER_RESERVED = set(
     lineno load merge national nocheck nullif of off offsets open option over plan precision proc procedure public raiserror
     read readtext reconfigure references replication restore restrict return revert revoke rowcount rowguidcol rule schema
     securityaudit session_user setuser shutdown some statistics system_user tablesample textsize to trigger try_convert tsequal
-    updatetext view waitfor while with within writetext""".split()
+    updatetext user view waitfor while with within writetext""".split()
 )
 FUNCTIONS = set(
     """count sum max min avg upper lower len ltrim rtrim substring isnull coalesce nullif replace abs round getdate left right

@@ -48,7 +48,7 @@ def like_pattern(pattern):
         elif c == "_":
             parts.append(".")
         elif close > 0:
-            parts.append(pattern[i : close + 1].replace("\\", "\\\\"))
+            parts.append(pattern[i : close + 1].lower().replace("\\", "\\\\"))
             i = close
         else:
             parts.append(re.escape(c.lower()))
