@@ -18,6 +18,7 @@ import tds_wire as wire
 from tsql_base import Base, Session
 from tsql_types import SqlError
 
+REQUESTS = {5: "TRANSACTION BEGIN", 7: "TRANSACTION COMMIT", 8: "TRANSACTION ROLLBACK"}
 DATE_FORMATS = {"us_english": "mdy", "brazilian": "dmy"}
 
 
@@ -186,8 +187,9 @@ class Connection(threading.Thread):
     def _transaction(self, data):
         request = int.from_bytes(data[:2], "little")
         answer = Answer(self.channel, self.version, self.session)
-        self.server.note({5: "BEGIN TRANSACTION", 7: "COMMIT TRANSACTION", 8: "ROLLBACK TRANSACTION"}.get(request, "?"))
-        self.server.count("TRANSACTION", self)
+        name = REQUESTS.get(request, "TRANSACTION ?")
+        self.server.note(name)
+        self.server.count(name, self)
         try:
             if request == wire.BEGIN_TRANSACTION:
                 self._begin(answer)
