@@ -3,7 +3,6 @@
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlResult>
-#include <algorithm>
 #include <array>
 
 #include <sql.h>
@@ -19,12 +18,19 @@ struct Diagnosis {
     QString description;
 };
 
-/// The driver's own codes of a server that went away; with some of them it names no state of class 08.
-constexpr std::array lostCodes{20004, 20006, 20017, 20047};
+/// A statement that meets a lost connection may come back with an unknown error: the connection itself says whether it
+/// is dead.
+bool isDead(const QSqlDatabase& database) {
+    SQLUINTEGER dead = SQL_CD_FALSE;
+    const QVariant handle = database.driver()->handle();
+    return handle.isValid() &&
+           SQL_SUCCEEDED(SQLGetConnectAttr(*static_cast<const SQLHANDLE*>(handle.constData()), SQL_ATTR_CONNECTION_DEAD,
+                                           &dead, 0, nullptr)) &&
+           dead == SQL_CD_TRUE;
+}
 
-int numberOf(const Diagnosis& found) {
-    if (found.sqlState.startsWith(u"08") ||
-        std::find(lostCodes.begin(), lostCodes.end(), found.engineCode) != lostCodes.end())
+int numberOf(const Diagnosis& found, const QSqlDatabase& database) {
+    if (found.sqlState.startsWith(u"08") || isDead(database))
         return errorNumber::ConnectionFailed;
     if (found.sqlState.startsWith(u"23"))
         return errorNumber::ConstraintViolated;
@@ -66,6 +72,13 @@ Diagnosis cause(SQLSMALLINT kind, const QVariant& handle, const QSqlError& error
     return found;
 }
 
+/// Of a lost connection the driver says little ("Unknown error"): the standard words say more.
+RuntimeError failure(const Diagnosis& found, const QSqlDatabase& database, const QString& statement) {
+    const int number = numberOf(found, database);
+    const QString words = number == errorNumber::ConnectionFailed ? QString() : found.description;
+    return RuntimeError(number, words, found.engineCode, found.sqlState, statement);
+}
+
 } // namespace
 
 RuntimeError OpenFailure(const QSqlDatabase& database) {
@@ -74,14 +87,12 @@ RuntimeError OpenFailure(const QSqlDatabase& database) {
     return RuntimeError(errorNumber::ConnectionFailed, words.section(QStringLiteral(" [FreeTDS]"), 0, 0));
 }
 
-RuntimeError StatementFailure(const QSqlQuery& query, const QString& statement) {
-    const Diagnosis found = cause(SQL_HANDLE_STMT, query.result()->handle(), query.lastError());
-    return RuntimeError(numberOf(found), found.description, found.engineCode, found.sqlState, statement);
+RuntimeError StatementFailure(const QSqlDatabase& database, const QSqlQuery& query, const QString& statement) {
+    return failure(cause(SQL_HANDLE_STMT, query.result()->handle(), query.lastError()), database, statement);
 }
 
 RuntimeError TransactionFailure(const QSqlDatabase& database) {
-    const Diagnosis found = cause(SQL_HANDLE_DBC, database.driver()->handle(), database.lastError());
-    return RuntimeError(numberOf(found), found.description, found.engineCode, found.sqlState, {});
+    return failure(cause(SQL_HANDLE_DBC, database.driver()->handle(), database.lastError()), database, {});
 }
 
 } // namespace vorta::data

@@ -119,7 +119,7 @@ class OdbcAdapter final : public Adapter {
             rows.endRow();
         }
         if (query.lastError().isValid())
-            throw StatementFailure(query, statement.text());
+            throw StatementFailure(database_, query, statement.text());
     }
 
   private:
@@ -127,7 +127,7 @@ class OdbcAdapter final : public Adapter {
         QSqlQuery query(database_);
         query.setForwardOnly(true);
         if (!query.exec(text))
-            throw StatementFailure(query, text);
+            throw StatementFailure(database_, query, text);
         return query;
     }
 
