@@ -11,15 +11,16 @@ class Register {
     /// `trace` hears every statement as the flows send it, on both connections.
     explicit Register(screen::Platform& platform, data::StatementTrace trace = {});
 
-    /// Starts with a launch string and returns when the program has ended (it runs the start screen modally through the platform).
+    /// Starts with a launch string and returns when the program has ended (it runs the start screen modally through the
+    /// platform).
     void start(const QString& launchString);
 
     screen::Program& program() { return program_; }
     ContextoExecucao& context() { return contexto_; }
     screen::User& user() { return user_; }
 
-    /// The names of all screens that this program has.
-    static QStringList screenNames();
+    /// The name of the screen that a start shows.
+    static QString startScreen();
 
   private:
     screen::Program program_;

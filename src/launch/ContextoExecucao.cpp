@@ -105,9 +105,13 @@ ContextoExecucao::ContextoExecucao(screen::Program& program, data::AdapterFactor
     };
 }
 
-ContextoExecucao::~ContextoExecucao() { program_.onEnd = {}; }
+ContextoExecucao::~ContextoExecucao() {
+    program_.onEnd = {};
+}
 
-QString ContextoExecucao::Titulo() { return QStringLiteral("ERP VORTA - Nexoria - Release 2015.07.24"); }
+QString ContextoExecucao::Titulo() {
+    return QStringLiteral("ERP VORTA - Nexoria - Release 2015.07.24");
+}
 
 QString ContextoExecucao::Campo(const QString& nome) const {
     return std::visit(Overloaded{
@@ -151,28 +155,35 @@ std::unique_ptr<data::Connection> ContextoExecucao::novaConexao() const {
 }
 
 void ContextoExecucao::RegistraTela(const QString& nome, FabricaTela fabrica) {
-    fabricas_[nome.toLower()] = std::move(fabrica);
+    fabricas_[nome] = std::move(fabrica);
 }
 
-bool ContextoExecucao::ConheceTela(const QString& nome) const { return fabricas_.contains(nome.toLower()); }
+bool ContextoExecucao::ConheceTela(const QString& nome) const {
+    return fabricas_.contains(nome);
+}
+
+QStringList ContextoExecucao::NomesTelas() const {
+    QStringList nomes;
+    for (const auto& [nome, fabrica] : fabricas_)
+        nomes << nome;
+    return nomes;
+}
 
 screen::Screen& ContextoExecucao::Tela(const QString& nome) {
-    const QString chave = nome.toLower();
-    const auto fabrica = fabricas_.find(chave);
+    const auto fabrica = fabricas_.find(nome);
     if (fabrica == fabricas_.end())
         throw RuntimeError(errorNumber::ObjectNotSet, QStringLiteral("A tela %1 não existe neste programa").arg(nome));
-    std::unique_ptr<screen::Screen>& tela = telas_[chave];
+    std::unique_ptr<screen::Screen>& tela = telas_[nome];
     if (!tela)
         tela = fabrica->second(*this);
     return *tela;
 }
 
 void ContextoExecucao::MostraTela(const QString& nome) {
-    const QString chave = nome.toLower();
-    const auto tela = telas_.find(chave);
-    if (tela != telas_.end() && usadas_[chave] && !tela->second->isLoaded())
+    const auto tela = telas_.find(nome);
+    if (tela != telas_.end() && usadas_[nome] && !tela->second->isLoaded())
         telas_.erase(tela);
-    usadas_[chave] = true;
+    usadas_[nome] = true;
     program_.ShowModal(Tela(nome));
 }
 

@@ -10,8 +10,9 @@
 
 namespace vorta {
 
-/// The one record of a running register: what the launch brought, the configuration, the connections, the statement buffers, the traffic
-/// between screens, and one instance of each screen. Every screen reads and writes it directly and keeps no copy of its own.
+/// The one record of a running register: what the launch brought, the configuration, the connections, the statement
+/// buffers, the traffic between screens, and one instance of each screen. Every screen reads and writes it directly and
+/// keeps no copy of its own.
 class ContextoExecucao {
   public:
     ContextoExecucao(screen::Program& program, data::AdapterFactory adapters, data::StatementTrace trace = {});
@@ -21,16 +22,16 @@ class ContextoExecucao {
     static QString Titulo();
 
     // Launch and identity.
-    QString LinhaComando;          ///< the launch string in force
-    qint16 CodigoUsuario = 0;      ///< goes as text into every `user_incl` and `user_desa`
+    QString LinhaComando;     ///< the launch string in force
+    qint16 CodigoUsuario = 0; ///< goes as text into every `user_incl` and `user_desa`
     qint16 CodigoEmpresa = 0;
-    QString Ambiente;              ///< "PRD", "HIST" or "DEV"; empty counts as "PRD"
-    bool SomenteConsulta = false;  ///< the start screen then offers no writing button
+    QString Ambiente;             ///< "PRD", "HIST" or "DEV"; empty counts as "PRD"
+    bool SomenteConsulta = false; ///< the start screen then offers no writing button
     QString NomeUsuario;
-    QString CodigoEmpresaTexto;    ///< the `codi_empr` most recently looked up
+    QString CodigoEmpresaTexto; ///< the `codi_empr` most recently looked up
 
     // Connection.
-    QString TipoBanco;             ///< engine tag; statements know only "FIREBIRD" and all the rest
+    QString TipoBanco; ///< engine tag; statements know only "FIREBIRD" and all the rest
     QString StringConexao;
     QString Servidor;
     QString BaseDados;
@@ -73,12 +74,12 @@ class ContextoExecucao {
     QString CorFrente2;
 
     // Traffic between screens.
-    QString ModoTela;              ///< "I" while including, "A" while altering, else idle
+    QString ModoTela; ///< "I" while including, "A" while altering, else idle
     QString TelaChamadora;
-    QString EnderecoAlvoCep;       ///< "COML", "COBR" or "ENTG"
+    QString EnderecoAlvoCep; ///< "COML", "COBR" or "ENTG"
     QString ListaCamposCep;
     QString TipoConsulta;
-    QString VinculoAtual;          ///< "S" lets the role lookups reach deactivated rows
+    QString VinculoAtual; ///< "S" lets the role lookups reach deactivated rows
     QString RetornoPesquisa;
     qint32 TopoGridBusca = 0;
     QString IdPessoaVinculo;
@@ -94,8 +95,8 @@ class ContextoExecucao {
     QString UltimoVisualizaProduto;
     QString UltimaColecaoProduto;
 
-    /// A field by its name (case-insensitive), as other programs of the ERP reach it; raises 438 for an unknown name, 13 or 6 for a text
-    /// that the field cannot hold.
+    /// A field by its name (case-insensitive), as other programs of the ERP reach it; raises 438 for an unknown name,
+    /// 13 or 6 for a text that the field cannot hold.
     QString Campo(const QString& nome) const;
     void GravaCampo(const QString& nome, const QString& texto);
 
@@ -116,6 +117,7 @@ class ContextoExecucao {
     /// Makes a screen known by its name; its instance is made at its first use.
     void RegistraTela(const QString& nome, FabricaTela fabrica);
     bool ConheceTela(const QString& nome) const;
+    QStringList NomesTelas() const;
     /// The screen's instance, made when there is none; raises 91 naming the screen when no such screen is known.
     screen::Screen& Tela(const QString& nome);
     /// Shows a screen modally and waits. One that was closed before comes up anew.
@@ -125,9 +127,12 @@ class ContextoExecucao {
     screen::Program& program_;
     data::AdapterFactory adapters_;
     data::StatementTrace trace_;
-    std::map<QString, FabricaTela> fabricas_;
-    std::map<QString, std::unique_ptr<screen::Screen>> telas_;
-    std::map<QString, bool> usadas_; ///< shown before, so that the next opening makes the screen anew
+    struct SemCaixa {
+        bool operator()(const QString& a, const QString& b) const { return a.compare(b, Qt::CaseInsensitive) < 0; }
+    };
+    std::map<QString, FabricaTela, SemCaixa> fabricas_;
+    std::map<QString, std::unique_ptr<screen::Screen>, SemCaixa> telas_;
+    std::map<QString, bool, SemCaixa> usadas_; ///< shown before, so that the next opening makes the screen anew
 };
 
 } // namespace vorta

@@ -10,22 +10,38 @@ namespace vorta {
 namespace {
 
 constexpr std::array tamanhos{
-    TamanhoCampo{"txtCodPessExterno", 20},   TamanhoCampo{"mskCodigo", 18},
-    TamanhoCampo{"txtDescricao", 50},        TamanhoCampo{"txtNomeFantasia", 50},
-    TamanhoCampo{"txtIEstadual", 15},        TamanhoCampo{"txtIMunicipal", 20},
-    TamanhoCampo{"txtSuframa", 20},          TamanhoCampo{"txtSubsTributario", 15},
-    TamanhoCampo{"txtEndereco", 70},         TamanhoCampo{"txtEnt_Endereco", 70},
-    TamanhoCampo{"txtCob_Endereco", 70},     TamanhoCampo{"txtComplemento", 60},
-    TamanhoCampo{"txtEnt_Complemento", 60},  TamanhoCampo{"txtCob_Complemento", 60},
-    TamanhoCampo{"txtBairro", 30},           TamanhoCampo{"mskCEP", 9},
-    TamanhoCampo{"mskEnt_CEP", 9},           TamanhoCampo{"mskCob_CEP", 9},
-    TamanhoCampo{"txtFone1", 20},            TamanhoCampo{"txtFone2", 20},
-    TamanhoCampo{"txtFax1", 20},             TamanhoCampo{"txtFax2", 20},
-    TamanhoCampo{"txtEmail1", 50},           TamanhoCampo{"txtHomePage", 50},
-    TamanhoCampo{"txtContatoPrincipal", 50}, TamanhoCampo{"txtPrinNomeContato", 50},
-    TamanhoCampo{"txtPrinFoneContato", 30},  TamanhoCampo{"txtPrinEmailContato", 50},
-    TamanhoCampo{"mskDtNasc", 5},            TamanhoCampo{"mskDtAnivRel", 10},
-    TamanhoCampo{"txtOBSE_PESS_0001", 200},  TamanhoCampo{"txtOBSE_PESS_0002", 200},
+    TamanhoCampo{"txtCodPessExterno", 20},
+    TamanhoCampo{"mskCodigo", 18},
+    TamanhoCampo{"txtDescricao", 50},
+    TamanhoCampo{"txtNomeFantasia", 50},
+    TamanhoCampo{"txtIEstadual", 15},
+    TamanhoCampo{"txtIMunicipal", 20},
+    TamanhoCampo{"txtSuframa", 20},
+    TamanhoCampo{"txtSubsTributario", 15},
+    TamanhoCampo{"txtEndereco", 70},
+    TamanhoCampo{"txtEnt_Endereco", 70},
+    TamanhoCampo{"txtCob_Endereco", 70},
+    TamanhoCampo{"txtComplemento", 60},
+    TamanhoCampo{"txtEnt_Complemento", 60},
+    TamanhoCampo{"txtCob_Complemento", 60},
+    TamanhoCampo{"txtBairro", 30},
+    TamanhoCampo{"mskCEP", 9},
+    TamanhoCampo{"mskEnt_CEP", 9},
+    TamanhoCampo{"mskCob_CEP", 9},
+    TamanhoCampo{"txtFone1", 20},
+    TamanhoCampo{"txtFone2", 20},
+    TamanhoCampo{"txtFax1", 20},
+    TamanhoCampo{"txtFax2", 20},
+    TamanhoCampo{"txtEmail1", 50},
+    TamanhoCampo{"txtHomePage", 50},
+    TamanhoCampo{"txtContatoPrincipal", 50},
+    TamanhoCampo{"txtPrinNomeContato", 50},
+    TamanhoCampo{"txtPrinFoneContato", 30},
+    TamanhoCampo{"txtPrinEmailContato", 50},
+    TamanhoCampo{"mskDtNasc", 5},
+    TamanhoCampo{"mskDtAnivRel", 10},
+    TamanhoCampo{"txtOBSE_PESS_0001", 200},
+    TamanhoCampo{"txtOBSE_PESS_0002", 200},
     TamanhoCampo{"txtOBSE_PESS_0003", 200},
 };
 
@@ -47,44 +63,131 @@ constexpr std::array dicas{
     DicaCampo{"txtHomePage", ""},
 };
 
-constexpr std::array bloqueaveis{
-    "cboFisJur",          "mskCodigo",           "txtIEstadual",      "txtDescricao",      "txtNomeFantasia",
-    "txtEndereco",        "txtNumero",           "txtComplemento",    "txtBairro",         "cboCidade",
-    "cboUF",              "mskCEP",              "cboPais_Coml",      "txtEnt_Endereco",   "txtEnt_Numero",
-    "txtEnt_Complemento", "txtEnt_Bairro",       "cboEnt_Cidade",     "cboEnt_UF",         "mskEnt_CEP",
-    "cboPais_Entg",       "txtCob_Endereco",     "txtCob_Numero",     "txtCob_Complemento", "txtCob_Bairro",
-    "cboCob_Cidade",      "cboCob_UF",           "mskCob_CEP",        "cboPais_Cobr",      "mskDtNasc",
-    "mskDtAnivRel",       "mskDtNascCont",       "txtFone1",          "txtFone2",          "txtFax1",
-    "txtFax2",            "txtEmail1",           "txtHomePage",       "cboAtividades",     "txtOBSE_PESS_0001",
-    "txtOBSE_PESS_0002",  "txtOBSE_PESS_0003",   "cboTransportadora", "cboTipoContato",    "txtNomeContato",
-    "txtFoneContato",     "txtEmailContato",     "cboTipoCli",        "txtPrinNomeContato", "txtPrinFoneContato",
-    "txtPrinEmailContato", "txtIMunicipal",      "txtSuframa",        "txtSubsTributario", "txtContatoPrincipal",
-    "cboVendedor",        "cboTabelaPrecos"};
+constexpr std::array bloqueaveis{"cboFisJur",
+                                 "mskCodigo",
+                                 "txtIEstadual",
+                                 "txtDescricao",
+                                 "txtNomeFantasia",
+                                 "txtEndereco",
+                                 "txtNumero",
+                                 "txtComplemento",
+                                 "txtBairro",
+                                 "cboCidade",
+                                 "cboUF",
+                                 "mskCEP",
+                                 "cboPais_Coml",
+                                 "txtEnt_Endereco",
+                                 "txtEnt_Numero",
+                                 "txtEnt_Complemento",
+                                 "txtEnt_Bairro",
+                                 "cboEnt_Cidade",
+                                 "cboEnt_UF",
+                                 "mskEnt_CEP",
+                                 "cboPais_Entg",
+                                 "txtCob_Endereco",
+                                 "txtCob_Numero",
+                                 "txtCob_Complemento",
+                                 "txtCob_Bairro",
+                                 "cboCob_Cidade",
+                                 "cboCob_UF",
+                                 "mskCob_CEP",
+                                 "cboPais_Cobr",
+                                 "mskDtNasc",
+                                 "mskDtAnivRel",
+                                 "mskDtNascCont",
+                                 "txtFone1",
+                                 "txtFone2",
+                                 "txtFax1",
+                                 "txtFax2",
+                                 "txtEmail1",
+                                 "txtHomePage",
+                                 "cboAtividades",
+                                 "txtOBSE_PESS_0001",
+                                 "txtOBSE_PESS_0002",
+                                 "txtOBSE_PESS_0003",
+                                 "cboTransportadora",
+                                 "cboTipoContato",
+                                 "txtNomeContato",
+                                 "txtFoneContato",
+                                 "txtEmailContato",
+                                 "cboTipoCli",
+                                 "txtPrinNomeContato",
+                                 "txtPrinFoneContato",
+                                 "txtPrinEmailContato",
+                                 "txtIMunicipal",
+                                 "txtSuframa",
+                                 "txtSubsTributario",
+                                 "txtContatoPrincipal",
+                                 "cboVendedor",
+                                 "cboTabelaPrecos"};
 
 constexpr std::array botoesBloqueaveis{"cmdEndComl1", "cmdEndComl2", "cmdEndEntrega",
                                        "cmdCEP",      "cmdCEP_Entg", "cmdCEP_Cobr"};
 
 /// The third note, the external code, the date of deactivation and the order limit keep their text.
-constexpr std::array limpos{
-    "txtRowID",           "txtDescricao",       "txtNomeFantasia",     "txtIEstadual",      "txtEndereco",
-    "txtEnt_Endereco",    "txtCob_Endereco",    "txtBairro",           "txtEnt_Bairro",     "txtCob_Bairro",
-    "cboCidade",          "cboEnt_Cidade",      "cboCob_Cidade",       "cboUF",             "cboEnt_UF",
-    "cboCob_UF",          "txtNumero",          "txtEnt_Numero",       "txtCob_Numero",     "txtComplemento",
-    "txtEnt_Complemento", "txtCob_Complemento", "lblCodMunIBGE",       "lblEnt_CodMunIBGE", "lblCob_CodMunIBGE",
-    "txtFone1",           "txtFone2",           "txtFax1",             "txtFax2",           "txtEmail1",
-    "txtHomePage",        "lblCGCCPF",          "lblIE_RG",            "lblDataIncl",       "lblDataDesa",
-    "cboFisJur",          "cboAtividades",      "txtOBSE_PESS_0001",   "txtOBSE_PESS_0002", "cboTransportadora",
-    "cboTipoContato",     "txtNomeContato",     "txtFoneContato",      "txtEmailContato",   "cboTipoCli",
-    "txtPrinNomeContato", "txtPrinFoneContato", "txtPrinEmailContato", "txtIMunicipal",     "txtSuframa",
-    "txtSubsTributario",  "txtContatoPrincipal", "cboStatusIntegraFISCO", "cboVendedor",    "cboTabelaPrecos",
-    "cboProduto"};
+constexpr std::array limpos{"txtRowID",
+                            "txtDescricao",
+                            "txtNomeFantasia",
+                            "txtIEstadual",
+                            "txtEndereco",
+                            "txtEnt_Endereco",
+                            "txtCob_Endereco",
+                            "txtBairro",
+                            "txtEnt_Bairro",
+                            "txtCob_Bairro",
+                            "cboCidade",
+                            "cboEnt_Cidade",
+                            "cboCob_Cidade",
+                            "cboUF",
+                            "cboEnt_UF",
+                            "cboCob_UF",
+                            "txtNumero",
+                            "txtEnt_Numero",
+                            "txtCob_Numero",
+                            "txtComplemento",
+                            "txtEnt_Complemento",
+                            "txtCob_Complemento",
+                            "lblCodMunIBGE",
+                            "lblEnt_CodMunIBGE",
+                            "lblCob_CodMunIBGE",
+                            "txtFone1",
+                            "txtFone2",
+                            "txtFax1",
+                            "txtFax2",
+                            "txtEmail1",
+                            "txtHomePage",
+                            "lblCGCCPF",
+                            "lblIE_RG",
+                            "lblDataIncl",
+                            "lblDataDesa",
+                            "cboFisJur",
+                            "cboAtividades",
+                            "txtOBSE_PESS_0001",
+                            "txtOBSE_PESS_0002",
+                            "cboTransportadora",
+                            "cboTipoContato",
+                            "txtNomeContato",
+                            "txtFoneContato",
+                            "txtEmailContato",
+                            "cboTipoCli",
+                            "txtPrinNomeContato",
+                            "txtPrinFoneContato",
+                            "txtPrinEmailContato",
+                            "txtIMunicipal",
+                            "txtSuframa",
+                            "txtSubsTributario",
+                            "txtContatoPrincipal",
+                            "cboStatusIntegraFISCO",
+                            "cboVendedor",
+                            "cboTabelaPrecos",
+                            "cboProduto"};
 
 constexpr std::array semEnter{"txtCodPessExterno", "txtOBSE_PESS_0003", "txtVrTOP", "cboTransportadora",
                               "cboStatusIntegraFISCO"};
 
-constexpr std::array comAcento{
-    "txtDescricao",       "txtNomeFantasia",    "txtEndereco", "txtEnt_Endereco", "txtCob_Endereco", "txtComplemento",
-    "txtEnt_Complemento", "txtCob_Complemento", "txtBairro",   "txtEnt_Bairro",   "txtCob_Bairro"};
+constexpr std::array comAcento{"txtDescricao",    "txtNomeFantasia", "txtEndereco",        "txtEnt_Endereco",
+                               "txtCob_Endereco", "txtComplemento",  "txtEnt_Complemento", "txtCob_Complemento",
+                               "txtBairro",       "txtEnt_Bairro",   "txtCob_Bairro"};
 
 constexpr std::array comSelecao{"txtRowID",           "txtNomeContato",     "txtFoneContato",      "txtEmailContato",
                                 "txtPrinNomeContato", "txtPrinFoneContato", "txtPrinEmailContato", "txtOBSE_PESS_0001",
@@ -155,57 +258,57 @@ constexpr std::array origens{
 
 /// Behind the fixed columns of the insert and in front of its audit pair.
 constexpr std::array insere{
-    ColunaComando{", pess_codi_exte", "txtCodPessExterno"},
-    ColunaComando{", rg00_ie00", "txtIEstadual"},
-    ColunaComando{", ENDE_COML_PESS", "txtEndereco"},
-    ColunaComando{", NUME_COML_PESS", "txtNumero"},
-    ColunaComando{", CMPL_COML_PESS", "txtComplemento"},
-    ColunaComando{", BAIR_COML_PESS", "txtBairro"},
-    ColunaComando{", CIDA_COML_PESS", "cboCidade"},
-    ColunaComando{", UF00_COML_PESS", "cboUF"},
-    ColunaComando{", CEP0_COML_PESS", "mskCEP"},
-    ColunaComando{", PAIS_COML_PESS", "cboPais_Coml"},
-    ColunaComando{", CODI_MUNI_COML_PESS", "lblCodMunIBGE"},
-    ColunaComando{", ENDE_ENTG_PESS", "txtEnt_Endereco"},
-    ColunaComando{", NUME_ENTG_PESS", "txtEnt_Numero"},
-    ColunaComando{", CMPL_ENTG_PESS", "txtEnt_Complemento"},
-    ColunaComando{", BAIR_ENTG_PESS", "txtEnt_Bairro"},
-    ColunaComando{", CIDA_ENTG_PESS", "cboEnt_Cidade"},
-    ColunaComando{", UF00_ENTG_PESS", "cboEnt_UF"},
-    ColunaComando{", CEP0_ENTG_PESS", "mskEnt_CEP"},
-    ColunaComando{", PAIS_ENTG_PESS", "cboPais_Entg"},
-    ColunaComando{", CODI_MUNI_ENTG_PESS", "lblEnt_CodMunIBGE"},
-    ColunaComando{", ENDE_COBR_PESS", "txtCob_Endereco"},
-    ColunaComando{", NUME_COBR_PESS", "txtCob_Numero"},
-    ColunaComando{", CMPL_COBR_PESS", "txtCob_Complemento"},
-    ColunaComando{", BAIR_COBR_PESS", "txtCob_Bairro"},
-    ColunaComando{", CIDA_COBR_PESS", "cboCob_Cidade"},
-    ColunaComando{", UF00_COBR_PESS", "cboCob_UF"},
-    ColunaComando{", CEP0_COBR_PESS", "mskCob_CEP"},
-    ColunaComando{", PAIS_COBR_PESS", "cboPais_Cobr"},
-    ColunaComando{", CODI_MUNI_COBR_PESS", "lblCob_CodMunIBGE"},
-    ColunaComando{", Data_Aniv", "mskDtNasc"},
-    ColunaComando{", TELE_0001_PESS", "txtFone1"},
-    ColunaComando{", TELE_0002_PESS", "txtFone2"},
-    ColunaComando{", FAX0_0001_PESS", "txtFax1"},
-    ColunaComando{", FAX0_0002_PESS", "txtFax2"},
-    ColunaComando{", EMAI_PESS", "txtEmail1"},
-    ColunaComando{", HTTP_PESS", "txtHomePage"},
-    ColunaComando{", idvend", "cboVendedor"},
-    ColunaComando{", tabe_prec", "cboTabelaPrecos"},
-    ColunaComando{", OBSE_PESS_0001", "txtOBSE_PESS_0001"},
-    ColunaComando{", OBSE_PESS_0002", "txtOBSE_PESS_0002"},
-    ColunaComando{", OBSE_PESS_0003", "txtOBSE_PESS_0003"},
-    ColunaComando{", idTipo_Clie", "cboTipoCli"},
-    ColunaComando{", IDPESS_TRPT", "cboTransportadora"},
-    ColunaComando{", data_aniv_rela", "mskDtAnivRel"},
-    ColunaComando{", PRIN_NOME_CONT", "txtPrinNomeContato"},
-    ColunaComando{", PRIN_FONE_CONT", "txtPrinFoneContato"},
-    ColunaComando{", PRIN_EMAI_CONT", "txtPrinEmailContato"},
-    ColunaComando{", NUME_IMUN_PESS", "txtIMunicipal"},
-    ColunaComando{", NUME_SUFRAMA_PESS", "txtSuframa"},
-    ColunaComando{", NUME_SUBS_TRIB_PESS", "txtSubsTributario"},
-    ColunaComando{", NOME_CONT_PESS", "txtContatoPrincipal"},
+    ColunaComando{"pess_codi_exte", "txtCodPessExterno"},
+    ColunaComando{"rg00_ie00", "txtIEstadual"},
+    ColunaComando{"ENDE_COML_PESS", "txtEndereco"},
+    ColunaComando{"NUME_COML_PESS", "txtNumero"},
+    ColunaComando{"CMPL_COML_PESS", "txtComplemento"},
+    ColunaComando{"BAIR_COML_PESS", "txtBairro"},
+    ColunaComando{"CIDA_COML_PESS", "cboCidade"},
+    ColunaComando{"UF00_COML_PESS", "cboUF"},
+    ColunaComando{"CEP0_COML_PESS", "mskCEP"},
+    ColunaComando{"PAIS_COML_PESS", "cboPais_Coml"},
+    ColunaComando{"CODI_MUNI_COML_PESS", "lblCodMunIBGE"},
+    ColunaComando{"ENDE_ENTG_PESS", "txtEnt_Endereco"},
+    ColunaComando{"NUME_ENTG_PESS", "txtEnt_Numero"},
+    ColunaComando{"CMPL_ENTG_PESS", "txtEnt_Complemento"},
+    ColunaComando{"BAIR_ENTG_PESS", "txtEnt_Bairro"},
+    ColunaComando{"CIDA_ENTG_PESS", "cboEnt_Cidade"},
+    ColunaComando{"UF00_ENTG_PESS", "cboEnt_UF"},
+    ColunaComando{"CEP0_ENTG_PESS", "mskEnt_CEP"},
+    ColunaComando{"PAIS_ENTG_PESS", "cboPais_Entg"},
+    ColunaComando{"CODI_MUNI_ENTG_PESS", "lblEnt_CodMunIBGE"},
+    ColunaComando{"ENDE_COBR_PESS", "txtCob_Endereco"},
+    ColunaComando{"NUME_COBR_PESS", "txtCob_Numero"},
+    ColunaComando{"CMPL_COBR_PESS", "txtCob_Complemento"},
+    ColunaComando{"BAIR_COBR_PESS", "txtCob_Bairro"},
+    ColunaComando{"CIDA_COBR_PESS", "cboCob_Cidade"},
+    ColunaComando{"UF00_COBR_PESS", "cboCob_UF"},
+    ColunaComando{"CEP0_COBR_PESS", "mskCob_CEP"},
+    ColunaComando{"PAIS_COBR_PESS", "cboPais_Cobr"},
+    ColunaComando{"CODI_MUNI_COBR_PESS", "lblCob_CodMunIBGE"},
+    ColunaComando{"Data_Aniv", "mskDtNasc"},
+    ColunaComando{"TELE_0001_PESS", "txtFone1"},
+    ColunaComando{"TELE_0002_PESS", "txtFone2"},
+    ColunaComando{"FAX0_0001_PESS", "txtFax1"},
+    ColunaComando{"FAX0_0002_PESS", "txtFax2"},
+    ColunaComando{"EMAI_PESS", "txtEmail1"},
+    ColunaComando{"HTTP_PESS", "txtHomePage"},
+    ColunaComando{"idvend", "cboVendedor"},
+    ColunaComando{"tabe_prec", "cboTabelaPrecos"},
+    ColunaComando{"OBSE_PESS_0001", "txtOBSE_PESS_0001"},
+    ColunaComando{"OBSE_PESS_0002", "txtOBSE_PESS_0002"},
+    ColunaComando{"OBSE_PESS_0003", "txtOBSE_PESS_0003"},
+    ColunaComando{"idTipo_Clie", "cboTipoCli"},
+    ColunaComando{"IDPESS_TRPT", "cboTransportadora"},
+    ColunaComando{"data_aniv_rela", "mskDtAnivRel"},
+    ColunaComando{"PRIN_NOME_CONT", "txtPrinNomeContato"},
+    ColunaComando{"PRIN_FONE_CONT", "txtPrinFoneContato"},
+    ColunaComando{"PRIN_EMAI_CONT", "txtPrinEmailContato"},
+    ColunaComando{"NUME_IMUN_PESS", "txtIMunicipal"},
+    ColunaComando{"NUME_SUFRAMA_PESS", "txtSuframa"},
+    ColunaComando{"NUME_SUBS_TRIB_PESS", "txtSubsTributario"},
+    ColunaComando{"NOME_CONT_PESS", "txtContatoPrincipal"},
 };
 
 constexpr std::array atualiza{
@@ -317,17 +420,39 @@ constexpr std::array carga{
 
 } // namespace
 
-std::span<const TamanhoCampo> TamanhosPessoa() { return tamanhos; }
-std::span<const DicaCampo> DicasPessoa() { return dicas; }
-std::span<const char* const> CamposBloqueaveis() { return bloqueaveis; }
-std::span<const char* const> BotoesBloqueaveis() { return botoesBloqueaveis; }
-std::span<const char* const> CamposLimpos() { return limpos; }
-std::span<const char* const> CamposSemEnter() { return semEnter; }
-std::span<const char* const> CamposComAcento() { return comAcento; }
-std::span<const char* const> CamposComSelecao() { return comSelecao; }
-std::span<const ColunaComando> ColunasInsert() { return insere; }
-std::span<const ColunaComando> ColunasUpdate() { return atualiza; }
-std::span<const ColunaCarga> ColunasCarga() { return carga; }
+std::span<const TamanhoCampo> TamanhosPessoa() {
+    return tamanhos;
+}
+std::span<const DicaCampo> DicasPessoa() {
+    return dicas;
+}
+std::span<const char* const> CamposBloqueaveis() {
+    return bloqueaveis;
+}
+std::span<const char* const> BotoesBloqueaveis() {
+    return botoesBloqueaveis;
+}
+std::span<const char* const> CamposLimpos() {
+    return limpos;
+}
+std::span<const char* const> CamposSemEnter() {
+    return semEnter;
+}
+std::span<const char* const> CamposComAcento() {
+    return comAcento;
+}
+std::span<const char* const> CamposComSelecao() {
+    return comSelecao;
+}
+std::span<const ColunaComando> ColunasInsert() {
+    return insere;
+}
+std::span<const ColunaComando> ColunasUpdate() {
+    return atualiza;
+}
+std::span<const ColunaCarga> ColunasCarga() {
+    return carga;
+}
 
 const OrigemColuna& OrigemDe(const char* campo) {
     return *std::find_if(origens.begin(), origens.end(),

@@ -6,8 +6,9 @@
 
 namespace vorta {
 
-/// The register's start screen: one person with documents, three addresses, phones, contacts, branches, commercial defaults and history.
-/// It stays open until the process ends; every other screen is shown from it. Fields stand in the order in which the keyboard walks them.
+/// The register's start screen: one person with documents, three addresses, phones, contacts, branches, commercial
+/// defaults and history. It stays open until the process ends; every other screen is shown from it. Fields stand in the
+/// order in which the keyboard walks them.
 class frmPessoas : public screen::Screen, public RotinasPessoa {
   public:
     explicit frmPessoas(ContextoExecucao& contexto);
@@ -21,6 +22,10 @@ class frmPessoas : public screen::Screen, public RotinasPessoa {
 
     /// Reads the person whose id stands in `txtRowID` into the fields; without a row the screen stays as it was.
     void CarregaPessoa();
+
+    ContextoExecucao& contexto() const { return contexto_; }
+    /// True during inclusion and alteration.
+    bool EmEdicao() const;
 
     // Head of the screen.
     screen::Label lblTituloJanela{this, "lblTituloJanela", QStringLiteral("Cadastro de Pessoas")};
@@ -51,10 +56,10 @@ class frmPessoas : public screen::Screen, public RotinasPessoa {
                              QStringLiteral("Obs."), QStringLiteral("Fiscal"), QStringLiteral("Hist Cliente I"),
                              QStringLiteral("Hist.Cliente II"), QStringLiteral("Hist.Cliente OS"),
                              QStringLiteral("Hist.Forn.I"), QStringLiteral("Hist.Forn.II")}};
-    screen::TabStrip SSTab1{this,
-                            "SSTab1",
-                            {QStringLiteral("Endereço"), QStringLiteral("Endereço de Entrega"),
-                             QStringLiteral("Endereço de Cobrança")}};
+    screen::TabStrip SSTab1{
+        this,
+        "SSTab1",
+        {QStringLiteral("Endereço"), QStringLiteral("Endereço de Entrega"), QStringLiteral("Endereço de Cobrança")}};
 
     // Commercial address.
     screen::MaskedField mskCEP{this, "mskCEP", QStringLiteral("#####-###")};
@@ -209,28 +214,39 @@ class frmPessoas : public screen::Screen, public RotinasPessoa {
     void ExibeDataDesativacao();
     void AplicaTipoClienteAutomatico();
     void MostraBotoesPapeis();
+    void MostraBotoesCep();
+    void BloqueiaCamposFixos();
     void PosicionaBotoesEdicao();
     void AbandonaOperacao();
 
     void cmdINCLUIR_Click();
     void cmdALTERAR_Click();
-    void AlteraRegistro();
-    void cmdSALVAR_Click();
+    void IniciaAlteracao();
     void cmdSAIR_Click();
+    void cboFisJur_LostFocus();
+
+    // Search and load.
     void cmdPesquisar_Cliente_Click();
     void PesquisaPorId();
     void PesquisaPorCodigoExterno();
+    void AvisaNaoLocalizada();
     void PreencheCodigosMunicipio();
+    void LePessoa(data::Recordset& registro);
 
-    void cboFisJur_LostFocus();
+    // Checks on leaving a field and at the save.
     void mskCodigo_LostFocus();
     void txtRowID_LostFocus();
     void txtFone1_LostFocus();
     void Email_LostFocus(screen::Field& campo);
+    bool DocumentoInformado();
+    bool ValidaSalvar();
 
+    // Writes.
+    void cmdSALVAR_Click();
     void GravaInclusao();
     void GravaAlteracao();
     void GravaListas(const QString& idpess);
+    void TerminaGravacao();
 
     ContextoExecucao& contexto_;
 };

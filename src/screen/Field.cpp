@@ -22,7 +22,9 @@ Field::Field(Screen* screen, const char* name, FieldKind kind)
     screen_->add(this);
 }
 
-void Field::changed() { screen_->notify(*this); }
+void Field::changed() {
+    screen_->notify(*this);
+}
 
 void Field::storeText(const QString& text) {
     if (text_ == text)
@@ -32,7 +34,9 @@ void Field::storeText(const QString& text) {
     changed();
 }
 
-void Field::setText(const QString& text) { storeText(text); }
+void Field::setText(const QString& text) {
+    storeText(text);
+}
 
 void Field::setEnabled(bool enabled) {
     enabled_ = enabled;
@@ -97,7 +101,9 @@ bool Field::takesFocus() const {
     return kind_ != FieldKind::Label && kind_ != FieldKind::Picture && kind_ != FieldKind::TabStrip;
 }
 
-bool Field::canFocus() const { return takesFocus() && enabled_ && visible_; }
+bool Field::canFocus() const {
+    return takesFocus() && enabled_ && visible_;
+}
 
 Label::Label(Screen* screen, const char* name, const QString& caption) : Field(screen, name, FieldKind::Label) {
     storeText(caption);

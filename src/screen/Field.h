@@ -14,7 +14,7 @@ using Colour = qint32;
 
 namespace colour {
 inline constexpr Colour Locked = static_cast<Colour>(0x80000000); ///< grey of a locked field (system colour 0)
-inline constexpr Colour Free = 0xFFFFFF;                         ///< white of a field that takes input
+inline constexpr Colour Free = 0xFFFFFF;                          ///< white of a field that takes input
 inline constexpr Colour Red = 255;
 inline constexpr Colour WindowText = static_cast<Colour>(0x80000008);
 inline constexpr Colour ButtonFace = static_cast<Colour>(0x8000000F); ///< -2147483633
@@ -23,8 +23,8 @@ inline constexpr Colour ButtonText = static_cast<Colour>(0x80000012); ///< -2147
 
 enum class FieldKind { Text, Masked, List, Label, Button, Option, Check, Picture, Grid, TabStrip };
 
-/// One named field of a screen with its state as data. A window shows the state and reports events; it holds nothing of its own.
-/// The order in which a screen declares its fields is its tab order.
+/// One named field of a screen with its state as data. A window shows the state and reports events; it holds nothing of
+/// its own. The order in which a screen declares its fields is its tab order.
 class Field {
   public:
     using Handler = std::function<void()>;
@@ -78,9 +78,10 @@ class Field {
     bool canFocus() const;
 
     // Rules of whole families of fields, as data.
-    bool enterMovesOn = false;           ///< Enter goes to the next field
-    bool apostropheBecomesAcute = false; ///< a typed apostrophe turns into an acute accent, so that it cannot break a statement
-    bool selectsOnFocus = false;         ///< entering the field selects all of its text
+    bool enterMovesOn = false; ///< Enter goes to the next field
+    bool apostropheBecomesAcute =
+        false;                   ///< a typed apostrophe turns into an acute accent, so that it cannot break a statement
+    bool selectsOnFocus = false; ///< entering the field selects all of its text
 
     // Handlers; an empty one does nothing.
     Handler GotFocus;

@@ -8,16 +8,16 @@ namespace vorta::screen {
 
 enum class Align { Left, Right, Centre };
 
-/// A column of a grid. `width` 0 hides it; the other widths tell proportions (15 units a pixel, as the screens were drawn), -1 is
-/// left to the window.
+/// A column of a grid. `width` 0 hides it; the other widths tell proportions (15 units a pixel, as the screens were
+/// drawn), -1 is left to the window.
 struct GridColumn {
     QString header;
     int width = -1;
     Align align = Align::Left;
 };
 
-/// Rows and columns of text with one fixed header row, row 0. Rows are packed as UTF-8 in one arena, so that a million rows fit; the
-/// window asks only for the cells that it shows.
+/// Rows and columns of text with one fixed header row, row 0. Rows are packed as UTF-8 in one arena, so that a million
+/// rows fit; the window asks only for the cells that it shows.
 class Grid : public Field {
   public:
     Grid(Screen* screen, const char* name) : Field(screen, name, FieldKind::Grid) {}
@@ -41,8 +41,8 @@ class Grid : public Field {
     /// The text of the current cell.
     QString currentText() const { return cell(row_, col_); }
 
-    /// Adds a row at the end; tabs part the cells, missing cells are empty, surplus ones dropped. The first data row becomes the
-    /// current one when there is none.
+    /// Adds a row at the end; tabs part the cells, missing cells are empty, surplus ones dropped. The first data row
+    /// becomes the current one when there is none.
     void AddItem(const QString& tabbed);
     /// Removes a data row.
     void RemoveItem(int row);

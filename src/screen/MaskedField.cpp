@@ -9,7 +9,9 @@ namespace {
 constexpr QChar place = u'#';
 constexpr QChar prompt = u'_';
 
-bool isDigit(QChar character) { return character >= u'0' && character <= u'9'; }
+bool isDigit(QChar character) {
+    return character >= u'0' && character <= u'9';
+}
 
 } // namespace
 
@@ -23,7 +25,9 @@ QString MaskedField::blankOf(const QString& mask) const {
     return form.replace(place, prompt);
 }
 
-QString MaskedField::blank() const { return blankOf(mask_); }
+QString MaskedField::blank() const {
+    return blankOf(mask_);
+}
 
 bool MaskedField::isBlank() const {
     return std::none_of(text().begin(), text().end(), [](QChar character) { return character.isLetterOrNumber(); });
@@ -41,8 +45,7 @@ bool MaskedField::fits(const QString& text) const {
     if (text.size() != mask_.size())
         return false;
     for (qsizetype at = 0; at < mask_.size(); ++at) {
-        const bool matches =
-            mask_[at] == place ? isDigit(text[at]) || text[at] == prompt : text[at] == mask_[at];
+        const bool matches = mask_[at] == place ? isDigit(text[at]) || text[at] == prompt : text[at] == mask_[at];
         if (!matches)
             return false;
     }

@@ -4,27 +4,27 @@
 
 namespace vorta::screen {
 
-/// A field whose text follows a mask: "#" is a digit's place, every other character a literal. A place without its digit shows the
-/// prompt "_", so a blank postal code reads "_____-___". Without a mask the field is a plain text.
+/// A field whose text follows a mask: "#" is a digit's place, every other character a literal. A place without its
+/// digit shows the prompt "_", so a blank postal code reads "_____-___". Without a mask the field is a plain text.
 class MaskedField : public Field {
   public:
     MaskedField(Screen* screen, const char* name, const QString& mask = {});
 
     const QString& mask() const { return mask_; }
-    /// An empty mask leaves the text as it is shown, prompts and literals included. Any other mask keeps a text that is neither empty
-    /// nor blank, and turns an empty or blank one into its own blank form.
+    /// An empty mask leaves the text as it is shown, prompts and literals included. Any other mask keeps a text that is
+    /// neither empty nor blank, and turns an empty or blank one into its own blank form.
     void setMask(const QString& mask);
     /// The form without any digit; empty without a mask.
     QString blank() const;
     /// True when the text is empty or holds nothing but prompts and literals.
     bool isBlank() const;
 
-    /// A text that fits the mask is shown as it is; another has its digits poured into the places, and is shown raw when it has none or
-    /// more than there are places. The empty text gives the blank form.
+    /// A text that fits the mask is shown as it is; another has its digits poured into the places, and is shown raw
+    /// when it has none or more than there are places. The empty text gives the blank form.
     void setText(const QString& text) override;
 
-    /// Editing by keys, at the selection: a digit fills the next place, a literal typed where it stands is passed over, anything
-    /// else is refused. Without a mask any character is inserted up to the maximum length.
+    /// Editing by keys, at the selection: a digit fills the next place, a literal typed where it stands is passed over,
+    /// anything else is refused. Without a mask any character is inserted up to the maximum length.
     void typeCharacter(QChar character);
     void backspace();
     void deleteForward();

@@ -34,14 +34,18 @@ QString decoded(const QByteArray& bytes) {
 
 void Platform::progress(qint64, qint64) {}
 
-QDateTime Platform::now() const { return QDateTime::currentDateTime(); }
+QDateTime Platform::now() const {
+    return QDateTime::currentDateTime();
+}
 
 QString Platform::localPath(const QString& path) {
     QString local = path;
     return local.replace(u'\\', u'/');
 }
 
-bool Platform::fileExists(const QString& path) const { return QFileInfo(localPath(path)).isFile(); }
+bool Platform::fileExists(const QString& path) const {
+    return QFileInfo(localPath(path)).isFile();
+}
 
 QStringList Platform::readLines(const QString& path, int most) const {
     const QFileInfo info(localPath(path));
@@ -62,6 +66,8 @@ QStringList Platform::readLines(const QString& path, int most) const {
     return lines;
 }
 
-void Platform::removeFile(const QString& path) { QFile::remove(localPath(path)); }
+void Platform::removeFile(const QString& path) {
+    QFile::remove(localPath(path));
+}
 
 } // namespace vorta::screen

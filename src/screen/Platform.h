@@ -34,14 +34,15 @@ class Platform {
     /// Tells how far long work has come; `total` 0 means that the work is over.
     virtual void progress(qint64 done, qint64 total);
 
-    /// Root of the installation; its folder "config/" is the fixed place of the configuration files. Without a closing separator.
+    /// Root of the installation; its folder "config/" is the fixed place of the configuration files. Without a closing
+    /// separator.
     virtual QString home() const = 0;
     virtual QDateTime now() const;
 
     // Files. Paths may carry back slashes, as configured ones do.
     virtual bool fileExists(const QString& path) const;
-    /// The first `most` lines, without their ends, from UTF-8 or Windows-1252 with LF or CRLF. Raises 52 for a path that names no
-    /// file (empty, or a folder) and 53 for a file that is not there or cannot be read.
+    /// The first `most` lines, without their ends, from UTF-8 or Windows-1252 with LF or CRLF. Raises 52 for a path
+    /// that names no file (empty, or a folder) and 53 for a file that is not there or cannot be read.
     virtual QStringList readLines(const QString& path, int most) const;
     virtual void removeFile(const QString& path);
 

@@ -4,7 +4,9 @@
 
 namespace vorta::screen {
 
-QString Program::applicationTitle() { return QStringLiteral("Cadastro de Pessoas"); }
+QString Program::applicationTitle() {
+    return QStringLiteral("Cadastro de Pessoas");
+}
 
 void Program::requireRunning() const {
     if (ended_)
@@ -25,8 +27,10 @@ void Program::ShowModal(Screen& screen) {
         screen.loaded_ = true;
         screen.Load();
     }
-    if (screen.loaded_)
+    if (screen.loaded_) {
+        screen.takeFirstFocus();
         platform_.runModal(screen);
+    }
     std::erase(screens_, &screen);
     requireRunning();
 }
@@ -53,8 +57,10 @@ bool Program::dispatch(const std::function<void()>& event) {
     } catch (const RuntimeError& error) {
         failure_ = error;
         finish();
-        platform_.messageBox({QStringLiteral("Erro %1\n\n%2").arg(error.number()).arg(error.description()), {},
-                              Icon::Critical, Buttons::OK});
+        platform_.messageBox({QStringLiteral("Erro %1\n\n%2").arg(error.number()).arg(error.description()),
+                              {},
+                              Icon::Critical,
+                              Buttons::OK});
     }
     if (ended_)
         screens_.clear();

@@ -14,8 +14,8 @@ class Screen;
 /// Thrown to unwind every handler when the program ends; nothing catches it but `Program::dispatch`.
 struct ProgramEnded {};
 
-/// One running program: the stack of its screens, its message boxes and its end. Every event that comes from outside goes through
-/// `dispatch`, so that no exception ever leaves a handler.
+/// One running program: the stack of its screens, its message boxes and its end. Every event that comes from outside
+/// goes through `dispatch`, so that no exception ever leaves a handler.
 class Program {
   public:
     explicit Program(Platform& platform) : platform_(platform) {}
@@ -31,8 +31,9 @@ class Program {
     /// Ends the process at once, in order: every modal wait is left, nothing continues.
     [[noreturn]] void End();
 
-    /// Runs an event. A run-time error that no handler has caught ends the process in order: first `onEnd` (the closing connection
-    /// rolls back), then its box with number and description, exit code 1. Gives false when the program has ended.
+    /// Runs an event. A run-time error that no handler has caught ends the process in order: first `onEnd` (the closing
+    /// connection rolls back), then its box with number and description, exit code 1. Gives false when the program has
+    /// ended.
     bool dispatch(const std::function<void()>& event);
 
     bool hasEnded() const { return ended_; }

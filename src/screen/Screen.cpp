@@ -83,6 +83,11 @@ void Screen::enter(Field* field) {
         field->GotFocus();
 }
 
+void Screen::takeFirstFocus() {
+    if (!focus_)
+        moveFocus(nextField(nullptr));
+}
+
 bool Screen::moveFocus(Field* target) {
     if (target == focus_) {
         if (target)
@@ -112,7 +117,9 @@ void Screen::SetFocus(Field& field) {
         moveFocus(&field);
 }
 
-bool Screen::takeTabRequest() { return std::exchange(tabRequested_, false); }
+bool Screen::takeTabRequest() {
+    return std::exchange(tabRequested_, false);
+}
 
 Field* Screen::nextField(const Field* from, bool backwards) const {
     std::vector<Field*> order = fields_;

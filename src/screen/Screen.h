@@ -21,8 +21,8 @@ class ScreenObserver {
 /// The shape of the mouse pointer: the arrow, or the hourglass of long work.
 enum class Pointer { Default = 0, Hourglass = 11 };
 
-/// A screen: named fields, a caption, and the handlers of its events. Shown modally by `Program::ShowModal`. A screen that has been
-/// unloaded is made anew at its next opening.
+/// A screen: named fields, a caption, and the handlers of its events. Shown modally by `Program::ShowModal`. A screen
+/// that has been unloaded is made anew at its next opening.
 class Screen {
   public:
     Screen(Program& program, const QString& name);
@@ -46,17 +46,19 @@ class Screen {
     Pointer pointer() const { return pointer_; }
     void setPointer(Pointer pointer);
 
-    /// The field with the focus; none right after the opening until something takes it.
+    /// The field with the focus.
     Field* focus() const { return focus_; }
-    /// Gives a field the focus: the old field's LostFocus, then this one's GotFocus; the tab page that carries it comes to the front. Called
-    /// inside a LostFocus it decides where the focus goes. A field that cannot take the focus is left alone.
+    /// Gives a field the focus: the old field's LostFocus, then this one's GotFocus; the tab page that carries it comes
+    /// to the front. Called inside a LostFocus it decides where the focus goes. A field that cannot take the focus is
+    /// left alone.
     void SetFocus(Field& field);
     /// The user's move of the focus (none: it leaves the screen). True when the focus ended where the user wanted it.
     bool moveFocus(Field* target);
     /// Asks for one step to the next field, carried out when the running handler has ended.
     void SendTab() { tabRequested_ = true; }
     bool takeTabRequest();
-    /// The next (or previous) field that takes the focus, in tab order; locked fields and options that are not chosen are passed over.
+    /// The next (or previous) field that takes the focus, in tab order; locked fields and options that are not chosen
+    /// are passed over.
     Field* nextField(const Field* from, bool backwards = false) const;
 
     /// Runs once before the screen is shown.
@@ -77,6 +79,8 @@ class Screen {
     void notify(Field& field);
     void notify();
     void enter(Field* field);
+    /// A screen that opens without a field in focus begins at its first one.
+    void takeFirstFocus();
 
     Program& program_;
     QString name_;

@@ -44,7 +44,9 @@ void User::settle(Screen& screen) {
         screen.moveFocus(screen.nextField(nullptr));
 }
 
-bool User::take(Field& field) { return field.screen().moveFocus(&field); }
+bool User::take(Field& field) {
+    return field.screen().moveFocus(&field);
+}
 
 bool User::focus(Field& field) {
     bool there = false;

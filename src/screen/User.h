@@ -7,8 +7,8 @@ namespace vorta::screen {
 /// Keys that are no characters.
 enum class Key { Enter, Tab, BackTab, Backspace, Delete, Escape, Function };
 
-/// What a person does on a screen, as the events of the model. Windows and scenarios both act through this, so that focus, keys and
-/// clicks mean the same on both. Every routine is one event and goes through `Program::dispatch`.
+/// What a person does on a screen, as the events of the model. Windows and scenarios both act through this, so that
+/// focus, keys and clicks mean the same on both. Every routine is one event and goes through `Program::dispatch`.
 class User {
   public:
     explicit User(Program& program) : program_(program) {}
@@ -30,7 +30,8 @@ class User {
     /// Focus, all selected, then each character.
     void type(Field& field, const QString& text);
 
-    /// A button, option, check box or label. All but the label take the focus first; when that fails the click does not happen.
+    /// A button, option, check box or label. All but the label take the focus first; when that fails the click does not
+    /// happen.
     void click(Field& field);
     void doubleClick(Field& field);
     /// A grid cell; row 0 is the header.
@@ -43,7 +44,6 @@ class User {
     void chooseTab(TabStrip& strip, int page);
     /// Closes a screen by its frame.
     void close(Screen& screen);
-
 
   private:
     bool event(Screen& screen, const std::function<void()>& body);

@@ -1,0 +1,181 @@
+#include "base/Text.h"
+#include "launch/AcessoDados.h"
+#include "person/frmPessoas.h"
+#include "shared/Consultas.h"
+#include "shared/TextoEntrada.h"
+#include "shared/ValidaCampos.h"
+#include "shared/ValidaDocumentos.h"
+
+namespace vorta {
+
+namespace {
+
+using screen::Answer;
+using screen::Buttons;
+using screen::Icon;
+
+/// A field of the addresses that must hold something; the delivery and billing blocks only when the company's switch
+/// asks for it.
+struct CampoObrigatorio {
+    const char* parametro; ///< null: always
+    const char* campo;
+    const char* mensagem;
+};
+
+constexpr const char* entrega = "OBRIG_ENDE_ENTG";
+constexpr const char* cobranca = "OBRIG_ENDE_COBR";
+
+constexpr CampoObrigatorio obrigatorios[]{
+    {nullptr, "txtEndereco", "Endereço Comercial Inválido!"},
+    {entrega, "txtEnt_Endereco", "Endereço de Entrega Inválido!"},
+    {cobranca, "txtCob_Endereco", "Endereço de Cobrança Inválido!"},
+    {nullptr, "txtBairro", "Bairro Inválido!"},
+    {entrega, "txtEnt_Bairro", "Bairro Inválido!"},
+    {cobranca, "txtCob_Bairro", "Bairro Inválido!"},
+    {nullptr, "cboCidade", "Cidade Inválida!"},
+    {entrega, "cboEnt_Cidade", "Cidade Inválida!"},
+    {cobranca, "cboCob_Cidade", "Cidade Inválida!"},
+    {nullptr, "cboUF", "Estado Inválido!"},
+    {entrega, "cboEnt_UF", "Estado Inválido!"},
+    {cobranca, "cboCob_UF", "Estado Inválido!"},
+    {nullptr, "mskCEP", "CEP inválido!"},
+    {entrega, "mskEnt_CEP", "CEP inválido!"},
+    {cobranca, "mskCob_CEP", "CEP inválido!"},
+};
+
+bool vazio(const screen::Field& campo) {
+    return campo.text().isEmpty() || (campo.kind() == screen::FieldKind::Masked && campo.text() == u"_____-___");
+}
+
+/// The two kinds of document: their mask, the places of their digits in the masked text, and the words of a wrong one.
+struct TipoDocumento {
+    const char* pessoa;
+    const char* mascara;
+    std::initializer_list<std::pair<int, int>> grupos; ///< 1-based start and length
+    bool (*valida)(QString&);
+    const char* incorreto;
+};
+
+const TipoDocumento tiposDocumento[]{
+    {"Jurídica",
+     "##.###.###/####-##",
+     {{1, 2}, {4, 3}, {8, 3}, {12, 4}, {17, 2}},
+     ValidaCNPJ,
+     "CGC Incorreto!\nContinua Verificação?"},
+    {"Física", "###.###.###-##", {{1, 3}, {5, 3}, {9, 3}, {13, 2}}, ValidaCPF, "CPF Incorreto!\nContinua Verificação?"},
+};
+
+const TipoDocumento* DocumentoDe(const QString& pessoa) {
+    for (const TipoDocumento& tipo : tiposDocumento)
+        if (pessoa == QString::fromUtf8(tipo.pessoa))
+            return &tipo;
+    return nullptr;
+}
+
+} // namespace
+
+void frmPessoas::mskCodigo_LostFocus() {
+    const TipoDocumento* tipo = DocumentoDe(cboFisJur.text());
+    if (!EmEdicao() || !tipo)
+        return;
+    const QString digitado = mskCodigo.text();
+    mskCodigo.setMask({});
+    QString digitos;
+    for (const auto& [inicio, tamanho] : tipo->grupos)
+        digitos += Mid(digitado, inicio, tamanho);
+    mskCodigo.setText(digitos);
+
+    const bool valido = tipo->valida(digitos);
+    const bool corrige =
+        !valido &&
+        program().MsgBox({QString::fromUtf8(tipo->incorreto), {}, Icon::None, Buttons::YesNo}) == Answer::Yes;
+    if (!valido && !corrige) {
+        AbandonaOperacao();
+        return;
+    }
+    mskCodigo.setMask(QString::fromLatin1(tipo->mascara));
+    mskCodigo.setText(digitado);
+    if (corrige)
+        SetFocus(mskCodigo);
+}
+
+/// From the time when codes were typed by hand: the test looks at the customers.
+void frmPessoas::txtRowID_LostFocus() {
+    if (contexto_.ModoTela != u"I" || txtRowID.text().isEmpty() || !ClienteExiste(contexto_, txtRowID.text()))
+        return;
+    program().MsgBox(QStringLiteral("O Cliente (%1) Já Existe! Tente outro código").arg(txtRowID.text()));
+    SetFocus(txtRowID);
+}
+
+void frmPessoas::txtFone1_LostFocus() {
+    constexpr int menorTelefone = 6;
+    if (txtFone1.text().size() >= menorTelefone)
+        return;
+    program().MsgBox(QStringLiteral("Obrigatório Informar um Telefone!"));
+    SetFocus(txtFone1);
+}
+
+void frmPessoas::Email_LostFocus(screen::Field& campo) {
+    if (campo.text().isEmpty() || ValidaEmail(contexto_, campo.text()))
+        return;
+    const Answer resposta =
+        program().MsgBox({QStringLiteral("O e-mail digitado não passou na validação.\nVocê deseja corrigir?"),
+                          {},
+                          Icon::None,
+                          Buttons::YesNo});
+    if (resposta == Answer::Yes)
+        SetFocus(campo);
+}
+
+bool frmPessoas::DocumentoInformado() {
+    const QString mascara = mskCodigo.mask();
+    mskCodigo.setMask({});
+    const QString documento = RTrim(mskCodigo.text());
+    const bool informado = !documento.isEmpty() && documento != u"___.___.___-__" && documento != u"__.___.___/____-__";
+    if (!informado) {
+        program().MsgBox(QStringLiteral("CNPJ/CPF Obrigatório!!!"));
+        mskCodigo.setText({});
+    }
+    mskCodigo.setMask(mascara);
+    if (!informado)
+        SetFocus(cboFisJur);
+    return informado;
+}
+
+bool frmPessoas::ValidaSalvar() {
+    const auto recusa = [this](const screen::Box& aviso, screen::Field& campo) {
+        program().MsgBox(aviso);
+        SetFocus(campo);
+        return false;
+    };
+    if (RTrim(txtDescricao.text()).isEmpty())
+        return recusa({QStringLiteral("Nome Inválido!!!"), ContextoExecucao::Titulo(), Icon::Information, Buttons::OK},
+                      txtDescricao);
+    if (RTrim(txtNomeFantasia.text()).isEmpty())
+        return recusa(
+            {QStringLiteral("Nome Conhecido Inválido!!!"), ContextoExecucao::Titulo(), Icon::Information, Buttons::OK},
+            txtNomeFantasia);
+    if (!DocumentoInformado())
+        return false;
+    for (const CampoObrigatorio& linha : obrigatorios) {
+        if (linha.parametro && LeParametroEmpresa(contexto_, QString::fromLatin1(linha.parametro)) != u"S")
+            continue;
+        screen::Field& campo = field(QString::fromLatin1(linha.campo));
+        if (vazio(campo))
+            return recusa({QString::fromUtf8(linha.mensagem), {}, Icon::None, Buttons::OK}, campo);
+    }
+    QString aniversario = mskDtNasc.text();
+    if (!ValidaDiaMes(contexto_, aniversario))
+        return recusa({QStringLiteral("Formato de Data de Aniversário Inválida!"),
+                       QStringLiteral("Data de Aniversário"), Icon::Information, Buttons::OK},
+                      mskDtNasc);
+    QString inscricao = txtIEstadual.text();
+    if (UCase(Trim(cboFisJur.text())) == u"JURÍDICA" && !Trim(inscricao).isEmpty() &&
+        !ValidaInscricaoEstadual(inscricao, cboUF.text()))
+        return recusa({QStringLiteral("Inscrição Estadual Inválida!"), QStringLiteral("Inscrição Estadual"),
+                       Icon::Information, Buttons::OK},
+                      txtIEstadual);
+    return true;
+}
+
+} // namespace vorta

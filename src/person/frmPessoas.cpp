@@ -1,0 +1,257 @@
+#include "person/frmPessoas.h"
+
+#include "base/Text.h"
+#include "launch/AcessoDados.h"
+#include "launch/Lancamento.h"
+#include "person/BlocosEndereco.h"
+#include "person/CamposPessoa.h"
+#include "person/ContatosPessoa.h"
+#include "person/DesativacaoPessoa.h"
+#include "person/HistoricoPessoa.h"
+#include "person/VinculosPessoa.h"
+#include "shared/Consultas.h"
+#include "shared/Preenchimento.h"
+#include "shared/TextoEntrada.h"
+#include "shared/Vinculos.h"
+
+namespace vorta {
+
+namespace {
+
+using screen::Field;
+
+/// A role button that the company does not use is hidden by its switch.
+struct BotaoPapel {
+    const char* parametro;
+    const char* botao;
+};
+constexpr BotaoPapel botoesPapeis[]{
+    {"PESS_BOTAO_CLIENTE", "cmdCliente"},
+    {"PESS_BOTAO_FORNECEDOR", "cmdFornecedor"},
+    {"PESS_BOTAO_TRANSPORTADORA", "cmdTransportadora"},
+    {"PESS_BOTAO_VENDEDOR", "cmdVendedor"},
+    {"PESS_BOTAO_MOTORISTA", "cmdMotorista"},
+    {"PESS_BOTAO_DECORADOR", "cmdDecorador"},
+    {"PESS_BOTAO_ARQUITETO", "cmdArquiteto"},
+};
+
+bool ChecaEntrada(ContextoExecucao& contexto) {
+    return LeParametroEmpresa(contexto, QStringLiteral("PESS_CHECA_ENTRADA")) == u"S";
+}
+
+} // namespace
+
+frmPessoas::frmPessoas(ContextoExecucao& contexto) : Screen(contexto.program(), "frmPessoas"), contexto_(contexto) {
+    ColocaPaginas();
+    LigaFamilias();
+    LigaHandlers();
+    LigaBlocosEndereco(*this);
+    LigaContatos(*this);
+    LigaVinculos(*this);
+    LigaDesativacao(*this);
+    LigaHistorico(*this);
+}
+
+void frmPessoas::LigaHandlers() {
+    cmdINCLUIR.Click = [this] { cmdINCLUIR_Click(); };
+    cmdALTERAR.Click = [this] { cmdALTERAR_Click(); };
+    cmdSALVAR.Click = [this] { cmdSALVAR_Click(); };
+    cmdSAIR.Click = [this] { cmdSAIR_Click(); };
+    cmdPesquisar_Cliente.Click = [this] { cmdPesquisar_Cliente_Click(); };
+    cmdInfo.Click = [this] { contexto_.MostraTela(QStringLiteral("frmInfoPess")); };
+    cmdAbrirOutlook.Click = [this] { AbreEmail(contexto_, txtEmail1.text()); };
+    // cmdAbrirIExplorer opens nothing: the register has no browser of its own.
+
+    cboFisJur.GotFocus = [this] { cboFisJur.setEnabled(true); };
+    cboFisJur.LostFocus = [this] { cboFisJur_LostFocus(); };
+    mskCodigo.LostFocus = [this] { mskCodigo_LostFocus(); };
+    txtRowID.LostFocus = [this] { txtRowID_LostFocus(); };
+    txtFone1.LostFocus = [this] { txtFone1_LostFocus(); };
+    txtDescricao.LostFocus = [this] { txtDescricao.setText(Trim(UCase(txtDescricao.text()))); };
+    for (Field* email : std::initializer_list<Field*>{&txtEmail1, &txtPrinEmailContato, &txtEmailContato})
+        email->LostFocus = [this, email] { Email_LostFocus(*email); };
+}
+
+bool frmPessoas::EmEdicao() const {
+    return contexto_.ModoTela == u"I" || contexto_.ModoTela == u"A";
+}
+
+void frmPessoas::Load() {
+    Lancamento(contexto_, *this);
+    AplicaTamanhosCampos();
+    PosicionaBotoes();
+    BloqueiaCampos();
+    LimpaTela();
+    ExibeDataDesativacao();
+    contexto_.TelaChamadora = name();
+    cboFisJur.clear();
+    cboFisJur.addItem(QStringLiteral("Jurídica"));
+    cboFisJur.addItem(QStringLiteral("Física"));
+    PreencheTipoCliente(contexto_, *this);
+    AplicaDicasCampos();
+    PreencheCombosUFs(*this);
+    MostraBotoesPapeis();
+    MostraBotoesCep();
+    AplicaTipoClienteAutomatico();
+    PreencheTipoCliente(contexto_, *this);
+    PreencheVendedores(contexto_, {}, cboVendedor);
+    PreencheCargos(contexto_, {}, cboTipoContato);
+    PreencheTabelasPreco(*this);
+}
+
+void frmPessoas::ExibeDataDesativacao() {
+    if (LeParametroEmpresa(contexto_, QStringLiteral("PESS_DATA_DESA_VISUALIZA")) != u"N")
+        return;
+    lblNome_Data_Desa.setVisible(false);
+    lblDataDesa.setVisible(false);
+}
+
+void frmPessoas::MostraBotoesPapeis() {
+    for (const BotaoPapel& linha : botoesPapeis) {
+        const bool escondido = LeParametroEmpresa(contexto_, QString::fromLatin1(linha.parametro)) == u"N";
+        field(QString::fromLatin1(linha.botao)).setVisible(!escondido);
+    }
+}
+
+void frmPessoas::MostraBotoesCep() {
+    const bool ativo = CepAtivo(contexto_);
+    for (Field* botao : std::initializer_list<Field*>{&cmdCEP, &cmdCEP_Entg, &cmdCEP_Cobr})
+        botao->setVisible(ativo);
+}
+
+/// With the switch on the program alone decides the customer class.
+void frmPessoas::AplicaTipoClienteAutomatico() {
+    cboTipoCli.setEnabled(true);
+    if (LeParametroEmpresa(contexto_, QStringLiteral("TIPO_CLIENTE_AUTOMATICO")) != u"S")
+        return;
+    cboTipoCli.setText(QStringLiteral("BRONZE"));
+    cboTipoCli.setEnabled(false);
+}
+
+void frmPessoas::LimpaTela() {
+    SSTab2.setCurrent(0);
+    SSTab1.setCurrent(0);
+    PreparaGridContatos(*this);
+    PreparaGridAtividades(*this);
+    MontaGradesHistorico(*this);
+    for (const char* nome : CamposLimpos())
+        field(QString::fromLatin1(nome)).setText({});
+    for (screen::MaskedField* campo :
+         {&mskDtNasc, &mskCodigo, &mskCEP, &mskEnt_CEP, &mskCob_CEP, &mskDtNascCont, &mskDtAnivRel})
+        LimpaMascara(*campo);
+    for (screen::ListField* pais : {&cboPais_Coml, &cboPais_Entg, &cboPais_Cobr})
+        pais->setText(QStringLiteral("BRASIL"));
+    LimpaHistorico(*this);
+    AplicaTipoClienteAutomatico();
+    AtualizaIndicadoresVinculo(contexto_, *this);
+}
+
+void frmPessoas::PosicionaBotoes() {
+    const bool altera = !contexto_.SomenteConsulta;
+    for (screen::Button* botao : {&cmdINCLUIR, &cmdALTERAR, &cmdEXCLUIR, &cmdReativar})
+        botao->setEnabled(altera);
+    for (screen::Button* botao : {&cmdPESQUISAR, &cmdSALVAR, &cmdIMPRIMIR})
+        botao->setEnabled(false);
+    cmdSAIR.setEnabled(true);
+}
+
+void frmPessoas::PosicionaBotoesEdicao() {
+    for (screen::Button* botao : {&cmdPESQUISAR, &cmdINCLUIR, &cmdALTERAR, &cmdEXCLUIR, &cmdReativar, &cmdIMPRIMIR})
+        botao->setEnabled(false);
+    cmdSALVAR.setEnabled(true);
+    cmdSAIR.setEnabled(true);
+}
+
+void frmPessoas::AbandonaOperacao() {
+    PosicionaBotoes();
+    BloqueiaCampos();
+    LimpaTela();
+    contexto_.ModoTela = QStringLiteral(" ");
+}
+
+void frmPessoas::cmdINCLUIR_Click() {
+    LimpaTela();
+    if (ChecaEntrada(contexto_)) {
+        contexto_.MostraTela(QStringLiteral("frmPESSOAS_INCL"));
+        if (contexto_.RetornoPesquisa != u"[OK]")
+            return;
+    }
+    PosicionaBotoesEdicao();
+    contexto_.ModoTela = QStringLiteral("I");
+    LiberaCampos();
+    BloqueiaCampo(mskCodigo);
+    if (ChecaEntrada(contexto_)) {
+        BloqueiaCampo(txtDescricao);
+        BloqueiaCampo(cboFisJur);
+    } else {
+        LiberaCampo(txtDescricao);
+        LiberaCampo(cboFisJur);
+        LiberaCampo(mskCodigo);
+    }
+    BloqueiaCampo(txtRowID);
+    if (ChecaEntrada(contexto_))
+        SetFocus(txtEndereco);
+    else
+        SetFocus(txtCodPessExterno);
+}
+
+void frmPessoas::cmdALTERAR_Click() {
+    if (RTrim(txtRowID.text()).isEmpty()) {
+        program().MsgBox(QStringLiteral("Selecione Um Registro Para Executar esta Operação!"));
+        return;
+    }
+    if (!RTrim(txtDTDesativa.text()).isEmpty()) {
+        program().MsgBox(QStringLiteral("Impossibilidade de Executar o Comando!\nO Registro Está Desativado."));
+        SetFocus(Flex);
+        LimpaTela();
+        return;
+    }
+    PosicionaBotoesEdicao();
+    try {
+        IniciaAlteracao();
+    } catch (const RuntimeError& erro) {
+        program().MsgBox(
+            {QStringLiteral("Erro ao Alterar o Registro!\n%1 - %2").arg(erro.number()).arg(erro.description()),
+             QStringLiteral("Inclusão"), screen::Icon::None, screen::Buttons::OK});
+        setPointer(screen::Pointer::Default);
+        contexto_.RecordsetComum.Close();
+    }
+}
+
+void frmPessoas::IniciaAlteracao() {
+    contexto_.ModoTela = QStringLiteral("A");
+    LiberaCampos();
+    BloqueiaCampo(txtRowID);
+    SetFocus(txtDescricao);
+}
+
+void frmPessoas::cmdSAIR_Click() {
+    if (!EmEdicao()) {
+        Unload();
+        return;
+    }
+    const screen::Answer resposta = program().MsgBox(
+        {QStringLiteral("Existe operação não concluída!!!\n\n<Sim> Sair sem Concluir\n<Não> Retornar para a Operação "
+                        "Atual\n<Cancela> Retornar e Abortar a Operação Atual"),
+         {},
+         screen::Icon::None,
+         screen::Buttons::YesNoCancel});
+    if (resposta == screen::Answer::Yes)
+        Unload();
+    else if (resposta == screen::Answer::Cancel)
+        AbandonaOperacao();
+}
+
+void frmPessoas::cboFisJur_LostFocus() {
+    const bool fisica = cboFisJur.text() == u"Física";
+    if (!fisica && cboFisJur.text() != u"Jurídica")
+        return;
+    lblCGCCPF.setText(fisica ? QStringLiteral("CPF:") : QStringLiteral("CNPJ:"));
+    lblIE_RG.setText(fisica ? QStringLiteral("RG:") : QStringLiteral("I.Estadual:"));
+    if (!EmEdicao())
+        return;
+    mskCodigo.setMask(fisica ? QStringLiteral("###.###.###-##") : QStringLiteral("##.###.###/####-##"));
+    SetFocus(mskCodigo);
+}
+
+} // namespace vorta
