@@ -2,6 +2,8 @@
 
 #include "screen/Screen.h"
 
+#include <QScopeGuard>
+
 namespace vorta::screen {
 
 QString Program::applicationTitle() {
@@ -23,15 +25,21 @@ Answer Program::MsgBox(const Box& box) {
 void Program::ShowModal(Screen& screen) {
     requireRunning();
     screens_.push_back(&screen);
+    // Also a Load that fails takes its screen off again, for a handler that goes on.
+    const auto leave = qScopeGuard([&] { std::erase(screens_, &screen); });
     if (!screen.loaded_) {
         screen.loaded_ = true;
-        screen.Load();
+        try {
+            screen.Load();
+        } catch (const RuntimeError&) {
+            screen.loaded_ = false;
+            throw;
+        }
     }
     if (screen.loaded_) {
         screen.takeFirstFocus();
         platform_.runModal(screen);
     }
-    std::erase(screens_, &screen);
     requireRunning();
 }
 

@@ -102,8 +102,9 @@ bool Screen::moveFocus(Field* target) {
         old->LostFocus();
     losingFocus_ = false;
     Field* final = requestedFocus_ ? std::exchange(requestedFocus_, nullptr) : target;
+    // A field that its neighbour's LostFocus has just disabled passes the focus on, as one disabled later does.
     if (final && !final->canFocus())
-        final = nullptr;
+        final = nextField(nullptr);
     enter(final);
     return focus_ == target;
 }

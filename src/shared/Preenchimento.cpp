@@ -24,11 +24,14 @@ void Preenche(ContextoExecucao& contexto, const Statement& comando, const char* 
 ListField& ListaDa(screen::Screen& tela, const char* nome) {
     auto* lista = dynamic_cast<ListField*>(&tela.field(QString::fromLatin1(nome)));
     if (!lista)
-        throw RuntimeError(errorNumber::NoSuchMember, QStringLiteral("%1 não é uma lista").arg(QLatin1StringView(nome)));
+        throw RuntimeError(errorNumber::NoSuchMember,
+                           QStringLiteral("%1 não é uma lista").arg(QLatin1StringView(nome)));
     return *lista;
 }
 
-bool comecaComAlgarismo(const QString& texto) { return !texto.isEmpty() && texto[0] >= u'0' && texto[0] <= u'9'; }
+bool comecaComAlgarismo(const QString& texto) {
+    return !texto.isEmpty() && texto[0] >= u'0' && texto[0] <= u'9';
+}
 
 /// The ways of paying that are settled through a bank.
 constexpr std::array<QStringView, 5> formasBancarias{u"BOLETO", u"CHEQUE", u"TRANSFERENCIA", u"TED", u"DOC"};
@@ -157,6 +160,7 @@ void PreencheUFs(ContextoExecucao& contexto, ListField& lista) {
 
 void PreencheTabelasPreco(screen::Screen& tela) {
     ListField& lista = ListaDa(tela, "cboTabelaPrecos");
+    lista.clear();
     for (char16_t letra = u'A'; letra <= u'J'; ++letra)
         lista.addItem(QStringLiteral("Tabela ") + QChar(letra));
 }
@@ -164,23 +168,24 @@ void PreencheTabelasPreco(screen::Screen& tela) {
 void PreencheBancosOuCartoes(ContextoExecucao& contexto, const QString& texto, const QString& formaPagamento,
                              ListField& lista) {
     lista.clear();
+    const QString aparado = Trim(texto);
     Statement comando;
     if (std::find(formasBancarias.begin(), formasBancarias.end(), formaPagamento) != formasBancarias.end()) {
         comando << "SELECT nome_banc "
                 << "FROM Banc "
                 << "where data_desa is null ";
-        if (comecaComAlgarismo(texto))
-            comando << "and codi_banc like '" << texto << "%' ";
-        else if (!texto.isEmpty())
-            comando << "and nome_banc like '%" << texto << "%' ";
+        if (comecaComAlgarismo(aparado))
+            comando << "and codi_banc like '" << aparado << "%' ";
+        else
+            comando << "and nome_banc like '%" << aparado << "%' ";
         comando << "order by nome_banc";
         Preenche(contexto, comando, "nome_banc", lista);
     } else if (formaPagamento == u"CARTAO") {
         comando << "SELECT nome_cart "
                 << "FROM cart "
                 << "where data_desa is null ";
-        if (!texto.isEmpty())
-            comando << "and nome_cart like '%" << texto << "%' ";
+        if (!aparado.isEmpty())
+            comando << "and nome_cart like '%" << aparado << "%' ";
         comando << "order by nome_cart";
         Preenche(contexto, comando, "nome_cart", lista);
     }

@@ -26,8 +26,8 @@ constexpr std::array papeis{
 /// The role words of the document search and their tables; any other word searches the whole register.
 struct TabelaPapel {
     QStringView palavra;
-    data::Piece de;     ///< the table in the FROM list
-    data::Piece liga;   ///< the join
+    data::Piece de;   ///< the table in the FROM list
+    data::Piece liga; ///< the join
 };
 
 constexpr std::array tabelasPapel{
@@ -88,7 +88,9 @@ Statement BuscaPorDocumento(const TabelaPapel* tabela, const QString& documento,
 
 } // namespace
 
-std::span<const PapelVinculo> Papeis() { return papeis; }
+std::span<const PapelVinculo> Papeis() {
+    return papeis;
+}
 
 const PapelVinculo& Papel(TipoPapel papel) {
     return *std::find_if(papeis.begin(), papeis.end(), [&](const PapelVinculo& linha) { return linha.papel == papel; });
@@ -98,7 +100,7 @@ QString Vinculo(ContextoExecucao& contexto, TipoPapel papel, const QString& idpe
     const PapelVinculo& linha = Papel(papel);
     contexto.SqlConsulta.clear();
     contexto.SqlConsulta << linha.consulta << "where idpess = " << idpess;
-    if (contexto.VinculoAtual == u"N" || Trim(contexto.VinculoAtual).isEmpty())
+    if (contexto.VinculoAtual != u"S")
         contexto.SqlConsulta << " and data_desa is null";
     Recordset registros = AbreLeitura(contexto, contexto.SqlConsulta);
     return registros.Eof() ? u"0"_qs : registros.Fields(linha.coluna).text();
@@ -156,9 +158,10 @@ QString RetornaPessoaPorDocumento(ContextoExecucao& contexto, QString& documento
         contexto.RetornoPesquisa = QStringLiteral("CNPJ/CPF não localizado!");
     else if (!tabela)
         contexto.RetornoPesquisa =
-            parcial ? QStringLiteral("Atenção! A Empresa possui mais de uma filial...deverá ser digitado o CNPJ completo!")
-                    : QStringLiteral("Atenção! Você está com problemas de cadastros, duplicidades de CNPJ/CPF foram "
-                                     "detectados!");
+            parcial
+                ? QStringLiteral("Atenção! A Empresa possui mais de uma filial...deverá ser digitado o CNPJ completo!")
+                : QStringLiteral("Atenção! Você está com problemas de cadastros, duplicidades de CNPJ/CPF foram "
+                                 "detectados!");
     if (!nome.isEmpty())
         contexto.RetornoPesquisa = QStringLiteral("[ID]") + nome;
     else if (!papel.isEmpty())

@@ -21,8 +21,8 @@ struct PapelVinculo {
 std::span<const PapelVinculo> Papeis();
 const PapelVinculo& Papel(TipoPapel papel);
 
-/// The id of the person's role row as text, "0" when there is none. Deactivated rows count only while `VinculoAtual` is "S" (any value other than
-/// "N" and empty lifts the filter).
+/// The id of the person's role row as text, "0" when there is none. Deactivated rows count only while `VinculoAtual` is
+/// "S".
 QString Vinculo(ContextoExecucao& contexto, TipoPapel papel, const QString& idpess);
 QString VinculoCliente(ContextoExecucao& contexto, const QString& idpess);
 QString VinculoMotorista(ContextoExecucao& contexto, const QString& idpess);

@@ -10,6 +10,13 @@
 
 namespace vorta::test {
 
+/// The person screen as it stands when the launch has gone by.
+class TelaSemLancamento : public frmPessoas {
+  public:
+    using frmPessoas::frmPessoas;
+    void Load() override {}
+};
+
 /// The person screen on a scripted database, without the launch: the connection stands and the screen is empty and
 /// idle.
 class PessoasFixture : public ::testing::Test {
@@ -22,6 +29,7 @@ class PessoasFixture : public ::testing::Test {
         database.answer(QStringLiteral("gen_id(GEN_PESS, 1)"), {{QStringLiteral("GEN_ID")}, {{number(501)}}});
         database.answer(QStringLiteral("gen_id(GEN_PESS_CONT, 1)"), {{QStringLiteral("GEN_ID")}, {{number(71)}}});
         database.answer(QStringLiteral("gen_id(GEN_PESS_ATIV, 1)"), {{QStringLiteral("GEN_ID")}, {{number(81)}}});
+        program.ShowModal(tela);
         tela.PosicionaBotoes();
         tela.BloqueiaCampos();
         tela.lblCodiEmpresa.setText(QStringLiteral("0001"));
@@ -66,7 +74,7 @@ class PessoasFixture : public ::testing::Test {
     FakeDatabase database;
     screen::Program program{platform};
     ContextoExecucao contexto{program, database.factory()};
-    frmPessoas tela{contexto};
+    TelaSemLancamento tela{contexto};
     screen::User user{program};
 };
 

@@ -12,10 +12,12 @@ TEST_F(TelaPessoas, IdleTakesTheTwoSearchKeysOnly) {
         const bool entrada = campo->kind() == screen::FieldKind::Text || campo->kind() == screen::FieldKind::List;
         const bool chave = campo == &tela.txtRowID || campo == &tela.txtCodPessExterno;
         const bool filtro = campo == &tela.txtVrTOP || campo == &tela.cboProduto;
-        if (entrada && !filtro)
+        if (entrada && !filtro) {
             EXPECT_EQ(campo->locked(), !chave) << campo->name().toStdString();
-        if (campo->kind() == screen::FieldKind::Masked)
+        }
+        if (campo->kind() == screen::FieldKind::Masked) {
             EXPECT_FALSE(campo->enabled()) << campo->name().toStdString();
+        }
     }
     EXPECT_EQ(tela.txtRowID.background(), branco);
     EXPECT_EQ(tela.txtDescricao.background(), cinza);

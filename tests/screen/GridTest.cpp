@@ -1,0 +1,119 @@
+#include "SampleScreen.h"
+
+using namespace vorta;
+using namespace vorta::test;
+
+namespace {
+
+constexpr int foraDaGrade = 381;
+
+struct GridTest : testing::Test {
+    SampleWorld world;
+    Grid& grade = world.tela.grade;
+    void SetUp() override { grade.reset({{u"Código"_qs, 900}, {u"Nome"_qs}, {u"Cidade"_qs}}); }
+    QStringList linha(int row) const {
+        QStringList cells;
+        for (int col = 0; col < grade.Cols(); ++col)
+            cells += grade.cell(row, col);
+        return cells;
+    }
+};
+
+} // namespace
+
+TEST_F(GridTest, StartsWithItsHeadersOnly) {
+    EXPECT_EQ(grade.Rows(), 1);
+    EXPECT_EQ(grade.Cols(), 3);
+    EXPECT_EQ(grade.Row(), 0);
+    EXPECT_EQ(linha(0), QStringList({u"Código"_qs, u"Nome"_qs, u"Cidade"_qs}));
+}
+
+TEST_F(GridTest, TabsPartTheCells) {
+    grade.AddItem(u"1\tJoão\tSão Vicente"_qs);
+    grade.AddItem(u"2\tAna"_qs);
+    grade.AddItem(u"\t\t"_qs);
+    grade.AddItem(u"4\ta\tb\tsobra"_qs);
+    EXPECT_EQ(grade.Rows(), 5);
+    EXPECT_EQ(linha(1), QStringList({u"1"_qs, u"João"_qs, u"São Vicente"_qs}));
+    EXPECT_EQ(linha(2), QStringList({u"2"_qs, u"Ana"_qs, QString()}));
+    EXPECT_EQ(linha(3), QStringList({QString(), QString(), QString()}));
+    EXPECT_EQ(linha(4), QStringList({u"4"_qs, u"a"_qs, u"b"_qs}));
+}
+
+TEST_F(GridTest, TheFirstAddedRowBecomesCurrent) {
+    grade.AddItem(u"1"_qs);
+    grade.AddItem(u"2"_qs);
+    EXPECT_EQ(grade.Row(), 1);
+    grade.setRow(2);
+    grade.setCol(0);
+    EXPECT_EQ(grade.currentText(), u"2"_qs);
+}
+
+TEST_F(GridTest, CellsCanBeOverwritten) {
+    grade.AddItem(u"1\tAna\tSantos"_qs);
+    grade.setCell(1, 1, u"Ana Maria"_qs);
+    grade.setCell(1, 2, {});
+    grade.setCell(0, 1, u"Cliente"_qs);
+    EXPECT_EQ(linha(1), QStringList({u"1"_qs, u"Ana Maria"_qs, QString()}));
+    EXPECT_EQ(grade.cell(0, 1), u"Cliente"_qs);
+}
+
+TEST_F(GridTest, RemovingRowsKeepsTheOthersAndTheCurrentRowInside) {
+    for (const QString& row : {u"1"_qs, u"2"_qs, u"3"_qs})
+        grade.AddItem(row);
+    grade.setRow(3);
+    grade.RemoveItem(2);
+    EXPECT_EQ(grade.Rows(), 3);
+    EXPECT_EQ(grade.cell(2, 0), u"3"_qs);
+    EXPECT_EQ(grade.Row(), 2);
+    grade.RemoveItem(1);
+    grade.RemoveItem(1);
+    EXPECT_EQ(grade.Rows(), 1);
+    EXPECT_EQ(grade.Row(), 0);
+    grade.AddItem(u"9"_qs);
+    EXPECT_EQ(grade.Row(), 1);
+}
+
+TEST_F(GridTest, PlacesOutsideAreErrors) {
+    grade.AddItem(u"1"_qs);
+    EXPECT_EQ(errorOf([&] { grade.cell(2, 0); }), foraDaGrade);
+    EXPECT_EQ(errorOf([&] { grade.cell(1, 3); }), foraDaGrade);
+    EXPECT_EQ(errorOf([&] { grade.setCell(2, 0, {}); }), foraDaGrade);
+    EXPECT_EQ(errorOf([&] { grade.setRow(2); }), foraDaGrade);
+    EXPECT_EQ(errorOf([&] { grade.setRow(-1); }), foraDaGrade);
+    EXPECT_EQ(errorOf([&] { grade.setCol(3); }), foraDaGrade);
+    EXPECT_EQ(errorOf([&] { grade.RemoveItem(0); }), foraDaGrade);
+    EXPECT_EQ(errorOf([&] { grade.RemoveItem(2); }), foraDaGrade);
+}
+
+TEST_F(GridTest, ResetEmptiesAndEveryChangeCounts) {
+    const quint64 before = grade.revision();
+    grade.AddItem(u"1"_qs);
+    EXPECT_GT(grade.revision(), before);
+    grade.setTopRow(40);
+    EXPECT_EQ(grade.TopRow(), 1);
+    grade.reset({{u"Só"_qs}});
+    EXPECT_EQ(grade.Rows(), 1);
+    EXPECT_EQ(grade.Cols(), 1);
+    EXPECT_EQ(grade.bytesUsed(), 0);
+}
+
+TEST_F(GridTest, AHundredThousandRowsStayPacked) {
+    for (int row = 1; row <= 100000; ++row)
+        grade.AddItem(QString::number(row) + u"\tNOME\t"_qs);
+    EXPECT_EQ(grade.cell(100000, 0), u"100000"_qs);
+    EXPECT_EQ(grade.cell(50000, 1), u"NOME"_qs);
+    EXPECT_LT(grade.bytesUsed(), 100000 * 48);
+}
+
+TEST_F(GridTest, AClickOnTheHeaderIsRowZero) {
+    grade.AddItem(u"1\tAna"_qs);
+    world.user.clickCell(grade, 1, 1);
+    EXPECT_EQ(grade.currentText(), u"Ana"_qs);
+    EXPECT_EQ(world.tela.focus(), &grade);
+    world.user.clickCell(grade, 0, 1);
+    EXPECT_EQ(grade.Row(), 0);
+    world.user.doubleClickCell(grade, 1, 0);
+    EXPECT_EQ(grade.Row(), 1);
+    EXPECT_EQ(world.tela.events.last(), u"double FlexLista"_qs);
+}

@@ -1,0 +1,110 @@
+#include "SampleScreen.h"
+
+using namespace vorta;
+using namespace vorta::test;
+
+namespace {
+
+/// What a mask shows for a text given to it.
+struct Dado {
+    const char* mascara;
+    const char* texto;
+    const char* mostrado;
+};
+
+} // namespace
+
+TEST(MaskedField, BlankForms) {
+    SampleWorld world;
+    const std::vector<std::pair<const char*, const char*>> casos{{"#####-###", "_____-___"},
+                                                                 {"##/##", "__/__"},
+                                                                 {"###.###.###-##", "___.___.___-__"},
+                                                                 {"##.###.###/####-##", "__.___.___/____-__"}};
+    for (const auto& [mascara, vazio] : casos) {
+        world.tela.mskCEP.setMask(QString::fromUtf8(mascara));
+        EXPECT_EQ(world.tela.mskCEP.text(), QString::fromUtf8(vazio));
+        EXPECT_EQ(world.tela.mskCEP.blank(), QString::fromUtf8(vazio));
+        EXPECT_TRUE(world.tela.mskCEP.isBlank());
+    }
+}
+
+TEST(MaskedField, TextsThatFitPourOrStayRaw) {
+    SampleWorld world;
+    const std::vector<Dado> casos{
+        {"#####-###", "11015-200", "11015-200"},
+        {"#####-###", "11015200", "11015-200"},
+        {"#####-###", "110", "110__-___"},
+        {"#####-###", "11.015-20", "11015-20_"},
+        {"#####-###", "110152001", "110152001"},
+        {"#####-###", "ABC", "ABC"},
+        {"#####-###", "", "_____-___"},
+        {"##/##", "5/11", "51/1_"},
+        {"###.###.###-##", "11144477735", "111.444.777-35"},
+        {"##.###.###/####-##", "11222333000181", "11.222.333/0001-81"},
+        {"", "qualquer coisa", "qualquer coisa"},
+        {"", "", ""},
+    };
+    for (const Dado& caso : casos) {
+        MaskedField& campo = world.tela.mskCEP;
+        campo.setMask({});
+        campo.setText({});
+        campo.setMask(QString::fromUtf8(caso.mascara));
+        campo.setText(QString::fromUtf8(caso.texto));
+        EXPECT_EQ(campo.text(), QString::fromUtf8(caso.mostrado)) << caso.mascara << " <- " << caso.texto;
+    }
+}
+
+TEST(MaskedField, AnEmptyMaskGivesTheTextAsShown) {
+    SampleWorld world;
+    MaskedField& campo = world.tela.mskCEP;
+    campo.setText(u"11015200"_qs);
+    campo.setMask({});
+    EXPECT_EQ(campo.text(), u"11015-200"_qs);
+    campo.setMask(u"##/##"_qs);
+    EXPECT_EQ(campo.text(), u"11015-200"_qs) << "a new mask keeps a text";
+    campo.setText({});
+    campo.setMask({});
+    EXPECT_EQ(campo.text(), u"__/__"_qs);
+    campo.setMask(u"#####-###"_qs);
+    EXPECT_EQ(campo.text(), u"_____-___"_qs) << "a blank text becomes the new blank form";
+}
+
+TEST(MaskedField, DigitsFillThePlacesAndPassTheMarks) {
+    SampleWorld world;
+    MaskedField& campo = world.tela.mskCEP;
+    world.user.type(campo, u"11015200"_qs);
+    EXPECT_EQ(campo.text(), u"11015-200"_qs);
+    world.user.type(campo, u"12345-678"_qs);
+    EXPECT_EQ(campo.text(), u"12345-678"_qs) << "a mark typed in its place is passed over";
+    world.user.type(campo, u"1a2b"_qs);
+    EXPECT_EQ(campo.text(), u"12___-___"_qs) << "letters are refused";
+    world.user.type(campo, u"1234567890"_qs);
+    EXPECT_EQ(campo.text(), u"12345-678"_qs) << "no place is left for the last two";
+}
+
+TEST(MaskedField, BackspaceAndDeleteLeaveTheMarks) {
+    SampleWorld world;
+    MaskedField& campo = world.tela.mskCEP;
+    world.user.type(campo, u"123456"_qs);
+    EXPECT_EQ(campo.text(), u"12345-6__"_qs);
+    world.user.key(campo, Key::Backspace);
+    world.user.key(campo, Key::Backspace);
+    EXPECT_EQ(campo.text(), u"1234_-___"_qs);
+    campo.select(0, 2);
+    world.user.key(campo, Key::Delete);
+    EXPECT_EQ(campo.text(), u"__34_-___"_qs);
+    world.user.type(campo, {});
+    EXPECT_EQ(campo.text(), u"_____-___"_qs);
+}
+
+TEST(MaskedField, WithoutAMaskItIsAPlainTextWithALimit) {
+    SampleWorld world;
+    MaskedField& campo = world.tela.mskCEP;
+    campo.setMask({});
+    campo.setText({});
+    campo.setMaxLength(4);
+    world.user.type(campo, u"AB-12"_qs);
+    EXPECT_EQ(campo.text(), u"AB-1"_qs);
+    world.user.key(campo, Key::Backspace);
+    EXPECT_EQ(campo.text(), u"AB-"_qs);
+}

@@ -1,0 +1,139 @@
+#include "SampleScreen.h"
+
+using namespace vorta;
+using namespace vorta::test;
+
+TEST(Program, BoxesReachTheOutsideAsAsked) {
+    SampleWorld world;
+    world.platform.willAnswer(Answer::Yes);
+    world.program.dispatch([&] {
+        EXPECT_EQ(world.program.MsgBox(u"Aviso"_qs), Answer::OK);
+        EXPECT_EQ(world.program.MsgBox({u"Continua?"_qs, u"Título"_qs, Icon::Information, Buttons::YesNo}),
+                  Answer::Yes);
+    });
+    ASSERT_EQ(world.platform.boxes.size(), 2u);
+    EXPECT_EQ(world.platform.boxes[0].text, u"Aviso"_qs);
+    EXPECT_EQ(world.platform.boxes[0].title, QString());
+    EXPECT_EQ(world.platform.boxes[0].icon, Icon::None);
+    EXPECT_EQ(world.platform.boxes[1].title, u"Título"_qs);
+    EXPECT_EQ(world.platform.boxes[1].icon, Icon::Information);
+    EXPECT_EQ(Program::applicationTitle(), u"Cadastro de Pessoas"_qs);
+}
+
+TEST(Program, ModalScreensStackAndTheCallerWaits) {
+    SampleWorld world;
+    SampleScreen filha(world.program, u"frmFilha"_qs);
+    QStringList steps;
+    world.platform.whenShown(u"frmAmostra"_qs, [&](Screen&) {
+        EXPECT_EQ(world.program.activeScreen(), &world.tela);
+        world.program.ShowModal(filha);
+        steps += u"back"_qs;
+        EXPECT_EQ(world.program.activeScreen(), &world.tela);
+    });
+    world.platform.whenShown(u"frmFilha"_qs, [&](Screen& screen) {
+        EXPECT_EQ(world.program.activeScreen(), &filha);
+        EXPECT_EQ(world.program.screens().size(), 2u);
+        steps += u"child"_qs;
+        world.user.close(screen);
+    });
+    EXPECT_TRUE(world.program.dispatch([&] { world.program.ShowModal(world.tela); }));
+    EXPECT_EQ(steps, QStringList({u"child"_qs, u"back"_qs}));
+    EXPECT_EQ(filha.events.last(), u"unload"_qs);
+    EXPECT_EQ(filha.events.count(u"unload"_qs), 1);
+    EXPECT_EQ(world.program.activeScreen(), nullptr);
+}
+
+TEST(Program, AScreenThatClosesInItsLoadIsNotShown) {
+    struct Fechada : Screen {
+        explicit Fechada(Program& program) : Screen(program, QStringLiteral("frmFechada")) {}
+        void Load() override { Unload(); }
+    };
+    SampleWorld world;
+    Fechada fechada(world.program);
+    EXPECT_TRUE(world.program.dispatch([&] { world.program.ShowModal(fechada); }));
+    EXPECT_TRUE(world.platform.shown.isEmpty());
+}
+
+TEST(Program, ALoadThatFailsAndIsCaughtLeavesTheCallerInFront) {
+    struct Falha : Screen {
+        explicit Falha(Program& program) : Screen(program, QStringLiteral("frmFalha")) {}
+        void Load() override { throw RuntimeError(errorNumber::StatementRefused); }
+    };
+    SampleWorld world;
+    Falha falha(world.program);
+    world.platform.whenShown(u"frmAmostra"_qs, [&](Screen&) {
+        EXPECT_EQ(errorOf([&] { world.program.ShowModal(falha); }), errorNumber::StatementRefused);
+        EXPECT_EQ(world.program.activeScreen(), &world.tela);
+        EXPECT_FALSE(falha.isLoaded());
+    });
+    EXPECT_TRUE(world.program.dispatch([&] { world.program.ShowModal(world.tela); }));
+}
+
+TEST(Program, EndLeavesEveryModalWaitAndNothingContinues) {
+    SampleWorld world;
+    int ends = 0;
+    world.program.onEnd = [&] { ++ends; };
+    bool continued = false;
+    world.tela.cmdSalvar.Click = [&] {
+        world.program.End();
+        continued = true;
+    };
+    world.platform.whenShown(u"frmAmostra"_qs, [&](Screen&) { world.user.click(world.tela.cmdSalvar); });
+    EXPECT_FALSE(world.program.dispatch([&] {
+        world.program.ShowModal(world.tela);
+        continued = true;
+    }));
+    EXPECT_FALSE(continued);
+    EXPECT_TRUE(world.program.hasEnded());
+    EXPECT_EQ(world.program.exitCode(), 0);
+    EXPECT_EQ(ends, 1);
+    EXPECT_TRUE(world.program.screens().empty());
+    EXPECT_FALSE(world.program.dispatch([&] { continued = true; })) << "no event reaches an ended program";
+    EXPECT_FALSE(continued);
+}
+
+TEST(Program, ARunTimeErrorEndsItInOrder) {
+    SampleWorld world;
+    QStringList order;
+    world.program.onEnd = [&] {
+        order += u"connection closed"_qs;
+        EXPECT_TRUE(world.platform.boxes.empty()) << "the rollback comes before the box";
+    };
+    world.tela.cmdSalvar.Click = [] { throw RuntimeError(errorNumber::StatementRefused, QStringLiteral("recusado")); };
+    world.platform.whenShown(u"frmAmostra"_qs, [&](Screen&) {
+        world.user.click(world.tela.cmdSalvar);
+        EXPECT_TRUE(world.program.hasEnded());
+    });
+    EXPECT_FALSE(world.program.dispatch([&] { world.program.ShowModal(world.tela); }));
+    EXPECT_EQ(order.size(), 1);
+    ASSERT_EQ(world.platform.boxes.size(), 1u);
+    EXPECT_EQ(world.platform.boxes[0].text, u"Erro -2147217900\n\nrecusado"_qs);
+    EXPECT_EQ(world.platform.boxes[0].icon, Icon::Critical);
+    EXPECT_EQ(world.program.exitCode(), 1);
+    ASSERT_TRUE(world.program.failure().has_value());
+    EXPECT_EQ(world.program.failure()->number(), errorNumber::StatementRefused);
+}
+
+TEST(Program, NothingIsAskedAfterTheEnd) {
+    SampleWorld world;
+    bool continued = false;
+    world.program.dispatch([&] { world.program.End(); });
+    EXPECT_THROW(
+        {
+            world.program.MsgBox(u"tarde"_qs);
+            continued = true;
+        },
+        ProgramEnded);
+    EXPECT_THROW(world.program.ShowModal(world.tela), ProgramEnded);
+    EXPECT_FALSE(continued);
+    EXPECT_TRUE(world.platform.boxes.empty());
+}
+
+TEST(Program, TwoOfThemLiveSideBySide) {
+    SampleWorld first;
+    SampleWorld second;
+    first.program.dispatch([&] { first.program.End(); });
+    EXPECT_TRUE(first.program.hasEnded());
+    EXPECT_FALSE(second.program.hasEnded());
+    EXPECT_TRUE(second.program.dispatch([&] { second.program.MsgBox(u"vivo"_qs); }));
+}

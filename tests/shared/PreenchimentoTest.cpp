@@ -1,0 +1,218 @@
+#include "shared/Preenchimento.h"
+
+#include "support/World.h"
+
+using namespace vorta;
+using namespace vorta::test;
+
+namespace {
+
+using C = ContextoExecucao;
+using screen::ListField;
+
+struct Tela : screen::Screen {
+    explicit Tela(screen::Program& program) : Screen(program, QStringLiteral("frmTeste")) {}
+    ListField lista{this, "cboTipoCli"};
+    ListField precos{this, "cboTabelaPrecos"};
+};
+
+/// A filler, the text that it sends, and the column that it shows.
+struct Lista {
+    const char* nome;
+    void (*preenche)(C& contexto, Tela& tela);
+    const char* enviado;
+    const char* coluna;
+};
+
+template <auto funcao>
+void comTexto(C& contexto, Tela& tela) {
+    funcao(contexto, QStringLiteral(" Me "), tela.lista);
+}
+template <auto funcao>
+void semTexto(C& contexto, Tela& tela) {
+    funcao(contexto, QStringLiteral("  "), tela.lista);
+}
+template <auto funcao>
+void fixa(C& contexto, Tela& tela) {
+    funcao(contexto, tela.lista);
+}
+
+const std::vector<Lista> listas{
+    {"PreencheTipoCliente", [](C& contexto, Tela& tela) { PreencheTipoCliente(contexto, tela); },
+     "SELECT DESC_TIPO_CLIE FROM TIPO_CLIE WHERE DATA_DESA IS NULL ORDER BY DESC_TIPO_CLIE", "desc_tipo_clie"},
+    {"PreencheCargos", comTexto<PreencheCargos>,
+     "SELECT DESC_CARG FROM CARG WHERE DATA_DESA IS NULL AND DESC_CARG LIKE 'ME%' ORDER BY DESC_CARG", "desc_carg"},
+    {"PreencheCargos empty", semTexto<PreencheCargos>,
+     "SELECT DESC_CARG FROM CARG WHERE DATA_DESA IS NULL AND DESC_CARG LIKE '%' ORDER BY DESC_CARG", "desc_carg"},
+    {"PreencheAtividades", comTexto<PreencheAtividades>,
+     "SELECT DESC_ATIV FROM ATIV WHERE DATA_DESA IS NULL AND DESC_ATIV LIKE 'ME%' ORDER BY DESC_ATIV", "desc_ativ"},
+    {"PreencheAtividades empty", semTexto<PreencheAtividades>,
+     "SELECT DESC_ATIV FROM ATIV WHERE DATA_DESA IS NULL ORDER BY DESC_ATIV", "desc_ativ"},
+    {"PreencheVendedores", comTexto<PreencheVendedores>,
+     "SELECT PESS.NOME_CONH FROM PESS, VEND WHERE PESS.IDPESS = VEND.IDPESS AND PESS.NOME_CONH LIKE 'ME%' "
+     "AND VEND.DATA_DESA IS NULL ORDER BY PESS.NOME_CONH",
+     "NOME_CONH"},
+    {"PreencheVendedores empty", semTexto<PreencheVendedores>,
+     "SELECT PESS.NOME_CONH FROM PESS, VEND WHERE PESS.IDPESS = VEND.IDPESS AND VEND.DATA_DESA IS NULL "
+     "ORDER BY PESS.NOME_CONH",
+     "NOME_CONH"},
+    {"PreencheTransportadoras", comTexto<PreencheTransportadoras>,
+     "SELECT PESS.NOME_CONH FROM PESS, TRPT WHERE PESS.IDPESS = TRPT.IDPESS AND TRPT.DATA_DESA IS NULL "
+     "AND PESS.NOME_CONH LIKE 'ME%' ORDER BY PESS.NOME_CONH",
+     "NOME_CONH"},
+    {"PreencheTipoProduto", fixa<PreencheTipoProduto>, "SELECT DESC_TIPO_PROD FROM TIPO_PROD WHERE DATA_DESA IS NULL",
+     "DESC_TIPO_PROD"},
+    {"PreencheRegimeEspecial", fixa<PreencheRegimeEspecial>,
+     "SELECT DESC_REGI_ESPE_ICMS FROM REGI_ESPE_ICMS WHERE DATA_DESA IS NULL ORDER BY DESC_REGI_ESPE_ICMS",
+     "Desc_regi_espe_icms"},
+    {"PreenchePaises", comTexto<PreenchePaises>,
+     "SELECT NOME_PAIS FROM PAIS  WHERE DATA_DESA IS NULL AND (PAIS.NOME_PAIS LIKE '%ME%') ORDER BY NOME_PAIS",
+     "nome_pais"},
+    {"PreencheMunicipios",
+     [](C& contexto, Tela& tela) { PreencheMunicipios(contexto, u" SP "_qs, u" Sant "_qs, tela.lista); },
+     "SELECT * FROM MUNI_IBGE  WHERE DATA_DESA IS NULL AND UF00_MUNI_IBGE = 'SP' "
+     "AND (MUNI_IBGE.DESC_MUNI_IBGE LIKE '%SANT%') ORDER BY DESC_MUNI_IBGE",
+     "desc_muni_ibge"},
+    {"PreencheCargosContem", comTexto<PreencheCargosContem>,
+     "SELECT DESC_CARG FROM CARG  WHERE DATA_DESA IS NULL AND (CARG.DESC_CARG LIKE '%ME%') ORDER BY DESC_CARG",
+     "desc_carg"},
+    {"PreencheCargosContem empty", semTexto<PreencheCargosContem>,
+     "SELECT DESC_CARG FROM CARG  WHERE DATA_DESA IS NULL ORDER BY DESC_CARG", "desc_carg"},
+    {"PreencheColecoes", comTexto<PreencheColecoes>,
+     "SELECT DESC_COLE FROM COLE WHERE DATA_DESA IS NULL AND (DESC_COLE LIKE '%ME%') ORDER BY DESC_COLE", "desc_cole"},
+    {"PreencheBancosOuCartoes by name",
+     [](C& contexto, Tela& tela) { PreencheBancosOuCartoes(contexto, u" Itau "_qs, u"BOLETO"_qs, tela.lista); },
+     "SELECT NOME_BANC FROM BANC WHERE DATA_DESA IS NULL AND NOME_BANC LIKE '%ITAU%' ORDER BY NOME_BANC", "nome_banc"},
+    {"PreencheBancosOuCartoes by code",
+     [](C& contexto, Tela& tela) { PreencheBancosOuCartoes(contexto, u" 34"_qs, u"DOC"_qs, tela.lista); },
+     "SELECT NOME_BANC FROM BANC WHERE DATA_DESA IS NULL AND CODI_BANC LIKE '34%' ORDER BY NOME_BANC", "nome_banc"},
+    {"PreencheBancosOuCartoes empty",
+     [](C& contexto, Tela& tela) { PreencheBancosOuCartoes(contexto, {}, u"TED"_qs, tela.lista); },
+     "SELECT NOME_BANC FROM BANC WHERE DATA_DESA IS NULL AND NOME_BANC LIKE '%%' ORDER BY NOME_BANC", "nome_banc"},
+    {"PreencheBancosOuCartoes card",
+     [](C& contexto, Tela& tela) { PreencheBancosOuCartoes(contexto, u"Vis"_qs, u"CARTAO"_qs, tela.lista); },
+     "SELECT NOME_CART FROM CART WHERE DATA_DESA IS NULL AND NOME_CART LIKE '%VIS%' ORDER BY NOME_CART", "nome_cart"},
+    {"PreencheBancosOuCartoes card, empty",
+     [](C& contexto, Tela& tela) { PreencheBancosOuCartoes(contexto, {}, u"CARTAO"_qs, tela.lista); },
+     "SELECT NOME_CART FROM CART WHERE DATA_DESA IS NULL ORDER BY NOME_CART", "nome_cart"},
+};
+
+} // namespace
+
+TEST(Preenchimento, EachSendsItsOneStatement) {
+    for (const Lista& lista : listas) {
+        World mundo;
+        mundo.connect();
+        Tela tela(mundo.program);
+        lista.preenche(mundo.contexto, tela);
+        EXPECT_EQ(mundo.database.sent, QStringList(QString::fromUtf8(lista.enviado))) << lista.nome;
+    }
+}
+
+TEST(Preenchimento, TheListIsEmptiedAndTakesTheRowsInTheirOrder) {
+    for (const Lista& lista : listas) {
+        World mundo;
+        mundo.connect();
+        mundo.database.answer(u""_qs, {{QString::fromUtf8(lista.coluna)}, {{text("ZETA")}, {text("ÁLVARO")}}});
+        Tela tela(mundo.program);
+        tela.lista.addItem(u"VELHO"_qs);
+        tela.lista.setText(u"VELHO"_qs);
+        lista.preenche(mundo.contexto, tela);
+        EXPECT_EQ(tela.lista.items(), QStringList({u"ZETA"_qs, u"ÁLVARO"_qs})) << lista.nome;
+        EXPECT_EQ(tela.lista.text(), QString()) << lista.nome;
+    }
+}
+
+TEST(Preenchimento, ANullNameIsSkippedForSalespersonsOnly) {
+    for (const Lista& lista : listas) {
+        World mundo;
+        mundo.connect();
+        mundo.database.answer(u""_qs, {{QString::fromUtf8(lista.coluna)}, {{null()}, {text("ANA")}}});
+        Tela tela(mundo.program);
+        const bool pula = QLatin1String(lista.nome).startsWith(QLatin1String("PreencheVendedores"));
+        EXPECT_EQ(errorOf([&] { lista.preenche(mundo.contexto, tela); }), pula ? 0 : errorNumber::InvalidNull)
+            << lista.nome;
+        if (pula)
+            EXPECT_EQ(tela.lista.items(), QStringList(u"ANA"_qs));
+    }
+}
+
+TEST(Preenchimento, StatesBeginWithABlankItem) {
+    World mundo;
+    mundo.connect();
+    Tela tela(mundo.program);
+    PreencheUFs(mundo.contexto, tela.lista);
+    EXPECT_EQ(tela.lista.items(), QStringList(u"  "_qs));
+    EXPECT_EQ(
+        mundo.database.sent,
+        QStringList(
+            u"SELECT UF00.IDUF00, UF00.CODI_UF00 FROM UF00 WHERE (UF00.DATA_DESA IS NULL) ORDER BY UF00.CODI_UF00"_qs));
+    mundo.database.answer(u"UF00"_qs,
+                          {{u"IDUF00"_qs, u"CODI_UF00"_qs}, {{number(1), text("AC")}, {number(2), text("AL")}}});
+    PreencheUFs(mundo.contexto, tela.lista);
+    EXPECT_EQ(tela.lista.items(), QStringList({u"  "_qs, u"AC"_qs, u"AL"_qs}));
+}
+
+TEST(Preenchimento, TenPriceTables) {
+    World mundo;
+    Tela tela(mundo.program);
+    PreencheTabelasPreco(tela);
+    PreencheTabelasPreco(tela);
+    EXPECT_EQ(tela.precos.items(),
+              QStringList({u"Tabela A"_qs, u"Tabela B"_qs, u"Tabela C"_qs, u"Tabela D"_qs, u"Tabela E"_qs,
+                           u"Tabela F"_qs, u"Tabela G"_qs, u"Tabela H"_qs, u"Tabela I"_qs, u"Tabela J"_qs}));
+}
+
+TEST(Preenchimento, OtherWaysOfPayingLeaveTheListEmpty) {
+    World mundo;
+    mundo.connect();
+    Tela tela(mundo.program);
+    for (const QString& forma : {u"DINHEIRO"_qs, u"boleto"_qs, QString()}) {
+        tela.lista.addItem(u"VELHO"_qs);
+        PreencheBancosOuCartoes(mundo.contexto, u"1"_qs, forma, tela.lista);
+        EXPECT_TRUE(tela.lista.items().isEmpty());
+    }
+    EXPECT_TRUE(mundo.database.sent.isEmpty());
+    for (const QString& forma : {u"BOLETO"_qs, u"CHEQUE"_qs, u"TRANSFERENCIA"_qs, u"TED"_qs, u"DOC"_qs})
+        PreencheBancosOuCartoes(mundo.contexto, u"1"_qs, forma, tela.lista);
+    EXPECT_EQ(mundo.database.sent.size(), 5);
+}
+
+TEST(Preenchimento, CustomersInColumns) {
+    World mundo;
+    mundo.connect();
+    Tela tela(mundo.program);
+    const QString inicio =
+        u"SELECT PESS.IDPESS, PESS.NOME_PESS, PESS.NOME_CONH, PESS.PSFI_PSJU, PESS.CPF0_CNPJ, CLIE.IDCLIE "
+        "FROM CLIE, PESS WHERE CLIE.IDPESS = PESS.IDPESS  AND (CLIE.DATA_DESA IS NULL) "_qs;
+    PreencheListaClientes(mundo.contexto, u"  "_qs, tela.lista);
+    PreencheListaClientes(mundo.contexto, u" 111. "_qs, tela.lista);
+    PreencheListaClientes(mundo.contexto, u" mar "_qs, tela.lista);
+    EXPECT_EQ(mundo.database.sent,
+              QStringList({inicio + u"ORDER BY PESS.NOME_PESS"_qs,
+                           inicio + u"AND (PESS.CPF0_CNPJ LIKE '%111.%') ORDER BY PESS.NOME_PESS"_qs,
+                           inicio + u"AND (PESS.NOME_PESS LIKE '%MAR%') ORDER BY PESS.NOME_PESS"_qs}));
+    mundo.database.answer(u"FROM CLIE"_qs, {{u"IDPESS"_qs, u"NOME_PESS"_qs, u"CPF0_CNPJ"_qs, u"IDCLIE"_qs},
+                                            {{number(7), text("MARIA"), null(), number(12)}}});
+    PreencheListaClientes(mundo.contexto, {}, tela.lista);
+    ASSERT_EQ(tela.lista.items().size(), 1);
+    EXPECT_EQ(tela.lista.items().first(),
+              u"MARIA"_qs + QString(45, u' ') + u'|' + QString(20, u' ') + u"|7         |12        "_qs);
+}
+
+TEST(Preenchimento, ProductsInColumns) {
+    World mundo;
+    mundo.connect();
+    Tela tela(mundo.program);
+    PreencheListaProdutos(mundo.contexto, {}, tela.lista);
+    PreencheListaProdutos(mundo.contexto, u" mesa "_qs, tela.lista);
+    EXPECT_EQ(
+        mundo.database.sent,
+        QStringList({u"SELECT DESC_PROD, CODI_PROD, IDPROD FROM PROD  WHERE DATA_DESA IS NULL ORDER BY DESC_PROD"_qs,
+                     u"SELECT DESC_PROD, CODI_PROD, IDPROD FROM PROD  WHERE DATA_DESA IS NULL AND (PROD.DESC_PROD "
+                     "LIKE '%MESA%') ORDER BY DESC_PROD"_qs}));
+    mundo.database.answer(u"FROM PROD"_qs,
+                          {{u"desc_prod"_qs, u"codi_prod"_qs, u"idprod"_qs}, {{text("MESA"), text("M1"), number(3)}}});
+    PreencheListaProdutos(mundo.contexto, {}, tela.lista);
+    EXPECT_EQ(tela.lista.items(), QStringList(u"MESA"_qs + QString(66, u' ') + u"|M1             |3         "_qs));
+}

@@ -1,0 +1,138 @@
+#include "shared/TextoEntrada.h"
+
+#include "support/World.h"
+
+using namespace vorta;
+using namespace vorta::test;
+
+namespace {
+
+struct Tela : screen::Screen {
+    explicit Tela(screen::Program& program) : Screen(program, QStringLiteral("frmTeste")) {}
+    screen::TextField txtNome{this, "txtNome"};
+    screen::MaskedField mskCEP{this, "mskCEP", QStringLiteral("#####-###")};
+    screen::ListField cboCidade{this, "cboCidade"};
+    screen::Button cmdSair{this, "cmdSair"};
+    screen::TextField txtObs{this, "txtObs"};
+};
+
+} // namespace
+
+TEST(TextoEntrada, ColumnsOfFixedWidth) {
+    struct Caso {
+        const char* texto;
+        qint16 largura;
+        bool aEsquerda;
+        const char* resultado;
+        const char* depois;
+    };
+    const std::vector<Caso> casos{
+        {"ABCDEF", 6, true, "ABCDEF", "ABCDEF"}, {"  AB ", 4, false, "  AB", "AB"},
+        {" AB ", 4, true, "AB  ", "AB"},         {"", 3, true, "   ", "   "},
+        {"    ", 3, false, "   ", "   "},        {"São", 4, true, "São ", "São"},
+    };
+    for (const Caso& caso : casos) {
+        QString texto = QString::fromUtf8(caso.texto);
+        EXPECT_EQ(AlinhaTexto(texto, caso.largura, caso.aEsquerda), QString::fromUtf8(caso.resultado)) << caso.texto;
+        EXPECT_EQ(texto, QString::fromUtf8(caso.depois)) << caso.texto;
+    }
+    QString longo = QStringLiteral("ABCDEF");
+    EXPECT_EQ(AlinhaTexto(longo, 3, true), u"ABC"_qs);
+    EXPECT_EQ(AlinhaTexto(data::Value(), 3, true), u"   "_qs);
+    EXPECT_EQ(AlinhaTexto(number(42), 5, false), u"   42"_qs);
+}
+
+TEST(TextoEntrada, Substitution) {
+    QString texto = QStringLiteral("01/05");
+    EXPECT_EQ(SubstituiTexto(texto, u"/"_qs, u" "_qs), u"01 05"_qs);
+    EXPECT_EQ(texto, u"01 05"_qs);
+    texto = QStringLiteral("a--b");
+    EXPECT_EQ(SubstituiTexto(texto, u" - "_qs, u""_qs), u"ab"_qs);
+}
+
+TEST(TextoEntrada, AccentsOfVowelsAndCedillas) {
+    World mundo;
+    EXPECT_EQ(RemoveAcentos(mundo.contexto, u"AÇÃO"_qs), u"ACAO"_qs);
+    EXPECT_EQ(RemoveAcentos(mundo.contexto, u"ÀÁÂÃÄÅÇÈÉÊËÌÍÎÏÒÓÔÕÖÙÚÛÜàáâãäåçèéêëìíîïòóôõöùúûü"_qs),
+              u"AAAAAACEEEEIIIIOOOOOUUUUaaaaaaceeeeiiiiooooouuuu"_qs);
+    EXPECT_EQ(RemoveAcentos(mundo.contexto, u"Ññ Ýÿ ß"_qs), u"Ññ Ýÿ ß"_qs);
+    mundo.contexto.PreservaAcentos = true;
+    EXPECT_EQ(RemoveAcentos(mundo.contexto, u"AÇÃO"_qs), u"AÇÃO"_qs);
+}
+
+TEST(TextoEntrada, WritesGoInCapitalsWithoutAccents) {
+    World mundo;
+    mundo.connect();
+    data::Statement comando("update pess set nome_pess='");
+    comando += QStringLiteral("João d´Ávila");
+    comando << "' where idpess=7";
+    ExecutaSemAcentos(mundo.contexto, comando);
+    mundo.contexto.PreservaAcentos = true;
+    ExecutaSemAcentos(mundo.contexto, comando);
+    EXPECT_EQ(mundo.database.writes, QStringList({u"UPDATE PESS SET NOME_PESS='JOAO D´AVILA' WHERE IDPESS=7"_qs,
+                                                  u"UPDATE PESS SET NOME_PESS='JOÃO D´ÁVILA' WHERE IDPESS=7"_qs}));
+}
+
+TEST(TextoEntrada, SelectsTextAndMaskedFieldsOnly) {
+    World mundo;
+    Tela tela(mundo.program);
+    SelecionaTexto(tela); // no focus, nothing to do
+    tela.txtNome.setText(u"MARIA"_qs);
+    tela.cboCidade.setText(u"SANTOS"_qs);
+    tela.SetFocus(tela.txtNome);
+    SelecionaTexto(tela);
+    EXPECT_EQ(tela.txtNome.selectionStart(), 0);
+    EXPECT_EQ(tela.txtNome.selectionLength(), 5);
+    tela.SetFocus(tela.mskCEP);
+    SelecionaTexto(tela);
+    EXPECT_EQ(tela.mskCEP.selectionLength(), 9);
+    tela.SetFocus(tela.cboCidade);
+    SelecionaTexto(tela);
+    EXPECT_EQ(tela.cboCidade.selectionLength(), 0);
+}
+
+TEST(TextoEntrada, ClearingAMaskedFieldKeepsItsMask) {
+    World mundo;
+    Tela tela(mundo.program);
+    tela.mskCEP.setText(u"11015-200"_qs);
+    LimpaMascara(tela.mskCEP);
+    EXPECT_EQ(tela.mskCEP.text(), u"_____-___"_qs);
+    EXPECT_EQ(tela.mskCEP.mask(), u"#####-###"_qs);
+}
+
+TEST(TextoEntrada, MailAddressInLowerCase) {
+    World mundo;
+    AbreEmail(mundo.contexto, u"   "_qs);
+    EXPECT_TRUE(mundo.platform.addresses.isEmpty());
+    AbreEmail(mundo.contexto, u" MARIA@Casa.COM "_qs);
+    EXPECT_EQ(mundo.platform.addresses, QStringList(u"mailto:maria@casa.com"_qs));
+}
+
+TEST(TextoEntrada, TrimsTheFieldsNamedTxt) {
+    World mundo;
+    Tela tela(mundo.program);
+    tela.txtNome.setText(u"  MARIA "_qs);
+    tela.txtObs.setText(u"   "_qs);
+    tela.cboCidade.setText(u" SANTOS "_qs);
+    TrimCamposTexto(tela);
+    EXPECT_EQ(tela.txtNome.text(), u"MARIA"_qs);
+    EXPECT_EQ(tela.txtObs.text(), QString());
+    EXPECT_EQ(tela.cboCidade.text(), u" SANTOS "_qs);
+}
+
+TEST(TextoEntrada, LockedFieldsAreGreyAndFreeOnesWhite) {
+    World mundo;
+    Tela tela(mundo.program);
+    BloqueiaCampo(tela.txtNome);
+    BloqueiaCampo(tela.mskCEP);
+    EXPECT_TRUE(tela.txtNome.locked());
+    EXPECT_TRUE(tela.txtNome.enabled());
+    EXPECT_FALSE(tela.mskCEP.enabled());
+    EXPECT_EQ(tela.txtNome.background(), screen::colour::Locked);
+    EXPECT_EQ(tela.mskCEP.background(), screen::colour::Locked);
+    LiberaCampo(tela.txtNome);
+    LiberaCampo(tela.mskCEP);
+    EXPECT_FALSE(tela.txtNome.locked());
+    EXPECT_TRUE(tela.mskCEP.enabled());
+    EXPECT_EQ(tela.mskCEP.background(), screen::colour::Free);
+}

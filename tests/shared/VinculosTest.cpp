@@ -1,0 +1,201 @@
+#include "shared/Vinculos.h"
+
+#include "support/World.h"
+
+using namespace vorta;
+using namespace vorta::test;
+
+namespace {
+
+using C = ContextoExecucao;
+
+struct Papel {
+    QString (*vinculo)(C& contexto, const QString& idpess);
+    const char* enviado;
+    const char* coluna;
+};
+
+const std::vector<Papel> papeisTestados{
+    {VinculoCliente, "SELECT IDCLIE FROM CLIE WHERE IDPESS = 7", "idclie"},
+    {VinculoMotorista, "SELECT IDMOTO FROM MOTO WHERE IDPESS = 7", "idmoto"},
+    {VinculoTransportadora, "SELECT IDTRPT FROM TRPT WHERE IDPESS = 7", "idtrpt"},
+    {VinculoVendedor, "SELECT IDVEND FROM VEND WHERE IDPESS = 7", "idvend"},
+    {VinculoFornecedor, "SELECT IDFORN FROM FORN WHERE IDPESS = 7", "idforn"},
+    {VinculoDecorador, "SELECT IDDECO FROM DECO WHERE IDPESS = 7", "iddeco"},
+    {VinculoArquiteto, "SELECT IDARQT FROM ARQT WHERE IDPESS = 7", "idarqt"},
+};
+
+const QStringList botoes{u"cmdCliente"_qs,    u"cmdTransportadora"_qs, u"cmdVendedor"_qs, u"cmdMotorista"_qs,
+                         u"cmdFornecedor"_qs, u"cmdDecorador"_qs,      u"cmdArquiteto"_qs};
+
+struct Tela : screen::Screen {
+    explicit Tela(screen::Program& program) : Screen(program, QStringLiteral("frmPessoas")) {}
+    screen::TextField txtRowID{this, "txtRowID"};
+    screen::Button cmdCliente{this, "cmdCliente"};
+    screen::Button cmdTransportadora{this, "cmdTransportadora"};
+    screen::Button cmdFornecedor{this, "cmdFornecedor"};
+    screen::Button cmdVendedor{this, "cmdVendedor"};
+    screen::Button cmdMotorista{this, "cmdMotorista"};
+    screen::Button cmdDecorador{this, "cmdDecorador"};
+    screen::Button cmdArquiteto{this, "cmdArquiteto"};
+};
+
+QStringList figuras(const Tela& tela) {
+    QStringList nomes;
+    for (const QString& botao : botoes)
+        nomes += tela.field(botao).picture();
+    return nomes;
+}
+
+} // namespace
+
+TEST(Vinculos, DeactivatedRowsCountWhileTheLinkStateIsSOnly) {
+    for (const Papel& papel : papeisTestados)
+        for (const QString& estado : {u"N"_qs, u" "_qs, QString(), u"S"_qs}) {
+            World mundo;
+            mundo.connect();
+            mundo.contexto.VinculoAtual = estado;
+            EXPECT_EQ(papel.vinculo(mundo.contexto, u"7"_qs), u"0"_qs);
+            const QString filtro = estado == u"S" ? QString() : u" AND DATA_DESA IS NULL"_qs;
+            EXPECT_EQ(mundo.database.sent, QStringList(QString::fromUtf8(papel.enviado) + filtro));
+            mundo.database.answer(u""_qs, {{QString::fromUtf8(papel.coluna)}, {{number(12)}}});
+            EXPECT_EQ(papel.vinculo(mundo.contexto, u"7"_qs), u"12"_qs);
+        }
+}
+
+TEST(Vinculos, WithoutAPersonAllButtonsShowNoLinkAndNothingIsAsked) {
+    World mundo;
+    mundo.platform.everyFileExists = true;
+    mundo.contexto.CaminhoImagens = u"/img/"_qs;
+    mundo.contexto.VinculoAtual = u"S"_qs;
+    Tela tela(mundo.program);
+    tela.txtRowID.setText(u"  "_qs);
+    AtualizaIndicadoresVinculo(mundo.contexto, tela);
+    EXPECT_EQ(figuras(tela), QStringList(7, u"/img/semvinculo.bmp"_qs));
+    EXPECT_EQ(mundo.contexto.VinculoAtual, u"N"_qs);
+    EXPECT_TRUE(mundo.database.sent.isEmpty());
+}
+
+TEST(Vinculos, EachRoleIsAskedInItsOrderAndShown) {
+    World mundo;
+    mundo.connect();
+    mundo.platform.everyFileExists = true;
+    mundo.contexto.CaminhoImagens = u"/img/"_qs;
+    mundo.contexto.VinculoAtual = u"S"_qs;
+    mundo.database.answer(u"FROM CLIE"_qs, {{u"idclie"_qs}, {{number(3)}}});
+    mundo.database.answer(u"FROM MOTO"_qs, {{u"idmoto"_qs}, {{number(0)}}});
+    mundo.database.answer(u"FROM ARQT"_qs, {{u"idarqt"_qs}, {{number(5)}}});
+    Tela tela(mundo.program);
+    tela.txtRowID.setText(u"7"_qs);
+    AtualizaIndicadoresVinculo(mundo.contexto, tela);
+    QStringList tabelas;
+    for (const QString& enviado : mundo.database.sent) {
+        EXPECT_TRUE(enviado.endsWith(u" WHERE IDPESS = 7 AND DATA_DESA IS NULL")) << enviado.toStdString();
+        tabelas += enviado.section(u' ', 3, 3);
+    }
+    EXPECT_EQ(tabelas,
+              QStringList({u"CLIE"_qs, u"TRPT"_qs, u"VEND"_qs, u"MOTO"_qs, u"FORN"_qs, u"DECO"_qs, u"ARQT"_qs}));
+    QStringList esperado(7, u"/img/semvinculo.bmp"_qs);
+    esperado[0] = esperado[6] = u"/img/comvinculo.bmp"_qs;
+    EXPECT_EQ(figuras(tela), esperado);
+    EXPECT_EQ(mundo.contexto.VinculoAtual, u"N"_qs);
+}
+
+TEST(Vinculos, AMissingPictureOrButtonIsAnError) {
+    World mundo;
+    mundo.contexto.CaminhoImagens = u"/img"_qs;
+    Tela tela(mundo.program);
+    EXPECT_EQ(errorOf([&] { AtualizaIndicadoresVinculo(mundo.contexto, tela); }), errorNumber::FileNotFound);
+    struct Outra : screen::Screen {
+        explicit Outra(screen::Program& program) : Screen(program, QStringLiteral("frmOutra")) {}
+        screen::TextField txtRowID{this, "txtRowID"};
+    } outra(mundo.program);
+    EXPECT_EQ(errorOf([&] { AtualizaIndicadoresVinculo(mundo.contexto, outra); }), errorNumber::NoSuchMember);
+}
+
+namespace {
+
+struct Busca {
+    const char* documento;
+    const char* papel;
+    const char* enviado; ///< from "FROM" on
+    const char* depois;
+};
+
+} // namespace
+
+TEST(Vinculos, DocumentsAreMaskedByTheirLength) {
+    const std::vector<Busca> casos{
+        {" 11144477735 ", "", "FROM PESS WHERE PESS.CPF0_CNPJ='111.444.777-35'", "111.444.777-35"},
+        {"11222333000181", "", "FROM PESS WHERE PESS.CPF0_CNPJ='11.222.333/0001-81'", "11.222.333/0001-81"},
+        {"12345678", "CLIENTE", "FROM PESS, CLIE WHERE PESS.IDPESS = CLIE.IDPESS AND PESS.CPF0_CNPJ LIKE '12.345.678%'",
+         "12.345.678"},
+        {"12.345.678", "", "FROM PESS WHERE PESS.CPF0_CNPJ LIKE '12.345.678%'", "12.345.678"},
+        {"111.444.777-35", "", "FROM PESS WHERE PESS.CPF0_CNPJ='111.444.777-35'", "111.444.777-35"},
+        {"123", "", "FROM PESS WHERE PESS.CPF0_CNPJ='123'", "123"},
+        {"1", "REMETENTE", "FROM PESS, CLIE_REME WHERE PESS.IDPESS = CLIE_REME.IDPESS AND PESS.CPF0_CNPJ='1'", "1"},
+        {"1", "DESTINATARIO", "FROM PESS, CLIE_DEST WHERE PESS.IDPESS = CLIE_DEST.IDPESS AND PESS.CPF0_CNPJ='1'", "1"},
+        {"1", "FORNECEDOR", "FROM PESS, FORN WHERE PESS.IDPESS = FORN.IDPESS AND PESS.CPF0_CNPJ='1'", "1"},
+        {"1", "MOTORISTA", "FROM PESS, MOTO WHERE PESS.IDPESS = MOTO.IDPESS AND PESS.CPF0_CNPJ='1'", "1"},
+        {"1", "TRANSPORTADORA", "FROM PESS, TRPT WHERE PESS.IDPESS = TRPT.IDPESS AND PESS.CPF0_CNPJ='1'", "1"},
+        {"1", "DECORADOR", "FROM PESS, DECO WHERE PESS.IDPESS = DECO.IDPESS AND PESS.CPF0_CNPJ='1'", "1"},
+        {"1", "ARQUITETO", "FROM PESS, ARQT WHERE PESS.IDPESS = ARQT.IDPESS AND PESS.CPF0_CNPJ='1'", "1"},
+        {"1", "VENDEDOR", "FROM PESS, VEND WHERE PESS.IDPESS = VEND.IDPESS AND PESS.CPF0_CNPJ='1'", "1"},
+        {"1", "PROSPECT", "FROM PESS WHERE PESS.CPF0_CNPJ='1'", "1"},
+        {"1", "OUTRO", "FROM PESS WHERE PESS.CPF0_CNPJ='1'", "1"},
+    };
+    for (const Busca& caso : casos) {
+        World mundo;
+        mundo.connect();
+        QString documento = QString::fromUtf8(caso.documento);
+        RetornaPessoaPorDocumento(mundo.contexto, documento, QString::fromUtf8(caso.papel));
+        EXPECT_EQ(mundo.database.sent,
+                  QStringList(u"SELECT PESS.IDPESS, PESS.NOME_PESS "_qs + QString::fromUtf8(caso.enviado)))
+            << caso.documento;
+        EXPECT_EQ(documento, QString::fromUtf8(caso.depois));
+    }
+}
+
+TEST(Vinculos, WhatTheDocumentSearchTells) {
+    const FakeRows uma{{u"IDPESS"_qs, u"NOME_PESS"_qs}, {{number(7), text("MARIA")}}};
+    const FakeRows duas{{u"IDPESS"_qs, u"NOME_PESS"_qs}, {{number(7), text("MARIA")}, {number(8), text("ANA")}}};
+    struct Caso {
+        const char* documento;
+        const char* papel;
+        std::optional<FakeRows> linhas;
+        const char* nome;
+        const char* retorno;
+    };
+    const std::vector<Caso> casos{
+        {"123", "", std::nullopt, "", "CNPJ/CPF não localizado!"},
+        {"123", "", uma, "MARIA", "[ID]MARIA"},
+        {"123", "", duas, "",
+         "Atenção! Você está com problemas de cadastros, duplicidades de CNPJ/CPF foram detectados!"},
+        {"12345678", "", duas, "",
+         "Atenção! A Empresa possui mais de uma filial...deverá ser digitado o CNPJ completo!"},
+        {"123", "CLIENTE", std::nullopt, "", "Não Existe vinculo como [CLIENTE]"},
+        {"123", "CLIENTE", uma, "MARIA", "[ID]MARIA"},
+        {"123", "CLIENTE", duas, "", "Não Existe vinculo como [CLIENTE]"},
+        {"12345678", "PROSPECT", duas, "", "Não Existe vinculo como [PROSPECT]"},
+    };
+    for (const Caso& caso : casos) {
+        World mundo;
+        mundo.connect();
+        if (caso.linhas)
+            mundo.database.answer(u"PESS"_qs, *caso.linhas);
+        mundo.contexto.RetornoPesquisa = u"velho"_qs;
+        QString documento = QString::fromUtf8(caso.documento);
+        EXPECT_EQ(RetornaPessoaPorDocumento(mundo.contexto, documento, QString::fromUtf8(caso.papel)),
+                  QString::fromUtf8(caso.nome));
+        EXPECT_EQ(mundo.contexto.RetornoPesquisa, QString::fromUtf8(caso.retorno));
+    }
+}
+
+TEST(Vinculos, BackReferencesOfThePerson) {
+    World mundo;
+    mundo.connect();
+    GravaVinculoPess(mundo.contexto, u"7"_qs, "idCLIE", u"12"_qs);
+    LimpaVinculoPess(mundo.contexto, u"7"_qs, "idFORN");
+    EXPECT_EQ(mundo.database.writes, QStringList({u"UPDATE PESS SET IDCLIE = 12 WHERE IDPESS = 7"_qs,
+                                                  u"UPDATE PESS SET IDFORN = 0 WHERE IDPESS = 7"_qs}));
+}

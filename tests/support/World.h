@@ -1,0 +1,46 @@
+#pragma once
+
+#include "launch/ContextoExecucao.h"
+#include "support/FakeDatabase.h"
+#include "support/TestPlatform.h"
+
+#include <gtest/gtest.h>
+
+namespace vorta::test {
+
+/// A register without windows and without an engine, for the routines below the screens.
+struct World {
+    TestPlatform platform;
+    screen::Program program{platform};
+    FakeDatabase database;
+    ContextoExecucao contexto{program, database.factory()};
+
+    /// Opens the main connection as the launch would, with that engine tag.
+    void connect(const QString& tag = QStringLiteral("FIREBIRD")) {
+        contexto.TipoBanco = tag;
+        contexto.ConexaoPrincipal = contexto.novaConexao();
+        contexto.ConexaoPrincipal->Open(tag == u"FIREBIRD" ? data::Engine::Firebird : data::Engine::SqlServer, tag);
+    }
+    /// One event; false when it ended the program.
+    bool run(const std::function<void()>& event) { return program.dispatch(event); }
+};
+
+/// The number of the run-time error that the body raises, 0 for none.
+inline int errorOf(const std::function<void()>& body) {
+    try {
+        body();
+    } catch (const RuntimeError& error) {
+        return error.number();
+    }
+    return 0;
+}
+
+} // namespace vorta::test
+
+/// Failures show the text itself, not its bytes.
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
+inline void PrintTo(const QStringList& texts, std::ostream* out) {
+    *out << texts.join(u'\n').toStdString();
+}
