@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 
-namespace vorta::data {
+namespace vorta::odbc {
 
 namespace {
 
@@ -61,4 +61,4 @@ QString OdbcConnectionString(const QString& connectionString) {
     return odbc;
 }
 
-} // namespace vorta::data
+} // namespace vorta::odbc

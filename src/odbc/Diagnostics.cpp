@@ -8,7 +8,7 @@
 #include <sql.h>
 #include <sqlext.h>
 
-namespace vorta::data {
+namespace vorta::odbc {
 
 namespace {
 
@@ -95,4 +95,4 @@ RuntimeError TransactionFailure(const QSqlDatabase& database) {
     return failure(cause(SQL_HANDLE_DBC, database.driver()->handle(), database.lastError()), database, {});
 }
 
-} // namespace vorta::data
+} // namespace vorta::odbc

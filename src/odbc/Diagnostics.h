@@ -5,7 +5,7 @@
 #include <QSqlDatabase>
 #include <QSqlQuery>
 
-namespace vorta::data {
+namespace vorta::odbc {
 
 /// The failure of opening a connection: always -2147467259, whether the server is absent, silent or refuses the user.
 RuntimeError OpenFailure(const QSqlDatabase& database);
@@ -15,4 +15,4 @@ RuntimeError StatementFailure(const QSqlDatabase& database, const QSqlQuery& que
 /// The failure of a transaction's start or end, by the records of the connection.
 RuntimeError TransactionFailure(const QSqlDatabase& database);
 
-} // namespace vorta::data
+} // namespace vorta::odbc

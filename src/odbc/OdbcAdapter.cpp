@@ -11,9 +11,14 @@
 #include <QTimeZone>
 #include <atomic>
 
-namespace vorta::data {
+namespace vorta::odbc {
 
 namespace {
+
+using data::Adapter;
+using data::Decimal;
+using data::RowSink;
+using data::Statement;
 
 /// What the register expects of every session: year-first dates with slashes, and a lock that ends in an error, not in
 /// a hanging window.
@@ -149,8 +154,8 @@ class OdbcAdapter final : public Adapter {
 
 } // namespace
 
-std::unique_ptr<Adapter> MakeOdbcAdapter() {
+std::unique_ptr<data::Adapter> MakeOdbcAdapter() {
     return std::make_unique<OdbcAdapter>();
 }
 
-} // namespace vorta::data
+} // namespace vorta::odbc

@@ -14,10 +14,10 @@ namespace {
 
 using data::Adapter;
 using data::Decimal;
-using data::MakeOdbcAdapter;
-using data::OdbcConnectionString;
 using data::Statement;
 using data::Value;
+using odbc::MakeOdbcAdapter;
+using odbc::OdbcConnectionString;
 
 constexpr int patience = 10;
 
