@@ -19,6 +19,7 @@ constexpr std::array standardWords{
     StandardWords{errorNumber::ObjectNotSet, "Objeto não disponível"},
     StandardWords{errorNumber::InvalidNull, "Uso inválido de nulo"},
     StandardWords{errorNumber::NoSuchMember, "O objeto não tem este campo ou operação"},
+    StandardWords{errorNumber::NoCurrentRow, "Não há registro corrente"},
     StandardWords{errorNumber::NoSuchColumn, "Coluna não encontrada no resultado"},
     StandardWords{errorNumber::ObjectClosed, "Operação não permitida com o objeto fechado"},
     StandardWords{errorNumber::ConnectionFailed, "Falha de conexão com o banco de dados"},

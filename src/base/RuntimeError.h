@@ -14,6 +14,7 @@ inline constexpr int FileNotFound = 53;         ///< a file that is not there
 inline constexpr int ObjectNotSet = 91;         ///< an object that is not there, such as a connection never made
 inline constexpr int InvalidNull = 94;          ///< a null where a value is needed
 inline constexpr int NoSuchMember = 438;        ///< a field or operation that the object lacks
+inline constexpr int NoCurrentRow = 3021;        ///< a value asked where no row is: behind the last one
 inline constexpr int NoSuchColumn = 3265;       ///< a column that the result does not carry
 inline constexpr int ObjectClosed = 3704;       ///< an operation on a recordset or connection that is closed
 inline constexpr int ConnectionFailed = -2147467259;     ///< a connection that cannot be opened or is lost

@@ -25,6 +25,13 @@ struct ValueSpan {
     friend bool operator==(const ValueSpan&, const ValueSpan&) = default;
 };
 
+/// A stretch of a statement's text and what stands there instead; a stretch of length 0 is an insertion.
+struct Edit {
+    qsizetype start = 0;
+    qsizetype length = 0;
+    QString text;
+};
+
 /// One statement as text with inline values, assembled piece by piece: `Piece` is program text, `QString` and numbers are values.
 /// The spans of the values stay true under every change that keeps lengths (upper-casing, removal of accents).
 class Statement {
@@ -64,6 +71,10 @@ class Statement {
     Statement mapped(Change change) const {
         return withText(change(text_));
     }
+
+    /// The statement with stretches of its text replaced, given from left to right. The values keep their spans; one that an edit
+    /// lies in grows or shrinks with it. For the data layer's own work on a guarded statement: flows never edit.
+    Statement edited(std::span<const Edit> edits) const;
 
     friend bool operator==(const Statement&, const Statement&) = default;
 

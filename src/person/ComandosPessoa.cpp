@@ -4,6 +4,7 @@
 #include "base/Text.h"
 #include "person/CamposPessoa.h"
 #include "shared/Consultas.h"
+#include "shared/Insercao.h"
 
 #include <cstring>
 
@@ -67,36 +68,25 @@ bool documento(const char* campo) {
 } // namespace
 
 void MontaInsertPessoa(ContextoExecucao& contexto, const screen::Screen& tela, qint32 novoId) {
-    Statement colunas("insert into pess (");
-    Statement valores("values (");
-    if (contexto.isFirebird()) {
-        colunas << "idpess, ";
-        valores << "'" << novoId << "', ";
-    }
-    colunas << "psfi_psju";
-    valores << "'" << valorDe(contexto, Forma::FisicaOuJuridica, textoDe(tela, "cboFisJur"), true) << "'";
-    const auto inclui = [&](data::Piece coluna, const QString& valor) {
-        colunas << coluna;
-        valores << ", '" << valor << "'";
-    };
-    inclui(", cpf0_cnpj", textoDe(tela, "mskCodigo"));
-    inclui(", nome_pess", textoDe(tela, "txtDescricao"));
-    inclui(", nome_conh", textoDe(tela, "txtNomeFantasia"));
+    Insercao insercao("pess");
+    if (contexto.isFirebird())
+        insercao.inclui("idpess", QString::number(novoId));
+    insercao.inclui("psfi_psju", valorDe(contexto, Forma::FisicaOuJuridica, textoDe(tela, "cboFisJur"), true));
+    insercao.inclui("cpf0_cnpj", textoDe(tela, "mskCodigo"));
+    insercao.inclui("nome_pess", textoDe(tela, "txtDescricao"));
+    insercao.inclui("nome_conh", textoDe(tela, "txtNomeFantasia"));
     for (const ColunaComando& linha : ColunasInsert()) {
         const OrigemColuna& origem = OrigemDe(linha.campo);
         const QString texto = textoDe(tela, linha.campo);
-        if (passa(origem.teste, texto)) {
-            inclui(linha.coluna, valorDe(contexto, origem.forma, texto, true));
-        } else if (semNulo(linha.campo)) {
-            colunas << linha.coluna;
-            valores << ", '0'";
-        }
+        if (passa(origem.teste, texto))
+            insercao.inclui(linha.coluna, valorDe(contexto, origem.forma, texto, true));
+        else if (semNulo(linha.campo))
+            insercao.inclui(linha.coluna, u"0"_qs);
     }
-    inclui(", codi_empr", textoDe(tela, "lblCodiEmpresa"));
-    inclui(", data_incl", FormatDateSql(contexto.hoje()));
-    inclui(", user_incl", QString::number(contexto.CodigoUsuario));
-    contexto.SqlComando.clear();
-    contexto.SqlComando << colunas << ") " << valores << ")";
+    insercao.inclui("codi_empr", textoDe(tela, "lblCodiEmpresa"));
+    insercao.inclui("data_incl", FormatDateSql(contexto.hoje()));
+    insercao.inclui("user_incl", QString::number(contexto.CodigoUsuario));
+    contexto.SqlComando = insercao.comando();
 }
 
 void MontaUpdatePessoa(ContextoExecucao& contexto, const screen::Screen& tela) {

@@ -5,6 +5,7 @@
 #include "launch/AcessoDados.h"
 #include "person/frmPessoas.h"
 #include "shared/Consultas.h"
+#include "shared/Insercao.h"
 #include "shared/Preenchimento.h"
 #include "shared/TextoEntrada.h"
 #include "shared/ValidaCampos.h"
@@ -111,37 +112,9 @@ void FlexAtividades_Click(frmPessoas& tela) {
         PreparaGridAtividades(tela);
 }
 
-/// The two halves of an insert, closed into one statement.
-class Insercao {
-  public:
-    explicit Insercao(data::Piece inicio) : colunas_(inicio), valores_("values (") {}
-
-    void chave(data::Piece coluna, qint32 valor) {
-        colunas_ << coluna << ", ";
-        valores_ << "'" << valor << "', ";
-    }
-    void primeira(data::Piece coluna, const QString& valor) {
-        colunas_ << coluna;
-        valores_ << "'" << valor << "'";
-    }
-    void outra(data::Piece coluna, const QString& valor) {
-        colunas_ << coluna;
-        valores_ << ", '" << valor << "'";
-    }
-    Statement comando() const {
-        Statement inteiro = colunas_;
-        inteiro << ") " << valores_ << ")";
-        return inteiro;
-    }
-
-  private:
-    Statement colunas_;
-    Statement valores_;
-};
-
 void IncluiAutoria(const ContextoExecucao& contexto, Insercao& insercao) {
-    insercao.outra(", data_incl", FormatDateSql(contexto.hoje()));
-    insercao.outra(", user_incl", QString::number(contexto.CodigoUsuario));
+    insercao.inclui("data_incl", FormatDateSql(contexto.hoje()));
+    insercao.inclui("user_incl", QString::number(contexto.CodigoUsuario));
 }
 
 } // namespace
@@ -195,29 +168,29 @@ void CarregaContatos(frmPessoas& tela) {
 
 void InsereContato(frmPessoas& tela, const QString& idpess, int linha) {
     const screen::Grid& grade = tela.Flex;
-    Insercao insercao("insert into pess_cont (");
+    Insercao insercao("pess_cont");
     if (tela.contexto().isFirebird())
-        insercao.chave("idpess_cont", ProximoGenerator(tela.contexto(), "GEN_PESS_CONT"));
-    insercao.primeira("idpess", idpess);
-    insercao.outra(", carg_pess_cont", grade.cell(linha, Tipo));
-    insercao.outra(", nome_pess_cont", grade.cell(linha, Nome));
+        insercao.inclui("idpess_cont", QString::number(ProximoGenerator(tela.contexto(), "GEN_PESS_CONT")));
+    insercao.inclui("idpess", idpess);
+    insercao.inclui("carg_pess_cont", grade.cell(linha, Tipo));
+    insercao.inclui("nome_pess_cont", grade.cell(linha, Nome));
     if (const QString fone = grade.cell(linha, Fone); !fone.isEmpty())
-        insercao.outra(", tele_pess_cont", fone);
+        insercao.inclui("tele_pess_cont", fone);
     if (const QString email = grade.cell(linha, Email); !email.isEmpty())
-        insercao.outra(", emai_pess_cont", email);
+        insercao.inclui("emai_pess_cont", email);
     if (const QString aniversario = grade.cell(linha, Aniversario); aniversario != semAniversario)
-        insercao.outra(", data_nasc", aniversario);
+        insercao.inclui("data_nasc", aniversario);
     IncluiAutoria(tela.contexto(), insercao);
     tela.contexto().SqlComando = insercao.comando();
 }
 
 void InsereAtividade(frmPessoas& tela, const QString& idpess, int linha) {
-    Insercao insercao("insert into pess_ativ (");
+    Insercao insercao("pess_ativ");
     if (tela.contexto().isFirebird())
-        insercao.chave("idpess_ativ", ProximoGenerator(tela.contexto(), "GEN_PESS_ATIV"));
-    insercao.primeira("idpess", idpess);
+        insercao.inclui("idpess_ativ", QString::number(ProximoGenerator(tela.contexto(), "GEN_PESS_ATIV")));
+    insercao.inclui("idpess", idpess);
     const QString ramo = tela.FlexAtividades.cell(linha, colunaAtividade);
-    insercao.outra(", idativ", QString::number(IdAtividade(tela.contexto(), ramo)));
+    insercao.inclui("idativ", QString::number(IdAtividade(tela.contexto(), ramo)));
     IncluiAutoria(tela.contexto(), insercao);
     tela.contexto().SqlComando = insercao.comando();
 }

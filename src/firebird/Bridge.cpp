@@ -1,0 +1,201 @@
+#include "firebird/Bridge.h"
+
+#include "data/SqlTokens.h"
+
+#include <QDate>
+#include <algorithm>
+#include <array>
+
+namespace vorta::firebird {
+
+namespace {
+
+using data::Edit;
+using data::SqlToken;
+using data::Statement;
+using data::TokenKind;
+
+/// Words behind which a literal of a select list is an operand and no alias.
+constexpr std::array operandFollows{QLatin1StringView("select"), QLatin1StringView("distinct"), QLatin1StringView("all"),
+                                    QLatin1StringView("when"),   QLatin1StringView("then"),     QLatin1StringView("else"),
+                                    QLatin1StringView("case"),   QLatin1StringView("and"),      QLatin1StringView("or"),
+                                    QLatin1StringView("not"),    QLatin1StringView("like"),     QLatin1StringView("in"),
+                                    QLatin1StringView("between"), QLatin1StringView("containing"),
+                                    QLatin1StringView("with"),   QLatin1StringView("from"),     QLatin1StringView("date"),
+                                    QLatin1StringView("time"),   QLatin1StringView("timestamp")};
+
+class Tokens {
+  public:
+    explicit Tokens(const Statement& statement) : text_(statement.text()), tokens_(data::SqlTokens(text_)) {}
+
+    std::size_t size() const { return tokens_.size(); }
+    const SqlToken& operator[](std::size_t i) const { return tokens_[i]; }
+    QStringView in(std::size_t i) const { return tokens_[i].in(text_); }
+    bool is(std::size_t i, TokenKind kind) const { return i < size() && tokens_[i].kind == kind; }
+    bool isWord(std::size_t i, const char* word) const {
+        return i < size() && tokens_[i].isWord(text_, QLatin1StringView(word));
+    }
+    bool isSymbol(std::size_t i, QChar symbol) const { return i < size() && tokens_[i].isSymbol(text_, symbol); }
+    /// Between the apostrophes.
+    QStringView content(std::size_t i) const { return in(i).sliced(1, in(i).size() - 2); }
+    /// The parenthesis that closes the one at `open`; the end when none does.
+    std::size_t closing(std::size_t open) const {
+        int depth = 0;
+        for (std::size_t i = open; i < size(); ++i) {
+            if (isSymbol(i, u'('))
+                ++depth;
+            else if (isSymbol(i, u')') && --depth == 0)
+                return i;
+        }
+        return size();
+    }
+
+  private:
+    QStringView text_;
+    std::vector<SqlToken> tokens_;
+};
+
+bool isAlias(const Tokens& tokens, std::size_t i) {
+    if (!tokens.is(i, TokenKind::Literal) || !tokens[i].closed)
+        return false;
+    if (i + 1 < tokens.size() && !tokens.isSymbol(i + 1, u',') && !tokens.isWord(i + 1, "from"))
+        return false;
+    if (tokens.isSymbol(i - 1, u')') || tokens.is(i - 1, TokenKind::QuotedName))
+        return true;
+    return tokens.is(i - 1, TokenKind::Word) &&
+           std::none_of(operandFollows.begin(), operandFollows.end(),
+                        [&](auto word) { return tokens.in(i - 1).compare(word, Qt::CaseInsensitive) == 0; });
+}
+
+QString quotedName(QStringView content) {
+    return u'"' + content.toString().replace(QStringLiteral("''"), QStringLiteral("'")) + u'"';
+}
+
+/// Both forms of the date at a literal: none unless it is eight digits that are a date of the calendar.
+QString dashedDate(QStringView content) {
+    if (content.size() != 8 || !std::all_of(content.begin(), content.end(), [](QChar c) { return c >= u'0' && c <= u'9'; }))
+        return {};
+    const QDate date = QDate::fromString(content.toString(), QStringLiteral("yyyyMMdd"));
+    return date.isValid() ? date.toString(QStringLiteral("yyyy-MM-dd")) : QString();
+}
+
+std::vector<bool> describeEach(const Statement& statement, const std::vector<Edit>& questions,
+                               const DescribeDates& describe) {
+    if (const auto together = describe(statement.edited(questions).text());
+        together && together->size() == questions.size())
+        return *together;
+    // One of them stands where no parameter can: each is then asked for by itself.
+    std::vector<bool> dates;
+    for (const Edit& question : questions) {
+        const auto alone = describe(statement.edited(std::span(&question, 1)).text());
+        dates.push_back(alone && alone->size() == 1 && alone->front());
+    }
+    return dates;
+}
+
+} // namespace
+
+Statement BridgeSyntax(const Statement& statement) {
+    const Tokens tokens(statement);
+    if (!tokens.isWord(0, "select"))
+        return statement;
+    std::vector<Edit> edits;
+    if (tokens.isWord(1, "top") && tokens.is(2, TokenKind::Number))
+        edits.push_back({tokens[1].start, tokens[1].length, QStringLiteral("FIRST")});
+    int depth = 0;
+    for (std::size_t i = 1; i < tokens.size() && !(depth == 0 && tokens.isWord(i, "from")); ++i) {
+        if (tokens.isSymbol(i, u'('))
+            ++depth;
+        else if (tokens.isSymbol(i, u')'))
+            --depth;
+        else if (depth == 0 && isAlias(tokens, i))
+            edits.push_back({tokens[i].start, tokens[i].length, quotedName(tokens.content(i))});
+    }
+    return edits.empty() ? statement : statement.edited(edits);
+}
+
+std::optional<QString> IdentityColumn(const Statement& statement) {
+    if (!statement.text().contains(u"@@identity", Qt::CaseInsensitive))
+        return std::nullopt;
+    const Tokens tokens(statement);
+    if (!tokens.isWord(0, "select") || !tokens.isWord(1, "@@identity"))
+        return std::nullopt;
+    if (tokens.size() == 2)
+        return QString();
+    const std::size_t alias = tokens.isWord(2, "as") ? 3 : 2;
+    if (tokens.size() != alias + 1)
+        return std::nullopt;
+    return tokens.is(alias, TokenKind::Word) ? tokens.in(alias).toString() : tokens.content(alias).toString();
+}
+
+std::optional<QString> InsertedTable(const Statement& statement) {
+    if (!statement.text().trimmed().startsWith(u"insert", Qt::CaseInsensitive))
+        return std::nullopt;
+    const Tokens tokens(statement);
+    if (!tokens.isWord(0, "insert") || !tokens.isWord(1, "into") || !tokens.is(2, TokenKind::Word))
+        return std::nullopt;
+    std::size_t next = 3;
+    if (tokens.isSymbol(next, u'('))
+        next = tokens.closing(next) + 1;
+    if (!tokens.isWord(next, "values") || !tokens.isSymbol(next + 1, u'('))
+        return std::nullopt;
+    // Whatever follows the one row of values (a clause of its own) leaves the insert as it is.
+    if (tokens.closing(next + 1) + 1 != tokens.size())
+        return std::nullopt;
+    return tokens.in(2).toString();
+}
+
+Statement ReturningKey(const Statement& statement, const QString& table) {
+    const Edit clause{statement.text().size(), 0, QStringLiteral(" RETURNING id") + table};
+    return statement.edited(std::span(&clause, 1));
+}
+
+Statement BridgeDates(const Statement& statement, const DescribeDates& describe) {
+    const Tokens tokens(statement);
+    std::vector<Edit> questions;
+    std::vector<Edit> dates;
+    for (std::size_t i = 0; i < tokens.size(); ++i) {
+        if (!tokens.is(i, TokenKind::Literal) || !tokens[i].closed)
+            continue;
+        const QString date = dashedDate(tokens.content(i));
+        if (date.isEmpty())
+            continue;
+        questions.push_back({tokens[i].start, tokens[i].length, QStringLiteral("?")});
+        dates.push_back({tokens[i].start, tokens[i].length, u'\'' + date + u'\''});
+    }
+    if (dates.empty())
+        return statement;
+    const std::vector<bool> isDate = describeEach(statement, questions, describe);
+    std::vector<Edit> edits;
+    for (std::size_t i = 0; i < dates.size(); ++i)
+        if (isDate[i])
+            edits.push_back(dates[i]);
+    return edits.empty() ? statement : statement.edited(edits);
+}
+
+Parameterised TakeIntegers(const Statement& statement) {
+    if (statement.values().empty())
+        return {};
+    const Tokens tokens(statement);
+    const QStringView text = statement.text();
+    std::vector<Edit> edits;
+    Parameterised taken;
+    std::size_t i = 0;
+    for (const data::ValueSpan& span : statement.values()) {
+        while (i < tokens.size() && tokens[i].start < span.start)
+            ++i;
+        if (!tokens.is(i, TokenKind::Number) || tokens[i].start != span.start || tokens[i].length != span.length)
+            continue;
+        bool whole = false;
+        const qint64 integer = text.sliced(span.start, span.length).toLongLong(&whole);
+        if (!whole)
+            continue;
+        edits.push_back({span.start, span.length, QStringLiteral("?")});
+        taken.integers.push_back(integer);
+    }
+    if (!edits.empty())
+        taken.text = statement.edited(edits).text();
+    return taken;
+}
+
+} // namespace vorta::firebird

@@ -1,0 +1,73 @@
+#include "firebird/ConnectionText.h"
+
+#include "base/RuntimeError.h"
+
+#include <QMap>
+#include <QStringList>
+
+namespace vorta::firebird {
+
+namespace {
+
+using Parts = QMap<QString, QString>;
+
+QString unquoted(const QString& value) {
+    const bool quoted = value.size() >= 2 && ((value.startsWith(u'"') && value.endsWith(u'"')) ||
+                                              (value.startsWith(u'{') && value.endsWith(u'}')));
+    return quoted ? value.mid(1, value.size() - 2) : value;
+}
+
+Parts partsOf(const QString& text) {
+    Parts parts;
+    for (const QString& part : text.split(u';', Qt::SkipEmptyParts)) {
+        const qsizetype equals = part.indexOf(u'=');
+        if (equals > 0)
+            parts[part.first(equals).trimmed().toLower()] = unquoted(part.mid(equals + 1).trimmed());
+    }
+    return parts;
+}
+
+QString first(const Parts& parts, std::initializer_list<const char*> keys) {
+    for (const char* key : keys)
+        if (const QString value = parts.value(QString::fromLatin1(key)); !value.isEmpty())
+            return value;
+    return {};
+}
+
+/// "host:path" names a server; a single letter before the colon is a drive of this machine.
+bool namesServer(const QString& database) { return database.indexOf(u':') > 1; }
+
+} // namespace
+
+ConnectionText ReadConnectionText(const QString& text) {
+    ConnectionText read;
+    const QString whole = text.trimmed();
+    if (!whole.contains(u'=')) {
+        read.database = whole;
+    } else {
+        const Parts parts = partsOf(whole);
+        read.database = first(parts, {"database", "dbname", "data source", "initial catalog"});
+        read.user = first(parts, {"user", "uid", "user id", "username", "user name"});
+        read.password = first(parts, {"password", "pwd"});
+        read.role = first(parts, {"role"});
+        QString server = first(parts, {"server", "host", "address"});
+        if (const QString port = first(parts, {"port"}); !server.isEmpty() && !port.isEmpty())
+            server += u'/' + port;
+        if (!server.isEmpty() && !read.database.isEmpty() && !namesServer(read.database))
+            read.database = server + u':' + read.database;
+    }
+    if (read.database.isEmpty())
+        throw RuntimeError(errorNumber::ConnectionFailed);
+    read.embedded = !namesServer(read.database);
+    if (read.embedded) {
+#ifndef Q_OS_WIN
+        read.database.replace(u'\\', u'/');
+#endif
+        // The file's permissions decide who may open it here; the engine only wants a name with full rights.
+        if (read.user.isEmpty())
+            read.user = QStringLiteral("SYSDBA");
+    }
+    return read;
+}
+
+} // namespace vorta::firebird

@@ -1,0 +1,132 @@
+#include "firebird/EmbeddedEngine.h"
+
+#include "firebird/ConnectionText.h"
+
+#include <QDir>
+#include <QSaveFile>
+#include <mutex>
+
+namespace vorta::firebird {
+
+namespace {
+
+/// Classic lets several processes share a database file. Without the loopback provider a file that cannot be opened here is not tried
+/// once more through a server that happens to run on this machine.
+constexpr char configuration[] = "ServerMode = Classic\n"
+                                 "Providers = Remote,Engine12\n"
+                                 "DefaultDbCachePages = 2048\n";
+
+#ifdef Q_OS_WIN
+constexpr char standardHome[] = "c:/vorta";
+#else
+constexpr char standardHome[] = "/opt/vorta";
+#endif
+
+void prepare(const QString& givenHome) {
+    const QString home = !givenHome.isEmpty() ? givenHome : qEnvironmentVariable("VORTA_HOME", standardHome);
+    const QDir root(QDir(home).absoluteFilePath(QStringLiteral("firebird")));
+    const QString lock = root.filePath(QStringLiteral("lock"));
+    root.mkpath(QStringLiteral("lock"));
+    const QString file = root.filePath(QStringLiteral("firebird.conf"));
+    if (!QFile::exists(file)) {
+        QSaveFile saved(file); // whole or not at all, since another program may start at the same moment
+        if (saved.open(QIODevice::WriteOnly) && saved.write(configuration) >= 0)
+            saved.commit();
+    }
+    qputenv("FIREBIRD", QFile::encodeName(root.path()));
+    qputenv("FIREBIRD_LOCK", QFile::encodeName(lock));
+}
+
+/// A parameter block of the client interface under construction.
+class Parameters {
+  public:
+    explicit Parameters(const ConnectionText& text)
+        : block_(Master().getUtilInterface()->getXpbBuilder(&status_, Firebird::IXpbBuilder::DPB, nullptr, 0)) {
+        add(isc_dpb_utf8_filename);
+        add(isc_dpb_lc_ctype, QStringLiteral("UTF8"));
+        add(isc_dpb_sql_dialect, SQL_DIALECT_V6);
+        add(isc_dpb_user_name, text.user);
+        add(isc_dpb_password, text.password);
+        add(isc_dpb_sql_role_name, text.role);
+    }
+    void add(unsigned char tag) { block_->insertTag(&status_, tag); }
+    void add(unsigned char tag, int value) { block_->insertInt(&status_, tag, value); }
+    void add(unsigned char tag, const QString& value) {
+        if (!value.isEmpty())
+            block_->insertString(&status_, tag, value.toUtf8().constData());
+    }
+    unsigned length() { return block_->getBufferLength(&status_); }
+    const unsigned char* bytes() { return block_->getBuffer(&status_); }
+
+  private:
+    Status status_;
+    Owned<Firebird::IXpbBuilder> block_;
+};
+
+template <typename Work>
+auto opening(Work work) {
+    try {
+        return work();
+    } catch (const Firebird::FbException& failure) {
+        throw ToOpenError(failure);
+    }
+}
+
+Handle<Firebird::IProvider> provider() { return Handle<Firebird::IProvider>(Master().getDispatcher()); }
+
+Handle<Firebird::IAttachment> attach(const ConnectionText& text, Parameters& parameters) {
+    Status status;
+    return Handle<Firebird::IAttachment>(provider()->attachDatabase(&status, text.database.toUtf8().constData(),
+                                                                    parameters.length(), parameters.bytes()));
+}
+
+} // namespace
+
+void PrepareEmbeddedEngine(const QString& home) {
+    static std::once_flag once;
+    std::call_once(once, prepare, home);
+}
+
+Handle<Firebird::IAttachment> Attach(const QString& connectionString, int timeoutSeconds) {
+    const ConnectionText text = ReadConnectionText(connectionString);
+    return opening([&] {
+        Parameters parameters(text);
+        if (!text.embedded)
+            parameters.add(isc_dpb_connect_timeout, timeoutSeconds);
+        return attach(text, parameters);
+    });
+}
+
+void CreateDatabase(const QString& connectionString, const DatabaseOptions& options) {
+    const ConnectionText text = ReadConnectionText(connectionString);
+    opening([&] {
+        Parameters parameters(text);
+        parameters.add(isc_dpb_page_size, options.pageSize);
+        parameters.add(isc_dpb_set_db_charset, options.characterSet);
+        parameters.add(isc_dpb_force_write, options.forcedWrites ? 1 : 0);
+        Status status;
+        Handle<Firebird::IAttachment> database(provider()->createDatabase(
+            &status, text.database.toUtf8().constData(), parameters.length(), parameters.bytes()));
+        const QByteArray collation = QStringLiteral("ALTER CHARACTER SET %1 SET DEFAULT COLLATION %2")
+                                         .arg(options.characterSet, options.collation)
+                                         .toUtf8();
+        Handle<Firebird::ITransaction> transaction(database->startTransaction(&status, 0, nullptr));
+        database->execute(&status, transaction.get(), 0, collation.constData(), SQL_DIALECT_V6, nullptr, nullptr, nullptr,
+                          nullptr);
+        EndWith(transaction, [&](auto* open) { open->commit(&status); });
+        EndWith(database, [&](auto* open) { open->detach(&status); });
+    });
+}
+
+void SetForcedWrites(const QString& connectionString, bool on) {
+    const ConnectionText text = ReadConnectionText(connectionString);
+    opening([&] {
+        Parameters parameters(text);
+        parameters.add(isc_dpb_force_write, on ? 1 : 0);
+        Status status;
+        Handle<Firebird::IAttachment> database = attach(text, parameters);
+        EndWith(database, [&](auto* open) { open->detach(&status); });
+    });
+}
+
+} // namespace vorta::firebird

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+namespace vorta::data {
+
+/// The connection string for the ODBC driver from one of the forms of the engine tags ("driver={SQL
+/// Server};server=...", "Provider=SQLNCLI;Server=...", "Provider=sqloledb;...;Data Source=..."): their keys say the
+/// same things by different names, and the drivers that they name exist on Windows only. A server may be "name",
+/// "name,port" or "name\instance".
+QString OdbcConnectionString(const QString& connectionString);
+
+} // namespace vorta::data

@@ -1,0 +1,278 @@
+#include "robot/Commands.h"
+#include "robot/Player.h"
+
+#include <algorithm>
+#include <array>
+
+namespace vorta::robot {
+
+using namespace screen;
+
+namespace {
+
+using Words = const QStringList&; ///< the words behind the expectation's name
+
+struct ExpectationRow {
+    const char* name;
+    int least; ///< words behind the name
+    int most;
+    const char* usage;
+    void (*check)(Player& player, Words words);
+};
+
+void compare(const QString& what, const QString& expected, const QString& actual) {
+    if (expected != actual)
+        throw Failure{QStringLiteral("expected %1 %2, was %3").arg(what, Quoted(expected), Quoted(actual))};
+}
+
+void screenName(Player& player, Words words) {
+    const QString& name = player.activeScreen().name();
+    if (name.compare(words[0], Qt::CaseInsensitive) != 0)
+        throw Failure{QStringLiteral("expected the active screen %1, was %2").arg(words[0], name)};
+}
+
+void caption(Player& player, Words words) {
+    Screen& screen = player.activeScreen();
+    compare(QStringLiteral("caption"), words[0], screen.caption());
+    if (const auto seen = player.hands().seenCaption(screen))
+        compare(QStringLiteral("caption of the window"), words[0], *seen);
+}
+
+void focus(Player& player, Words words) {
+    const Field& field = player.field(words[0]);
+    Screen& screen = player.activeScreen();
+    const QString actual = screen.focus() ? screen.focus()->name() : QStringLiteral("no field");
+    if (screen.focus() != &field)
+        throw Failure{QStringLiteral("expected the focus on %1, was on %2").arg(field.name(), actual)};
+    if (const auto seen = player.hands().seenFocus(screen))
+        compare(QStringLiteral("the focus of the window on"), field.name(), *seen);
+}
+
+/// Idle is a blank or no text at all; everything else is one letter.
+void mode(Player& player, Words words) {
+    compare(QStringLiteral("mode"), words[0].trimmed(), player.contextToRead().ModoTela.trimmed());
+}
+
+void context(Player& player, Words words) {
+    compare(QStringLiteral("context %1").arg(words[0]), OneLineBreak(words[1]),
+            OneLineBreak(player.contextToRead().Campo(words[0])));
+}
+
+const char* iconName(Icon icon) {
+    switch (icon) {
+    case Icon::Information:
+        return "information";
+    case Icon::Critical:
+        return "critical";
+    case Icon::None:
+        break;
+    }
+    return "none";
+}
+
+const char* buttonsName(Buttons buttons) {
+    switch (buttons) {
+    case Buttons::YesNo:
+        return "YesNo";
+    case Buttons::YesNoCancel:
+        return "YesNoCancel";
+    case Buttons::OK:
+        break;
+    }
+    return "OK";
+}
+
+/// A box without a title of its own is also met by the empty title.
+bool titleMatches(const Box& box, const QString& title) {
+    return title == box.title || (box.title.isEmpty() && title == Program::applicationTitle());
+}
+
+struct BoxOption {
+    const char* name;
+    QStringList allowed; ///< empty: any text
+};
+
+const std::array boxOptions{
+    BoxOption{"title", {}},
+    BoxOption{"icon", {QStringLiteral("information"), QStringLiteral("critical"), QStringLiteral("none")}},
+    BoxOption{"buttons", {QStringLiteral("OK"), QStringLiteral("YesNo"), QStringLiteral("YesNoCancel")}},
+};
+
+void checkBoxOption(const Box& box, const QString& name, const QString& value) {
+    const auto option = std::find_if(boxOptions.begin(), boxOptions.end(),
+                                     [&](const BoxOption& row) { return name == QLatin1StringView(row.name); });
+    if (option == boxOptions.end() || (!option->allowed.isEmpty() && !option->allowed.contains(value)))
+        throw Failure{QStringLiteral("expected title, icon or buttons of a box, was %1 %2").arg(name, value)};
+    if (name == u"title" && !titleMatches(box, value))
+        compare(QStringLiteral("box title"), value, box.title.isEmpty() ? Program::applicationTitle() : box.title);
+    if (name == u"icon")
+        compare(QStringLiteral("box icon"), value, QLatin1StringView(iconName(box.icon)));
+    if (name == u"buttons")
+        compare(QStringLiteral("box buttons"), value, QLatin1StringView(buttonsName(box.buttons)));
+}
+
+void box(Player& player, Words words) {
+    if (words.size() % 2 == 0)
+        throw Failure{QStringLiteral("expected pairs of words behind the text of a box")};
+    Journal& journal = player.journal();
+    if (journal.looked == journal.boxes.size())
+        throw Failure{QStringLiteral("expected box %1, there was none").arg(Quoted(words[0]))};
+    const Box& oldest = journal.boxes[journal.looked++];
+    compare(QStringLiteral("box"), OneLineBreak(words[0]), OneLineBreak(oldest.text));
+    for (qsizetype at = 1; at < words.size(); at += 2)
+        checkBoxOption(oldest, words[at], words[at + 1]);
+}
+
+void nobox(Player& player, Words) {
+    const Journal& journal = player.journal();
+    if (journal.looked < journal.boxes.size())
+        throw Failure{QStringLiteral("expected no further box, there was %1")
+                          .arg(Quoted(OneLineBreak(journal.boxes[journal.looked].text)))};
+}
+
+/// What helps to see why a statement was not found: the one with the longest common beginning.
+QString nearest(const QStringList& statements, const QString& wanted) {
+    QString best;
+    qsizetype longest = -1;
+    for (const QString& statement : statements) {
+        const auto common = std::mismatch(statement.begin(), statement.end(), wanted.begin(), wanted.end()).first;
+        if (const qsizetype length = common - statement.begin(); length > longest) {
+            longest = length;
+            best = statement;
+        }
+    }
+    return best;
+}
+
+void sql(Player& player, Words words) {
+    Journal& journal = player.journal();
+    const qsizetype found = journal.statements.indexOf(words[0], journal.searched);
+    if (found >= 0) {
+        journal.searched = found + 1;
+        return;
+    }
+    const QStringList rest = journal.statements.mid(journal.searched);
+    if (rest.isEmpty())
+        throw Failure{QStringLiteral("expected statement %1, no statement was left").arg(Quoted(words[0]))};
+    const bool earlier = journal.statements.contains(words[0]);
+    throw Failure{QStringLiteral("expected statement %1, %2%3 others were sent, the nearest %4")
+                      .arg(Quoted(words[0]), earlier ? QStringLiteral("sent before the last one found; ") : QString(),
+                           QString::number(rest.size()), Quoted(nearest(rest, words[0])))};
+}
+
+void nosql(Player& player, Words words) {
+    for (const QString& statement : player.journal().statements)
+        if (statement.contains(words[0]))
+            throw Failure{
+                QStringLiteral("expected no statement with %1, there was %2").arg(Quoted(words[0]), Quoted(statement))};
+}
+
+void query(Player& player, Words words) {
+    compare(QStringLiteral("rows"), words[1], player.stage().query(player.mainBase(), words[0]));
+}
+
+void cepquery(Player& player, Words words) {
+    compare(QStringLiteral("rows"), words[1], player.stage().query(Base::PostalCode, words[0]));
+}
+
+void mail(Player& player, Words words) {
+    compare(QStringLiteral("address"), words[0], player.lastAddress());
+}
+
+void running(Player& player, Words) {
+    player.activeScreen();
+}
+
+void ended(Player& player, Words words) {
+    if (!player.hasLaunched())
+        throw Failure{QStringLiteral("expected an ended program, it has not been launched")};
+    if (player.isRunning())
+        throw Failure{QStringLiteral("expected an ended program, it runs on %1").arg(player.activeScreen().name())};
+    const auto& error = player.lastCast().program().failure();
+    const QString actual = error ? QStringLiteral("run-time error %1: %2 %3")
+                                       .arg(QString::number(error->number()), error->description(), error->statement())
+                                 : QStringLiteral("without one");
+    if (words.isEmpty() && error)
+        throw Failure{QStringLiteral("expected an end without a run-time error, was %1").arg(actual)};
+    if (!words.isEmpty() && (!error || error->number() != NumberWord(words[0])))
+        throw Failure{QStringLiteral("expected an end with run-time error %1, was %2").arg(words[0], actual)};
+}
+
+constexpr std::array expectations{
+    ExpectationRow{"screen", 1, 1, "expect screen NAME", screenName},
+    ExpectationRow{"caption", 1, 1, "expect caption \"text\"", caption},
+    ExpectationRow{"focus", 1, 1, "expect focus FIELD", focus},
+    ExpectationRow{"mode", 1, 1, "expect mode \"I\"", mode},
+    ExpectationRow{"context", 2, 2, "expect context NAME \"text\"", context},
+    ExpectationRow{"box", 1, 7, "expect box \"text\" [title \"T\"] [icon I] [buttons B]", box},
+    ExpectationRow{"nobox", 0, 0, "expect nobox", nobox},
+    ExpectationRow{"sql", 1, 1, "expect sql \"statement\"", sql},
+    ExpectationRow{"nosql", 1, 1, "expect nosql \"text\"", nosql},
+    ExpectationRow{"query", 2, 2, "expect query \"select\" \"rows\"", query},
+    ExpectationRow{"cepquery", 2, 2, "expect cepquery \"select\" \"rows\"", cepquery},
+    ExpectationRow{"mail", 1, 1, "expect mail \"address\"", mail},
+    ExpectationRow{"running", 0, 0, "expect running", running},
+    ExpectationRow{"ended", 0, 1, "expect ended [NUMBER]", ended},
+};
+
+/// The value as it is compared: truths and numbers must be some, colours count as 32 bits, texts know one line break
+/// only.
+QString comparable(ValueKind kind, const QString& value) {
+    switch (kind) {
+    case ValueKind::Truth:
+        if (value != u"true" && value != u"false")
+            throw Failure{QStringLiteral("expected true or false, was %1").arg(value)};
+        return value;
+    case ValueKind::Number:
+        return QString::number(NumberWord(value));
+    case ValueKind::Colour: {
+        bool isNumber = false;
+        const qint64 colour = value.toLongLong(&isNumber);
+        if (!isNumber)
+            throw Failure{QStringLiteral("expected a decimal colour, was %1").arg(value)};
+        return QString::number(static_cast<qint32>(static_cast<quint32>(colour)));
+    }
+    case ValueKind::Text:
+        break;
+    }
+    return OneLineBreak(value);
+}
+
+/// The caption of a button without the mark of its accelerator.
+QString unmarked(const Field& field, const Question& question, QString text) {
+    return field.kind() == FieldKind::Button && question.property == u"text" ? text.remove(u'&') : text;
+}
+
+void checkField(Player& player, Words words) {
+    Field& field = player.field(words[0]);
+    const Property* property = FindProperty(words.value(1));
+    if (!property)
+        throw Failure{QStringLiteral("expected a property, was %1").arg(words.value(1, QStringLiteral("none")))};
+    if (words.size() != 3 + property->numbers)
+        throw Failure{QStringLiteral("expected %1 words behind %2, there were %3")
+                          .arg(QString::number(1 + property->numbers), words[1], QString::number(words.size() - 2))};
+    const Question question{words[1], property->numbers > 0 ? NumberWord(words[2]) : 0,
+                            property->numbers > 1 ? NumberWord(words[3]) : 0};
+    const QString what = words.first(2 + property->numbers).join(u' ');
+    const QString expected = unmarked(field, question, comparable(property->kind, words.last()));
+    compare(what, expected, unmarked(field, question, comparable(property->kind, Look(field, question))));
+    if (const auto seen = player.hands().seen(field, question))
+        compare(what + QStringLiteral(" in the window"), expected,
+                unmarked(field, question, comparable(property->kind, *seen)));
+}
+
+} // namespace
+
+void RunExpectation(Player& player, const QStringList& words) {
+    const auto found = std::find_if(expectations.begin(), expectations.end(),
+                                    [&](const ExpectationRow& row) { return words[0] == QLatin1StringView(row.name); });
+    if (found == expectations.end())
+        return checkField(player, words);
+    const QStringList rest = words.mid(1);
+    if (rest.size() < found->least || rest.size() > found->most)
+        throw Failure{QStringLiteral("expected %1, there were %2 words")
+                          .arg(QLatin1StringView(found->usage), QString::number(words.size() + 1))};
+    found->check(player, rest);
+}
+
+} // namespace vorta::robot

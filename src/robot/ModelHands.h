@@ -1,0 +1,38 @@
+#pragma once
+
+#include "robot/Hands.h"
+
+namespace vorta::robot {
+
+/// The hands of a user who has no window: every movement is an event of the screen model.
+class ModelHands : public Hands {
+  public:
+    explicit ModelHands(screen::User& user) : user_(user) {}
+
+    void show(screen::Screen&) override {}
+    void hide(screen::Screen&) override {}
+    screen::Answer answer(const screen::Box&, screen::Answer prepared) override { return prepared; }
+
+    void focus(screen::Field& field) override { user_.focus(field); }
+    void leave(screen::Screen& screen) override { user_.leave(screen); }
+    void type(screen::Field& field, const QString& text) override { user_.type(field, text); }
+    void key(screen::Field& focused, screen::Key key, int) override { user_.key(focused, key); }
+    void character(screen::Field& focused, QChar character) override { user_.character(focused, character); }
+    void click(screen::Field& field) override { user_.click(field); }
+    void doubleClick(screen::Field& field) override { user_.doubleClick(field); }
+    void clickCell(screen::Grid& grid, int row, int col) override { user_.clickCell(grid, row, col); }
+    void doubleClickCell(screen::Grid& grid, int row, int col) override { user_.doubleClickCell(grid, row, col); }
+    void dropDown(screen::ListField& list) override { user_.dropDown(list); }
+    void pick(screen::ListField& list, int index) override { user_.pick(list, index); }
+    void chooseTab(screen::TabStrip& strip, int page) override { user_.chooseTab(strip, page); }
+    void close(screen::Screen& screen) override { user_.close(screen); }
+
+    std::optional<QString> seen(screen::Field&, const Question&) override { return {}; }
+    std::optional<QString> seenCaption(screen::Screen&) override { return {}; }
+    std::optional<QString> seenFocus(screen::Screen&) override { return {}; }
+
+  private:
+    screen::User& user_;
+};
+
+} // namespace vorta::robot

@@ -1,0 +1,140 @@
+#include "robot/Run.h"
+
+#include "robot/Player.h"
+
+#include <QTemporaryDir>
+#include <cstdio>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace vorta::robot {
+
+namespace {
+
+/// What the process of a scenario tells: numbers of lines as they are reached, then its verdict.
+constexpr char reached = 'L';
+constexpr char failed = 'F';
+constexpr char passed = 'P';
+
+void tell(int pipe, char kind, const QByteArray& text) {
+    const QByteArray message = kind + text + '\0';
+    for (qsizetype sent = 0; sent < message.size();) {
+        const ssize_t part = ::write(pipe, message.constData() + sent, static_cast<size_t>(message.size() - sent));
+        if (part <= 0)
+            return;
+        sent += part;
+    }
+}
+
+[[noreturn]] void playInChild(int pipe, const Scenario& scenario, const QString& copy, const PlayOne& play) {
+    const auto verdict = [&]() -> std::optional<Verdict> {
+        try {
+            return play(scenario, copy, [pipe](int line) { tell(pipe, reached, QByteArray::number(line)); });
+        } catch (const Failure& failure) {
+            return Verdict{0, failure.message};
+        } catch (const std::exception& error) {
+            return Verdict{0, QString::fromUtf8(error.what())};
+        }
+    }();
+    if (verdict)
+        tell(pipe, failed, QByteArray::number(verdict->line) + ':' + verdict->message.toUtf8());
+    else
+        tell(pipe, passed, {});
+    std::fflush(nullptr);
+    ::_exit(0);
+}
+
+QByteArray readAll(int pipe) {
+    QByteArray all;
+    char buffer[4096];
+    for (ssize_t count; (count = ::read(pipe, buffer, sizeof buffer)) > 0;)
+        all.append(buffer, count);
+    return all;
+}
+
+/// The verdict that the messages of a process carry; a process that told none has crashed at the last line it reached.
+std::optional<Verdict> verdictOf(const QByteArray& messages, int status) {
+    int line = 0;
+    for (const QByteArray& message : messages.split('\0')) {
+        if (message.startsWith(reached))
+            line = message.mid(1).toInt();
+        else if (message.startsWith(passed))
+            return {};
+        else if (message.startsWith(failed)) {
+            const qsizetype colon = message.indexOf(':');
+            return Verdict{message.mid(1, colon - 1).toInt(), QString::fromUtf8(message.mid(colon + 1))};
+        }
+    }
+    return Verdict{line,
+                   WIFSIGNALED(status)
+                       ? QStringLiteral("expected a running program, it crashed with signal %1").arg(WTERMSIG(status))
+                       : QStringLiteral("expected a verdict, the process ended with %1").arg(WEXITSTATUS(status))};
+}
+
+std::optional<Verdict> playApart(const Scenario& scenario, const PlayOne& play) {
+    const QTemporaryDir copy;
+    int ends[2];
+    if (!copy.isValid() || ::pipe(ends) != 0)
+        return Verdict{0, QStringLiteral("no room for a copy of the installation")};
+    std::fflush(nullptr);
+    const pid_t child = ::fork();
+    if (child < 0)
+        return Verdict{0, QStringLiteral("no process for the scenario")};
+    if (child == 0) {
+        ::close(ends[0]);
+        playInChild(ends[1], scenario, copy.path(), play);
+    }
+    ::close(ends[1]);
+    const QByteArray messages = readAll(ends[0]);
+    ::close(ends[0]);
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return verdictOf(messages, status);
+}
+
+} // namespace
+
+Options Options::parse(const QStringList& arguments, const QString& defaultHome) {
+    Options options{.home = defaultHome, .trace = {}, .desktop = false, .files = {}};
+    for (qsizetype at = 0; at < arguments.size(); ++at) {
+        const QString& argument = arguments[at];
+        const auto next = [&] {
+            if (++at >= arguments.size())
+                throw Failure{QStringLiteral("%1 needs a value").arg(argument)};
+            return arguments[at];
+        };
+        if (argument == u"--home")
+            options.home = next();
+        else if (argument == u"--trace")
+            options.trace = next();
+        else if (argument == u"--desktop")
+            options.desktop = true;
+        else if (argument.startsWith(u"--"))
+            throw Failure{QStringLiteral("unknown argument %1").arg(argument)};
+        else
+            options.files += argument;
+    }
+    if (options.files.isEmpty())
+        throw Failure{QStringLiteral("no scenario file given")};
+    return options;
+}
+
+int RunAll(const std::vector<Scenario>& scenarios, const PlayOne& play) {
+    int failures = 0;
+    for (const Scenario& scenario : scenarios) {
+        const QByteArray file = scenario.file.toUtf8();
+        if (const auto verdict = playApart(scenario, play)) {
+            ++failures;
+            QString message = verdict->message;
+            message.replace(u'\n', u' ');
+            std::printf("not ok %s:%d: %s\n", file.constData(), verdict->line, message.toUtf8().constData());
+        } else {
+            std::printf("ok %s\n", file.constData());
+        }
+        std::fflush(stdout);
+    }
+    std::printf("%d passed, %d failed\n", static_cast<int>(scenarios.size()) - failures, failures);
+    return failures == 0 ? 0 : 1;
+}
+
+} // namespace vorta::robot

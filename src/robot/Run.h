@@ -1,0 +1,32 @@
+#pragma once
+
+#include "robot/Scenario.h"
+
+#include <functional>
+#include <optional>
+
+namespace vorta::robot {
+
+struct Verdict;
+
+/// The arguments of the program.
+struct Options {
+    QString home;
+    QString trace; ///< file for the statements; empty for none
+    bool desktop = false;
+    QStringList files;
+
+    /// Takes the arguments (without the program's name) apart; raises `Failure` for unusable ones.
+    static Options parse(const QStringList& arguments, const QString& defaultHome);
+};
+
+/// Plays one scenario in the folder `copy`, empty at first; `atLine` is told how far it has come. Nothing when it
+/// passes.
+using PlayOne =
+    std::function<std::optional<Verdict>(const Scenario&, const QString& copy, const std::function<void(int)>& atLine)>;
+
+/// Plays every scenario in a process and a folder of its own, so that a scenario that crashes the program fails alone,
+/// and prints the result lines. Gives the exit status: 0 when all passed, 1 when one failed.
+int RunAll(const std::vector<Scenario>& scenarios, const PlayOne& play);
+
+} // namespace vorta::robot

@@ -1,0 +1,96 @@
+// Plays scenario files: pessoas-roteiro [--home DIR] [--desktop] [--trace FILE] FILE...
+
+#include "app/Register.h"
+#include "desktop/DesktopHands.h"
+#include "firebird/FirebirdAdapter.h"
+#include "robot/program/Installation.h"
+#include "robot/ModelHands.h"
+#include "robot/Player.h"
+#include "robot/Run.h"
+
+#include <QFile>
+#include <clocale>
+#include <cstdio>
+
+namespace {
+
+using namespace vorta;
+using namespace vorta::robot;
+
+constexpr int unusable = 2;
+
+class RegisterCast : public Cast {
+  public:
+    RegisterCast(screen::Platform& platform, data::StatementTrace trace) : register_(platform, std::move(trace)) {}
+
+    screen::Program& program() override { return register_.program(); }
+    ContextoExecucao& context() override { return register_.context(); }
+    screen::User& user() override { return register_.user(); }
+    void start(const QString& launchString) override { register_.start(launchString); }
+
+  private:
+    Register register_;
+};
+
+HandsFactory handsOf(const Options& options) {
+    if (options.desktop)
+        return desktop::MakeDesktopHands;
+    return [](screen::Program&, screen::User& user) { return std::make_unique<ModelHands>(user); };
+}
+
+/// Adds every statement to the file, one a line.
+data::StatementTrace traceInto(QFile& file) {
+    if (file.fileName().isEmpty())
+        return {};
+    return [&file](const QString& statement) {
+        QString line = statement;
+        line.replace(u'\n', QStringLiteral("\\n")).replace(u'\r', QStringLiteral("\\r"));
+        file.write(line.toUtf8() + '\n');
+    };
+}
+
+std::optional<Verdict> playOne(const Options& options, const Scenario& scenario, const QString& copy,
+                               const std::function<void(int)>& atLine) {
+    QFile trace(options.trace);
+    if (!options.trace.isEmpty() && !trace.open(QIODevice::Append))
+        throw Failure{QStringLiteral("%1 cannot be written").arg(options.trace)};
+    Installation installation(options.home, copy, firebird::Adapters(),
+                              [](screen::Platform& platform, data::StatementTrace statements) {
+                                  return std::make_unique<RegisterCast>(platform, std::move(statements));
+                              });
+    Player player(scenario, installation, handsOf(options), traceInto(trace));
+    player.onLine = atLine;
+    return player.play();
+}
+
+int run(const QStringList& arguments) {
+    const Options options = Options::parse(arguments, qEnvironmentVariable("VORTA_HOME", QStringLiteral("/opt/vorta")));
+    if (!Installation::isOne(options.home))
+        throw Failure{QStringLiteral("%1 holds no installation").arg(options.home)};
+    std::vector<Scenario> scenarios;
+    for (const QString& file : options.files)
+        scenarios.push_back(Scenario::read(file));
+    QFile trace(options.trace);
+    if (!options.trace.isEmpty() && !trace.open(QIODevice::WriteOnly))
+        throw Failure{QStringLiteral("%1 cannot be written").arg(options.trace)};
+    trace.close();
+    return RunAll(scenarios,
+                  [&](const Scenario& scenario, const QString& copy, const std::function<void(int)>& atLine) {
+                      return playOne(options, scenario, copy, atLine);
+                  });
+}
+
+} // namespace
+
+int main(int count, char** values) {
+    std::setlocale(LC_CTYPE, "C.UTF-8"); // file names are UTF-8 whatever the environment says
+    QStringList arguments;
+    for (int at = 1; at < count; ++at)
+        arguments += QString::fromUtf8(values[at]);
+    try {
+        return run(arguments);
+    } catch (const Failure& failure) {
+        std::fprintf(stderr, "pessoas-roteiro: %s\n", failure.message.toUtf8().constData());
+        return unusable;
+    }
+}

@@ -1,0 +1,488 @@
+#include "roles/TelaPapel.h"
+
+#include "base/Format.h"
+#include "base/Text.h"
+#include "launch/AcessoDados.h"
+#include "launch/Lancamento.h"
+#include "shared/Consultas.h"
+#include "shared/Preenchimento.h"
+#include "shared/TextoEntrada.h"
+#include "shared/ValidaCampos.h"
+#include "shared/Vinculos.h"
+
+namespace vorta {
+
+namespace {
+
+using data::Recordset;
+using data::Statement;
+using screen::Answer;
+using screen::Buttons;
+using screen::Field;
+using screen::Icon;
+
+const QString telaPessoas = QStringLiteral("frmPessoas");
+const QString avisoOcioso = QStringLiteral("Selecione Um Registro Para Alterar/Desativar ou Reativar");
+const QString modoOcioso = QStringLiteral(" ");
+
+QString DataDaLinha(const data::Value& valor) {
+    return valor.isNull() ? QString() : FormatDate(valor.date().date());
+}
+
+} // namespace
+
+TelaPapel::TelaPapel(ContextoExecucao& contexto, const PapelTela& papel)
+    : Screen(contexto.program(), QString::fromLatin1(papel.tela)), lblRowId(this, papel.rotuloId), contexto_(contexto),
+      papel_(papel) {
+    txtRowID.selectsOnFocus = true;
+    txtRowID.enterMovesOn = true;
+    txtRowID.setLocked(true);
+    txtDTDesativa.setLocked(true);
+    cmdPESQUISAR.Click = [this] { cmdPESQUISAR_Click(); };
+    cmdINCLUIR.Click = [this] { cmdINCLUIR_Click(); };
+    cmdALTERAR.Click = [this] { cmdALTERAR_Click(); };
+    cmdEXCLUIR.Click = [this] { cmdEXCLUIR_Click(); };
+    cmdReativar.Click = [this] { cmdReativar_Click(); };
+    cmdSALVAR.Click = [this] { cmdSALVAR_Click(); };
+    cmdSAIR.Click = [this] { cmdSAIR_Click(); };
+    chkVisualiza.Click = [this] { chkVisualiza_Click(); };
+    if (papel.confereCodigo)
+        txtRowID.LostFocus = [this] { txtRowID_LostFocus(); };
+}
+
+void TelaPapel::Registro(std::initializer_list<Field*> campos, std::initializer_list<Field*> numericos) {
+    registro_ = campos;
+    numericos_ = numericos;
+    for (Field* campo : registro_)
+        campo->enterMovesOn = true;
+    for (Field* campo : numericos_)
+        campo->enterMovesOn = true;
+}
+
+void TelaPapel::CampoValor(Field& campo) {
+    campo.selectsOnFocus = true;
+    campo.LostFocus = [&campo] { campo.setText(FormatAmountText(campo.text())); };
+}
+
+void TelaPapel::ZeraVazios(std::initializer_list<Field*> valores) {
+    for (Field* valor : valores)
+        if (RTrim(valor->text()).isEmpty())
+            valor->setText(FormatAmount(0));
+}
+
+void TelaPapel::DataCredencial(screen::MaskedField& campo) {
+    campo.selectsOnFocus = true;
+    campo.LostFocus = [this, &campo] {
+        if (IsDate(campo.text()) || campo.text() == campo.blank())
+            return;
+        program().MsgBox(QStringLiteral("Data Inválida!"));
+        SetFocus(campo);
+    };
+}
+
+void TelaPapel::Load() {
+    CentralizaForm(*this);
+    setCaption(TituloTela(contexto_, QString::fromLatin1(papel_.sufixo)));
+    BotoesOcioso();
+    BloqueiaCampos();
+    LimpaCampos();
+    txtRowID.setText(contexto_.IdPessoaVinculo);
+    lblPessoa.setText(NomePessoa(contexto_, contexto_.IdPessoaVinculo));
+    if (contatos_)
+        PreencheCargos(contexto_, {}, contatos_->cboTipoContato);
+    cmdPESQUISAR_Click();
+    lblAviso.setText(avisoOcioso);
+}
+
+void TelaPapel::QueryUnload() {
+    if (papel_.atualizaPessoas)
+        AtualizaIndicadoresVinculo(contexto_, contexto_.Tela(telaPessoas));
+}
+
+void TelaPapel::BotoesOcioso() {
+    for (screen::Button* botao : {&cmdINCLUIR, &cmdALTERAR, &cmdEXCLUIR, &cmdReativar, &cmdSAIR})
+        botao->setEnabled(true);
+    for (screen::Button* botao : {&cmdPESQUISAR, &cmdSALVAR, &cmdIMPRIMIR})
+        botao->setEnabled(false);
+}
+
+void TelaPapel::BotoesEdicao() {
+    for (screen::Button* botao : {&cmdPESQUISAR, &cmdINCLUIR, &cmdALTERAR, &cmdEXCLUIR, &cmdReativar, &cmdIMPRIMIR})
+        botao->setEnabled(false);
+    for (screen::Button* botao : {&cmdSALVAR, &cmdSAIR})
+        botao->setEnabled(true);
+}
+
+void TelaPapel::BloqueiaCampos() {
+    BloqueiaCampo(txtRowID);
+    BloqueiaCampo(txtDTDesativa);
+    for (const std::vector<Field*>* campos : {&registro_, &numericos_})
+        for (Field* campo : *campos)
+            BloqueiaCampo(*campo);
+    if (contatos_)
+        contatos_->Bloqueia();
+}
+
+void TelaPapel::LiberaCampos() {
+    for (const std::vector<Field*>* campos : {&registro_, &numericos_})
+        for (Field* campo : *campos)
+            LiberaCampo(*campo);
+    if (contatos_)
+        contatos_->Libera();
+    BloqueiaCampo(txtRowID);
+    txtDTDesativa.setLocked(true);
+    txtDTDesativa.setBackground(screen::colour::Free);
+}
+
+void TelaPapel::LimpaCampos() {
+    if (contatos_) {
+        contatos_->PreparaGridContatos();
+        contatos_->LimpaEntrada();
+    }
+    for (Field* campo : registro_) {
+        if (auto* mascara = dynamic_cast<screen::MaskedField*>(campo))
+            LimpaMascara(*mascara);
+        else
+            campo->setText({});
+    }
+    for (Field* campo : numericos_)
+        campo->setText(u"0"_qs);
+    if (papel_.limpaDesativacao)
+        txtDTDesativa.setText({});
+}
+
+void TelaPapel::cmdPESQUISAR_Click() {
+    if (Trim(txtRowID.text()).isEmpty())
+        return;
+    Statement& consulta = contexto_.SqlConsulta;
+    consulta.clear();
+    consulta << "SELECT " << papel_.chaveBusca << " "
+             << "FROM " << papel_.tabela << ", pess "
+             << "WHERE pess.idpess = " << papel_.tabela << ".idpess "
+             << "and pess.idpess=" << txtRowID.text();
+    contexto_.RecordsetComum = AbreLeitura(contexto_, consulta);
+    if (contexto_.RecordsetComum.Eof())
+        return;
+    lblRowId.setText(contexto_.RecordsetComum.Fields(papel_.colunaBusca).text());
+    contexto_.RecordsetComum.Close();
+    CarregaRegistro();
+}
+
+void TelaPapel::CarregaRegistro() {
+    Statement& consulta = contexto_.SqlConsulta;
+    consulta.clear();
+    consulta << "SELECT * FROM " << papel_.tabela << " WHERE " << papel_.chave << " = " << lblRowId.text();
+    Recordset registro = AbreLeitura(contexto_, consulta);
+    if (registro.Eof())
+        return;
+    LimpaCampos();
+    txtDTDesativa.setText(registro.Fields("data_desa").textOr({}));
+    CarregaCampos(registro);
+    if (contatos_)
+        contatos_->Carrega(lblRowId.text());
+    registro.Close();
+}
+
+bool TelaPapel::Selecionado() const {
+    return papel_.selecao == Selecao::PelaPessoa ? !RTrim(txtRowID.text()).isEmpty() : Val(lblRowId.text()) != 0;
+}
+
+bool TelaPapel::FaltaSelecao() {
+    if (Selecionado())
+        return false;
+    program().MsgBox(QStringLiteral("Selecione Um Registro Para Executar esta Operação!"));
+    return true;
+}
+
+void TelaPapel::Recusa(const QString& motivo) {
+    program().MsgBox(QStringLiteral("Impossibilidade de Executar o Comando!\n") + motivo);
+}
+
+void TelaPapel::VaiParaGrade() {
+    if (contatos_)
+        SetFocus(contatos_->Flex);
+}
+
+void TelaPapel::ComArmadilha(const QString& mensagem, const std::function<void()>& passos) {
+    try {
+        passos();
+    } catch (const RuntimeError& erro) {
+        program().MsgBox({QStringLiteral("%1\n%2 - %3").arg(mensagem).arg(erro.number()).arg(erro.description()),
+                          QStringLiteral("Inclusão"), Icon::Information, Buttons::OK});
+        setPointer(screen::Pointer::Default);
+    }
+}
+
+void TelaPapel::Edita(const QString& modo, const QString& aviso) {
+    contexto_.ModoTela = modo;
+    lblAviso.setText(aviso);
+    LiberaCampos();
+    SetFocus(field(QString::fromLatin1(papel_.primeiroCampo)));
+}
+
+void TelaPapel::cmdINCLUIR_Click() {
+    if (Val(lblRowId.text()) > 0) {
+        program().MsgBox(QStringLiteral("Este Registro já está vinculado!"));
+        return;
+    }
+    BotoesEdicao();
+    const auto passos = [this] {
+        Edita(u"I"_qs, QStringLiteral("O Modo <INCLUSÃO> está ATIVO"));
+        LimpaCampos();
+        if (papel_.preencheCredencial)
+            field(QStringLiteral("mskDtCredencial")).setText(FormatDate(contexto_.hoje()));
+    };
+    if (papel_.armadilhaIncluir)
+        ComArmadilha(QStringLiteral("Erro ao Incluir o Registro!"), passos);
+    else
+        passos();
+}
+
+void TelaPapel::cmdALTERAR_Click() {
+    if (FaltaSelecao())
+        return VaiParaGrade();
+    if (!RTrim(txtDTDesativa.text()).isEmpty()) {
+        Recusa(QStringLiteral("O Registro Está Desativado."));
+        VaiParaGrade();
+        LimpaCampos();
+        return;
+    }
+    ComArmadilha(QStringLiteral("Erro ao Alterar o Registro!"), [this] {
+        BotoesEdicao();
+        Edita(u"A"_qs, QStringLiteral("O Modo <ALTERAÇÃO> está ATIVO"));
+    });
+}
+
+/// Sends the change of the audit columns of the role row on the screen.
+void TelaPapel::MudaSituacao(const Statement& colunas) {
+    Statement& comando = contexto_.SqlComando;
+    comando.clear();
+    comando << "UPDATE " << papel_.tabela << " SET " << colunas << "WHERE (" << papel_.chave << "=" << lblRowId.text()
+            << ")";
+    ExecutaSemAcentos(contexto_, comando);
+}
+
+void TelaPapel::cmdEXCLUIR_Click() {
+    if (FaltaSelecao())
+        return;
+    if (!RTrim(txtDTDesativa.text()).isEmpty()) {
+        Recusa(QStringLiteral("O Registro Já está como Desativado."));
+        LimpaCampos();
+        return;
+    }
+    if (program().MsgBox({QStringLiteral("Deseja realmente Desativar?"), {}, Icon::None, Buttons::YesNo}) ==
+        Answer::Yes) {
+        MudaSituacao(Statement("user_desa='") << contexto_.CodigoUsuario << "', "
+                                              << "data_desa='" << FormatDateSql(contexto_.hoje()) << "' ");
+        if (papel_.colunaPess)
+            LimpaVinculoPess(contexto_, txtRowID.text(), *papel_.colunaPess);
+    }
+    BotoesOcioso();
+    LimpaCampos();
+}
+
+void TelaPapel::cmdReativar_Click() {
+    if (FaltaSelecao())
+        return;
+    if (RTrim(txtDTDesativa.text()).isEmpty()) {
+        Recusa(QStringLiteral("O Registro Já está como Ativo."));
+        LimpaCampos();
+        return;
+    }
+    if (papel_.conferePessoaAtiva &&
+        !Trim(contexto_.Tela(telaPessoas).field(QStringLiteral("lblDataDesa")).text()).isEmpty()) {
+        program().MsgBox({QStringLiteral("Atenção!!!\nO registro 'Pessoa' deverá ser reativado antes dessa operação!"),
+                          ContextoExecucao::Titulo(), Icon::Critical, Buttons::OK});
+        return;
+    }
+    if (program().MsgBox(
+            {QStringLiteral("Deseja realmente Reativar Este Registro ?"), {}, Icon::None, Buttons::YesNo}) ==
+        Answer::Yes) {
+        MudaSituacao(Statement("user_desa=null, ") << "data_desa=null, "
+                                                   << "user_incl='" << contexto_.CodigoUsuario << "', "
+                                                   << "data_incl='" << FormatDateSql(contexto_.hoje()) << "' ");
+        if (papel_.colunaPess)
+            GravaVinculoPess(contexto_, txtRowID.text(), *papel_.colunaPess, lblRowId.text());
+    }
+    BotoesOcioso();
+    LimpaCampos();
+    cmdPESQUISAR_Click();
+}
+
+void TelaPapel::cmdSAIR_Click() {
+    if (contexto_.ModoTela != u"I" && contexto_.ModoTela != u"A")
+        return Unload();
+    const Answer resposta = program().MsgBox(
+        {QStringLiteral("Existe operação não concluída!!!\n\n<Sim> Sair sem Concluir\n<Não> Retornar para a Operação "
+                        "Atual\n<Cancela> Retornar e Abortar a Operação Atual"),
+         {},
+         Icon::None,
+         Buttons::YesNoCancel});
+    if (resposta == Answer::Yes)
+        return Unload();
+    if (resposta != Answer::Cancel)
+        return;
+    BotoesOcioso();
+    BloqueiaCampos();
+    LimpaCampos();
+    contexto_.ModoTela = modoOcioso;
+    lblAviso.setText(avisoOcioso);
+}
+
+void TelaPapel::cmdSALVAR_Click() {
+    CompletaCampos();
+    if (papel_.exigePessoa && Trim(txtRowID.text()).isEmpty()) {
+        program().MsgBox(QStringLiteral("Falta Vinculo com a Tabela de Pessoas!!!"));
+        return;
+    }
+    if (!ConfereCampos())
+        return;
+    BloqueiaCampos();
+    lblAviso.setText(avisoOcioso);
+    const bool altera = contexto_.ModoTela == u"A";
+    if (altera || contexto_.ModoTela == u"I") {
+        Grava([this, altera] { altera ? GravaAlteracao() : GravaInclusao(); });
+        program().MsgBox(QStringLiteral("Registro Gravado com sucesso!"));
+        contexto_.ModoTela = modoOcioso;
+    }
+    BloqueiaCampos();
+    BotoesOcioso();
+    if (papel_.limpaAposGravar)
+        LimpaCampos();
+    cmdPESQUISAR_Click();
+}
+
+/// Runs the steps of a save in one transaction.
+void TelaPapel::Grava(const std::function<void()>& passos) {
+    setPointer(screen::Pointer::Hourglass);
+    data::Connection& conexao = contexto_.principal();
+    conexao.BeginTrans();
+    try {
+        passos();
+        conexao.CommitTrans();
+    } catch (const RuntimeError&) {
+        if (!papel_.armadilhaSalvar)
+            throw;
+        // A connection has no operation of this name: the program ends here and the transaction dies with the
+        // connection.
+        conexao.Invoke(QStringLiteral("Rollback"));
+    }
+    setPointer(screen::Pointer::Default);
+}
+
+void TelaPapel::Envia(const Statement& comando) {
+    contexto_.SqlComando = comando;
+    ExecutaSemAcentos(contexto_, contexto_.SqlComando);
+}
+
+void TelaPapel::GravaAlteracao() {
+    const qint32 id = ToInt32(Val(lblRowId.text()));
+    Envia(MontaUpdate(id));
+    if (!contatos_)
+        return;
+    Envia(contatos_->MontaDeleteContatos(lblRowId.text()));
+    GravaContatos(QString::number(id));
+}
+
+void TelaPapel::GravaInclusao() {
+    const bool porGerador = contexto_.isFirebird() && papel_.gerador;
+    qint32 id = porGerador ? ProximoGenerator(contexto_, *papel_.gerador) : 0;
+    Envia(MontaInsert(id));
+    if (papel_.chaveNova == ChaveNova::Perguntada || (papel_.chaveNova == ChaveNova::PorGerador && !porGerador))
+        id = UltimoIdentity(contexto_);
+    if (papel_.colunaPess)
+        GravaVinculoPess(contexto_, contexto_.Tela(telaPessoas).field(QStringLiteral("txtRowID")).text(),
+                         *papel_.colunaPess, QString::number(id));
+    GravaContatos(QString::number(id));
+}
+
+void TelaPapel::GravaContatos(const QString& idPapel) {
+    if (!contatos_)
+        return;
+    for (int linha = 1; linha < contatos_->Flex.Rows(); ++linha)
+        Envia(contatos_->MontaInsertContato(idPapel, linha));
+}
+
+void TelaPapel::txtRowID_LostFocus() {
+    if (contexto_.ModoTela != u"I" || txtRowID.text().isEmpty() || !ClienteExiste(contexto_, txtRowID.text()))
+        return;
+    program().MsgBox(QStringLiteral("O Cliente (%1) Já Existe! Tente outro código").arg(txtRowID.text()));
+    SetFocus(txtRowID);
+}
+
+/// The list of an older table of salespeople, whatever the role.
+void TelaPapel::chkVisualiza_Click() {
+    if (papel_.gradeAntiga == GradeAntiga::Nenhuma)
+        return;
+    contexto_.SqlConsulta = Statement("SELECT * FROM Vendedor");
+    if (!chkVisualiza.checked())
+        contexto_.SqlConsulta << " where dtdesativa is null";
+    if (contatos_)
+        contatos_->PreparaGridContatos();
+    for (Recordset linhas = AbreLeitura(contexto_, contexto_.SqlConsulta); !linhas.Eof(); linhas.MoveNext()) {
+        if (!contatos_)
+            throw RuntimeError(errorNumber::ObjectNotSet, QStringLiteral("A tela %1 não tem grade").arg(name()));
+        contatos_->Flex.AddItem(QStringList{linhas.Fields("idVendedor").textOr({}),
+                                            linhas.Fields("NOME_CONH").textOr({}), linhas.Fields("nome").textOr({}),
+                                            DataDaLinha(linhas.Fields("dtinclusao")),
+                                            DataDaLinha(linhas.Fields("dtdesativa"))}
+                                    .join(u'\t'));
+    }
+}
+
+Insercao TelaPapel::IniciaInsert(qint32 id) const {
+    Insercao insercao(papel_.tabela);
+    if (contexto_.isFirebird() && papel_.gerador)
+        insercao.inclui(papel_.chave, QString::number(id));
+    insercao.inclui("idpess", txtRowID.text());
+    return insercao;
+}
+
+Statement TelaPapel::EncerraInsert(Insercao insercao) const {
+    insercao.inclui("data_incl", papel_.dataComando(contexto_.hoje()));
+    insercao.inclui("user_incl", QString::number(contexto_.CodigoUsuario));
+    return insercao.comando();
+}
+
+Statement TelaPapel::IniciaUpdate() const {
+    return Statement("UPDATE ") << papel_.tabela << " SET ";
+}
+
+Statement TelaPapel::EncerraUpdate(Statement comando, qint32 id) const {
+    return comando << "WHERE (" << papel_.chave << "=" << id << ")";
+}
+
+std::optional<QString> TelaPapel::DataDoCampo(const Field& campo) const {
+    const std::optional<QDateTime> data = ParseDate(campo.text());
+    return data ? std::optional(papel_.dataComando(data->date())) : std::nullopt;
+}
+
+Statement OuNulo(const std::optional<QString>& valor) {
+    return valor ? Statement("'") << *valor << "'" : Statement("null");
+}
+
+std::optional<QString> TextoDoCampo(const Field& campo) {
+    return Trim(campo.text()).isEmpty() ? std::nullopt : std::optional(campo.text());
+}
+
+QString ValorDoCampo(const Field& campo) {
+    QString valor = campo.text();
+    return VirgulaParaPonto(valor);
+}
+
+void Mostra(Field& campo, const data::Value& valor, const QString& nulo) {
+    campo.setText(valor.textOr(nulo));
+}
+
+void MostraValor(Field& campo, const data::Value& valor, const QString& nulo) {
+    campo.setText(valor.isNull() ? nulo : FormatAmount(valor.number()));
+}
+
+void MostraData(screen::MaskedField& campo, const data::Value& valor) {
+    if (valor.isNull())
+        LimpaMascara(campo);
+    else
+        campo.setText(FormatDate(valor.date().date()));
+}
+
+} // namespace vorta

@@ -1,0 +1,122 @@
+#pragma once
+
+#include "launch/ContextoExecucao.h"
+#include "roles/ContatosPapel.h"
+#include "roles/PapelTela.h"
+#include "shared/Insercao.h"
+
+namespace vorta {
+
+/// The frame of the seven role screens. Each is opened for exactly one person, whose id stands in `IdPessoaVinculo`,
+/// and edits at most one row of its role's table. What differs between them is in their `PapelTela`; a screen of its
+/// own adds its fields and the statements that carry them. The operations stand in front of the record's fields, so
+/// that behind the last field the keyboard comes back to them.
+class TelaPapel : public screen::Screen {
+  public:
+    TelaPapel(ContextoExecucao& contexto, const PapelTela& papel);
+
+    void Load() override;
+    void QueryUnload() override;
+
+    screen::TextField txtRowID{this, "txtRowID"}; ///< the person
+    screen::Label lblRowId;                       ///< the role row; each screen names it its own way
+    screen::Label lblPessoa{this, "lblPessoa"};
+    screen::TextField txtDTDesativa{this, "txtDTDesativa"};
+    screen::Label lblAviso{this, "lblAviso"};
+
+    screen::Button cmdPESQUISAR{this, "cmdPESQUISAR", QStringLiteral("&Pesquisar")};
+    screen::Button cmdINCLUIR{this, "cmdINCLUIR", QStringLiteral("&Incluir")};
+    screen::Button cmdALTERAR{this, "cmdALTERAR", QStringLiteral("&Alterar")};
+    screen::Button cmdEXCLUIR{this, "cmdEXCLUIR", QStringLiteral("&Desativar")};
+    screen::Button cmdReativar{this, "cmdReativar", QStringLiteral("&Reativar")};
+    screen::Button cmdSALVAR{this, "cmdSALVAR", QStringLiteral("&Salvar")};
+    screen::Button cmdIMPRIMIR{this, "cmdIMPRIMIR", QStringLiteral("Impri&mir")};
+    screen::Button cmdSAIR{this, "cmdSAIR", QStringLiteral("Sai&r")};
+    screen::Check chkVisualiza{this, "chkVisualiza", QStringLiteral("Visualiza os Desativados")};
+
+  protected:
+    // What a screen of its own gives.
+    /// Turns the fields into the insert of a new role row; `id` is its key where a generator gave one.
+    virtual data::Statement MontaInsert(qint32 id) = 0;
+    /// The update of the role row `id`.
+    virtual data::Statement MontaUpdate(qint32 id) = 0;
+    /// Shows a role row in the screen's fields.
+    virtual void CarregaCampos(const data::Recordset& registro) = 0;
+    /// Before anything else of a save: fills amounts left empty.
+    virtual void CompletaCampos() {}
+    /// The screen's own checks of a save; false stops it.
+    virtual bool ConfereCampos() { return true; }
+    virtual void BloqueiaCampos();
+    virtual void LiberaCampos();
+    virtual void LimpaCampos();
+
+    /// Tells the frame the record's fields, which it locks, frees and clears; `numericos` are cleared to "0".
+    void Registro(std::initializer_list<screen::Field*> campos, std::initializer_list<screen::Field*> numericos = {});
+    void Contatos(ContatosPapel& contatos) { contatos_ = &contatos; }
+    /// An amount: entering selects it, Enter moves on, leaving reshapes it.
+    void CampoValor(screen::Field& campo);
+    /// Amounts left empty become zero.
+    static void ZeraVazios(std::initializer_list<screen::Field*> valores);
+    /// A credential date: leaving with a text that is no date holds the user in the field.
+    void DataCredencial(screen::MaskedField& campo);
+
+    /// An insert with the columns that every role begins with, and those that close it.
+    Insercao IniciaInsert(qint32 id) const;
+    data::Statement EncerraInsert(Insercao insercao) const;
+    data::Statement IniciaUpdate() const;
+    data::Statement EncerraUpdate(data::Statement comando, qint32 id) const;
+
+    /// The date of a field in the form of this screen's statements; nothing when the field holds no date.
+    std::optional<QString> DataDoCampo(const screen::Field& campo) const;
+
+    ContextoExecucao& contexto() const { return contexto_; }
+    const PapelTela& papel() const { return papel_; }
+
+  private:
+    void BotoesOcioso();
+    void BotoesEdicao();
+    bool Selecionado() const;
+    /// The message for a screen without a record; true when it was shown.
+    bool FaltaSelecao();
+    void Recusa(const QString& motivo);
+    void CarregaRegistro();
+    void Edita(const QString& modo, const QString& aviso);
+    void VaiParaGrade();
+    void MudaSituacao(const data::Statement& colunas);
+    void Grava(const std::function<void()>& passos);
+    void GravaAlteracao();
+    void GravaInclusao();
+    void GravaContatos(const QString& idPapel);
+    void Envia(const data::Statement& comando);
+    void ComArmadilha(const QString& mensagem, const std::function<void()>& passos);
+
+    void cmdPESQUISAR_Click();
+    void cmdINCLUIR_Click();
+    void cmdALTERAR_Click();
+    void cmdEXCLUIR_Click();
+    void cmdReativar_Click();
+    void cmdSALVAR_Click();
+    void cmdSAIR_Click();
+    void txtRowID_LostFocus();
+    void chkVisualiza_Click();
+
+    ContextoExecucao& contexto_;
+    const PapelTela& papel_;
+    std::vector<screen::Field*> registro_;
+    std::vector<screen::Field*> numericos_;
+    ContatosPapel* contatos_ = nullptr;
+};
+
+/// A value between apostrophes, or null when it is empty.
+data::Statement OuNulo(const std::optional<QString>& valor);
+/// The trimmed text of a field decides whether it has a value; the value is the text as it stands.
+std::optional<QString> TextoDoCampo(const screen::Field& campo);
+/// An amount as statements carry it, with a point.
+QString ValorDoCampo(const screen::Field& campo);
+
+// A column in its field; a null gives `nulo`.
+void Mostra(screen::Field& campo, const data::Value& valor, const QString& nulo = {});
+void MostraValor(screen::Field& campo, const data::Value& valor, const QString& nulo = {}); ///< with two decimals
+void MostraData(screen::MaskedField& campo, const data::Value& valor);
+
+} // namespace vorta

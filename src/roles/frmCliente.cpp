@@ -1,0 +1,115 @@
+#include "roles/frmCliente.h"
+
+#include "base/Text.h"
+#include "shared/Consultas.h"
+#include "shared/Preenchimento.h"
+#include "shared/TextoEntrada.h"
+
+namespace vorta {
+
+namespace {
+
+const QString sim = QStringLiteral("Sim");
+const QString nao = QStringLiteral("Não");
+
+/// A key of another table in its description; null and 0 stand for none.
+void MostraDescricao(ContextoExecucao& contexto, screen::Field& campo, const data::Value& chave,
+                     QString (*descreve)(ContextoExecucao&, const QString&)) {
+    const bool nenhuma = chave.isNull() || chave.toInt32() == 0;
+    campo.setText(nenhuma ? QString() : descreve(contexto, chave.text()));
+}
+
+} // namespace
+
+frmCliente::frmCliente(ContextoExecucao& contexto) : TelaPapel(contexto, PapelCliente()) {
+    for (screen::Field* campo : std::initializer_list<screen::Field*>{
+             &cboRevenda, &txtLimiCred, &cboTipoCli, &cboTransportadora, &mskDtCredencial, &cboVendedor,
+             &txtLimeMaxiConh, &cboRegimeEspecialICMS})
+        campo->enterMovesOn = true;
+    Contatos(contatos);
+    CampoValor(txtLimiCred);
+    DataCredencial(mskDtCredencial);
+    txtLimeMaxiConh.selectsOnFocus = true;
+    cboRevenda.addItem(sim);
+    cboRevenda.addItem(nao);
+    cboTipoCli.DropDown = [this] { PreencheTipoCliente(TelaPapel::contexto(), *this); };
+    cboTransportadora.DropDown = [this] {
+        PreencheTransportadoras(TelaPapel::contexto(), cboTransportadora.text(), cboTransportadora);
+    };
+    cboVendedor.DropDown = [this] { PreencheVendedores(TelaPapel::contexto(), cboVendedor.text(), cboVendedor); };
+    cboRegimeEspecialICMS.DropDown = [this] { PreencheRegimeEspecial(TelaPapel::contexto(), cboRegimeEspecialICMS); };
+}
+
+void frmCliente::BloqueiaCampos() {
+    BloqueiaCampo(txtRowID);
+}
+
+QString frmCliente::Revenda() const {
+    return cboRevenda.text() == sim ? u"S"_qs : u"N"_qs;
+}
+
+QString frmCliente::LimiteConhecimentos() const {
+    const QString limite = Trim(txtLimeMaxiConh.text());
+    return limite.isEmpty() ? u"0"_qs : limite;
+}
+
+std::optional<QString> frmCliente::ChaveDe(const screen::ListField& lista,
+                                           qint32 (*procura)(ContextoExecucao&, const QString&)) const {
+    if (lista.text().isEmpty())
+        return std::nullopt;
+    return QString::number(procura(contexto(), lista.text()));
+}
+
+std::optional<QString> frmCliente::ChaveRegime() const {
+    if (cboRegimeEspecialICMS.text().isEmpty())
+        return std::nullopt;
+    return IdRegimeEspecial(contexto(), cboRegimeEspecialICMS.text());
+}
+
+data::Statement frmCliente::MontaInsert(qint32 id) {
+    Insercao insercao = IniciaInsert(id);
+    const auto seHouver = [&](data::Piece coluna, const std::optional<QString>& valor) {
+        if (valor)
+            insercao.inclui(coluna, *valor);
+    };
+    insercao.inclui("reve", Revenda());
+    insercao.inclui("limi_cred", ValorDoCampo(txtLimiCred));
+    insercao.inclui("idTipo_Clie", ChaveDe(cboTipoCli, IdTipoCliente).value_or(u"0"_qs));
+    seHouver("idtrpt", ChaveDe(cboTransportadora, IdTransportadora));
+    seHouver("data_cred", DataDoCampo(mskDtCredencial));
+    seHouver("idvend", ChaveDe(cboVendedor, IdVendedor));
+    insercao.inclui("lime_maxi_conh", LimiteConhecimentos());
+    seHouver("idregi_espe_icms", ChaveRegime());
+    return EncerraInsert(std::move(insercao));
+}
+
+data::Statement frmCliente::MontaUpdate(qint32 id) {
+    data::Statement comando = IniciaUpdate();
+    comando << "reve='" << Revenda() << "', ";
+    // A customer without a type has type 0, while the other keys are null when there is none.
+    if (const std::optional<QString> tipo = ChaveDe(cboTipoCli, IdTipoCliente))
+        comando << "idTipo_Clie='" << *tipo << "', ";
+    else
+        comando << "idTipo_Clie=0, ";
+    comando << "idtrpt=" << OuNulo(ChaveDe(cboTransportadora, IdTransportadora)) << ", "
+            << "idvend=" << OuNulo(ChaveDe(cboVendedor, IdVendedor)) << ", "
+            << "lime_maxi_conh = '" << LimiteConhecimentos() << "', "
+            << "idregi_espe_icms=" << OuNulo(ChaveRegime()) << ", "
+            << "data_cred=" << OuNulo(DataDoCampo(mskDtCredencial)) << ", "
+            << "limi_cred='" << ValorDoCampo(txtLimiCred) << "' ";
+    return EncerraUpdate(comando, id);
+}
+
+/// The credit limit is not shown again: each alteration states it anew.
+void frmCliente::CarregaCampos(const data::Recordset& registro) {
+    MostraDescricao(contexto(), cboTransportadora, registro.Fields("idTRPT"), ConhecidoTransportadora);
+    MostraData(mskDtCredencial, registro.Fields("data_cred"));
+    cboRevenda.setText(registro.Fields("reve").textOr({}) == u"S" ? sim : nao);
+    MostraDescricao(contexto(), cboTipoCli, registro.Fields("idtipo_clie"), DescricaoTipoCliente);
+    MostraDescricao(contexto(), cboVendedor, registro.Fields("idvend"), ConhecidoVendedor);
+    MostraDescricao(contexto(), cboRegimeEspecialICMS, registro.Fields("idregi_espe_icms"), DescricaoRegimeEspecial);
+    Mostra(txtLimeMaxiConh, registro.Fields("lime_maxi_conh"), u"0"_qs);
+    MostraValor(lblValoTroc, registro.Fields("valo_troc"), u"0"_qs);
+}
+
+} // namespace vorta

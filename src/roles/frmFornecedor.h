@@ -1,0 +1,27 @@
+#pragma once
+
+#include "roles/TelaPapel.h"
+
+namespace vorta {
+
+/// The purchase conditions of a person as a supplier.
+class frmFornecedor : public TelaPapel {
+  public:
+    explicit frmFornecedor(ContextoExecucao& contexto);
+
+    screen::MaskedField mskDtCredencial{this, "mskDtCredencial", QStringLiteral("##/##/####")};
+    screen::TextField txtLimiCred{this, "txtLimiCred"};
+    screen::TextField txtDescontoFornecedor{this, "txtDescontoFornecedor"};
+    ContatosPapel contatos{TelaPapel::contexto(), *this, papel()};
+
+  protected:
+    data::Statement MontaInsert(qint32 id) override;
+    data::Statement MontaUpdate(qint32 id) override;
+    void CarregaCampos(const data::Recordset& registro) override;
+
+  private:
+    /// The discount as a statement carries it; one left empty becomes "0.00" on the screen too.
+    QString Desconto();
+};
+
+} // namespace vorta

@@ -1,0 +1,28 @@
+#include "roles/frmTransportadora.h"
+
+namespace vorta {
+
+frmTransportadora::frmTransportadora(ContextoExecucao& contexto) : TelaPapel(contexto, PapelTransportadora()) {
+    Registro({&mskDtCredencial});
+    Contatos(contatos);
+    DataCredencial(mskDtCredencial);
+}
+
+data::Statement frmTransportadora::MontaInsert(qint32 id) {
+    Insercao insercao = IniciaInsert(id);
+    if (const std::optional<QString> credencial = DataDoCampo(mskDtCredencial))
+        insercao.inclui("data_cred", *credencial);
+    return EncerraInsert(std::move(insercao));
+}
+
+data::Statement frmTransportadora::MontaUpdate(qint32 id) {
+    data::Statement comando = IniciaUpdate();
+    comando << "data_cred=" << OuNulo(DataDoCampo(mskDtCredencial)) << " ";
+    return EncerraUpdate(comando, id);
+}
+
+void frmTransportadora::CarregaCampos(const data::Recordset& registro) {
+    MostraData(mskDtCredencial, registro.Fields("data_cred"));
+}
+
+} // namespace vorta

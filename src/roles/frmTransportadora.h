@@ -1,0 +1,21 @@
+#pragma once
+
+#include "roles/TelaPapel.h"
+
+namespace vorta {
+
+/// The role row of a person as a carrier: a date of credential and contacts.
+class frmTransportadora : public TelaPapel {
+  public:
+    explicit frmTransportadora(ContextoExecucao& contexto);
+
+    screen::MaskedField mskDtCredencial{this, "mskDtCredencial", QStringLiteral("##/##/####")};
+    ContatosPapel contatos{TelaPapel::contexto(), *this, papel()};
+
+  protected:
+    data::Statement MontaInsert(qint32 id) override;
+    data::Statement MontaUpdate(qint32 id) override;
+    void CarregaCampos(const data::Recordset& registro) override;
+};
+
+} // namespace vorta

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "roles/TelaPapel.h"
+
+namespace vorta {
+
+/// The pay terms of a person as a salesperson.
+class frmVendedor : public TelaPapel {
+  public:
+    explicit frmVendedor(ContextoExecucao& contexto);
+
+    screen::MaskedField mskDtAdmissao{this, "mskDtAdmissao", QStringLiteral("##/##/####")};
+    screen::TextField txtSalFixo{this, "txtSalFixo"};
+    screen::TextField txtPercPool{this, "txtPercPool"};
+    screen::TextField txtPercIndi{this, "txtPercIndi"};
+
+  protected:
+    data::Statement MontaInsert(qint32 id) override;
+    data::Statement MontaUpdate(qint32 id) override;
+    void CarregaCampos(const data::Recordset& registro) override;
+    void CompletaCampos() override;
+};
+
+} // namespace vorta

@@ -1,0 +1,159 @@
+#include "search/ConsultaPessoas.h"
+
+#include "base/Text.h"
+
+#include <algorithm>
+#include <array>
+#include <initializer_list>
+
+namespace vorta {
+
+namespace {
+
+using data::Piece;
+using data::Recordset;
+using data::Statement;
+using Tela = frmBROWSE_PESSOAS;
+using Opcao = screen::Option Tela::*;
+
+/// One way to search: the options that choose it, the filter (the text stands between its pieces) and the order. The
+/// blanks in front of some orders are part of the statement.
+struct FormaBusca {
+    Opcao forma;
+    Opcao conteudo; ///< none: the way ignores how the text is to be compared
+    std::initializer_list<Piece> filtro;
+    Piece ordem;
+};
+
+constexpr FormaBusca formas[]{
+    {&Tela::opCPFCNPJ, nullptr, {"and cpf0_cnpj like '", "%' "}, "order by nome_pess"},
+    {&Tela::opNome, &Tela::opQualquerParte, {"and nome_pess like '%", "%' "}, "order by nome_pess"},
+    {&Tela::opNome, &Tela::opCampoInteiro, {"and nome_pess = '", "' "}, "order by nome_pess"},
+    {&Tela::opNome, &Tela::opInicialCom, {"and nome_pess like '", "%' "}, "order by nome_pess"},
+    {&Tela::opFantasia, &Tela::opQualquerParte, {"and nome_conh like '%", "%' "}, "order by nome_conh"},
+    {&Tela::opFantasia, &Tela::opCampoInteiro, {"and nome_conh = '", "' "}, "order by nome_conh"},
+    {&Tela::opFantasia, &Tela::opInicialCom, {"and nome_conh like '", "%' "}, "order by nome_conh"},
+    {&Tela::opCidade, nullptr, {"and cida_coml_pess like '%", "%' "}, "order by nome_conh"},
+    {&Tela::opUF, nullptr, {"and uf00_coml_pess = '", "' "}, "order by nome_conh"},
+    {&Tela::opRamoAtividade, nullptr, {"AND (ATIV.DESC_ATIV like '%", "%') "}, "order by nome_conh"},
+    {&Tela::opTelefone,
+     nullptr,
+     {"and (tele_0001_pess like '%", "%' or tele_0002_pess like '%", "%' or fax0_0001_pess like '%",
+      "%' or fax0_0002_pess like '%", "%')"},
+     " order by nome_pess"},
+    {&Tela::opCodInterno, nullptr, {"and (idpess like '%", "%')"}, " order by idpess"},
+    {&Tela::opCodExterno, nullptr, {"and (pess_codi_exte like '%", "%')"}, " order by pess_codi_exte"},
+};
+
+/// The search by branch looks at active persons whatever the check box says, and a person comes once for each branch
+/// that matches. Its list lacks the external code, which the grid asks for: a match ends in the error for an unknown
+/// column.
+constexpr Piece consultaPorRamo =
+    "SELECT pess.IDPESS, pess.NOME_PESS, pess.NOME_CONH, pess.PSFI_PSJU, pess.CPF0_CNPJ, pess.RG00_IE00, "
+    "pess.ENDE_COML_PESS, pess.BAIR_COML_PESS, pess.CIDA_COML_PESS, pess.CEP0_COML_PESS, pess.UF00_COML_PESS, "
+    "pess.ENDE_ENTG_PESS, pess.BAIR_ENTG_PESS, pess.CIDA_ENTG_PESS, pess.CEP0_ENTG_PESS, pess.UF00_ENTG_PESS, "
+    "pess.TELE_0001_PESS, pess.TELE_0002_PESS, pess.EMAI_PESS, pess.HTTP_PESS, pess.ENDE_COBR_PESS, "
+    "pess.BAIR_COBR_PESS, pess.CIDA_COBR_PESS, pess.CEP0_COBR_PESS, pess.UF00_COBR_PESS, pess.FAX0_0001_PESS, "
+    "pess.FAX0_0002_PESS, pess.DATA_ANIV, pess.SEXO, pess.DATA_INCL, pess.USER_INCL, pess.DATA_DESA, pess.USER_DESA, "
+    "ATIV.DESC_ATIV, "
+    "pess.idCLIE, pess.idTRPT, pess.idVEND, pess.idMOTO, pess.idDECO, pess.idFORN, pess.idARQT "
+    "FROM ATIV, pess, PESS_ATIV "
+    "WHERE PESS_ATIV.IDPESS = pess.IDPESS AND PESS_ATIV.IDATIV = ATIV.IDATIV "
+    "AND (pess.DATA_DESA Is Null) ";
+
+/// The role options in the order in which they are asked.
+constexpr std::array filtros{
+    FiltroPapel{&Tela::opTodos, {}},
+    FiltroPapel{.opcao = &Tela::opProspect, .papel = {}, .prospect = true, .coluna8 = true},
+    FiltroPapel{.opcao = &Tela::opCliente, .papel = TipoPapel::Cliente, .coluna8 = true},
+    FiltroPapel{.opcao = &Tela::opFornecedor, .papel = TipoPapel::Fornecedor, .coluna8 = true},
+    FiltroPapel{&Tela::opTransportadora, TipoPapel::Transportadora},
+    FiltroPapel{&Tela::opVendedor, TipoPapel::Vendedor},
+    FiltroPapel{&Tela::opMotorista, TipoPapel::Motorista},
+    FiltroPapel{&Tela::opDecorador, TipoPapel::Decorador},
+    FiltroPapel{&Tela::opArquiteto, TipoPapel::Arquiteto},
+};
+
+/// The back-references of `PESS`, one for each role.
+constexpr std::array colunasVinculo{"idClie", "idForn", "idvend", "idDeco", "idArqt", "idMoto", "idTRPT"};
+
+/// The columns that the first grid columns show; column 6, between the date and the external code, belongs to the role.
+constexpr std::array colunasGrid{"IDPESS", "cpf0_cnpj", "NOME_PESS", "NOME_CONH", "TELE_0001_PESS", "data_desa"};
+
+bool escolhida(const Tela& tela, Opcao opcao) {
+    return !opcao || (tela.*opcao).value();
+}
+
+const FormaBusca* formaEscolhida(const Tela& tela) {
+    const auto* achada = std::find_if(std::begin(formas), std::end(formas), [&](const FormaBusca& linha) {
+        return escolhida(tela, linha.forma) && escolhida(tela, linha.conteudo);
+    });
+    return achada == std::end(formas) ? nullptr : achada;
+}
+
+void acrescentaFiltro(Statement& comando, std::initializer_list<Piece> filtro, const QString& texto) {
+    const Piece* peca = filtro.begin();
+    comando << *peca;
+    while (++peca != filtro.end())
+        comando << texto << *peca;
+}
+
+bool semVinculo(const Recordset& registros) {
+    return std::none_of(colunasVinculo.begin(), colunasVinculo.end(), [&](const char* coluna) {
+        const data::Value id = registros.Fields(coluna);
+        return !id.isNull() && id.number() > 0;
+    });
+}
+
+} // namespace
+
+Statement MontaConsultaPessoas(ContextoExecucao& contexto, const frmBROWSE_PESSOAS& tela) {
+    const QString texto = Trim(tela.cboCod.text());
+    const FormaBusca* forma = formaEscolhida(tela);
+    Statement comando("SELECT * FROM pess ");
+    if (tela.chkVisualiza.checked()) {
+        contexto.VinculoAtual = u"S"_qs;
+        comando << "WHERE (Not DATA_DESA Is Null) ";
+    } else {
+        contexto.VinculoAtual = u"N"_qs;
+        comando << "WHERE data_desa is null ";
+    }
+    if (!forma)
+        return comando;
+    if (forma->forma == &Tela::opRamoAtividade)
+        comando = Statement(consultaPorRamo);
+    if (!texto.isEmpty())
+        acrescentaFiltro(comando, forma->filtro, texto);
+    comando << forma->ordem;
+    return comando;
+}
+
+const FiltroPapel& FiltroEscolhido(const frmBROWSE_PESSOAS& tela) {
+    const auto* achado = std::find_if(filtros.begin(), filtros.end(),
+                                      [&](const FiltroPapel& linha) { return (tela.*linha.opcao).value(); });
+    return achado == filtros.end() ? filtros.front() : *achado;
+}
+
+std::optional<QString> LinhaPessoa(ContextoExecucao& contexto, const Recordset& registros, const FiltroPapel& filtro) {
+    QString idPapel;
+    if (filtro.papel) {
+        idPapel = Vinculo(contexto, *filtro.papel, registros.Fields("IDPESS").text());
+        if (Val(idPapel) <= 0)
+            return {};
+    } else if (filtro.prospect) {
+        if (!semVinculo(registros))
+            return {};
+        idPapel = u"0"_qs;
+    }
+    QString linha;
+    for (const char* coluna : colunasGrid)
+        linha += registros.Fields(coluna).textOr({}) + u'\t';
+    linha += idPapel + u'\t' + registros.Fields("pess_codi_exte").textOr({});
+    // The supplier's own link stands there too: callers that want a supplier read it from that column.
+    if (filtro.coluna8)
+        linha +=
+            u'\t' + Vinculo(contexto, filtro.papel.value_or(TipoPapel::Cliente), registros.Fields("IDPESS").text());
+    return linha;
+}
+
+} // namespace vorta

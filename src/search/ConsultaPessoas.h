@@ -1,0 +1,32 @@
+#pragma once
+
+#include "search/frmBROWSE_PESSOAS.h"
+#include "shared/Vinculos.h"
+
+#include <optional>
+
+/// The two halves of a person search: the statement that the options make, and the role filter that is applied to its
+/// rows one by one.
+namespace vorta {
+
+/// The statement for the options and the text as they stand on the screen. Sets `VinculoAtual` to "S" when deactivated
+/// persons are wanted, else to "N", so that the role lookups of the rows follow the same wish. The text goes into the
+/// statement as it stands.
+data::Statement MontaConsultaPessoas(ContextoExecucao& contexto, const frmBROWSE_PESSOAS& tela);
+
+/// What a role option asks of a row.
+struct FiltroPapel {
+    screen::Option frmBROWSE_PESSOAS::*opcao;
+    std::optional<TipoPapel> papel; ///< the link that the person must have
+    bool prospect = false;          ///< instead: the person must have no link at all
+    bool coluna8 = false;           ///< the link is asked once more for the column headed "idClie"
+};
+/// The filter of the chosen role option.
+const FiltroPapel& FiltroEscolhido(const frmBROWSE_PESSOAS& tela);
+
+/// The current row as the grid takes it, cells divided by tabs; nothing when the filter skips the row. Sends one or two
+/// lookups for a row with a role filter. A result without one of the grid's columns raises 3265.
+std::optional<QString> LinhaPessoa(ContextoExecucao& contexto, const data::Recordset& registros,
+                                   const FiltroPapel& filtro);
+
+} // namespace vorta

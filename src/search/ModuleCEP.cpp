@@ -1,0 +1,68 @@
+#include "search/ModuleCEP.h"
+
+#include "base/Text.h"
+
+namespace vorta {
+
+namespace {
+
+using data::Recordset;
+using data::Statement;
+
+Recordset Abre(ContextoExecucao& contexto, const Statement& comando) {
+    Recordset registros;
+    registros.Open(comando.upper(), contexto.cep());
+    return registros;
+}
+
+/// One column of the first row, empty text without a row.
+QString Coluna(ContextoExecucao& contexto, const Statement& comando, const char* coluna) {
+    const Recordset registros = Abre(contexto, comando);
+    return registros.Eof() ? QString() : registros.Fields(coluna).textOr({});
+}
+
+} // namespace
+
+QString RetornaLogradouros(ContextoExecucao& contexto, const QString& tipo, const QString& valor) {
+    Statement comando;
+    comando << "SELECT CEP8_LOGR, NOME_LOGR, UF00_LOGR, CHAV_TIPO, CHAV_LOCA, CHAV_BAIR "
+            << "FROM LOGR ";
+    if (Trim(tipo) == u"CEP")
+        comando << " WHERE CEP8_LOGR = '" << Trim(valor) << "'";
+    else
+        comando << " WHERE NOME_LOGR like '%" << Trim(valor) << "%'";
+    Recordset registros = Abre(contexto, comando);
+    if (registros.Eof())
+        return {};
+    QString resultado = QString::number(registros.RecordCount()) + u'^';
+    for (; !registros.Eof(); registros.MoveNext()) {
+        const auto coluna = [&](const char* nome) { return registros.Fields(nome).textOr({}); };
+        const QString localidade = coluna("CHAV_LOCA");
+        resultado += coluna("CEP8_LOGR") + u'^';
+        resultado += RetornaTipoLogradouro(contexto, coluna("CHAV_TIPO")) + u'^';
+        resultado += coluna("NOME_LOGR") + u'^';
+        resultado += RetornaBairro(contexto, coluna("CHAV_BAIR"), localidade) + u'^';
+        resultado += RetornaLocalidade(contexto, localidade) + u'^';
+        resultado += coluna("UF00_LOGR") + u'^';
+    }
+    return resultado;
+}
+
+QString RetornaTipoLogradouro(ContextoExecucao& contexto, const QString& chave) {
+    return Coluna(contexto, Statement() << "SELECT NOME_TIPO, ABRV_TIPO FROM TIPO WHERE CHAV_TIPO = '" << chave << "'",
+                  "ABRV_TIPO");
+}
+
+QString RetornaBairro(ContextoExecucao& contexto, const QString& chaveBairro, const QString& chaveLocalidade) {
+    return Coluna(contexto,
+                  Statement() << "SELECT NOME_BAIR, ABRV_BAIR, UF00_BAIR FROM BAIR WHERE CHAV_BAIR = '" << chaveBairro
+                              << "' AND CHAV_LOCA = '" << chaveLocalidade << "'",
+                  "nome_bair");
+}
+
+QString RetornaLocalidade(ContextoExecucao& contexto, const QString& chave) {
+    return Coluna(contexto, Statement() << "SELECT NOME_LOCA FROM LOCA WHERE CHAV_LOCA = '" << chave << "'",
+                  "nome_loca");
+}
+
+} // namespace vorta

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "launch/ContextoExecucao.h"
+#include "screen/Screen.h"
+
+#include <array>
+
+namespace vorta {
+
+/// Finds products of one company, with stock, prices and storage place. Opened by screens of other programs, which set
+/// the labels of the company first; a double click hands the product over to them.
+class frmBROWSE_PRODUTO : public screen::Screen {
+  public:
+    explicit frmBROWSE_PRODUTO(ContextoExecucao& contexto);
+
+    void Load() override;
+
+    /// The found products as an HTML table: picture, code and description of each row. Leaves the grid on its last row.
+    QString MontaDetalheHTML();
+    /// Removes the page "pesquisa_produtos.html" that an earlier search left in the folder of pages.
+    void ApagaPaginaProdutos();
+
+    screen::Label lblTitulo{this, "lblTitulo", QStringLiteral("Pesquisa de Produtos/Serviços")};
+    screen::Label lblCodiEmpresa{this, "lblCodiEmpresa"};
+    screen::Label lblNomeEmpresa{this, "lblNomeEmpresa"};
+    screen::Label lblCodiAmbiente{this, "lblCodiAmbiente"};
+    screen::TextField txtCOD{this, "txtCOD"};
+    screen::Button cmdPesquisa{this, "cmdPesquisa", QStringLiteral("&Pesquisar")};
+    screen::Button cmdLimpar{this, "cmdLimpar", QStringLiteral("&Limpar")};
+    screen::Option Option1{this, "Option1", QStringLiteral("ID"), "Forma de Busca"};
+    screen::Option Option2{this, "Option2", QStringLiteral("Código"), "Forma de Busca"};
+    screen::Option Option3{this, "Option3", QStringLiteral("Descrição"), "Forma de Busca"};
+    screen::Option Option4{this, "Option4", QStringLiteral("Referência"), "Forma de Busca"};
+    screen::Option opQQPosicao{this, "opQQPosicao", QStringLiteral("Pesquisa Qualquer posição"), "Conteúdo da Busca"};
+    screen::Option opExata{this, "opExata", QStringLiteral("Pesquisa Exata"), "Conteúdo da Busca"};
+    screen::Option opInicialCom{this, "opInicialCom", QStringLiteral("Pesquisa Inicia com..."), "Conteúdo da Busca"};
+    screen::Check chkVisualiza{this, "chkVisualiza", QStringLiteral("Visualiza os Desativados")};
+    screen::ListField cboTipoProd{this, "cboTipoProd"};
+    screen::ListField cboCole{this, "cboCole"};
+    screen::TextField txtMaxReg{this, "txtMaxReg"};
+    screen::Grid Flex{this, "Flex"};
+    screen::Picture Image1{this, "Image1"};
+    screen::Button cmdImagem1_0{this, "cmdImagem1(0)", QStringLiteral("1")};
+    screen::Button cmdImagem1_1{this, "cmdImagem1(1)", QStringLiteral("2")};
+    screen::Button cmdImagem1_2{this, "cmdImagem1(2)", QStringLiteral("3")};
+    screen::Button cmdImagem1_3{this, "cmdImagem1(3)", QStringLiteral("4")};
+
+  private:
+    void MontaGridProdutos();
+    void MontaConsulta();
+    data::Statement Comparacao() const;
+    QString LinhaProduto(const data::Recordset& produto);
+    void AjustaTipoPelaChamadora();
+    void RestauraUltimaBusca();
+    void GuardaUltimaBusca();
+    void MostraImagemLocal(const QString& sufixo);
+    QString TextoColuna(int coluna);
+
+    void cmdPesquisa_Click();
+    void cmdLimpar_Click();
+    void Flex_Click();
+    void Flex_DblClick();
+    void cmdImagem1_Click(screen::Button& botao);
+    void Image1_DblClick();
+
+    std::array<screen::Button*, 4> BotoesImagem();
+
+    ContextoExecucao& contexto_;
+};
+
+} // namespace vorta

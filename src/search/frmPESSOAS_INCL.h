@@ -1,0 +1,45 @@
+#pragma once
+
+#include "launch/ContextoExecucao.h"
+#include "screen/Screen.h"
+
+namespace vorta {
+
+/// First phase of an inclusion: checks a name and a document against the register before a person is keyed in. Finds
+/// nothing: offers to start the inclusion, fills name, kind and document of the calling screen and leaves "[OK]" in
+/// `RetornoPesquisa`. Any other way out leaves there what the last lookup or inclusion left.
+class frmPESSOAS_INCL : public screen::Screen {
+  public:
+    explicit frmPESSOAS_INCL(ContextoExecucao& contexto);
+
+    void Load() override;
+
+    screen::Label Label2{this, "Label2",
+                         QStringLiteral("Inclusão de Pessoas - Fase 1 (Verificação de Duplicidade de Cadastros)")};
+    screen::ListField cboCod{this, "cboCod"};
+    screen::Option Option1{this, "Option1", QStringLiteral("CNPJ"), "documento"};
+    screen::Option Option2{this, "Option2", QStringLiteral("CPF"), "documento", true};
+    screen::MaskedField mskCodigo{this, "mskCodigo", QStringLiteral("###.###.###-##")};
+    screen::Button cmdPesquisa{this, "cmdPesquisa", QStringLiteral("Verificar")};
+    screen::Button Command1{this, "Command1", QStringLiteral("Cancelar")};
+    screen::ListField lstLog{this, "lstLog", false};
+    screen::Option opNome{this, "opNome", QStringLiteral("Nome (Razão Social)"), "nome", true};
+    screen::Option opFantasia{this, "opFantasia", QStringLiteral("Nome Conhecido (Nome Fantasia)"), "nome"};
+
+  private:
+    void AjustaMascaraDocumento();
+    bool DocumentoInformado();
+    void VerificaDocumento();
+    void VerificaNome();
+    void LimpaLog();
+    bool ConfirmaInclusao();
+    void TransportaDados();
+
+    void cmdPesquisa_Click();
+    void cboCod_DropDown();
+    void mskCodigo_LostFocus();
+
+    ContextoExecucao& contexto_;
+};
+
+} // namespace vorta

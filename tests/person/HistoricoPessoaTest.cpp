@@ -1,0 +1,156 @@
+#include "person/HistoricoPessoa.h"
+
+#include "person/PessoasFixture.h"
+
+namespace vorta::test {
+
+class HistoricoPessoa : public PessoasFixture {
+  protected:
+    void SetUp() override {
+        MontaGradesHistorico(tela);
+        LimpaHistorico(tela);
+        tela.txtRowID.setText(QStringLiteral("44"));
+        database.answer(QStringLiteral("FROM CLIE WHERE IDPESS"), {{u"IDCLIE"_qs}, {{number(5)}}});
+        database.answer(QStringLiteral("FROM FORN WHERE IDPESS"), {{u"IDFORN"_qs}, {{number(6)}}});
+        database.sent.clear();
+    }
+    void Pedidos() {
+        database.answer(QStringLiteral("FROM CLIE, PEDI_VEDS"),
+                        {{u"IDPEDI_VEDS"_qs, u"NUME_PEDI"_qs, u"DATA_PEDI"_qs, u"IDNFF0"_qs},
+                         {{number(10), text("1010"), date(2020, 1, 5), number(77)},
+                          {number(11), text("1011"), date(2021, 2, 6), null()}}});
+        database.answer(QStringLiteral("pedi_veds_deta.idpedi_veds = 10"),
+                        {{u"QTDE"_qs, u"VALO_LIQU"_qs}, {{amount(200), amount(1050)}, {number(1), amount(300)}}});
+        database.answer(QStringLiteral("From PEDI_VEDS_DETA Where idPEDI_VEDS = 10"),
+                        {{u"IDPROD"_qs, u"QTDE"_qs}, {{number(1), amount(250)}, {number(2), null()}}});
+        database.answer(QStringLiteral("WHERE IDNFF =77"), {{u"NUME_NFF"_qs}, {{text("000123")}}});
+    }
+};
+
+TEST_F(HistoricoPessoa, OrdersWithTheirTotalsAndNotes) {
+    Pedidos();
+    CarregaHistoricoPorId(tela);
+    ASSERT_EQ(tela.FlexHistClie.Rows(), 3);
+    const char16_t* linha[] = {u"10", u"1010", u"05/01/2020", u"24,00", u"2,5", u"000123"};
+    for (int coluna = 0; coluna < 6; ++coluna)
+        EXPECT_EQ(tela.FlexHistClie.cell(1, coluna), QString::fromUtf16(linha[coluna])) << coluna;
+    EXPECT_EQ(tela.FlexHistClie.cell(2, 3), u"0,00");
+    EXPECT_EQ(tela.FlexHistClie.cell(2, 5), u"0");
+    EXPECT_EQ(tela.lblPrimeiraCompra.text(), u"05/01/2020");
+    EXPECT_EQ(tela.lblUltimaCompra.text(), u"06/02/2021");
+    EXPECT_EQ(tela.lblQtdeCompras.text(), u"2");
+    EXPECT_EQ(tela.lblTotalItensCompras.text(), u"2,5");
+    EXPECT_EQ(tela.lblMontanteCompras.text(), u"24,00");
+}
+
+TEST_F(HistoricoPessoa, TheStatementsOfTheFiveGrids) {
+    CarregaHistoricoPorId(tela);
+    EXPECT_EQ(
+        database.sent,
+        (QStringList{
+            "SELECT IDCLIE FROM CLIE WHERE IDPESS = 44 AND DATA_DESA IS NULL",
+            "SELECT CLIE.IDCLIE, PEDI_VEDS.IDPEDI_VEDS, PEDI_VEDS.NUME_PEDI, PESS.NOME_CONH, PEDI_VEDS.DATA_PEDI, "
+            "PEDI_VEDS.DATA_DESA, PEDI_VEDS.IDNFF0 FROM CLIE, PEDI_VEDS, PESS WHERE CLIE.IDCLIE = PEDI_VEDS.IDCLIE AND "
+            "PESS.IDPESS = CLIE.IDPESS AND (PEDI_VEDS.DATA_DESA IS NULL) AND CLIE.IDCLIE = 5 ORDER BY "
+            "PEDI_VEDS.DATA_PEDI",
+            "SELECT IDCLIE FROM CLIE WHERE IDPESS = 44 AND DATA_DESA IS NULL",
+            "SELECT CLIE.IDCLIE, ORCA_VEDS.IDORCA_VEDS, ORCA_VEDS.IDORCA_VEDS, PESS.NOME_CONH, "
+            "ORCA_VEDS.DATA_ORCA_VEDS, "
+            "ORCA_VEDS.DATA_DESA, ORCA_VEDS.IDCLIE FROM CLIE, ORCA_VEDS, PESS WHERE CLIE.IDCLIE = ORCA_VEDS.IDCLIE AND "
+            "PESS.IDPESS = CLIE.IDPESS AND (ORCA_VEDS.DATA_DESA IS NULL) AND CLIE.IDCLIE = 5 ORDER BY "
+            "ORCA_VEDS.DATA_ORCA_VEDS",
+            "SELECT IDCLIE FROM CLIE WHERE IDPESS = 44 AND DATA_DESA IS NULL",
+            "SELECT CLIE.IDCLIE, OS_VEDS.IDOS_VEDS, OS_VEDS.IDOS_VEDS, PESS.NOME_CONH, OS_VEDS.DATA_OS, "
+            "OS_VEDS.DATA_DESA "
+            "FROM CLIE, OS_VEDS, PESS WHERE CLIE.IDCLIE = OS_VEDS.IDCLIE AND PESS.IDPESS = CLIE.IDPESS AND "
+            "(OS_VEDS.DATA_DESA IS NULL) AND CLIE.IDCLIE = 5 ORDER BY OS_VEDS.DATA_OS",
+            "SELECT IDFORN FROM FORN WHERE IDPESS = 44 AND DATA_DESA IS NULL",
+            "SELECT PEDI_COMP.IDPEDI_COMP, PEDI_COMP.DATA_PEDI_COMP, PEDI_COMP.DATA_PREV_ENTG, "
+            "PEDI_COMP.DATA_REAL_ENTG, "
+            "PEDI_COMP.OBSE_PEDI_COMP, USEN.NOME_USER, PESS.NOME_PESS, PEDI_COMP.DATA_DESA FROM FORN, PEDI_COMP, PESS, "
+            "USEN WHERE FORN.IDFORN = PEDI_COMP.IDFORN AND PESS.IDPESS = FORN.IDPESS AND PEDI_COMP.USER_INCL = "
+            "USEN.IDUSEN AND ((PEDI_COMP.DATA_DESA IS NULL)) AND FORN.IDFORN = 6 ORDER BY PEDI_COMP.DATA_PEDI_COMP",
+            "SELECT IDFORN FROM FORN WHERE IDPESS = 44 AND DATA_DESA IS NULL",
+            "SELECT PEDI_COMP.IDPEDI_COMP, PEDI_COMP.DATA_PEDI_COMP, PEDI_COMP.DATA_PREV_ENTG, "
+            "PEDI_COMP.DATA_REAL_ENTG, "
+            "PEDI_COMP.OBSE_PEDI_COMP, USEN.NOME_USER, PESS.NOME_PESS, PEDI_COMP.DATA_DESA, PEDI_COMP_DETA.QTDE, "
+            "PEDI_COMP_DETA.VALO_UNIT, PEDI_COMP_DETA.VALO_DESC, PEDI_COMP_DETA.VALO_LIQU, "
+            "PEDI_COMP_DETA.VALO_TOTA_LIQU, "
+            "PEDI_COMP_DETA.DATA_CHEG, PEDI_COMP_DETA.QTDE_CHEG, PROD.CODI_PROD, PROD.DESC_PROD FROM FORN, PEDI_COMP, "
+            "PESS, USEN, PEDI_COMP_DETA, PROD WHERE FORN.IDFORN = PEDI_COMP.IDFORN AND PESS.IDPESS = FORN.IDPESS AND "
+            "PEDI_COMP.USER_INCL = USEN.IDUSEN AND PEDI_COMP.IDPEDI_COMP = PEDI_COMP_DETA.IDPEDI_COMP AND "
+            "PEDI_COMP_DETA.IDPROD = PROD.IDPROD AND ((PEDI_COMP.DATA_DESA IS NULL)) AND FORN.IDFORN = 6 ORDER BY "
+            "PEDI_COMP.DATA_PEDI_COMP"}));
+    EXPECT_EQ(tela.lblQtdeCompras.text(), u"0");
+    EXPECT_EQ(tela.lblMontanteComprasII.text(), u"0,00");
+}
+
+TEST_F(HistoricoPessoa, TopAndOrderOfTheOrders) {
+    tela.txtVrTOP.setText(QStringLiteral(" 10 "));
+    user.click(tela.opTopDesce);
+    database.sent.clear();
+    user.click(tela.cmdReprocessaHistClieI);
+    EXPECT_TRUE(database.sent[1].startsWith(u"SELECT TOP 10 CLIE.IDCLIE, "));
+    EXPECT_TRUE(database.sent[1].endsWith(u"ORDER BY PEDI_VEDS.DATA_PEDI DESC"));
+    tela.txtVrTOP.setText(QStringLiteral("0"));
+    database.sent.clear();
+    user.click(tela.cmdReprocessaHistClieI);
+    EXPECT_TRUE(database.sent[1].startsWith(u"SELECT CLIE.IDCLIE, "));
+}
+
+TEST_F(HistoricoPessoa, ReprocessingKeepsTheDatesOfAnEmptySelection) {
+    Pedidos();
+    user.click(tela.cmdReprocessaHistClieI);
+    database.answer(QStringLiteral("FROM CLIE, PEDI_VEDS"), {});
+    user.click(tela.cmdReprocessaHistClieI);
+    EXPECT_EQ(tela.FlexHistClie.Rows(), 1);
+    EXPECT_EQ(tela.lblQtdeCompras.text(), u"0");
+    EXPECT_EQ(tela.lblUltimaCompra.text(), u"06/02/2021");
+}
+
+TEST_F(HistoricoPessoa, ATopThatIsNoNumberIsRefused) {
+    tela.txtVrTOP.setText(QStringLiteral("dez"));
+    user.click(tela.cmdReprocessaHistClieI);
+    EXPECT_TRUE(program.hasEnded());
+    EXPECT_EQ(program.failure()->number(), errorNumber::StatementRefused);
+}
+
+TEST_F(HistoricoPessoa, ANullAmountEndsTheProcess) {
+    Pedidos();
+    database.answer(QStringLiteral("pedi_veds_deta.idpedi_veds = 10"),
+                    {{u"QTDE"_qs, u"VALO_LIQU"_qs}, {{number(1), null()}}});
+    user.click(tela.cmdReprocessaHistClieI);
+    EXPECT_EQ(program.failure()->number(), errorNumber::InvalidNull);
+}
+
+TEST_F(HistoricoPessoa, ItemsOfPurchasesByProduct) {
+    database.answer(QStringLiteral("PEDI_COMP_DETA, PROD"),
+                    {{u"IDPEDI_COMP"_qs, u"DATA_PEDI_COMP"_qs, u"CODI_PROD"_qs, u"DESC_PROD"_qs, u"VALO_UNIT"_qs,
+                      u"VALO_DESC"_qs, u"VALO_LIQU"_qs, u"QTDE"_qs, u"DATA_CHEG"_qs, u"QTDE_CHEG"_qs},
+                     {{number(3), date(2020, 5, 1), text("P1"), text("PARAFUSO"), amount(1000), amount(100),
+                       amount(900), number(4), null(), null()}}});
+    tela.cboProduto.setText(QStringLiteral(" P1 "));
+    user.click(tela.cmdPesquisar_Produto);
+    EXPECT_TRUE(database.sent[1].contains(u"AND FORN.IDFORN = 6 AND PROD.CODI_PROD = 'P1' ORDER BY"));
+    ASSERT_EQ(tela.FlexHistFornDeta.Rows(), 2);
+    const char16_t* linha[] = {u"3",    u"3",    u"01/05/2020", u"P1",    u"PARAFUSO", u"10,00",
+                               u"1,00", u"9,00", u"4",          u"36,00", u"",         u""};
+    for (int coluna = 0; coluna < 12; ++coluna)
+        EXPECT_EQ(tela.FlexHistFornDeta.cell(1, coluna), QString::fromUtf16(linha[coluna])) << coluna;
+    tela.txtRowID.setText({});
+    database.sent.clear();
+    user.click(tela.cmdPesquisar_Produto);
+    EXPECT_TRUE(database.sent.isEmpty());
+}
+
+TEST_F(HistoricoPessoa, TheProductListGivesTheCode) {
+    database.answer(QStringLiteral("FROM PROD"),
+                    {{u"DESC_PROD"_qs, u"CODI_PROD"_qs, u"IDPROD"_qs}, {{text("PARAFUSO"), text("P1"), number(9)}}});
+    user.dropDown(tela.cboProduto);
+    EXPECT_EQ(tela.cboProduto.dropWidth(), 720);
+    ASSERT_EQ(tela.cboProduto.items().size(), 1);
+    user.pick(tela.cboProduto, 0);
+    EXPECT_EQ(tela.cboProduto.text(), u"P1");
+}
+
+} // namespace vorta::test

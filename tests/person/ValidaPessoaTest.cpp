@@ -1,0 +1,206 @@
+#include "person/PessoasFixture.h"
+
+namespace vorta::test {
+
+struct Falha {
+    const char* campo;
+    const char* parametro;
+    const char* mensagem;
+};
+
+/// In the order of the checks: with everything empty each one comes up when those before it are satisfied.
+constexpr Falha falhas[]{
+    {"txtDescricao", nullptr, "Nome Inválido!!!"},
+    {"txtNomeFantasia", nullptr, "Nome Conhecido Inválido!!!"},
+    {"mskCodigo", nullptr, "CNPJ/CPF Obrigatório!!!"},
+    {"txtEndereco", nullptr, "Endereço Comercial Inválido!"},
+    {"txtEnt_Endereco", "OBRIG_ENDE_ENTG", "Endereço de Entrega Inválido!"},
+    {"txtCob_Endereco", "OBRIG_ENDE_COBR", "Endereço de Cobrança Inválido!"},
+    {"txtBairro", nullptr, "Bairro Inválido!"},
+    {"txtEnt_Bairro", "OBRIG_ENDE_ENTG", "Bairro Inválido!"},
+    {"txtCob_Bairro", "OBRIG_ENDE_COBR", "Bairro Inválido!"},
+    {"cboCidade", nullptr, "Cidade Inválida!"},
+    {"cboEnt_Cidade", "OBRIG_ENDE_ENTG", "Cidade Inválida!"},
+    {"cboCob_Cidade", "OBRIG_ENDE_COBR", "Cidade Inválida!"},
+    {"cboUF", nullptr, "Estado Inválido!"},
+    {"cboEnt_UF", "OBRIG_ENDE_ENTG", "Estado Inválido!"},
+    {"cboCob_UF", "OBRIG_ENDE_COBR", "Estado Inválido!"},
+    {"mskCEP", nullptr, "CEP inválido!"},
+    {"mskEnt_CEP", "OBRIG_ENDE_ENTG", "CEP inválido!"},
+    {"mskCob_CEP", "OBRIG_ENDE_COBR", "CEP inválido!"},
+};
+
+class ValidaPessoa : public PessoasFixture {
+  protected:
+    void SetUp() override {
+        PreenchePessoa();
+        contexto.ModoTela = QStringLiteral("I");
+        tela.LiberaCampos();
+    }
+    void PreencheBloco(const QString& prefixo) {
+        tela.field(u"txt"_qs + prefixo + u"_Endereco"_qs).setText(QStringLiteral("RUA"));
+        tela.field(u"txt"_qs + prefixo + u"_Bairro"_qs).setText(QStringLiteral("BAIRRO"));
+        tela.field(u"cbo"_qs + prefixo + u"_Cidade"_qs).setText(QStringLiteral("CIDADE"));
+        tela.field(u"cbo"_qs + prefixo + u"_UF"_qs).setText(QStringLiteral("SP"));
+        tela.field(u"msk"_qs + prefixo + u"_CEP"_qs).setText(QStringLiteral("01310-100"));
+    }
+    bool Grava() {
+        platform.boxes.clear();
+        Clica(tela.cmdSALVAR);
+        return platform.boxes.back().text == u"Registro Gravado com sucesso!";
+    }
+};
+
+class CadaFalha : public ValidaPessoa, public ::testing::WithParamInterface<int> {};
+
+TEST_P(CadaFalha, ShowsItsMessageAndTakesTheFocus) {
+    PreencheBloco(QStringLiteral("Ent"));
+    PreencheBloco(QStringLiteral("Cob"));
+    Parametro("OBRIG_ENDE_ENTG", "S");
+    Parametro("OBRIG_ENDE_COBR", "S");
+    // This field and every one behind it are empty; the message is this one's.
+    for (int indice = GetParam(); indice < static_cast<int>(std::size(falhas)); ++indice)
+        tela.field(QString::fromLatin1(falhas[indice].campo)).setText({});
+    const Falha& falha = falhas[GetParam()];
+    EXPECT_FALSE(Grava());
+    ASSERT_EQ(platform.boxes.size(), 1u);
+    EXPECT_EQ(platform.boxes[0].text, QString::fromUtf8(falha.mensagem));
+    const bool comTitulo = GetParam() < 2;
+    EXPECT_EQ(platform.boxes[0].title, comTitulo ? ContextoExecucao::Titulo() : QString());
+    EXPECT_EQ(platform.boxes[0].icon, comTitulo ? screen::Icon::Information : screen::Icon::None);
+    const QString foco =
+        falha.campo == QLatin1StringView("mskCodigo") ? u"cboFisJur"_qs : QString::fromLatin1(falha.campo);
+    ASSERT_NE(tela.focus(), nullptr);
+    EXPECT_EQ(tela.focus()->name(), foco);
+    EXPECT_EQ(contexto.ModoTela, u"I");
+    EXPECT_TRUE(tela.cmdSALVAR.enabled());
+    EXPECT_TRUE(database.writes.isEmpty());
+    EXPECT_FALSE(database.sent.contains(u"BEGIN"_qs));
+}
+
+TEST_P(CadaFalha, OfTheOtherBlocksPassesWithoutItsSwitch) {
+    const Falha& falha = falhas[GetParam()];
+    if (!falha.parametro)
+        return;
+    tela.field(QString::fromLatin1(falha.campo)).setText({});
+    EXPECT_TRUE(Grava());
+}
+
+INSTANTIATE_TEST_SUITE_P(Ordem, CadaFalha, ::testing::Range(0, static_cast<int>(std::size(falhas))));
+
+TEST_F(ValidaPessoa, ADocumentOfPromptsOnlyIsMissing) {
+    tela.mskCodigo.setText({});
+    EXPECT_EQ(tela.mskCodigo.text(), u"__.___.___/____-__");
+    EXPECT_FALSE(Grava());
+    EXPECT_EQ(platform.boxes[0].text, u"CNPJ/CPF Obrigatório!!!");
+    EXPECT_EQ(tela.mskCodigo.mask(), u"##.###.###/####-##");
+}
+
+TEST_F(ValidaPessoa, BirthdayIsCheckedAgainstTheCurrentYear) {
+    tela.mskDtNasc.setText(QStringLiteral("31/02"));
+    EXPECT_FALSE(Grava());
+    EXPECT_EQ(platform.boxes[0].text, u"Formato de Data de Aniversário Inválida!");
+    EXPECT_EQ(platform.boxes[0].title, u"Data de Aniversário");
+    EXPECT_EQ(tela.focus(), &tela.mskDtNasc);
+    tela.mskDtNasc.setText(QStringLiteral("29/02"));
+    EXPECT_FALSE(Grava()) << "2026 has no 29 February";
+    platform.clock = QDateTime(QDate(2028, 1, 5), QTime(8, 0));
+    EXPECT_TRUE(Grava());
+}
+
+TEST_F(ValidaPessoa, StateRegistrationOfALegalPersonOnly) {
+    tela.txtIEstadual.setText(QStringLiteral("110042490115"));
+    EXPECT_FALSE(Grava());
+    EXPECT_EQ(platform.boxes[0].text, u"Inscrição Estadual Inválida!");
+    EXPECT_EQ(platform.boxes[0].title, u"Inscrição Estadual");
+    EXPECT_EQ(tela.focus(), &tela.txtIEstadual);
+    tela.txtIEstadual.setText(QStringLiteral("ISENTO"));
+    EXPECT_TRUE(Grava());
+    contexto.ModoTela = QStringLiteral("I");
+    tela.LiberaCampos();
+    tela.cboFisJur.setText(QStringLiteral("Física"));
+    tela.txtIEstadual.setText(QStringLiteral("12X"));
+    EXPECT_TRUE(Grava());
+}
+
+TEST_F(ValidaPessoa, TextFieldsAreTrimmedFirst) {
+    tela.txtDescricao.setText(QStringLiteral("   "));
+    EXPECT_FALSE(Grava());
+    EXPECT_EQ(tela.txtDescricao.text(), QString());
+}
+
+TEST_F(ValidaPessoa, DocumentOnLeaving) {
+    user.focus(tela.mskCodigo);
+    user.focus(tela.txtEndereco);
+    EXPECT_TRUE(platform.boxes.empty());
+    EXPECT_EQ(tela.mskCodigo.text(), u"11.222.333/0001-81");
+    EXPECT_EQ(tela.mskCodigo.mask(), u"##.###.###/####-##");
+
+    tela.mskCodigo.setText(QStringLiteral("11.222.333/0001-82"));
+    user.focus(tela.mskCodigo);
+    platform.willAnswer(screen::Answer::Yes);
+    user.focus(tela.txtEndereco);
+    EXPECT_EQ(platform.boxes[0].text, u"CGC Incorreto!\nContinua Verificação?");
+    EXPECT_EQ(platform.boxes[0].buttons, screen::Buttons::YesNo);
+    EXPECT_EQ(tela.focus(), &tela.mskCodigo);
+    EXPECT_EQ(tela.mskCodigo.text(), u"11.222.333/0001-82");
+
+    platform.willAnswer(screen::Answer::No);
+    user.focus(tela.txtEndereco);
+    EXPECT_EQ(contexto.ModoTela, u" ");
+    EXPECT_EQ(tela.txtDescricao.text(), QString());
+    EXPECT_FALSE(tela.cmdSALVAR.enabled());
+    EXPECT_FALSE(program.hasEnded());
+}
+
+TEST_F(ValidaPessoa, NaturalPersonsDocumentOnLeaving) {
+    tela.cboFisJur.setText(QStringLiteral("Física"));
+    tela.mskCodigo.setMask(QStringLiteral("###.###.###-##"));
+    tela.mskCodigo.setText(QStringLiteral("529.982.247-26"));
+    user.focus(tela.mskCodigo);
+    platform.willAnswer(screen::Answer::Yes);
+    user.focus(tela.txtEndereco);
+    EXPECT_EQ(platform.boxes[0].text, u"CPF Incorreto!\nContinua Verificação?");
+    tela.mskCodigo.setText(QStringLiteral("529.982.247-25"));
+    user.focus(tela.txtEndereco);
+    EXPECT_EQ(tela.focus(), &tela.txtEndereco);
+}
+
+TEST_F(ValidaPessoa, ShortPhoneKeepsTheFocus) {
+    tela.txtFone1.setText(QStringLiteral("12345"));
+    user.focus(tela.txtFone1);
+    user.focus(tela.txtFone2);
+    EXPECT_EQ(platform.boxes[0].text, u"Obrigatório Informar um Telefone!");
+    EXPECT_EQ(tela.focus(), &tela.txtFone1);
+    tela.txtFone1.setText(QStringLiteral("123456"));
+    EXPECT_TRUE(user.focus(tela.txtFone2));
+}
+
+TEST_F(ValidaPessoa, EmailAsksWhetherToCorrect) {
+    for (screen::Field* email :
+         std::initializer_list<screen::Field*>{&tela.txtEmail1, &tela.txtPrinEmailContato, &tela.txtEmailContato}) {
+        platform.boxes.clear();
+        email->setText(QStringLiteral("sem arroba"));
+        user.focus(*email);
+        platform.willAnswer(screen::Answer::Yes);
+        user.focus(tela.txtEndereco);
+        ASSERT_EQ(platform.boxes.size(), 2u);
+        EXPECT_EQ(platform.boxes[1].text, u"O e-mail digitado não passou na validação.\nVocê deseja corrigir?");
+        EXPECT_EQ(tela.focus(), email);
+        platform.willAnswer(screen::Answer::No);
+        user.focus(tela.txtEndereco);
+        EXPECT_EQ(tela.focus(), &tela.txtEndereco);
+        EXPECT_EQ(email->text(), u"sem arroba");
+    }
+}
+
+TEST_F(ValidaPessoa, CodeOfAnExistingCustomerDuringInclusion) {
+    database.answer(QStringLiteral("From clie"), {{QStringLiteral("IDCLIE")}, {{number(5)}}});
+    tela.txtRowID.setText(QStringLiteral("5"));
+    user.focus(tela.txtRowID);
+    user.focus(tela.txtEndereco);
+    EXPECT_EQ(platform.boxes[0].text, u"O Cliente (5) Já Existe! Tente outro código");
+    EXPECT_EQ(tela.focus(), &tela.txtRowID);
+}
+
+} // namespace vorta::test

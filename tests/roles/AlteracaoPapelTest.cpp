@@ -1,0 +1,226 @@
+#include "roles/PapelTest.h"
+
+/// The statements of an alteration, role by role. They are the same on both engines but for the keys of the contacts.
+namespace vorta::test {
+
+namespace {
+
+class AlteracaoPapel : public PapelTest {
+  protected:
+    QStringList altera(const char* tela, const std::function<void()>& preenche) {
+        abre(tela, [&] {
+            clica("cmdALTERAR");
+            EXPECT_EQ(contexto.ModoTela, u"A");
+            EXPECT_EQ(texto("lblAviso"), u"O Modo <ALTERAÇÃO> está ATIVO");
+            preenche();
+            clica("cmdSALVAR");
+        });
+        EXPECT_TRUE(confirmada());
+        return transacao();
+    }
+
+    /// Stored contacts of the role row.
+    void contatos(const char* tabela, int quantos) {
+        const QString nome = QString::fromLatin1(tabela);
+        FakeRows linhas{{"carg_" + nome, "nome_" + nome, "tele_" + nome, "emai_" + nome, "data_nasc"}, {}};
+        for (int linha = 1; linha <= quantos; ++linha)
+            linhas.rows.append({test::text("GERENTE"), test::text(QByteArray("CONTATO " + QByteArray::number(linha))),
+                                test::null(), test::text("X@Y.COM"), test::text("25/12")});
+        base.answer(QStringLiteral("FROM %1 WHERE").arg(nome), linhas);
+    }
+
+    void cliente() {
+        registro(
+            "CLIE", "IDCLIE",
+            {"idtrpt", "data_cred", "reve", "idtipo_clie", "idvend", "idregi_espe_icms", "lime_maxi_conh", "valo_troc"},
+            {test::number(8), test::date(2026, 1, 31), test::text("S"), test::number(3), test::number(9),
+             test::number(2), test::amount(1200), test::amount(98765)});
+        base.answer(QStringLiteral("TRPT.IDTRPT ="), {{"NOME_CONH"}, {{test::text("RAPIDO")}}});
+        base.answer(QStringLiteral("VEND.IDVEND ="), {{"NOME_CONH"}, {{test::text("ANA")}}});
+        base.answer(QStringLiteral("WHERE IDTIPO_CLIE="), {{"desc_tipo_clie"}, {{test::text("OURO")}}});
+        base.answer(QStringLiteral("WHERE IDREGI_ESPE_ICMS ="), {{"desc_regi_espe_icms"}, {{test::text("REGIME")}}});
+        base.answer(QStringLiteral("DESC_TIPO_CLIE='OURO'"), {{"idtipo_clie"}, {{test::number(3)}}});
+        base.answer(QStringLiteral("NOME_CONH='RAPIDO'"), {{"idtrpt"}, {{test::number(8)}}});
+        base.answer(QStringLiteral("NOME_CONH='ANA'"), {{"idvend"}, {{test::number(9)}}});
+        base.answer(QStringLiteral("DESC_REGI_ESPE_ICMS = 'REGIME'"), {{"idregi_espe_icms"}, {{test::number(2)}}});
+    }
+};
+
+TEST_F(AlteracaoPapel, ClienteCarregaEGrava) {
+    cliente();
+    contatos("CLIE_CONT", 1);
+    gerador("GEN_CLIE_CONT", 41);
+    const QStringList comandos = altera("frmCliente", [&] {
+        EXPECT_EQ(texto("cboTransportadora"), u"RAPIDO");
+        EXPECT_EQ(texto("mskDtCredencial"), u"31/01/2026");
+        EXPECT_EQ(texto("cboRevenda"), u"Sim");
+        EXPECT_EQ(texto("cboTipoCli"), u"OURO");
+        EXPECT_EQ(texto("cboVendedor"), u"ANA");
+        EXPECT_EQ(texto("cboRegimeEspecialICMS"), u"REGIME");
+        EXPECT_EQ(texto("txtLimeMaxiConh"), u"12");
+        EXPECT_EQ(texto("lblValoTroc"), u"987,65");
+        EXPECT_EQ(texto("txtLimiCred"), u"") << "the limit is stated anew at each alteration";
+        digita("txtLimiCred", "2000");
+    });
+    EXPECT_EQ(
+        comandos,
+        (QStringList{"SELECT IDTIPO_CLIE FROM TIPO_CLIE WHERE DESC_TIPO_CLIE='OURO'",
+                     "SELECT TRPT.IDTRPT FROM TRPT, PESS WHERE PESS.IDPESS = TRPT.IDPESS AND PESS.NOME_CONH='RAPIDO'",
+                     "SELECT VEND.IDVEND FROM VEND, PESS WHERE PESS.IDPESS = VEND.IDPESS AND PESS.NOME_CONH='ANA'",
+                     "SELECT IDREGI_ESPE_ICMS FROM REGI_ESPE_ICMS WHERE DESC_REGI_ESPE_ICMS = 'REGIME'",
+                     "UPDATE CLIE SET REVE='S', IDTIPO_CLIE='3', IDTRPT='8', IDVEND='9', LIME_MAXI_CONH = '12', "
+                     "IDREGI_ESPE_ICMS='2', DATA_CRED='20260131', LIMI_CRED='2000.00' WHERE (IDCLIE=31)",
+                     "DELETE FROM CLIE_CONT WHERE (IDCLIE=31)", LeituraGerador("GEN_CLIE_CONT"),
+                     "INSERT INTO CLIE_CONT (IDCLIE_CONT, IDCLIE, CARG_CLIE_CONT, NOME_CLIE_CONT, EMAI_CLIE_CONT, "
+                     "DATA_NASC, DATA_INCL, USER_INCL) VALUES ('41', '31', 'GERENTE', 'CONTATO 1', 'X@Y.COM', '25/12', "
+                     "'20261120', '7')"}));
+    EXPECT_EQ(grade().Rows(), 2) << "a reload shows each contact once";
+}
+
+TEST_F(AlteracaoPapel, ClienteSemNadaUsaZeroENulo) {
+    registro(
+        "CLIE", "IDCLIE",
+        {"idtrpt", "data_cred", "reve", "idtipo_clie", "idvend", "idregi_espe_icms", "lime_maxi_conh", "valo_troc"},
+        {test::null(), test::null(), test::null(), test::number(0), test::number(0), test::null(), test::null(),
+         test::null()});
+    const QStringList comandos = altera("frmCliente", [&] {
+        EXPECT_EQ(texto("cboRevenda"), u"Não");
+        EXPECT_EQ(texto("txtLimeMaxiConh"), u"0");
+        EXPECT_EQ(texto("lblValoTroc"), u"0");
+        EXPECT_EQ(texto("mskDtCredencial"), u"__/__/____");
+        digita("txtLimeMaxiConh", "");
+        digita("txtLimiCred", "10");
+    });
+    EXPECT_EQ(comandos,
+              (QStringList{"UPDATE CLIE SET REVE='N', IDTIPO_CLIE=0, IDTRPT=NULL, IDVEND=NULL, LIME_MAXI_CONH = '0', "
+                           "IDREGI_ESPE_ICMS=NULL, DATA_CRED=NULL, LIMI_CRED='10.00' WHERE (IDCLIE=31)",
+                           "DELETE FROM CLIE_CONT WHERE (IDCLIE=31)"}));
+}
+
+TEST_F(AlteracaoPapel, FornecedorCarregaEGrava) {
+    registro("FORN", "IDFORN", {"data_cred", "limi_copr", "desconto_forn"},
+             {test::date(2026, 1, 31), test::amount(150000), test::amount(250)});
+    contatos("FORN_CONT", 2);
+    conecta("MSSQL");
+    const QStringList comandos = altera("frmFornecedor", [&] {
+        EXPECT_EQ(texto("txtLimiCred"), u"1500,00");
+        EXPECT_EQ(texto("txtDescontoFornecedor"), u"2,50");
+        EXPECT_EQ(grade().Rows(), 3);
+        EXPECT_EQ(grade().cell(1, 5), u"25/12");
+        usuario.clickCell(grade(), 1, 2);
+        EXPECT_EQ(grade().Rows(), 2);
+        EXPECT_EQ(texto("txtNomeContato"), u"CONTATO 1");
+    });
+    EXPECT_EQ(comandos,
+              (QStringList{"UPDATE FORN SET DATA_CRED='20260131',  LIMI_COPR='1500.00', DESCONTO_FORN='2.50' WHERE "
+                           "(IDFORN=31)",
+                           "DELETE FROM FORN_CONT WHERE (IDFORN=31)",
+                           "INSERT INTO FORN_CONT (IDFORN, CARG_FORN_CONT, NOME_FORN_CONT, EMAI_FORN_CONT, DATA_NASC, "
+                           "DATA_INCL, USER_INCL) VALUES ('31', 'GERENTE', 'CONTATO 2', 'X@Y.COM', '25/12', "
+                           "'20261120', '7')"}))
+        << "a contact left in the entry fields is dropped";
+}
+
+TEST_F(AlteracaoPapel, FornecedorSemData) {
+    registro("FORN", "IDFORN", {"data_cred", "limi_copr", "desconto_forn"}, {test::null(), test::null(), test::null()});
+    EXPECT_EQ(altera("frmFornecedor",
+                     [&] {
+                         EXPECT_EQ(texto("txtLimiCred"), u"");
+                         digita("txtLimiCred", "5");
+                     }),
+              (QStringList{"UPDATE FORN SET DATA_CRED=NULL,  LIMI_COPR='5.00', DESCONTO_FORN='0.00' WHERE (IDFORN=31)",
+                           "DELETE FROM FORN_CONT WHERE (IDFORN=31)"}));
+}
+
+TEST_F(AlteracaoPapel, TransportadoraComESemData) {
+    registro("TRPT", "IDTRPT", {"data_cred"}, {test::date(2026, 1, 31)});
+    EXPECT_EQ(altera("frmTransportadora", [] {}), (QStringList{"UPDATE TRPT SET DATA_CRED='20260131' WHERE (IDTRPT=31)",
+                                                               "DELETE FROM TRPT_CONT WHERE (IDTRPT=31)"}));
+    EXPECT_EQ(
+        altera("frmTransportadora", [&] { digita("mskDtCredencial", ""); }),
+        (QStringList{"UPDATE TRPT SET DATA_CRED=NULL WHERE (IDTRPT=31)", "DELETE FROM TRPT_CONT WHERE (IDTRPT=31)"}));
+}
+
+TEST_F(AlteracaoPapel, Motorista) {
+    registro("MOTO", "IDMOTO",
+             {"data_adms", "cnh0_moto", "pron_moto", "uf00_pron_moto", "pai0_moto", "mae0_moto", "refe_moto"},
+             {test::date(2026, 1, 31), test::text("123"), test::null(), test::text("SP"), test::null(),
+              test::text("INES"), test::null()});
+    EXPECT_EQ(altera("frmMotorista",
+                     [&] {
+                         EXPECT_EQ(texto("txtCNH"), u"123");
+                         EXPECT_EQ(texto("cboUF_Emitente"), u"SP");
+                         EXPECT_EQ(texto("txtProntuario"), u"");
+                         digita("txtRefeMoto", "Avó");
+                     }),
+              (QStringList{"UPDATE MOTO SET DATA_ADMS='20260131', CNH0_MOTO='123', PRON_MOTO=NULL, "
+                           "UF00_PRON_MOTO='SP', PAI0_MOTO=NULL, MAE0_MOTO='INES', REFE_MOTO='AVO' WHERE "
+                           "(IDMOTO=31)"}));
+}
+
+TEST_F(AlteracaoPapel, Vendedor) {
+    registro("VEND", "IDVEND", {"data_adms", "valo_sala", "perc_pool", "perc_coms"},
+             {test::null(), test::amount(123450), test::null(), test::amount(200)});
+    EXPECT_EQ(altera("frmVendedor", [&] { EXPECT_EQ(texto("txtPercPool"), u""); }),
+              (QStringList{"UPDATE VEND SET DATA_ADMS=NULL, VALO_SALA='1234.50', PERC_POOL='0.00', PERC_COMS='2.00' "
+                           "WHERE (IDVEND=31)"}));
+}
+
+TEST_F(AlteracaoPapel, ArquitetoEDecorador) {
+    struct Caso {
+        const char* tela;
+        const char* tabela;
+        const char* chave;
+        const char* coluna;
+    };
+    base.answer(QStringLiteral("FROM BANC WHERE IDBANC=4"), {{"nome_banc"}, {{test::text("ITAU")}}});
+    base.answer(QStringLiteral("NOME_BANC='ITAU'"), {{"idbanc"}, {{test::number(4)}}});
+    for (const Caso& caso :
+         {Caso{"frmArquiteto", "ARQT", "IDARQT", "ARQT_CREA"}, Caso{"frmDecorador", "DECO", "IDDECO", "DECO_ADD0"}}) {
+        const QString tabela = QString::fromLatin1(caso.tabela);
+        registro(caso.tabela, caso.chave,
+                 {"data_cred", "valo_sala", "perc_pool", "perc_coms", caso.coluna, "idbanc", "banc_agen", "banc_cont"},
+                 {test::date(2026, 2, 1), test::amount(100000), test::null(), test::amount(300), test::text("A-77"),
+                  test::number(4), test::text("0123"), test::null()});
+        EXPECT_EQ(altera(caso.tela,
+                         [&] {
+                             EXPECT_EQ(texto("txtPercPool"), u"0");
+                             EXPECT_EQ(texto("cboBancoCartao"), u"ITAU");
+                         }),
+                  (QStringList{"SELECT IDBANC FROM BANC WHERE NOME_BANC='ITAU'",
+                               QStringLiteral("UPDATE %1 SET DATA_CRED='2026/02/01', VALO_SALA='1000.00', "
+                                              "PERC_POOL='0', %2='A-77', IDBANC='4', BANC_AGEN='0123', "
+                                              "BANC_CONT=NULL, PERC_COMS='3.00' WHERE (ID%1=31)")
+                                   .arg(tabela, QLatin1StringView(caso.coluna)),
+                               QStringLiteral("DELETE FROM %1_CONT WHERE (ID%1=31)").arg(tabela)}));
+    }
+}
+
+TEST_F(AlteracaoPapel, SemRegistroNoFornecedorOComandoVazioFalha) {
+    base.fail(QStringLiteral("(IDFORN=)"), errorNumber::StatementRefused);
+    abre("frmFornecedor", [&] {
+        clica("cmdALTERAR");
+        digita("txtLimiCred", "1");
+        clica("cmdSALVAR");
+    });
+    EXPECT_EQ(transacao(), (QStringList{"UPDATE FORN SET DATA_CRED=NULL,  LIMI_COPR='1.00', DESCONTO_FORN='0' WHERE "
+                                        "(IDFORN=0)",
+                                        "DELETE FROM FORN_CONT WHERE (IDFORN=)"}));
+    ASSERT_TRUE(programa.failure());
+    EXPECT_EQ(programa.failure()->number(), errorNumber::StatementRefused);
+    EXPECT_FALSE(confirmada());
+}
+
+TEST_F(AlteracaoPapel, AcentosFicamQuandoAInstalacaoOsPreserva) {
+    contexto.PreservaAcentos = true;
+    registro("MOTO", "IDMOTO",
+             {"data_adms", "cnh0_moto", "pron_moto", "uf00_pron_moto", "pai0_moto", "mae0_moto", "refe_moto"},
+             {test::null(), test::null(), test::null(), test::null(), test::null(), test::null(), test::null()});
+    EXPECT_TRUE(altera("frmMotorista", [&] { digita("txtRefeMoto", "Avó"); })
+                    .first()
+                    .contains(QStringLiteral("REFE_MOTO='AVÓ'")));
+}
+
+} // namespace
+
+} // namespace vorta::test

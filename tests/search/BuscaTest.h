@@ -1,0 +1,87 @@
+#pragma once
+
+#include "screen/User.h"
+#include "search/RegistraTelasBusca.h"
+#include "search/frmBROWSE_CEPS.h"
+#include "search/frmBROWSE_PESSOAS.h"
+#include "search/frmPESSOAS_INCL.h"
+#include "support/FakeDatabase.h"
+#include "support/TestPlatform.h"
+
+#include <gtest/gtest.h>
+
+namespace vorta::test {
+
+/// A screen that calls the searches: the fields of the person screen that they write.
+class TelaQueChama : public screen::Screen {
+  public:
+    TelaQueChama(ContextoExecucao& contexto, const QString& nome) : Screen(contexto.program(), nome) {}
+    screen::TextField txtRowID{this, "txtRowID"};
+    screen::TextField txtDescricao{this, "txtDescricao"};
+    screen::TextField txtNomeFantasia{this, "txtNomeFantasia"};
+    screen::ListField cboFisJur{this, "cboFisJur"};
+    screen::MaskedField mskCodigo{this, "mskCodigo"};
+    screen::TextField txtEndereco{this, "txtEndereco"};
+    screen::TextField txtBairro{this, "txtBairro"};
+    screen::ListField cboCidade{this, "cboCidade"};
+    screen::ListField cboUF{this, "cboUF"};
+    screen::MaskedField mskCEP{this, "mskCEP", QStringLiteral("#####-###")};
+    screen::ListField cboPais_Coml{this, "cboPais_Coml"};
+    screen::TextField txtCob_Endereco{this, "txtCob_Endereco"};
+    screen::TextField txtCob_Bairro{this, "txtCob_Bairro"};
+    screen::ListField cboCob_Cidade{this, "cboCob_Cidade"};
+    screen::ListField cboCob_UF{this, "cboCob_UF"};
+    screen::MaskedField mskCob_CEP{this, "mskCob_CEP", QStringLiteral("#####-###")};
+    screen::ListField cboPais_Cobr{this, "cboPais_Cobr"};
+    screen::TextField txtEnt_Endereco{this, "txtEnt_Endereco"};
+    screen::TextField txtEnt_Bairro{this, "txtEnt_Bairro"};
+    screen::ListField cboEnt_Cidade{this, "cboEnt_Cidade"};
+    screen::ListField cboEnt_UF{this, "cboEnt_UF"};
+    screen::MaskedField mskEnt_CEP{this, "mskEnt_CEP", QStringLiteral("#####-###")};
+    screen::ListField cboPais_Entg{this, "cboPais_Entg"};
+};
+
+/// A register with the search screens, a calling screen `frmPessoas` and a database that answers what it is told.
+class BuscaTest : public testing::Test {
+  protected:
+    BuscaTest() {
+        RegistraTelasBusca(contexto);
+        registraChamadora("frmPessoas");
+        contexto.TelaChamadora = QStringLiteral("frmPessoas");
+        contexto.TipoBanco = QStringLiteral("FIREBIRD");
+        contexto.ConexaoPrincipal = contexto.novaConexao();
+        contexto.ConexaoPrincipal->Open(data::Engine::Firebird, QStringLiteral("base"));
+    }
+
+    void registraChamadora(const char* nome) {
+        const QString chave = QString::fromLatin1(nome);
+        contexto.RegistraTela(chave,
+                              [chave](ContextoExecucao& dono) { return std::make_unique<TelaQueChama>(dono, chave); });
+    }
+
+    TelaQueChama& pessoas() { return static_cast<TelaQueChama&>(contexto.Tela(QStringLiteral("frmPessoas"))); }
+
+    /// Shows a screen and does something while it is open. Gives false when the program has ended.
+    template <typename Tela>
+    bool abre(const char* nome, const std::function<void(Tela&)>& faz) {
+        const QString chave = QString::fromLatin1(nome);
+        platform.whenShown(chave, [faz](screen::Screen& tela) { faz(static_cast<Tela&>(tela)); });
+        return program.dispatch([&] { contexto.MostraTela(chave); });
+    }
+
+    /// The statements sent since the last `esquece` that name this text.
+    QStringList enviados(const char* parte) const {
+        return database.sent.filter(QString::fromUtf8(parte), Qt::CaseInsensitive);
+    }
+    void esquece() { database.sent.clear(); }
+
+    int falha() const { return program.failure() ? program.failure()->number() : 0; }
+
+    TestPlatform platform;
+    FakeDatabase database;
+    screen::Program program{platform};
+    ContextoExecucao contexto{program, database.factory()};
+    screen::User user{program};
+};
+
+} // namespace vorta::test

@@ -1,0 +1,124 @@
+#include "search/BuscaTest.h"
+
+#include "base/RuntimeError.h"
+
+namespace vorta::test {
+
+namespace {
+
+using Tela = frmBROWSE_PESSOAS;
+
+const QString consultaRamo = QStringLiteral(
+    "SELECT PESS.IDPESS, PESS.NOME_PESS, PESS.NOME_CONH, PESS.PSFI_PSJU, PESS.CPF0_CNPJ, PESS.RG00_IE00, "
+    "PESS.ENDE_COML_PESS, PESS.BAIR_COML_PESS, PESS.CIDA_COML_PESS, PESS.CEP0_COML_PESS, PESS.UF00_COML_PESS, "
+    "PESS.ENDE_ENTG_PESS, PESS.BAIR_ENTG_PESS, PESS.CIDA_ENTG_PESS, PESS.CEP0_ENTG_PESS, PESS.UF00_ENTG_PESS, "
+    "PESS.TELE_0001_PESS, PESS.TELE_0002_PESS, PESS.EMAI_PESS, PESS.HTTP_PESS, PESS.ENDE_COBR_PESS, "
+    "PESS.BAIR_COBR_PESS, PESS.CIDA_COBR_PESS, PESS.CEP0_COBR_PESS, PESS.UF00_COBR_PESS, PESS.FAX0_0001_PESS, "
+    "PESS.FAX0_0002_PESS, PESS.DATA_ANIV, PESS.SEXO, PESS.DATA_INCL, PESS.USER_INCL, PESS.DATA_DESA, "
+    "PESS.USER_DESA, ATIV.DESC_ATIV, PESS.IDCLIE, PESS.IDTRPT, PESS.IDVEND, PESS.IDMOTO, PESS.IDDECO, PESS.IDFORN, "
+    "PESS.IDARQT FROM ATIV, PESS, PESS_ATIV WHERE PESS_ATIV.IDPESS = PESS.IDPESS AND PESS_ATIV.IDATIV = ATIV.IDATIV "
+    "AND (PESS.DATA_DESA IS NULL) ");
+const QString ativos = QStringLiteral("SELECT * FROM PESS WHERE DATA_DESA IS NULL ");
+const QString desativados = QStringLiteral("SELECT * FROM PESS WHERE (NOT DATA_DESA IS NULL) ");
+
+/// One row of the option table with a text and without one, behind the piece for active persons.
+struct Linha {
+    const char* forma;
+    const char* conteudo;
+    const char* comTexto;
+    const char* semTexto;
+};
+
+const Linha linhas[]{
+    {"opCPFCNPJ", "opInicialCom", "AND CPF0_CNPJ LIKE 'JOÃO 10%' ORDER BY NOME_PESS", "ORDER BY NOME_PESS"},
+    {"opNome", "opQualquerParte", "AND NOME_PESS LIKE '%JOÃO 10%' ORDER BY NOME_PESS", "ORDER BY NOME_PESS"},
+    {"opNome", "opCampoInteiro", "AND NOME_PESS = 'JOÃO 10' ORDER BY NOME_PESS", "ORDER BY NOME_PESS"},
+    {"opNome", "opInicialCom", "AND NOME_PESS LIKE 'JOÃO 10%' ORDER BY NOME_PESS", "ORDER BY NOME_PESS"},
+    {"opFantasia", "opQualquerParte", "AND NOME_CONH LIKE '%JOÃO 10%' ORDER BY NOME_CONH", "ORDER BY NOME_CONH"},
+    {"opFantasia", "opCampoInteiro", "AND NOME_CONH = 'JOÃO 10' ORDER BY NOME_CONH", "ORDER BY NOME_CONH"},
+    {"opFantasia", "opInicialCom", "AND NOME_CONH LIKE 'JOÃO 10%' ORDER BY NOME_CONH", "ORDER BY NOME_CONH"},
+    {"opCidade", "opCampoInteiro", "AND CIDA_COML_PESS LIKE '%JOÃO 10%' ORDER BY NOME_CONH", "ORDER BY NOME_CONH"},
+    {"opUF", "opQualquerParte", "AND UF00_COML_PESS = 'JOÃO 10' ORDER BY NOME_CONH", "ORDER BY NOME_CONH"},
+    {"opTelefone", "opCampoInteiro",
+     "AND (TELE_0001_PESS LIKE '%JOÃO 10%' OR TELE_0002_PESS LIKE '%JOÃO 10%' OR FAX0_0001_PESS LIKE '%JOÃO 10%' OR "
+     "FAX0_0002_PESS LIKE '%JOÃO 10%') ORDER BY NOME_PESS",
+     " ORDER BY NOME_PESS"},
+    {"opCodInterno", "opInicialCom", "AND (IDPESS LIKE '%JOÃO 10%') ORDER BY IDPESS", " ORDER BY IDPESS"},
+    {"opCodExterno", "opCampoInteiro", "AND (PESS_CODI_EXTE LIKE '%JOÃO 10%') ORDER BY PESS_CODI_EXTE",
+     " ORDER BY PESS_CODI_EXTE"},
+};
+
+screen::Option& opcao(Tela& tela, const char* nome) {
+    return static_cast<screen::Option&>(tela.field(QString::fromLatin1(nome)));
+}
+
+} // namespace
+
+/// The statements know no difference between the engines, which the same expectation for both tags fixes.
+class ConsultaPessoasTest : public BuscaTest, public testing::WithParamInterface<const char*> {
+  protected:
+    ConsultaPessoasTest() { contexto.TipoBanco = QString::fromLatin1(GetParam()); }
+
+    QString consulta(const Linha& linha, const QString& texto, bool desativadas) {
+        QString enviada;
+        abre<Tela>("frmBROWSE_PESSOAS", [&](Tela& tela) {
+            opcao(tela, linha.forma).setValue(true);
+            opcao(tela, linha.conteudo).setValue(true);
+            tela.cboCod.setText(texto);
+            if (desativadas)
+                tela.chkVisualiza.setChecked(true);
+            esquece();
+            user.click(tela.cmdPesquisa);
+            enviada = database.sent.value(0);
+            EXPECT_EQ(database.sent.size(), 1);
+        });
+        return enviada;
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Engines, ConsultaPessoasTest, testing::Values("FIREBIRD", "MS-SQL"));
+
+TEST_P(ConsultaPessoasTest, EveryRowOfTheOptionTable) {
+    const QString texto = QStringLiteral("  joão 10 ");
+    for (const Linha& linha : linhas) {
+        SCOPED_TRACE(linha.comTexto);
+        EXPECT_EQ(consulta(linha, texto, false), ativos + QString::fromUtf8(linha.comTexto));
+        EXPECT_EQ(contexto.VinculoAtual, u"N"_qs);
+        EXPECT_EQ(consulta(linha, texto, true), desativados + QString::fromUtf8(linha.comTexto));
+        EXPECT_EQ(contexto.VinculoAtual, u"S"_qs);
+        EXPECT_EQ(consulta(linha, u"   "_qs, false), ativos + QString::fromUtf8(linha.semTexto));
+        EXPECT_EQ(consulta(linha, {}, true), desativados + QString::fromUtf8(linha.semTexto));
+    }
+}
+
+TEST_P(ConsultaPessoasTest, BranchReplacesTheStatementAndLooksAtActivePersonsOnly) {
+    const Linha ramo{"opRamoAtividade", "opCampoInteiro", "", ""};
+    const QString comTexto = consultaRamo + u"AND (ATIV.DESC_ATIV LIKE '%MOVEIS%') ORDER BY NOME_CONH"_qs;
+    EXPECT_EQ(consulta(ramo, u"moveis"_qs, false), comTexto);
+    EXPECT_EQ(contexto.VinculoAtual, u"N"_qs);
+    EXPECT_EQ(consulta(ramo, u"moveis"_qs, true), comTexto);
+    EXPECT_EQ(contexto.VinculoAtual, u"S"_qs);
+    EXPECT_EQ(consulta(ramo, {}, false), consultaRamo + u"ORDER BY NOME_CONH"_qs);
+}
+
+TEST_P(ConsultaPessoasTest, WildcardsAndHyphensGoAsTheyStand) {
+    const Linha nome{"opNome", "opInicialCom", "", ""};
+    EXPECT_EQ(consulta(nome, u"a%b_c-d--e"_qs, false),
+              ativos + u"AND NOME_PESS LIKE 'A%B_C-D--E%' ORDER BY NOME_PESS"_qs);
+    const QString longo(10000, u'x');
+    EXPECT_EQ(consulta(nome, longo, false),
+              ativos + u"AND NOME_PESS LIKE '"_qs + longo.toUpper() + u"%' ORDER BY NOME_PESS"_qs);
+}
+
+TEST_P(ConsultaPessoasTest, AnApostropheEndsTheProgramAndNothingOfItRuns) {
+    abre<Tela>("frmBROWSE_PESSOAS", [&](Tela& tela) {
+        tela.cboCod.setText(u"x' or '1'='1"_qs);
+        esquece();
+        user.click(tela.cmdPesquisa);
+    });
+    EXPECT_TRUE(program.hasEnded());
+    EXPECT_EQ(falha(), errorNumber::StatementRefused);
+    EXPECT_TRUE(enviados("PESS").isEmpty());
+}
+
+} // namespace vorta::test
