@@ -98,6 +98,8 @@ void createMainBases(const Layout& layout, const Contents& contents, const Progr
         finish(layout.base(environment.base), Base::Main);
     }
 
+    if (contents.demo || contents.people > 0)
+        throw RuntimeError(pathRefused, QStringLiteral("Os dados de demonstração ainda não são gerados"));
     if (progress)
         progress(QStringLiteral("índices"), 0, 0);
     finish(production, Base::Main);

@@ -22,7 +22,8 @@ using firebird::Translated;
 constexpr int secondsToOpen = 15;
 /// The engine's number for the character set of the data.
 constexpr unsigned windows1252 = 53;
-constexpr QDate firstEngineDay(1858, 11, 17);
+/// The engine counts its days from 17 November 1858.
+constexpr qint64 firstEngineDay = 2400001; // as a Julian day
 
 struct NativeForm {
     unsigned type;
@@ -226,7 +227,7 @@ RowLoader& RowLoader::operator<<(Hundredths value) {
 
 RowLoader& RowLoader::operator<<(QDate value) {
     Slot& slot = next(Kind::Date);
-    const ISC_DATE day = static_cast<ISC_DATE>(firstEngineDay.daysTo(value.isValid() ? value : firstEngineDay));
+    const ISC_DATE day = static_cast<ISC_DATE>(value.isValid() ? value.toJulianDay() - firstEngineDay : 0);
     std::memcpy(&message_[slot.offset], &day, sizeof(day));
     setNull(slot, !value.isValid());
     return *this;
