@@ -123,7 +123,7 @@ const QString& prepared(const EngineContext& context) {
 const std::vector<EngineContext>& EngineContexts() {
     static const std::vector<EngineContext> contexts = [] {
         std::vector made{embeddedFirebird(), firebirdServer()};
-        if (const QString odbc = qEnvironmentVariable("VORTA_TEST_ODBC"); !odbc.isEmpty())
+        if (const QString odbc = qEnvironmentVariable("VORTA_TEST_SQLSERVER"); !odbc.isEmpty())
             made.push_back(sqlServer(odbc));
         return made;
     }();
