@@ -27,7 +27,8 @@ bool LabelBinding::eventFilter(QObject* watched, QEvent* event) {
 
 PictureBinding::PictureBinding(Binder& binder, screen::Field& field, QLabel& label)
     : Binding(binder, field, label), label_(label) {
-    label.setMinimumSize(1, 1);
+    // The picture follows the room it has, it does not ask for more.
+    label.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
 }
 
 void PictureBinding::refresh() {

@@ -13,6 +13,7 @@ class GridBinding : public Binding {
   public:
     GridBinding(Binder& binder, screen::Grid& grid, QTableView& view);
     void refresh() override;
+    const GridModel& model() const { return model_; }
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
