@@ -160,6 +160,7 @@ class DesktopHands : public robot::Hands {
 
     void hide(screen::Screen& screen) override {
         std::erase_if(windows_, [&](const auto& window) { return &window->binder().screen() == &screen; });
+        wakeTopmost();
     }
 
     screen::Answer answer(const screen::Box& box, screen::Answer prepared) override {
@@ -170,7 +171,10 @@ class DesktopHands : public robot::Hands {
             press(*button, button->rect().center());
         else
             shown->reject();
-        return AnswerOf(*shown);
+        const screen::Answer given = AnswerOf(*shown);
+        shown->hide();
+        wakeTopmost();
+        return given;
     }
 
     /// By the keyboard's way, as a click would do more to a button or a cell.
@@ -295,6 +299,13 @@ class DesktopHands : public robot::Hands {
         static char name[] = "pessoas-roteiro";
         static char* arguments[] = {name, nullptr};
         return std::make_unique<DesktopApplication>(count, arguments);
+    }
+
+    /// A window system gives the keyboard back to the window below one that goes; the offscreen one has to be asked.
+    void wakeTopmost() {
+        if (!windows_.empty())
+            windows_.back()->activateWindow();
+        QCoreApplication::processEvents();
     }
 
     /// Lets the windows catch up with all that has happened.
