@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 
-namespace vorta::data {
+namespace vorta::odbc {
 
 namespace {
 
@@ -24,9 +24,10 @@ constexpr std::array keys{
 
 constexpr QStringView standardPort = u"1433";
 
-/// A value in braces may hold any character.
-QString entry(const QString& key, QString value) {
-    return key + QStringLiteral("={") + value.replace(u'}', QStringLiteral("}}")) + QStringLiteral("};");
+/// A value in braces may hold any character; the driver reads to the brace that a semicolon follows and knows no
+/// doubled brace.
+QString entry(const QString& key, const QString& value) {
+    return key + u"={"_qs + value + u"};"_qs;
 }
 
 /// A named instance is found by asking its machine for the port; every other server answers on the port given or the
@@ -60,4 +61,4 @@ QString OdbcConnectionString(const QString& connectionString) {
     return odbc;
 }
 
-} // namespace vorta::data
+} // namespace vorta::odbc

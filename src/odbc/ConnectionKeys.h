@@ -2,7 +2,7 @@
 
 #include <QString>
 
-namespace vorta::data {
+namespace vorta::odbc {
 
 /// The connection string for the ODBC driver from one of the forms of the engine tags ("driver={SQL
 /// Server};server=...", "Provider=SQLNCLI;Server=...", "Provider=sqloledb;...;Data Source=..."): their keys say the
@@ -10,4 +10,4 @@ namespace vorta::data {
 /// "name,port" or "name\instance".
 QString OdbcConnectionString(const QString& connectionString);
 
-} // namespace vorta::data
+} // namespace vorta::odbc

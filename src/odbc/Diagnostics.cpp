@@ -8,7 +8,7 @@
 #include <sql.h>
 #include <sqlext.h>
 
-namespace vorta::data {
+namespace vorta::odbc {
 
 namespace {
 
@@ -18,10 +18,21 @@ struct Diagnosis {
     QString description;
 };
 
-int numberOf(const QString& sqlState) {
-    if (sqlState.startsWith(u"08"))
+/// A statement that meets a lost connection may come back with an unknown error: the connection itself says whether it
+/// is dead.
+bool isDead(const QSqlDatabase& database) {
+    SQLUINTEGER dead = SQL_CD_FALSE;
+    const QVariant handle = database.driver()->handle();
+    return handle.isValid() &&
+           SQL_SUCCEEDED(SQLGetConnectAttr(*static_cast<const SQLHANDLE*>(handle.constData()), SQL_ATTR_CONNECTION_DEAD,
+                                           &dead, 0, nullptr)) &&
+           dead == SQL_CD_TRUE;
+}
+
+int numberOf(const Diagnosis& found, const QSqlDatabase& database) {
+    if (found.sqlState.startsWith(u"08") || isDead(database))
         return errorNumber::ConnectionFailed;
-    if (sqlState.startsWith(u"23"))
+    if (found.sqlState.startsWith(u"23"))
         return errorNumber::ConstraintViolated;
     return errorNumber::StatementRefused;
 }
@@ -33,41 +44,55 @@ QString withoutLayers(QString text) {
     return text.trimmed();
 }
 
-/// The first record is the cause; Qt's own error keeps no SQLSTATE, so the handle is asked.
-Diagnosis firstRecord(SQLSMALLINT kind, const QVariant& handle, const QSqlError& fallback) {
-    Diagnosis found{{}, fallback.nativeErrorCode().section(u';', 0, 0).toInt(), withoutLayers(fallback.databaseText())};
-    if (!handle.isValid())
-        return found;
+bool record(SQLSMALLINT kind, SQLHANDLE handle, SQLSMALLINT number, Diagnosis& found) {
     std::array<SQLWCHAR, 6> state{};
     std::array<SQLWCHAR, 2048> text{};
     SQLINTEGER code = 0;
     SQLSMALLINT length = 0;
-    const SQLRETURN answer = SQLGetDiagRecW(kind, *static_cast<const SQLHANDLE*>(handle.constData()), 1, state.data(),
-                                            &code, text.data(), static_cast<SQLSMALLINT>(text.size()), &length);
-    if (!SQL_SUCCEEDED(answer))
+    if (!SQL_SUCCEEDED(SQLGetDiagRecW(kind, handle, number, state.data(), &code, text.data(),
+                                      static_cast<SQLSMALLINT>(text.size()), &length)))
+        return false;
+    found = {QString::fromUtf16(reinterpret_cast<const char16_t*>(state.data())), code,
+             withoutLayers(QString::fromUtf16(reinterpret_cast<const char16_t*>(text.data())))};
+    return true;
+}
+
+/// The cause is the first record that is more than a warning. Qt's own error keeps no SQLSTATE, so the handle is asked.
+Diagnosis cause(SQLSMALLINT kind, const QVariant& handle, const QSqlError& error) {
+    Diagnosis found{{}, error.nativeErrorCode().section(u';', 0, 0).toInt(), withoutLayers(error.databaseText())};
+    if (!handle.isValid())
         return found;
-    found.sqlState = QString::fromUtf16(reinterpret_cast<const char16_t*>(state.data()));
-    found.engineCode = code;
-    found.description = withoutLayers(QString::fromUtf16(reinterpret_cast<const char16_t*>(text.data())));
+    Diagnosis next;
+    for (SQLSMALLINT number = 1; record(kind, *static_cast<const SQLHANDLE*>(handle.constData()), number, next);
+         ++number) {
+        found = next;
+        if (!next.sqlState.startsWith(u"01"))
+            break;
+    }
     return found;
+}
+
+/// Of a lost connection the driver says little ("Unknown error"): the standard words say more.
+RuntimeError failure(const Diagnosis& found, const QSqlDatabase& database, const QString& statement) {
+    const int number = numberOf(found, database);
+    const QString words = number == errorNumber::ConnectionFailed ? QString() : found.description;
+    return RuntimeError(number, words, found.engineCode, found.sqlState, statement);
 }
 
 } // namespace
 
 RuntimeError OpenFailure(const QSqlDatabase& database) {
-    const QSqlError error = database.lastError();
-    return RuntimeError(errorNumber::ConnectionFailed, withoutLayers(error.databaseText()),
-                        error.nativeErrorCode().section(u';', 0, 0).toInt(), {}, {});
+    // Qt frees the handle of a failed connection: what is left are the words of all records, the cause first.
+    const QString words = withoutLayers(database.lastError().databaseText());
+    return RuntimeError(errorNumber::ConnectionFailed, words.section(QStringLiteral(" [FreeTDS]"), 0, 0));
 }
 
-RuntimeError StatementFailure(const QSqlQuery& query, const QString& statement) {
-    const Diagnosis found = firstRecord(SQL_HANDLE_STMT, query.result()->handle(), query.lastError());
-    return RuntimeError(numberOf(found.sqlState), found.description, found.engineCode, found.sqlState, statement);
+RuntimeError StatementFailure(const QSqlDatabase& database, const QSqlQuery& query, const QString& statement) {
+    return failure(cause(SQL_HANDLE_STMT, query.result()->handle(), query.lastError()), database, statement);
 }
 
 RuntimeError TransactionFailure(const QSqlDatabase& database) {
-    const Diagnosis found = firstRecord(SQL_HANDLE_DBC, database.driver()->handle(), database.lastError());
-    return RuntimeError(numberOf(found.sqlState), found.description, found.engineCode, found.sqlState, {});
+    return failure(cause(SQL_HANDLE_DBC, database.driver()->handle(), database.lastError()), database, {});
 }
 
-} // namespace vorta::data
+} // namespace vorta::odbc

@@ -5,14 +5,14 @@
 #include <QSqlDatabase>
 #include <QSqlQuery>
 
-namespace vorta::data {
+namespace vorta::odbc {
 
 /// The failure of opening a connection: always -2147467259, whether the server is absent, silent or refuses the user.
 RuntimeError OpenFailure(const QSqlDatabase& database);
-/// The failure of a statement, by the diagnostic records of its handle: class 08 is a lost connection, 23 a constraint,
-/// the rest a refusal.
-RuntimeError StatementFailure(const QSqlQuery& query, const QString& statement);
+/// The failure of a statement, by the diagnostic records of its handle: -2147467259 for SQLSTATE class 08 or a dead
+/// connection, -2147217873 for class 23, -2147217900 for the rest.
+RuntimeError StatementFailure(const QSqlDatabase& database, const QSqlQuery& query, const QString& statement);
 /// The failure of a transaction's start or end, by the records of the connection.
 RuntimeError TransactionFailure(const QSqlDatabase& database);
 
-} // namespace vorta::data
+} // namespace vorta::odbc

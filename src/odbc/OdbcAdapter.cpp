@@ -11,9 +11,14 @@
 #include <QTimeZone>
 #include <atomic>
 
-namespace vorta::data {
+namespace vorta::odbc {
 
 namespace {
+
+using data::Adapter;
+using data::Decimal;
+using data::RowSink;
+using data::Statement;
 
 /// What the register expects of every session: year-first dates with slashes, and a lock that ends in an error, not in
 /// a hanging window.
@@ -74,7 +79,7 @@ class OdbcAdapter final : public Adapter {
         database_ = QSqlDatabase::addDatabase(QStringLiteral("QODBC"), name_);
         database_.setDatabaseName(OdbcConnectionString(connectionString));
         database_.setConnectOptions(
-            QStringLiteral("SQL_ATTR_LOGIN_TIMEOUT=%1;SQL_ATTR_CONNECTION_TIMEOUT=%1").arg(timeoutSeconds));
+            QStringLiteral("SQL_ATTR_ODBC_VERSION=SQL_OV_ODBC3;SQL_ATTR_LOGIN_TIMEOUT=%1").arg(timeoutSeconds));
         database_.setNumericalPrecisionPolicy(QSql::HighPrecision);
         if (!database_.open()) {
             const RuntimeError failure = OpenFailure(database_);
@@ -119,7 +124,7 @@ class OdbcAdapter final : public Adapter {
             rows.endRow();
         }
         if (query.lastError().isValid())
-            throw StatementFailure(query, statement.text());
+            throw StatementFailure(database_, query, statement.text());
     }
 
   private:
@@ -127,7 +132,7 @@ class OdbcAdapter final : public Adapter {
         QSqlQuery query(database_);
         query.setForwardOnly(true);
         if (!query.exec(text))
-            throw StatementFailure(query, text);
+            throw StatementFailure(database_, query, text);
         return query;
     }
 
@@ -149,8 +154,8 @@ class OdbcAdapter final : public Adapter {
 
 } // namespace
 
-std::unique_ptr<Adapter> MakeOdbcAdapter() {
+std::unique_ptr<data::Adapter> MakeOdbcAdapter() {
     return std::make_unique<OdbcAdapter>();
 }
 
-} // namespace vorta::data
+} // namespace vorta::odbc

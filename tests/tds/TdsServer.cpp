@@ -1,0 +1,50 @@
+#include "tds/TdsServer.h"
+
+#include <QFile>
+#include <stdexcept>
+
+namespace vorta::test {
+
+namespace {
+
+constexpr int patienceMs = 20000;
+
+QString here(const char* file) {
+    return QStringLiteral(TDS_FOLDER "/") + QString::fromLatin1(file);
+}
+
+} // namespace
+
+TdsServer::TdsServer(const QStringList& options) {
+    QStringList arguments{here("tds_server.py"), u"--trace"_qs,      folder_.filePath(u"trace"_qs),
+                          u"--ddl"_qs,           here("schema.sql"), u"--load"_qs,
+                          here("rows.sql")};
+    process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process_.start(QStringLiteral(TDS_PYTHON), arguments + options);
+    if (!process_.waitForReadyRead(patienceMs))
+        throw std::runtime_error("the test server did not start");
+    port_ = process_.readLine().trimmed().mid(5).toInt();
+}
+
+TdsServer::~TdsServer() {
+    process_.closeWriteChannel();
+    if (!process_.waitForFinished(patienceMs))
+        process_.kill();
+}
+
+QString TdsServer::connectionString(const char* form, const QString& password, const QString& database) const {
+    return QString::fromLatin1(form).arg(QStringLiteral("127.0.0.1,%1").arg(port_), u"vorta"_qs, password, database);
+}
+
+QString TdsServer::connectionString() const {
+    return connectionString("driver={SQL Server};server=%1;uid=%2;pwd=%3;database=%4");
+}
+
+QStringList TdsServer::trace() const {
+    QFile file(folder_.filePath(u"trace"_qs));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
+}
+
+} // namespace vorta::test

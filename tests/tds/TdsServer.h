@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QProcess>
+#include <QStringList>
+#include <QTemporaryDir>
+
+namespace vorta::test {
+
+/// The test server of the SQL Server side, running for the length of a test with the tables of schema.sql and the rows
+/// of rows.sql.
+class TdsServer {
+  public:
+    /// `options` as tds_server.py takes them; throws when it does not start.
+    explicit TdsServer(const QStringList& options = {});
+    ~TdsServer();
+
+    int port() const { return port_; }
+    /// The connection string of an engine tag's form for this server.
+    QString connectionString(const char* form, const QString& password = QStringLiteral("vorta"),
+                             const QString& database = QStringLiteral("VORTA")) const;
+    QString connectionString() const;
+    /// Every request that came over the wire so far.
+    QStringList trace() const;
+
+  private:
+    QTemporaryDir folder_;
+    QProcess process_;
+    int port_ = 0;
+};
+
+} // namespace vorta::test

@@ -1,0 +1,24 @@
+CREATE TABLE PESS (
+    idPESS int IDENTITY(1,1) NOT NULL PRIMARY KEY,
+    NOME_PESS varchar(60),
+    NOME_CONH varchar(40),
+    PESS_CODI_EXTE varchar(20),
+    DATA_INCL date,
+    DATA_DESA datetime,
+    LIMI_CRED decimal(15,2),
+    NUME_FILH smallint,
+    CONTADOR bigint,
+    OBSE nvarchar(100),
+    idVEND int
+)
+GO
+CREATE TABLE VEND (
+    idVEND int IDENTITY(1,1) NOT NULL PRIMARY KEY,
+    idPESS int,
+    DATA_DESA date
+)
+GO
+CREATE TABLE EMPR_CNFG (NOME_PARA varchar(40) NOT NULL PRIMARY KEY, VALO_PARA varchar(40))
+GO
+CREATE INDEX IX_PESS_NOME ON PESS (NOME_PESS)
+GO
