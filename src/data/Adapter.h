@@ -26,8 +26,9 @@ class RowSink {
     virtual void endRow() = 0;
 };
 
-/// One connection to one engine. Every failure is a `RuntimeError`: -2147467259 for a connection that cannot be opened or is lost,
-/// -2147217900 for a statement the engine refuses, -2147217873 for a constraint. Outside a transaction each write commits by itself.
+/// One connection to one engine. Every failure is a `RuntimeError`: -2147467259 for a connection that cannot be opened
+/// or is lost, -2147217900 for a statement the engine refuses, -2147217873 for a constraint. Outside a transaction each
+/// write commits by itself.
 class Adapter {
   public:
     virtual ~Adapter() = default;

@@ -42,18 +42,26 @@ void Connection::query(const Statement& statement, RowSink& rows) {
     adapter.query(QualifyRoleKeys(statement), rows);
 }
 
-void Connection::BeginTrans() { open().begin(); }
+void Connection::BeginTrans() {
+    open().begin();
+}
 
-void Connection::CommitTrans() { open().commit(); }
+void Connection::CommitTrans() {
+    open().commit();
+}
 
 void Connection::Close() {
     open().close();
     adapter_.reset();
 }
 
-bool Connection::IsOpen() const { return adapter_ && adapter_->isOpen(); }
+bool Connection::IsOpen() const {
+    return adapter_ && adapter_->isOpen();
+}
 
-void Connection::Invoke(const QString&) { throw RuntimeError(errorNumber::NoSuchMember); }
+void Connection::Invoke(const QString&) {
+    throw RuntimeError(errorNumber::NoSuchMember);
+}
 
 Adapter& Connection::open() {
     if (!IsOpen())

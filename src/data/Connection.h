@@ -27,8 +27,8 @@ class Connection {
     /// Closes; an open transaction dies with the connection.
     void Close();
     bool IsOpen() const;
-    /// Runs an operation by its name, as the saves of some screens do with "Rollback"; raises 438, since a connection offers
-    /// its operations by their methods only.
+    /// Runs an operation by its name, as the saves of some screens do with "Rollback"; raises 438, since a connection
+    /// offers its operations by their methods only.
     [[noreturn]] void Invoke(const QString& operation);
 
   private:

@@ -11,13 +11,12 @@ namespace {
 
 [[noreturn]] void refuse(const Statement& statement, QStringView near) {
     constexpr int syntaxError = -104;
-    throw RuntimeError(errorNumber::StatementRefused,
-                       QStringLiteral("Incorrect syntax near '%1'.").arg(near.left(60)), syntaxError,
-                       QStringLiteral("42000"), statement.text());
+    throw RuntimeError(errorNumber::StatementRefused, QStringLiteral("Incorrect syntax near '%1'.").arg(near.left(60)),
+                       syntaxError, QStringLiteral("42000"), statement.text());
 }
 
-/// An apostrophe typed alone ends a literal; two in a row stand for one inside it. A value whose apostrophes all come in pairs leaves the
-/// literals of its statement where the program put them, whatever stands beside it.
+/// An apostrophe typed alone ends a literal; two in a row stand for one inside it. A value whose apostrophes all come
+/// in pairs leaves the literals of its statement where the program put them, whatever stands beside it.
 bool apostrophesInPairs(QStringView value) {
     qsizetype run = 0;
     for (const QChar c : value) {
@@ -62,7 +61,8 @@ bool readAsNumber(const Tokens& tokens, QStringView text, qsizetype start, qsize
     auto token = tokenAt(tokens, start);
     if (token != tokens.end() && token->start == start && token->isSymbol(text, u'-'))
         ++token;
-    return token != tokens.end() && token->kind == TokenKind::Number && token->start <= start + 1 && token->end() >= end;
+    return token != tokens.end() && token->kind == TokenKind::Number && token->start <= start + 1 &&
+           token->end() >= end;
 }
 
 bool allowed(const Tokens& tokens, QStringView text, const ValueSpan& span) {

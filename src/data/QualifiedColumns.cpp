@@ -17,10 +17,10 @@ constexpr std::array tablesEnd{QLatin1StringView("where"), QLatin1StringView("gr
                                QLatin1StringView("having"), QLatin1StringView("union")};
 
 /// Words that follow a table without being its alias.
-constexpr std::array notAlias{QLatin1StringView("where"), QLatin1StringView("group"), QLatin1StringView("order"),
+constexpr std::array notAlias{QLatin1StringView("where"),  QLatin1StringView("group"), QLatin1StringView("order"),
                               QLatin1StringView("having"), QLatin1StringView("union"), QLatin1StringView("on"),
-                              QLatin1StringView("join"), QLatin1StringView("inner"), QLatin1StringView("left"),
-                              QLatin1StringView("right"), QLatin1StringView("full"), QLatin1StringView("cross")};
+                              QLatin1StringView("join"),   QLatin1StringView("inner"), QLatin1StringView("left"),
+                              QLatin1StringView("right"),  QLatin1StringView("full"),  QLatin1StringView("cross")};
 
 class Reader {
   public:

@@ -31,8 +31,12 @@ quint64 takeNumber(const char*& at) {
 }
 
 /// Folds the sign into the lowest bit, so that small negative numbers stay short.
-quint64 folded(qint64 number) { return (static_cast<quint64>(number) << 1) ^ static_cast<quint64>(number >> 63); }
-qint64 unfolded(quint64 number) { return static_cast<qint64>(number >> 1) ^ -static_cast<qint64>(number & 1); }
+quint64 folded(qint64 number) {
+    return (static_cast<quint64>(number) << 1) ^ static_cast<quint64>(number >> 63);
+}
+qint64 unfolded(quint64 number) {
+    return static_cast<qint64>(number >> 1) ^ -static_cast<qint64>(number & 1);
+}
 
 QString takeText(const char*& at, std::size_t length) {
     const char* const bytes = at;
@@ -65,8 +69,11 @@ void skip(const char*& at) {
     }
 }
 
-/// A moment of the database has no time zone; a zone's summer time must never move it or make it a moment that does not exist.
-QDateTime moment(const QDate& date, const QTime& time) { return QDateTime(date, time, Qt::UTC); }
+/// A moment of the database has no time zone; a zone's summer time must never move it or make it a moment that does not
+/// exist.
+QDateTime moment(const QDate& date, const QTime& time) {
+    return QDateTime(date, time, Qt::UTC);
+}
 
 Value take(const char*& at) {
     const auto tag = static_cast<quint8>(*at++);
@@ -96,7 +103,8 @@ Value take(const char*& at) {
 
 } // namespace
 
-/// Packs the rows as they come and finds their values again. A row is a run of packed values; rows lie in blocks that never move.
+/// Packs the rows as they come and finds their values again. A row is a run of packed values; rows lie in blocks that
+/// never move.
 class Recordset::Arena : public RowSink {
   public:
     void columns(const QStringList& names) override { names_ = names; }
@@ -219,14 +227,18 @@ void Recordset::Open(const Statement& statement, Connection& connection) {
     row_ = 0;
 }
 
-bool Recordset::Eof() const { return row_ >= opened(arena_).rowCount(); }
+bool Recordset::Eof() const {
+    return row_ >= opened(arena_).rowCount();
+}
 
 void Recordset::MoveNext() {
     needRow(opened(arena_), row_);
     ++row_;
 }
 
-int Recordset::RecordCount() const { return opened(arena_).rowCount(); }
+int Recordset::RecordCount() const {
+    return opened(arena_).rowCount();
+}
 
 Value Recordset::Fields(QStringView name) const {
     Arena& arena = opened(arena_);
@@ -243,7 +255,9 @@ Value Recordset::Fields(int index) const {
     return arena.at(row_, index);
 }
 
-int Recordset::ColumnCount() const { return static_cast<int>(opened(arena_).names().size()); }
+int Recordset::ColumnCount() const {
+    return static_cast<int>(opened(arena_).names().size());
+}
 
 QString Recordset::ColumnName(int index) const {
     const QStringList& names = opened(arena_).names();

@@ -4,9 +4,15 @@ namespace vorta::data {
 
 namespace {
 
-bool isWordStart(QChar c) { return c.isLetter() || c == u'_' || c == u'@' || c == u'#' || c == u'$'; }
-bool isWordPart(QChar c) { return isWordStart(c) || c.isDigit(); }
-bool isDigit(QChar c) { return c >= u'0' && c <= u'9'; }
+bool isWordStart(QChar c) {
+    return c.isLetter() || c == u'_' || c == u'@' || c == u'#' || c == u'$';
+}
+bool isWordPart(QChar c) {
+    return isWordStart(c) || c.isDigit();
+}
+bool isDigit(QChar c) {
+    return c >= u'0' && c <= u'9';
+}
 
 class Scanner {
   public:
@@ -115,6 +121,8 @@ bool SqlToken::isSymbol(QStringView text, QChar symbol) const {
     return kind == TokenKind::Symbol && text[start] == symbol;
 }
 
-std::vector<SqlToken> SqlTokens(QStringView text) { return Scanner(text).run(); }
+std::vector<SqlToken> SqlTokens(QStringView text) {
+    return Scanner(text).run();
+}
 
 } // namespace vorta::data

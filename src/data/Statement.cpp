@@ -28,7 +28,9 @@ Statement& Statement::operator+=(const Statement& other) {
     return *this;
 }
 
-Statement Statement::upper() const { return withText(UCase(text_)); }
+Statement Statement::upper() const {
+    return withText(UCase(text_));
+}
 
 Statement Statement::edited(std::span<const Edit> edits) const {
     Statement changed;

@@ -7,8 +7,8 @@
 
 namespace vorta::data {
 
-/// A piece of a statement that is written in the program itself. Only a compile-time constant converts to it, so that no
-/// value typed by a user or read from a table can ever pass for a piece.
+/// A piece of a statement that is written in the program itself. Only a compile-time constant converts to it, so that
+/// no value typed by a user or read from a table can ever pass for a piece.
 class Piece {
   public:
     consteval Piece(const char* text) : text_(text) {}
@@ -32,8 +32,9 @@ struct Edit {
     QString text;
 };
 
-/// One statement as text with inline values, assembled piece by piece: `Piece` is program text, `QString` and numbers are values.
-/// The spans of the values stay true under every change that keeps lengths (upper-casing, removal of accents).
+/// One statement as text with inline values, assembled piece by piece: `Piece` is program text, `QString` and numbers
+/// are values. The spans of the values stay true under every change that keeps lengths (upper-casing, removal of
+/// accents).
 class Statement {
   public:
     Statement() = default;
@@ -56,8 +57,7 @@ class Statement {
     Statement& operator<<(Piece piece) { return *this += piece; }
     Statement& operator<<(const Statement& other) { return *this += other; }
     template <typename Value>
-        requires std::same_as<Value, QString> || std::integral<Value>
-    Statement& operator<<(const Value& value) {
+    requires std::same_as<Value, QString> || std::integral<Value> Statement& operator<<(const Value& value) {
         return *this += value;
     }
 
@@ -72,8 +72,9 @@ class Statement {
         return withText(change(text_));
     }
 
-    /// The statement with stretches of its text replaced, given from left to right. The values keep their spans; one that an edit
-    /// lies in grows or shrinks with it. For the data layer's own work on a guarded statement: flows never edit.
+    /// The statement with stretches of its text replaced, given from left to right. The values keep their spans; one
+    /// that an edit lies in grows or shrinks with it. For the data layer's own work on a guarded statement: flows never
+    /// edit.
     Statement edited(std::span<const Edit> edits) const;
 
     friend bool operator==(const Statement&, const Statement&) = default;

@@ -17,7 +17,9 @@ struct Overloaded : Branch... {
 template <typename... Branch>
 Overloaded(Branch...) -> Overloaded<Branch...>;
 
-[[noreturn]] void raise(int number) { throw RuntimeError(number); }
+[[noreturn]] void raise(int number) {
+    throw RuntimeError(number);
+}
 
 /// The digits themselves, so that an amount shows exactly what the database holds.
 QString decimalText(const Decimal& decimal) {
@@ -36,7 +38,9 @@ QString decimalText(const Decimal& decimal) {
 
 } // namespace
 
-double Decimal::number() const { return static_cast<double>(unscaled) / std::pow(10.0, scale); }
+double Decimal::number() const {
+    return static_cast<double>(unscaled) / std::pow(10.0, scale);
+}
 
 QString Value::text() const {
     return std::visit(Overloaded{[](std::monostate) -> QString { raise(errorNumber::InvalidNull); },
@@ -47,7 +51,9 @@ QString Value::text() const {
                       value_);
 }
 
-QString Value::textOr(const QString& fallback) const { return isNull() ? fallback : text(); }
+QString Value::textOr(const QString& fallback) const {
+    return isNull() ? fallback : text();
+}
 
 double Value::number() const {
     return std::visit(Overloaded{[](std::monostate) -> double { raise(errorNumber::InvalidNull); },
@@ -58,8 +64,12 @@ double Value::number() const {
                       value_);
 }
 
-qint16 Value::toInt16() const { return ToInt16(number()); }
-qint32 Value::toInt32() const { return ToInt32(number()); }
+qint16 Value::toInt16() const {
+    return ToInt16(number());
+}
+qint32 Value::toInt32() const {
+    return ToInt32(number());
+}
 
 QDateTime Value::date() const {
     if (isNull())

@@ -14,8 +14,8 @@ struct Decimal {
     friend bool operator==(const Decimal&, const Decimal&) = default;
 };
 
-/// A value read from a row: null, integer, decimal, text or date. Reading a null as text or number raises 94; a text that is no number
-/// raises 13 when a number is asked; a number outside its target's range raises 6.
+/// A value read from a row: null, integer, decimal, text or date. Reading a null as text or number raises 94; a text
+/// that is no number raises 13 when a number is asked; a number outside its target's range raises 6.
 class Value {
   public:
     Value() = default; // null

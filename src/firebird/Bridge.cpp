@@ -16,13 +16,14 @@ using data::Statement;
 using data::TokenKind;
 
 /// Words behind which a literal of a select list is an operand and no alias.
-constexpr std::array operandFollows{QLatin1StringView("select"), QLatin1StringView("distinct"), QLatin1StringView("all"),
-                                    QLatin1StringView("when"),   QLatin1StringView("then"),     QLatin1StringView("else"),
-                                    QLatin1StringView("case"),   QLatin1StringView("and"),      QLatin1StringView("or"),
-                                    QLatin1StringView("not"),    QLatin1StringView("like"),     QLatin1StringView("in"),
-                                    QLatin1StringView("between"), QLatin1StringView("containing"),
-                                    QLatin1StringView("with"),   QLatin1StringView("from"),     QLatin1StringView("date"),
-                                    QLatin1StringView("time"),   QLatin1StringView("timestamp")};
+constexpr std::array operandFollows{
+    QLatin1StringView("select"),   QLatin1StringView("distinct"),   QLatin1StringView("all"),
+    QLatin1StringView("when"),     QLatin1StringView("then"),       QLatin1StringView("else"),
+    QLatin1StringView("case"),     QLatin1StringView("and"),        QLatin1StringView("or"),
+    QLatin1StringView("not"),      QLatin1StringView("like"),       QLatin1StringView("in"),
+    QLatin1StringView("between"),  QLatin1StringView("containing"), QLatin1StringView("with"),
+    QLatin1StringView("from"),     QLatin1StringView("date"),       QLatin1StringView("time"),
+    QLatin1StringView("timestamp")};
 
 class Tokens {
   public:
@@ -73,7 +74,8 @@ QString quotedName(QStringView content) {
 
 /// Both forms of the date at a literal: none unless it is eight digits that are a date of the calendar.
 QString dashedDate(QStringView content) {
-    if (content.size() != 8 || !std::all_of(content.begin(), content.end(), [](QChar c) { return c >= u'0' && c <= u'9'; }))
+    if (content.size() != 8 ||
+        !std::all_of(content.begin(), content.end(), [](QChar c) { return c >= u'0' && c <= u'9'; }))
         return {};
     const QDate date = QDate::fromString(content.toString(), QStringLiteral("yyyyMMdd"));
     return date.isValid() ? date.toString(QStringLiteral("yyyy-MM-dd")) : QString();

@@ -6,8 +6,8 @@
 #include <optional>
 #include <vector>
 
-/// The few texts that the flows send and Firebird does not know, answered from tokens. Literals and names are never mistaken for one
-/// another, and what the flows sent stays what the trace shows.
+/// The few texts that the flows send and Firebird does not know, answered from tokens. Literals and names are never
+/// mistaken for one another, and what the flows sent stays what the trace shows.
 namespace vorta::firebird {
 
 /// `SELECT TOP n` as `SELECT FIRST n`, and an alias in apostrophes (`COUNT(*) 'QT'`) as a quoted name.
@@ -21,10 +21,11 @@ std::optional<QString> InsertedTable(const data::Statement& statement);
 /// That insert giving back the key of its row, by the rule `id` and table.
 data::Statement ReturningKey(const data::Statement& statement, const QString& table);
 
-/// Tells for each `?` of a text whether the engine takes a date there; nothing when the engine cannot describe the text.
+/// Tells for each `?` of a text whether the engine takes a date there; nothing when the engine cannot describe the
+/// text.
 using DescribeDates = std::function<std::optional<std::vector<bool>>(const QString& text)>;
-/// Literals 'yyyymmdd' as 'yyyy-mm-dd', only where the engine itself says that a date stands: an eight-digit phone, document or postal
-/// code keeps its form.
+/// Literals 'yyyymmdd' as 'yyyy-mm-dd', only where the engine itself says that a date stands: an eight-digit phone,
+/// document or postal code keeps its form.
 data::Statement BridgeDates(const data::Statement& statement, const DescribeDates& describe);
 
 /// A statement whose plain integer values stand aside as parameters.

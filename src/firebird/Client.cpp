@@ -14,8 +14,8 @@ constexpr std::string_view constraintClass = "23";
 constexpr std::string_view connectionClass = "08";
 
 /// Failures of a living connection that mean it is gone although their SQLSTATE says otherwise.
-constexpr std::array<intptr_t, 5> lostCodes{isc_network_error, isc_net_write_err, isc_net_read_err, isc_lost_db_connection,
-                                            isc_att_shutdown};
+constexpr std::array<intptr_t, 5> lostCodes{isc_network_error, isc_net_write_err, isc_net_read_err,
+                                            isc_lost_db_connection, isc_att_shutdown};
 
 struct Failure {
     QString words;

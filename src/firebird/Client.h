@@ -6,8 +6,8 @@
 
 #include <memory>
 
-/// What every user of the Firebird client interface needs: the library's entry points, handles that let go by themselves, and engine
-/// failures told as `RuntimeError`.
+/// What every user of the Firebird client interface needs: the library's entry points, handles that let go by
+/// themselves, and engine failures told as `RuntimeError`.
 namespace vorta::firebird {
 
 /// Gives an interface back to the engine's counting.
@@ -28,14 +28,16 @@ using Handle = std::unique_ptr<Interface, Release>;
 template <typename Interface>
 using Owned = std::unique_ptr<Interface, Dispose>;
 
-/// Ends what an interface stands for (`detach`, `commit`, `close`, `free`): done, the engine has let go of it as well; failed, it is still ours.
+/// Ends what an interface stands for (`detach`, `commit`, `close`, `free`): done, the engine has let go of it as well;
+/// failed, it is still ours.
 template <typename Interface, typename Ending>
 void EndWith(Handle<Interface>& handle, Ending ending) {
     ending(handle.get());
     (void)handle.release();
 }
 
-/// The client library, once the embedded engine's root is prepared (the library reads its configuration on its first use).
+/// The client library, once the embedded engine's root is prepared (the library reads its configuration on its first
+/// use).
 Firebird::IMaster& Master();
 
 /// A status that throws `Firebird::FbException`; made anew per group of calls.
@@ -49,8 +51,8 @@ class Status {
     Firebird::ThrowStatusWrapper wrapper_;
 };
 
-/// The engine's failure in the register's terms: -2147217873 for a constraint, -2147467259 for a connection that is lost, -2147217900
-/// for any other, with the engine's own words, code and SQLSTATE.
+/// The engine's failure in the register's terms: -2147217873 for a constraint, -2147467259 for a connection that is
+/// lost, -2147217900 for any other, with the engine's own words, code and SQLSTATE.
 RuntimeError ToRuntimeError(const Firebird::FbException& failure, const QString& statement);
 /// The same for a connection that could not be opened, whatever its reason: always -2147467259.
 RuntimeError ToOpenError(const Firebird::FbException& failure);

@@ -35,7 +35,9 @@ QString first(const Parts& parts, std::initializer_list<const char*> keys) {
 }
 
 /// "host:path" names a server; a single letter before the colon is a drive of this machine.
-bool namesServer(const QString& database) { return database.indexOf(u':') > 1; }
+bool namesServer(const QString& database) {
+    return database.indexOf(u':') > 1;
+}
 
 } // namespace
 

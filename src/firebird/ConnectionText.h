@@ -13,9 +13,9 @@ struct ConnectionText {
     bool embedded = false; ///< a file opened by this process itself, without a server
 };
 
-/// Reads "key=value;..." in the spellings that Firebird drivers know (Database, DBNAME, Data Source, Initial Catalog; Server, Host;
-/// Port; User, UID, User ID; Password, PWD; Role), any other key being ignored, or a bare database path. Raises -2147467259 when it
-/// names no database.
+/// Reads "key=value;..." in the spellings that Firebird drivers know (Database, DBNAME, Data Source, Initial Catalog;
+/// Server, Host; Port; User, UID, User ID; Password, PWD; Role), any other key being ignored, or a bare database path.
+/// Raises -2147467259 when it names no database.
 ConnectionText ReadConnectionText(const QString& text);
 
 } // namespace vorta::firebird

@@ -3,15 +3,20 @@
 #include "firebird/ConnectionText.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <mutex>
+
+#ifndef Q_OS_WIN
+#include <dlfcn.h>
+#endif
 
 namespace vorta::firebird {
 
 namespace {
 
-/// Classic lets several processes share a database file. Without the loopback provider a file that cannot be opened here is not tried
-/// once more through a server that happens to run on this machine.
+/// Classic lets several processes share a database file. Without the loopback provider a file that cannot be opened
+/// here is not tried once more through a server that happens to run on this machine.
 constexpr char configuration[] = "ServerMode = Classic\n"
                                  "Providers = Remote,Engine12\n"
                                  "DefaultDbCachePages = 2048\n";
@@ -22,17 +27,54 @@ constexpr char standardHome[] = "c:/vorta";
 constexpr char standardHome[] = "/opt/vorta";
 #endif
 
+/// Writes a file whole or not at all, since another program may start at the same moment. What cannot be written shows
+/// when a database is opened.
+void writeFile(const QString& path, const QByteArray& content) {
+    QSaveFile saved(path);
+    if (saved.open(QIODevice::WriteOnly) && saved.write(content) == content.size())
+        saved.commit();
+}
+
+#ifndef Q_OS_WIN
+/// The module of character sets that belongs to the client library in use, in the layout of a distribution or of the
+/// engine's own installation.
+QFileInfo characterSetsModule() {
+    Dl_info library{};
+    if (dladdr(reinterpret_cast<const void*>(&Firebird::fb_get_master_interface), &library) == 0)
+        return {};
+    const QDir folder = QFileInfo(QFileInfo(QFile::decodeName(library.dli_fname)).canonicalFilePath()).dir();
+    for (const char* place : {"firebird/3.0/intl/libfbintl.so", "../intl/libfbintl.so"})
+        if (const QFileInfo module(folder.filePath(QString::fromLatin1(place))); module.exists())
+            return module;
+    return {};
+}
+
+/// The engine loads Windows-1252 from its root and refuses a link there, so the root holds a copy, renewed when the
+/// engine is.
+void copyCharacterSets(const QDir& root) {
+    const QFileInfo module = characterSetsModule();
+    const QFileInfo copy(root.filePath(QStringLiteral("intl/libfbintl.so")));
+    if (!module.exists() ||
+        (copy.exists() && copy.size() == module.size() && copy.lastModified() >= module.lastModified()))
+        return;
+    root.mkpath(QStringLiteral("intl"));
+    QFile content(module.filePath());
+    if (content.open(QIODevice::ReadOnly))
+        writeFile(copy.filePath(), content.readAll());
+}
+#endif
+
 void prepare(const QString& givenHome) {
     const QString home = !givenHome.isEmpty() ? givenHome : qEnvironmentVariable("VORTA_HOME", standardHome);
     const QDir root(QDir(home).absoluteFilePath(QStringLiteral("firebird")));
     const QString lock = root.filePath(QStringLiteral("lock"));
     root.mkpath(QStringLiteral("lock"));
     const QString file = root.filePath(QStringLiteral("firebird.conf"));
-    if (!QFile::exists(file)) {
-        QSaveFile saved(file); // whole or not at all, since another program may start at the same moment
-        if (saved.open(QIODevice::WriteOnly) && saved.write(configuration) >= 0)
-            saved.commit();
-    }
+    if (!QFile::exists(file))
+        writeFile(file, configuration);
+#ifndef Q_OS_WIN
+    copyCharacterSets(root);
+#endif
     qputenv("FIREBIRD", QFile::encodeName(root.path()));
     qputenv("FIREBIRD_LOCK", QFile::encodeName(lock));
 }
@@ -72,7 +114,9 @@ auto opening(Work work) {
     }
 }
 
-Handle<Firebird::IProvider> provider() { return Handle<Firebird::IProvider>(Master().getDispatcher()); }
+Handle<Firebird::IProvider> provider() {
+    return Handle<Firebird::IProvider>(Master().getDispatcher());
+}
 
 Handle<Firebird::IAttachment> attach(const ConnectionText& text, Parameters& parameters) {
     Status status;
@@ -105,14 +149,14 @@ void CreateDatabase(const QString& connectionString, const DatabaseOptions& opti
         parameters.add(isc_dpb_set_db_charset, options.characterSet);
         parameters.add(isc_dpb_force_write, options.forcedWrites ? 1 : 0);
         Status status;
-        Handle<Firebird::IAttachment> database(provider()->createDatabase(
-            &status, text.database.toUtf8().constData(), parameters.length(), parameters.bytes()));
+        Handle<Firebird::IAttachment> database(provider()->createDatabase(&status, text.database.toUtf8().constData(),
+                                                                          parameters.length(), parameters.bytes()));
         const QByteArray collation = QStringLiteral("ALTER CHARACTER SET %1 SET DEFAULT COLLATION %2")
                                          .arg(options.characterSet, options.collation)
                                          .toUtf8();
         Handle<Firebird::ITransaction> transaction(database->startTransaction(&status, 0, nullptr));
-        database->execute(&status, transaction.get(), 0, collation.constData(), SQL_DIALECT_V6, nullptr, nullptr, nullptr,
-                          nullptr);
+        database->execute(&status, transaction.get(), 0, collation.constData(), SQL_DIALECT_V6, nullptr, nullptr,
+                          nullptr, nullptr);
         EndWith(transaction, [&](auto* open) { open->commit(&status); });
         EndWith(database, [&](auto* open) { open->detach(&status); });
     });

@@ -19,9 +19,9 @@ using data::Statement;
 constexpr unsigned char readBlock[] = {isc_tpb_version3, isc_tpb_read, isc_tpb_read_committed, isc_tpb_rec_version};
 /// A row that somebody else is writing is waited for, but not for ever.
 constexpr unsigned char lockSeconds = 4;
-constexpr unsigned char writeBlock[] = {isc_tpb_version3,    isc_tpb_write, isc_tpb_read_committed,
-                                        isc_tpb_rec_version, isc_tpb_wait,  isc_tpb_lock_timeout,
-                                        1,                   lockSeconds};
+constexpr unsigned char writeBlock[] = {
+    isc_tpb_version3, isc_tpb_write, isc_tpb_read_committed, isc_tpb_rec_version, isc_tpb_wait, isc_tpb_lock_timeout, 1,
+    lockSeconds};
 
 /// Ways of a statement through the engine.
 enum class Answer { Rows, OneRow, Nothing, Tables };
@@ -68,8 +68,7 @@ class FirebirdAdapter : public data::Adapter {
 
     Transaction start(std::span<const unsigned char> block) {
         Status status;
-        return Transaction(
-            attachment_->startTransaction(&status, static_cast<unsigned>(block.size()), block.data()));
+        return Transaction(attachment_->startTransaction(&status, static_cast<unsigned>(block.size()), block.data()));
     }
     /// The transaction that reads run in now.
     Firebird::ITransaction& reading() {
@@ -127,7 +126,8 @@ void FirebirdAdapter::close() {
 
 void FirebirdAdapter::begin() {
     if (transaction_)
-        throw RuntimeError(errorNumber::StatementRefused, QStringLiteral("Já existe uma transação aberta nesta conexão"));
+        throw RuntimeError(errorNumber::StatementRefused,
+                           QStringLiteral("Já existe uma transação aberta nesta conexão"));
     Translated({}, [&] { transaction_ = start(writeBlock); });
 }
 
@@ -171,7 +171,8 @@ void FirebirdAdapter::giveIdentity(const QString& column, RowSink& rows) const {
     rows.endRow();
 }
 
-/// Sends an insert so that it gives back its key, for `@@IDENTITY`. A table without such a key is remembered and written plainly.
+/// Sends an insert so that it gives back its key, for `@@IDENTITY`. A table without such a key is remembered and
+/// written plainly.
 void FirebirdAdapter::runInsert(const Statement& statement, const QString& table) {
     if (!keyless_.contains(table)) {
         Runnable returning;
@@ -202,9 +203,9 @@ void FirebirdAdapter::run(const Statement& statement, RowSink* rows) {
 Handle<Firebird::IStatement> FirebirdAdapter::prepareText(const QString& text) {
     Status status;
     const QByteArray bytes = text.toUtf8();
-    return Handle<Firebird::IStatement>(
-        attachment_->prepare(&status, &reading(), static_cast<unsigned>(bytes.size()), bytes.constData(), SQL_DIALECT_V6,
-                             Firebird::IStatement::PREPARE_PREFETCH_METADATA));
+    return Handle<Firebird::IStatement>(attachment_->prepare(&status, &reading(), static_cast<unsigned>(bytes.size()),
+                                                             bytes.constData(), SQL_DIALECT_V6,
+                                                             Firebird::IStatement::PREPARE_PREFETCH_METADATA));
 }
 
 std::optional<std::vector<bool>> FirebirdAdapter::describeDates(const QString& text) {
@@ -291,8 +292,8 @@ void FirebirdAdapter::readAll(const Runnable& prepared, Firebird::ITransaction& 
     Status status;
     const Handle<Firebird::IMessageMetadata> description(prepared.statement->getOutputMetadata(&status));
     RowReader reader(*attachment_, *description);
-    Handle<Firebird::IResultSet> cursor(prepared.statement->openCursor(
-        &status, &transaction, prepared.inputDescription, prepared.input, description.get(), 0));
+    Handle<Firebird::IResultSet> cursor(prepared.statement->openCursor(&status, &transaction, prepared.inputDescription,
+                                                                       prepared.input, description.get(), 0));
     if (rows)
         rows->columns(reader.names());
     while (cursor->fetchNext(&status, reader.message()) == Firebird::IStatus::RESULT_OK)
@@ -303,6 +304,12 @@ void FirebirdAdapter::readAll(const Runnable& prepared, Firebird::ITransaction& 
 
 } // namespace
 
-std::unique_ptr<data::Adapter> MakeFirebirdAdapter() { return std::make_unique<FirebirdAdapter>(); }
-
 } // namespace vorta::firebird
+
+namespace vorta::data {
+
+std::unique_ptr<Adapter> MakeFirebirdAdapter() {
+    return std::make_unique<firebird::FirebirdAdapter>();
+}
+
+} // namespace vorta::data

@@ -16,8 +16,12 @@ constexpr qint64 dayZero = 2400001;
 /// The engine counts the time of day in tenths of milliseconds.
 constexpr unsigned ticksPerMillisecond = ISC_TIME_SECONDS_PRECISION / 1000;
 
-QDate dayOf(ISC_DATE date) { return QDate::fromJulianDay(dayZero + date); }
-QTime timeOf(ISC_TIME time) { return QTime::fromMSecsSinceStartOfDay(static_cast<int>(time / ticksPerMillisecond)); }
+QDate dayOf(ISC_DATE date) {
+    return QDate::fromJulianDay(dayZero + date);
+}
+QTime timeOf(ISC_TIME time) {
+    return QTime::fromMSecsSinceStartOfDay(static_cast<int>(time / ticksPerMillisecond));
+}
 
 /// A fixed-length text arrives padded to its greatest number of bytes; its own length counts characters.
 std::string_view fixedText(std::string_view padded, unsigned characterSet) {
@@ -132,13 +136,22 @@ void RowReader::giveBlob(const Column& column, Firebird::ITransaction& transacti
     Status status;
     auto id = read<ISC_QUAD>(column);
     // Asks the engine to turn the text from the column's character set into that of the connection.
-    const unsigned char inUtf8[] = {isc_bpb_version1,      isc_bpb_source_type, 1, textBlob,
-                                    isc_bpb_target_type,   1, textBlob,
-                                    isc_bpb_source_interp, 1, static_cast<unsigned char>(column.characterSet),
-                                    isc_bpb_target_interp, 1, utf8};
+    const unsigned char inUtf8[] = {isc_bpb_version1,
+                                    isc_bpb_source_type,
+                                    1,
+                                    textBlob,
+                                    isc_bpb_target_type,
+                                    1,
+                                    textBlob,
+                                    isc_bpb_source_interp,
+                                    1,
+                                    static_cast<unsigned char>(column.characterSet),
+                                    isc_bpb_target_interp,
+                                    1,
+                                    utf8};
     const bool isText = column.subType == textBlob;
-    Handle<Firebird::IBlob> blob(attachment_.openBlob(&status, &transaction, &id, isText ? sizeof inUtf8 : 0,
-                                                      isText ? inUtf8 : nullptr));
+    Handle<Firebird::IBlob> blob(
+        attachment_.openBlob(&status, &transaction, &id, isText ? sizeof inUtf8 : 0, isText ? inUtf8 : nullptr));
     std::string content;
     std::array<char, 8192> segment;
     while (true) {

@@ -20,7 +20,8 @@ bool put(unsigned char* place, qint64 value) {
 } // namespace
 
 std::unique_ptr<PreparedStatement> PreparedStatement::Make(Firebird::IAttachment& attachment,
-                                                           Firebird::ITransaction& transaction, const QByteArray& text) {
+                                                           Firebird::ITransaction& transaction,
+                                                           const QByteArray& text) {
     try {
         Status status;
         auto made = std::make_unique<PreparedStatement>();
@@ -40,8 +41,8 @@ bool PreparedStatement::describe() {
     const unsigned count = input_->getCount(&status);
     for (unsigned i = 0; i < count; ++i) {
         const unsigned type = input_->getType(&status, i) & ~1u;
-        const bool integer = (type == SQL_SHORT || type == SQL_LONG || type == SQL_INT64) &&
-                             input_->getScale(&status, i) == 0;
+        const bool integer =
+            (type == SQL_SHORT || type == SQL_LONG || type == SQL_INT64) && input_->getScale(&status, i) == 0;
         if (!integer)
             return false;
         parameters_.push_back({type, input_->getOffset(&status, i), input_->getNullOffset(&status, i)});

@@ -13,10 +13,10 @@ namespace vorta::firebird {
 /// A statement prepared with its integers as parameters, ready to run again with others.
 class PreparedStatement {
   public:
-    /// Nothing when the engine refuses the text with parameters, or sees one of them as anything but an integer: the statement then
-    /// runs as the text that it is.
-    static std::unique_ptr<PreparedStatement> Make(Firebird::IAttachment& attachment, Firebird::ITransaction& transaction,
-                                                   const QByteArray& text);
+    /// Nothing when the engine refuses the text with parameters, or sees one of them as anything but an integer: the
+    /// statement then runs as the text that it is.
+    static std::unique_ptr<PreparedStatement> Make(Firebird::IAttachment& attachment,
+                                                   Firebird::ITransaction& transaction, const QByteArray& text);
 
     /// Puts the integers in; false when one does not fit its parameter.
     bool bind(std::span<const qint64> integers);
@@ -38,11 +38,13 @@ class PreparedStatement {
     std::vector<unsigned char> message_;
 };
 
-/// The last prepared statements of a connection by their text with `?`; also remembers which texts cannot be prepared that way.
+/// The last prepared statements of a connection by their text with `?`; also remembers which texts cannot be prepared
+/// that way.
 class StatementCache {
   public:
     /// The prepared statement of that text, making it when it is new; none when it cannot be prepared with parameters.
-    PreparedStatement* find(Firebird::IAttachment& attachment, Firebird::ITransaction& transaction, const QString& text);
+    PreparedStatement* find(Firebird::IAttachment& attachment, Firebird::ITransaction& transaction,
+                            const QString& text);
     /// Forgets all of them: after a change of the tables, and before the connection closes.
     void clear() { entries_.clear(); }
 

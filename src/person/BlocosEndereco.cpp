@@ -86,7 +86,8 @@ bool Confirma(frmPessoas& tela, const QString& pergunta) {
     return tela.program().MsgBox({pergunta, {}, screen::Icon::None, screen::Buttons::YesNo}) == screen::Answer::Yes;
 }
 
-void LigaBloco(ContextoExecucao& contexto, frmPessoas& tela, const BlocoEndereco& bloco) {
+void LigaBloco(frmPessoas& tela, const BlocoEndereco& bloco) {
+    ContextoExecucao& contexto = tela.contexto();
     ListField& cidade = tela.*bloco.cidade;
     ListField& uf = tela.*bloco.uf;
     ListField& pais = tela.*bloco.pais;
@@ -131,9 +132,8 @@ void txtNomeFantasia_LostFocus(frmPessoas& tela) {
 } // namespace
 
 void LigaBlocosEndereco(frmPessoas& tela) {
-    ContextoExecucao& contexto = tela.contexto();
     for (const BlocoEndereco* bloco : blocos)
-        LigaBloco(contexto, tela, *bloco);
+        LigaBloco(tela, *bloco);
     for (const BotaoCopia& copia : copias)
         (tela.*copia.botao).Click = [&tela, &copia] {
             if (Confirma(tela, QStringLiteral("Confirma Repetição do Endereço?")))

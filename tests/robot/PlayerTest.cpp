@@ -44,7 +44,7 @@ constexpr Played passing[] = {
      "focus txtNome\npress a\npress \" \"\npress b\npress Backspace\npress Tab\nexpect focus txtCurto\nexpect txtNome "
      "text \"a \"",
      ""},
-    {"startsWithTheFirstField", "press Tab\nexpect focus txtNome", ""},
+    {"startsWithTheFirstField", "expect focus txtNome\nleave\npress Tab\nexpect focus txtNome", ""},
     {"fillsAMask", "type mskCep \"01310100\"\nexpect mskCep text \"01310-100\"\nexpect mskCep mask \"#####-###\"", ""},
     {"choosesFromAList",
      "expect cboLista items 2\nexpect cboLista item 1 \"B\"\nchoose cboLista \"B\"\nexpect cboLista text \"B\"\nexpect "
@@ -133,7 +133,7 @@ constexpr Played failing[] = {
     {"typingIntoALabel", "type lblTitulo \"a\"",
      "2: expected lblTitulo to take the focus, it is a field that never does"},
     {"choosingFromAText", "choose txtNome \"a\"", "2: expected txtNome to be a list, it is none"},
-    {"keyWithoutAFocus", "press a", "2: expected a field with the focus, there is none"},
+    {"keyWithoutAFocus", "leave\npress a", "3: expected a field with the focus, there is none"},
     {"gridWithoutARow", "click Flex", "2: expected a row to click in Flex"},
     {"rowOutsideTheGrid", "click Flex 3", "2: expected Flex to have row 3 and column 0, it has 3 rows and 2 columns"},
     {"cellOutsideTheGrid", "expect Flex cell 3 0 \"\"", "2: error 438: Flex has 3 rows and 2 columns, no cell 3 0"},
@@ -147,7 +147,7 @@ constexpr Played failing[] = {
     {"otherScreen", "expect screen frmDois", "2: expected the active screen frmDois, was frmUm"},
     {"otherCaption", "expect caption \"Dois\"", "2: expected caption \"Dois\", was \"Um (1^1^PRD^False^)\""},
     {"otherFocus", "focus txtNome\nexpect focus txtCurto", "3: expected the focus on txtCurto, was on txtNome"},
-    {"noFocus", "expect focus txtNome", "2: expected the focus on txtNome, was on no field"},
+    {"noFocus", "leave\nexpect focus txtNome", "3: expected the focus on txtNome, was on no field"},
     {"otherMode", "expect mode \"I\"", "2: expected mode \"I\", was \"\""},
     {"otherContext", "expect context CodigoUsuario \"1\"", "2: expected context CodigoUsuario \"1\", was \"0\""},
     {"noBox", "expect box \"a\"", "2: expected box \"a\", there was none"},

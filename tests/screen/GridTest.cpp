@@ -108,12 +108,16 @@ TEST_F(GridTest, AHundredThousandRowsStayPacked) {
 
 TEST_F(GridTest, AClickOnTheHeaderIsRowZero) {
     grade.AddItem(u"1\tAna"_qs);
-    world.user.clickCell(grade, 1, 1);
-    EXPECT_EQ(grade.currentText(), u"Ana"_qs);
-    EXPECT_EQ(world.tela.focus(), &grade);
-    world.user.clickCell(grade, 0, 1);
-    EXPECT_EQ(grade.Row(), 0);
-    world.user.doubleClickCell(grade, 1, 0);
-    EXPECT_EQ(grade.Row(), 1);
-    EXPECT_EQ(world.tela.events.last(), u"double FlexLista"_qs);
+    world.platform.whenShown(u"frmAmostra"_qs, [&](Screen&) {
+        world.user.clickCell(grade, 1, 1);
+        EXPECT_EQ(grade.currentText(), u"Ana"_qs);
+        EXPECT_EQ(world.tela.focus(), &grade);
+        world.user.clickCell(grade, 0, 1);
+        EXPECT_EQ(grade.Row(), 0);
+        world.user.doubleClickCell(grade, 1, 0);
+        EXPECT_EQ(grade.Row(), 1);
+        EXPECT_EQ(world.tela.events.last(), u"double FlexLista"_qs);
+    });
+    EXPECT_TRUE(world.program.dispatch([&] { world.program.ShowModal(world.tela); }));
+    EXPECT_EQ(world.platform.shown.size(), 1);
 }

@@ -189,6 +189,15 @@ TEST_F(RetornoPessoasTest, RoleWordPresetsOneOption) {
     abreBusca([&](Tela& tela) { EXPECT_TRUE(tela.opTodos.value() && tela.opVendedor.enabled()); });
 }
 
+TEST_F(RetornoPessoasTest, TheRememberedRoleWinsOverTheRoleWord) {
+    contexto.TipoConsulta = u"CLIENTE"_qs;
+    contexto.UltimoPapelBusca = u"opTodos"_qs;
+    abreBusca([&](Tela& tela) {
+        EXPECT_TRUE(tela.opTodos.value());
+        EXPECT_FALSE(tela.opTodos.enabled());
+    });
+}
+
 TEST_F(RetornoPessoasTest, ContractTowardsTheOtherPrograms) {
     const QStringList rotulos{u"lblCliente=BETA"_qs, u"lblCNPJCPF=22.222.222/0001-22"_qs, u"lblidPess=20"_qs,
                               u"lblIDCliente=77"_qs};
@@ -247,8 +256,7 @@ TEST_F(RetornoPessoasTest, ContractTowardsTheOtherPrograms) {
                               [=](ContextoExecucao& dono) { return std::make_unique<TelaAlheia>(dono, nome, campos); });
         contexto.TelaChamadora = nome;
         contexto.TipoConsulta = QString::fromLatin1(caso.consulta);
-        contexto.UltimoVisualiza.clear();
-        contexto.UltimoTextoBusca.clear();
+        contexto.UltimoPapelBusca.clear();
         abreBusca([&](Tela& tela) {
             user.click(tela.cmdPesquisa);
             escolhe(tela, 2);

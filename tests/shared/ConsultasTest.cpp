@@ -126,8 +126,9 @@ TEST(Consultas, ANullIsForgivenWhereForeseenOnly) {
         QString resultado;
         const int erro = errorOf([&] { resultado = consulta.chama(mundo.contexto); });
         EXPECT_EQ(erro, consulta.nuloSeguro ? 0 : errorNumber::InvalidNull) << consulta.nome;
-        if (consulta.nuloSeguro)
+        if (consulta.nuloSeguro) {
             EXPECT_EQ(resultado, QString::fromUtf8(consulta.ausente)) << consulta.nome;
+        }
     }
 }
 

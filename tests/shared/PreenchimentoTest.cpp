@@ -132,8 +132,9 @@ TEST(Preenchimento, ANullNameIsSkippedForSalespersonsOnly) {
         const bool pula = QLatin1String(lista.nome).startsWith(QLatin1String("PreencheVendedores"));
         EXPECT_EQ(errorOf([&] { lista.preenche(mundo.contexto, tela); }), pula ? 0 : errorNumber::InvalidNull)
             << lista.nome;
-        if (pula)
+        if (pula) {
             EXPECT_EQ(tela.lista.items(), QStringList(u"ANA"_qs));
+        }
     }
 }
 

@@ -9,13 +9,13 @@ namespace {
 
 using C = ContextoExecucao;
 
-struct Papel {
+struct FuncaoVinculo {
     QString (*vinculo)(C& contexto, const QString& idpess);
     const char* enviado;
     const char* coluna;
 };
 
-const std::vector<Papel> papeisTestados{
+const std::vector<FuncaoVinculo> papeisTestados{
     {VinculoCliente, "SELECT IDCLIE FROM CLIE WHERE IDPESS = 7", "idclie"},
     {VinculoMotorista, "SELECT IDMOTO FROM MOTO WHERE IDPESS = 7", "idmoto"},
     {VinculoTransportadora, "SELECT IDTRPT FROM TRPT WHERE IDPESS = 7", "idtrpt"},
@@ -50,7 +50,7 @@ QStringList figuras(const Tela& tela) {
 } // namespace
 
 TEST(Vinculos, DeactivatedRowsCountWhileTheLinkStateIsSOnly) {
-    for (const Papel& papel : papeisTestados)
+    for (const FuncaoVinculo& papel : papeisTestados)
         for (const QString& estado : {u"N"_qs, u" "_qs, QString(), u"S"_qs}) {
             World mundo;
             mundo.connect();

@@ -36,7 +36,8 @@ Installation::Installation(const QString& home, const QString& copy, data::Adapt
         throw Failure{QStringLiteral("%1 holds no installation").arg(home)};
     std::error_code error;
     std::filesystem::copy(home.toStdString(), copy.toStdString(),
-                          std::filesystem::copy_options::recursive | std::filesystem::copy_options::overwrite_existing,
+                          std::filesystem::copy_options::recursive | std::filesystem::copy_options::copy_symlinks |
+                              std::filesystem::copy_options::overwrite_existing,
                           error);
     if (error)
         throw Failure{QStringLiteral("%1 cannot be copied: %2").arg(home, QString::fromStdString(error.message()))};

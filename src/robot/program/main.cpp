@@ -2,12 +2,14 @@
 
 #include "app/Register.h"
 #include "desktop/DesktopHands.h"
+#include "firebird/EmbeddedEngine.h"
 #include "firebird/FirebirdAdapter.h"
-#include "robot/program/Installation.h"
 #include "robot/ModelHands.h"
 #include "robot/Player.h"
 #include "robot/Run.h"
+#include "robot/program/Installation.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <clocale>
 #include <cstdio>
@@ -51,13 +53,24 @@ data::StatementTrace traceInto(QFile& file) {
 
 std::optional<Verdict> playOne(const Options& options, const Scenario& scenario, const QString& copy,
                                const std::function<void(int)>& atLine) {
+    // Windows make an application of their own.
+    int count = 1;
+    char name[] = "pessoas-roteiro";
+    char* names[] = {name, nullptr};
+    std::optional<QCoreApplication> application;
+    if (!options.desktop)
+        application.emplace(count, names);
     QFile trace(options.trace);
     if (!options.trace.isEmpty() && !trace.open(QIODevice::Append))
         throw Failure{QStringLiteral("%1 cannot be written").arg(options.trace)};
-    Installation installation(options.home, copy, firebird::Adapters(),
-                              [](screen::Platform& platform, data::StatementTrace statements) {
-                                  return std::make_unique<RegisterCast>(platform, std::move(statements));
-                              });
+    Installation installation(
+        options.home, copy, [](data::Engine) { return data::MakeFirebirdAdapter(); },
+        [](screen::Platform& platform, data::StatementTrace statements) {
+            return std::make_unique<RegisterCast>(platform, std::move(statements));
+        });
+    // The engine's root lies in the copy; this process opens no other installation.
+    qputenv("VORTA_HOME", copy.toUtf8());
+    firebird::PrepareEmbeddedEngine(copy);
     Player player(scenario, installation, handsOf(options), traceInto(trace));
     player.onLine = atLine;
     return player.play();

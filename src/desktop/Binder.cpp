@@ -1,0 +1,129 @@
+#include "desktop/Binder.h"
+
+#include "desktop/Binding.h"
+#include "desktop/Colours.h"
+#include "screen/Program.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QWidget>
+#include <algorithm>
+
+namespace vorta::desktop {
+
+Binder::Binder(screen::Screen& screen, screen::User& user, QWidget& form, QWidget& window)
+    : screen_(screen), user_(user), window_(window), background_(screen::colour::ButtonFace) {
+    const QScopedValueRollback guard(refreshing_, true);
+    for (screen::Field* field : screen.fields())
+        if (auto* widget = form.findChild<QWidget*>(field->name())) {
+            bindings_.emplace(field, MakeBinding(*this, *field, *widget));
+            dirty_ += field;
+        }
+    screen.setObserver(this);
+    schedule();
+}
+
+Binder::~Binder() {
+    screen_.setObserver(nullptr);
+}
+
+Binding* Binder::binding(const screen::Field& field) const {
+    const auto found = bindings_.find(&field);
+    return found == bindings_.end() ? nullptr : found->second.get();
+}
+
+bool Binder::isOpen() const {
+    return screen_.isLoaded() && !screen_.program().hasEnded();
+}
+
+bool Binder::act(const std::function<void()>& event) {
+    event();
+    flush();
+    if (isOpen())
+        return true;
+    if (onOver)
+        onOver();
+    return false;
+}
+
+void Binder::fieldChanged(screen::Field& field) {
+    mark(field);
+}
+
+void Binder::mark(const screen::Field& field) {
+    dirty_ += &field;
+    schedule();
+}
+
+void Binder::screenChanged(screen::Screen&) {
+    screenDirty_ = true;
+    schedule();
+    // Long work begins right behind the hourglass and lets no other event through.
+    const bool busy = screen_.pointer() == screen::Pointer::Hourglass;
+    if (busy == (window_.cursor().shape() == Qt::WaitCursor))
+        return;
+    window_.setCursor(busy ? Qt::WaitCursor : Qt::ArrowCursor);
+    if (busy && window_.isVisible())
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void Binder::schedule() {
+    if (std::exchange(scheduled_, true))
+        return;
+    QMetaObject::invokeMethod(this, [this] { flush(); }, Qt::QueuedConnection);
+}
+
+void Binder::flush() {
+    scheduled_ = false;
+    if (refreshing_)
+        return;
+    const QScopedValueRollback guard(refreshing_, true);
+    for (const screen::Field* field : std::exchange(dirty_, {}))
+        if (Binding* shown = binding(*field))
+            shown->refresh();
+    if (std::exchange(screenDirty_, false))
+        showScreen();
+    if (isOpen())
+        showFocus();
+}
+
+void Binder::showScreen() {
+    window_.setWindowTitle(screen_.caption().isEmpty() ? screen::Program::applicationTitle() : screen_.caption());
+    if (std::exchange(background_, screen_.background()) == screen_.background())
+        return;
+    QPalette palette;
+    palette.setColor(QPalette::Window, ColourOf(background_));
+    window_.setPalette(palette);
+}
+
+void Binder::showFocus() {
+    if (!screen_.focus()) {
+        if (QWidget* holder = window_.focusWidget())
+            holder->clearFocus();
+        return;
+    }
+    Binding* bound = binding(*screen_.focus());
+    // A field on a page that is not in front keeps the focus of the screen, but no widget can show it.
+    if (bound && bound->widget().isVisibleTo(&window_) && window_.focusWidget() != &bound->widget())
+        bound->widget().setFocus(Qt::OtherFocusReason);
+}
+
+bool Binder::switchPage(const screen::Field& from, const QKeyEvent& key) {
+    const bool tab = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
+    const bool page = key.key() == Qt::Key_PageDown || key.key() == Qt::Key_PageUp;
+    if (!key.modifiers().testFlag(Qt::ControlModifier) || (!tab && !page))
+        return false;
+    const bool back = key.key() == Qt::Key_PageUp || key.key() == Qt::Key_Backtab;
+    const auto& fields = screen_.fields();
+    const auto first = std::ranges::find_if(fields, [](auto* one) { return one->kind() == screen::FieldKind::TabStrip; });
+    if (first == fields.end())
+        return false;
+    // Ctrl+Tab walks the outer pages, Ctrl+PageDown those around the field.
+    auto* strip = page && from.strip() ? from.strip() : static_cast<screen::TabStrip*>(*first);
+    const auto count = static_cast<int>(strip->captions().size());
+    act([&] { user_.chooseTab(*strip, (strip->current() + (back ? count - 1 : 1)) % count); });
+    return true;
+}
+
+} // namespace vorta::desktop

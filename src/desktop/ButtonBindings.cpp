@@ -1,0 +1,113 @@
+#include "desktop/ButtonBindings.h"
+
+#include "desktop/Binder.h"
+#include "screen/Platform.h"
+
+#include <QKeyEvent>
+#include <QPixmap>
+#include <algorithm>
+
+namespace vorta::desktop {
+
+LabelBinding::LabelBinding(Binder& binder, screen::Field& field, QLabel& label)
+    : Binding(binder, field, label), label_(label) {
+    label.setTextFormat(Qt::PlainText);
+}
+
+void LabelBinding::refresh() {
+    Binding::refresh();
+    label_.setText(field().text());
+}
+
+bool LabelBinding::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonRelease && field().Click)
+        binder_.act([&] { binder_.user().click(field()); });
+    return Binding::eventFilter(watched, event);
+}
+
+PictureBinding::PictureBinding(Binder& binder, screen::Field& field, QLabel& label)
+    : Binding(binder, field, label), label_(label) {
+    label.setMinimumSize(1, 1);
+}
+
+void PictureBinding::refresh() {
+    Binding::refresh();
+    if (path_ != field().picture()) {
+        path_ = field().picture();
+        picture_ = QPixmap(screen::Platform::localPath(path_));
+    }
+    fit();
+}
+
+void PictureBinding::fit() {
+    label_.setPixmap(picture_.isNull()
+                         ? QPixmap()
+                         : picture_.scaled(label_.contentsRect().size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
+}
+
+bool PictureBinding::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize)
+        fit();
+    if (event->type() == QEvent::MouseButtonRelease)
+        binder_.act([&] { binder_.user().click(field()); });
+    if (event->type() == QEvent::MouseButtonDblClick)
+        binder_.act([&] { binder_.user().doubleClick(field()); });
+    return Binding::eventFilter(watched, event);
+}
+
+ButtonBinding::ButtonBinding(Binder& binder, screen::Field& field, QAbstractButton& button)
+    : Binding(binder, field, button), button_(button) {
+    connect(&button, &QAbstractButton::clicked, this, [this] {
+        // A check box has already turned itself over; the field decides whether it stays so.
+        binder_.mark(this->field());
+        binder_.act([&] { binder_.user().click(this->field()); });
+    });
+}
+
+void ButtonBinding::refresh() {
+    Binding::refresh();
+    if (button_.text() != field().text())
+        button_.setText(field().text());
+    if (std::exchange(icon_, field().picture()) != field().picture())
+        button_.setIcon(QIcon(screen::Platform::localPath(icon_)));
+}
+
+OptionBinding::OptionBinding(Binder& binder, screen::Option& option, QRadioButton& button)
+    : ButtonBinding(binder, option, button), option_(option) {
+    // The group is the field's, not that of the neighbours on the form.
+    button.setAutoExclusive(false);
+}
+
+void OptionBinding::refresh() {
+    ButtonBinding::refresh();
+    button_.setChecked(option_.value());
+}
+
+/// Cursor keys walk through the options of a group and choose them.
+bool OptionBinding::keyPressed(QKeyEvent& key) {
+    const bool back = key.key() == Qt::Key_Up || key.key() == Qt::Key_Left;
+    if (!back && key.key() != Qt::Key_Down && key.key() != Qt::Key_Right)
+        return ButtonBinding::keyPressed(key);
+    if (screen::Option* next = neighbour(back))
+        binder_.act([&] { binder_.user().click(*next); });
+    return true;
+}
+
+screen::Option* OptionBinding::neighbour(bool backwards) const {
+    std::vector<screen::Option*> group;
+    for (screen::Field* one : option_.screen().fields())
+        if (auto* sibling = dynamic_cast<screen::Option*>(one); sibling && sibling->group() == option_.group())
+            group.push_back(sibling);
+    if (backwards)
+        std::ranges::reverse(group);
+    const auto own = std::ranges::find(group, &option_);
+    const auto next = std::find_if(own + 1, group.end(), [](auto* sibling) { return sibling->canFocus(); });
+    return next == group.end() ? nullptr : *next;
+}
+
+void CheckBinding::refresh() {
+    ButtonBinding::refresh();
+    button_.setChecked(check_.checked());
+}
+
+} // namespace vorta::desktop

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "desktop/Binding.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QLabel>
+#include <QRadioButton>
+
+namespace vorta::desktop {
+
+class LabelBinding : public Binding {
+  public:
+    LabelBinding(Binder& binder, screen::Field& field, QLabel& label);
+    void refresh() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    QLabel& label_;
+};
+
+/// A picture keeps its proportions in whatever room the window gives it.
+class PictureBinding : public Binding {
+  public:
+    PictureBinding(Binder& binder, screen::Field& field, QLabel& label);
+    void refresh() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void fit();
+
+    QLabel& label_;
+    QString path_;
+    QPixmap picture_;
+};
+
+/// What is clicked: the click is one event of the screen, which moves the focus first.
+class ButtonBinding : public Binding {
+  public:
+    ButtonBinding(Binder& binder, screen::Field& field, QAbstractButton& button);
+    void refresh() override;
+
+  protected:
+    QAbstractButton& button_;
+
+  private:
+    QString icon_;
+};
+
+class OptionBinding : public ButtonBinding {
+  public:
+    OptionBinding(Binder& binder, screen::Option& option, QRadioButton& button);
+    void refresh() override;
+
+  protected:
+    bool keyPressed(QKeyEvent& key) override;
+
+  private:
+    screen::Option* neighbour(bool backwards) const;
+
+    screen::Option& option_;
+};
+
+class CheckBinding : public ButtonBinding {
+  public:
+    CheckBinding(Binder& binder, screen::Check& check, QCheckBox& box) : ButtonBinding(binder, check, box), check_(check) {}
+    void refresh() override;
+
+  private:
+    screen::Check& check_;
+};
+
+} // namespace vorta::desktop

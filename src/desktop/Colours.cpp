@@ -1,0 +1,77 @@
+#include "desktop/Colours.h"
+
+#include <QApplication>
+#include <QPalette>
+#include <QWidget>
+
+namespace vorta::desktop {
+
+namespace {
+
+using screen::FieldKind;
+
+/// Numbers of the system colours that the screens use.
+constexpr int scrollBar = 0;
+constexpr int window = 5;
+constexpr int windowText = 8;
+constexpr int buttonText = 18;
+
+/// Which parts of a palette a kind of field paints: its ground and its text.
+struct Roles {
+    QPalette::ColorRole ground;
+    QPalette::ColorRole text;
+};
+
+Roles rolesOf(FieldKind kind) {
+    switch (kind) {
+    case FieldKind::Text:
+    case FieldKind::Masked:
+    case FieldKind::List:
+    case FieldKind::Grid:
+        return {QPalette::Base, QPalette::Text};
+    case FieldKind::Button:
+        return {QPalette::Button, QPalette::ButtonText};
+    default:
+        return {QPalette::Window, QPalette::WindowText};
+    }
+}
+
+} // namespace
+
+QColor ColourOf(screen::Colour colour) {
+    const QPalette palette = QApplication::palette();
+    if (colour == screen::colour::Free)
+        return palette.color(QPalette::Base);
+    if (colour >= 0)
+        return QColor(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF);
+    switch (colour & 0xFF) {
+    case scrollBar:
+        return palette.color(QPalette::Window).darker(106);
+    case window:
+        return palette.color(QPalette::Base);
+    case windowText:
+        return palette.color(QPalette::WindowText);
+    case buttonText:
+        return palette.color(QPalette::ButtonText);
+    default:
+        return palette.color(QPalette::Window);
+    }
+}
+
+void ApplyColours(QWidget& widget, FieldKind kind, screen::Colour background, screen::Colour foreground) {
+    const Roles roles = rolesOf(kind);
+    QPalette palette = QApplication::palette(&widget);
+    if (background != screen::colour::ButtonFace) {
+        palette.setColor(roles.ground, ColourOf(background));
+        if (roles.ground == QPalette::Window)
+            widget.setAutoFillBackground(true);
+    }
+    if (foreground != screen::colour::WindowText)
+        palette.setColor(roles.text, ColourOf(foreground));
+    else if (roles.text == QPalette::Text)
+        // A field that is only locked stays as readable as a free one.
+        palette.setColor(roles.text, palette.color(QPalette::Active, QPalette::Text));
+    widget.setPalette(palette);
+}
+
+} // namespace vorta::desktop

@@ -1,0 +1,391 @@
+#include "desktop/DesktopHands.h"
+
+#include "desktop/Binding.h"
+#include "desktop/DesktopApplication.h"
+#include "desktop/MessageBox.h"
+#include "desktop/ScreenWindow.h"
+#include "screen/Program.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QStyleOptionComboBox>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTableView>
+#include <vector>
+
+namespace vorta::desktop {
+
+namespace {
+
+using robot::Question;
+using screen::Field;
+using screen::FieldKind;
+using screen::Key;
+
+constexpr int intoIndicator = 8; ///< a point on the mark of an option or check box, whose row may be wider than itself
+
+void mouse(QWidget& widget, QEvent::Type type, QPoint at) {
+    const bool up = type == QEvent::MouseButtonRelease;
+    QMouseEvent event(type, at, widget.mapToGlobal(at), Qt::LeftButton, up ? Qt::NoButton : Qt::LeftButton,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(&widget, &event);
+}
+
+void press(QWidget& widget, QPoint at) {
+    const QPointer<QWidget> still(&widget);
+    mouse(widget, QEvent::MouseButtonPress, at);
+    if (still)
+        mouse(widget, QEvent::MouseButtonRelease, at);
+}
+
+void pressTwice(QWidget& widget, QPoint at) {
+    const QPointer<QWidget> still(&widget);
+    press(widget, at);
+    if (still)
+        mouse(widget, QEvent::MouseButtonDblClick, at);
+    if (still)
+        mouse(widget, QEvent::MouseButtonRelease, at);
+}
+
+void stroke(QWidget& widget, int key, const QString& text = {}, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    const QPointer<QWidget> still(&widget);
+    QKeyEvent down(QEvent::KeyPress, key, modifiers, text);
+    QCoreApplication::sendEvent(&widget, &down);
+    if (!still)
+        return;
+    QKeyEvent up(QEvent::KeyRelease, key, modifiers, text);
+    QCoreApplication::sendEvent(&widget, &up);
+}
+
+int codeOf(Key key, int function) {
+    switch (key) {
+    case Key::Enter:
+        return Qt::Key_Return;
+    case Key::Tab:
+        return Qt::Key_Tab;
+    case Key::BackTab:
+        return Qt::Key_Backtab;
+    case Key::Backspace:
+        return Qt::Key_Backspace;
+    case Key::Delete:
+        return Qt::Key_Delete;
+    case Key::Escape:
+        return Qt::Key_Escape;
+    case Key::Function:
+        break;
+    }
+    return Qt::Key_F1 + function - 1;
+}
+
+QString told(bool value) {
+    return value ? QStringLiteral("true") : QStringLiteral("false");
+}
+
+std::optional<QString> shownText(const QWidget& widget) {
+    if (const auto* edit = qobject_cast<const QLineEdit*>(&widget))
+        return edit->text();
+    if (const auto* notes = qobject_cast<const QPlainTextEdit*>(&widget))
+        return notes->toPlainText();
+    if (const auto* combo = qobject_cast<const QComboBox*>(&widget))
+        return combo->currentText();
+    if (const auto* label = qobject_cast<const QLabel*>(&widget))
+        return label->text();
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
+        return button->text();
+    return {};
+}
+
+std::optional<QString> shownLock(const QWidget& widget) {
+    if (const auto* edit = qobject_cast<const QLineEdit*>(&widget))
+        return told(edit->isReadOnly());
+    if (const auto* notes = qobject_cast<const QPlainTextEdit*>(&widget))
+        return told(notes->isReadOnly());
+    if (const auto* combo = qobject_cast<const QComboBox*>(&widget))
+        return told(combo->lineEdit()->isReadOnly());
+    return {};
+}
+
+std::optional<QString> shownItems(const QWidget& widget, const Question& question) {
+    const QAbstractItemModel* items = nullptr;
+    if (const auto* combo = qobject_cast<const QComboBox*>(&widget))
+        items = combo->model();
+    else if (const auto* view = qobject_cast<const QListView*>(&widget))
+        items = view->model();
+    if (!items)
+        return {};
+    return question.property == u"items" ? QString::number(items->rowCount())
+                                         : items->index(question.row, 0).data().toString();
+}
+
+std::optional<QString> shownCells(const QWidget& widget, const Question& question) {
+    const auto* view = qobject_cast<const QTableView*>(&widget);
+    if (!view)
+        return {};
+    const QAbstractItemModel& rows = *view->model();
+    if (question.property == u"rows")
+        return QString::number(rows.rowCount() + 1);
+    if (question.property == u"cols")
+        return QString::number(rows.columnCount());
+    if (question.property == u"row")
+        return QString::number(view->currentIndex().row() + 1);
+    return question.row == 0 ? rows.headerData(question.col, Qt::Horizontal).toString()
+                             : rows.index(question.row - 1, question.col).data().toString();
+}
+
+class DesktopHands : public robot::Hands {
+  public:
+    explicit DesktopHands(screen::Program& program) {
+        if (!qApp)
+            application_ = makeApplication();
+        if (auto* application = dynamic_cast<DesktopApplication*>(qApp))
+            application->onException = [&program](const auto& raise) { program.dispatch(raise); };
+    }
+
+    void show(screen::Screen& screen) override {
+        settle();
+        windows_.push_back(std::make_unique<ScreenWindow>(screen, windows_.empty() ? nullptr : windows_.back().get()));
+        windows_.back()->show();
+        windows_.back()->activateWindow();
+        settle();
+    }
+
+    void hide(screen::Screen& screen) override {
+        std::erase_if(windows_, [&](const auto& window) { return &window->binder().screen() == &screen; });
+    }
+
+    screen::Answer answer(const screen::Box& box, screen::Answer prepared) override {
+        settle();
+        const auto shown = MakeMessageBox(box, windows_.empty() ? nullptr : windows_.back().get());
+        shown->open();
+        if (QAbstractButton* button = ButtonOf(*shown, prepared))
+            press(*button, button->rect().center());
+        else
+            shown->reject();
+        return AnswerOf(*shown);
+    }
+
+    /// By the keyboard's way, as a click would do more to a button or a cell.
+    void focus(Field& field) override {
+        if (QWidget* widget = widgetOf(field)) {
+            if (window(field.screen())->focusWidget() == widget)
+                widget->clearFocus();
+            widget->setFocus(Qt::TabFocusReason);
+        }
+        settle();
+    }
+
+    void leave(screen::Screen& screen) override {
+        if (ScreenWindow* shown = window(screen))
+            shown->binder().act([&] { shown->binder().user().leave(screen); });
+        settle();
+    }
+
+    void type(Field& field, const QString& text) override {
+        focus(field);
+        QWidget* widget = widgetOf(field);
+        if (!widget || field.screen().focus() != &field)
+            return;
+        stroke(*widget, Qt::Key_A, {}, Qt::ControlModifier);
+        if (text.isEmpty())
+            stroke(*widget, Qt::Key_Delete);
+        for (const QChar typed : text) {
+            if (!isThere(field) || field.screen().focus() != &field)
+                break;
+            stroke(*widget, typed.toUpper().unicode(), QString(typed));
+        }
+        settle();
+    }
+
+    void key(Field& focused, Key key, int function) override {
+        if (QWidget* widget = widgetOf(focused))
+            stroke(*widget, codeOf(key, function));
+        settle();
+    }
+
+    void character(Field& focused, QChar character) override {
+        if (QWidget* widget = widgetOf(focused))
+            stroke(*widget, character.toUpper().unicode(), QString(character));
+        settle();
+    }
+
+    void click(Field& field) override {
+        if (QWidget* widget = widgetOf(field))
+            press(*widget, pointOn(field, *widget));
+        settle();
+    }
+
+    void doubleClick(Field& field) override {
+        if (QWidget* widget = widgetOf(field))
+            pressTwice(*widget, pointOn(field, *widget));
+        settle();
+    }
+
+    void clickCell(screen::Grid& grid, int row, int col) override { onCell(grid, row, col, press); }
+    void doubleClickCell(screen::Grid& grid, int row, int col) override { onCell(grid, row, col, pressTwice); }
+
+    void dropDown(screen::ListField& list) override {
+        if (auto* combo = qobject_cast<QComboBox*>(widgetOf(list))) {
+            QStyleOptionComboBox option;
+            option.initFrom(combo);
+            option.editable = true;
+            const QRect arrow = combo->style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, combo);
+            press(*combo, arrow.center());
+        }
+        settle();
+    }
+
+    void pick(screen::ListField& list, int index) override {
+        if (auto* combo = qobject_cast<QComboBox*>(widgetOf(list)); combo && combo->view()->isVisible()) {
+            combo->view()->setCurrentIndex(combo->model()->index(index, 0));
+            stroke(*combo->view(), Qt::Key_Return);
+        } else if (auto* view = qobject_cast<QListView*>(widgetOf(list))) {
+            view->scrollTo(view->model()->index(index, 0));
+            press(*view->viewport(), view->visualRect(view->model()->index(index, 0)).center());
+        }
+        settle();
+    }
+
+    void chooseTab(screen::TabStrip& strip, int page) override {
+        if (auto* tabs = qobject_cast<QTabWidget*>(widgetOf(strip)))
+            press(*tabs->tabBar(), tabs->tabBar()->tabRect(page).center());
+        settle();
+    }
+
+    void close(screen::Screen& screen) override {
+        if (ScreenWindow* shown = window(screen))
+            shown->close();
+        settle();
+    }
+
+    std::optional<QString> seen(Field& field, const Question& question) override;
+
+    std::optional<QString> seenCaption(screen::Screen& screen) override {
+        settle();
+        const ScreenWindow* shown = window(screen);
+        // A screen without a caption of its own shows the program's name.
+        return shown && !screen.caption().isEmpty() ? std::optional(shown->windowTitle()) : std::nullopt;
+    }
+
+    std::optional<QString> seenFocus(screen::Screen& screen) override {
+        settle();
+        const ScreenWindow* shown = window(screen);
+        if (!shown || (screen.focus() && !isInFront(*screen.focus())))
+            return {};
+        const QWidget* holder = shown->focusWidget();
+        for (const Field* field : screen.fields())
+            if (holder && widgetOf(*field) == holder)
+                return field->name();
+        return QString();
+    }
+
+  private:
+    static std::unique_ptr<DesktopApplication> makeApplication() {
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+        static int count = 1;
+        static char name[] = "pessoas-roteiro";
+        static char* arguments[] = {name, nullptr};
+        return std::make_unique<DesktopApplication>(count, arguments);
+    }
+
+    /// Lets the windows catch up with all that has happened.
+    void settle() {
+        for (const auto& window : windows_)
+            window->binder().flush();
+        QCoreApplication::processEvents();
+    }
+
+    ScreenWindow* window(const screen::Screen& screen) const {
+        for (const auto& window : windows_)
+            if (&window->binder().screen() == &screen)
+                return window.get();
+        return nullptr;
+    }
+
+    bool isThere(const Field& field) const { return window(field.screen()) && window(field.screen())->binder().isOpen(); }
+
+    QWidget* widgetOf(const Field& field) const {
+        ScreenWindow* shown = window(field.screen());
+        Binding* bound = shown ? shown->binder().binding(field) : nullptr;
+        return bound ? &bound->widget() : nullptr;
+    }
+
+    bool isInFront(const Field& field) const {
+        const QWidget* widget = widgetOf(field);
+        return widget && widget->isVisibleTo(window(field.screen()));
+    }
+
+    static QPoint pointOn(const Field& field, const QWidget& widget) {
+        const bool mark = field.kind() == FieldKind::Option || field.kind() == FieldKind::Check;
+        return mark ? QPoint(intoIndicator, widget.height() / 2) : widget.rect().center();
+    }
+
+    template <typename Action>
+    void onCell(screen::Grid& grid, int row, int col, Action action) {
+        settle();
+        auto* view = qobject_cast<QTableView*>(widgetOf(grid));
+        if (!view)
+            return;
+        // A column that is not shown is reached on its row at the first one that is.
+        while (col < grid.Cols() - 1 && view->isColumnHidden(col))
+            ++col;
+        if (row == 0) {
+            QHeaderView& header = *view->horizontalHeader();
+            action(*header.viewport(),
+                   QPoint(header.sectionViewportPosition(col) + header.sectionSize(col) / 2, header.height() / 2));
+        } else {
+            const QModelIndex cell = view->model()->index(row - 1, col);
+            view->scrollTo(cell);
+            action(*view->viewport(), view->visualRect(cell).center());
+        }
+        settle();
+    }
+
+    std::unique_ptr<DesktopApplication> application_;
+    std::vector<std::unique_ptr<ScreenWindow>> windows_;
+};
+
+std::optional<QString> DesktopHands::seen(Field& field, const Question& question) {
+    settle();
+    const QWidget* widget = widgetOf(field);
+    if (!widget)
+        return {};
+    const QString& property = question.property;
+    if (property == u"text")
+        return shownText(*widget);
+    if (property == u"enabled")
+        return told(widget->isEnabled());
+    if (property == u"visible")
+        return told(!widget->isHidden());
+    if (property == u"locked")
+        return shownLock(*widget);
+    if (property == u"tooltip")
+        return widget->toolTip();
+    if (property == u"bold")
+        return field.kind() == FieldKind::Label ? std::nullopt : std::optional(told(widget->font().bold()));
+    if (property == u"checked")
+        if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
+            return told(button->isChecked());
+    if (property == u"items" || property == u"item")
+        return shownItems(*widget, question);
+    if (property == u"rows" || property == u"cols" || property == u"row" || property == u"cell")
+        return shownCells(*widget, question);
+    return {};
+}
+
+} // namespace
+
+std::unique_ptr<robot::Hands> MakeDesktopHands(screen::Program& program, screen::User&) {
+    return std::make_unique<DesktopHands>(program);
+}
+
+} // namespace vorta::desktop

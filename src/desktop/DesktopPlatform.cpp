@@ -1,0 +1,82 @@
+#include "desktop/DesktopPlatform.h"
+
+#include "desktop/MessageBox.h"
+#include "desktop/ScreenWindow.h"
+#include "screen/Program.h"
+
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QDir>
+#include <QEventLoop>
+#include <QMessageBox>
+#include <QUrl>
+
+namespace vorta::desktop {
+
+namespace {
+
+constexpr int progressInterval = 40;
+#ifdef Q_OS_WIN
+constexpr char defaultHome[] = "c:/vorta";
+#else
+constexpr char defaultHome[] = "/opt/vorta";
+#endif
+
+} // namespace
+
+/// A handler is still running: what it has done so far is shown before anything comes on top.
+void DesktopPlatform::showAll() {
+    for (ScreenWindow* window : windows_)
+        window->binder().flush();
+}
+
+screen::Answer DesktopPlatform::messageBox(const screen::Box& box) {
+    showAll();
+    const auto shown = MakeMessageBox(box, top());
+    shown->exec();
+    return AnswerOf(*shown);
+}
+
+void DesktopPlatform::runModal(screen::Screen& screen) {
+    showAll();
+    ScreenWindow window(screen, top());
+    QEventLoop loop;
+    windows_.push_back(&window);
+    loops_.push_back(&loop);
+    window.binder().onOver = [&] { leave(loop); };
+    window.restorePlace();
+    window.show();
+    if (window.binder().isOpen())
+        loop.exec();
+    window.rememberPlace();
+    loops_.pop_back();
+    windows_.pop_back();
+}
+
+/// The end of the program leaves every wait, the end of a screen its own.
+void DesktopPlatform::leave(QEventLoop& own) {
+    if (top() && top()->binder().screen().program().hasEnded())
+        for (QEventLoop* loop : loops_)
+            loop->quit();
+    else
+        own.quit();
+}
+
+void DesktopPlatform::openAddress(const QString& address) {
+    QDesktopServices::openUrl(QUrl(address));
+}
+
+void DesktopPlatform::progress(qint64 done, qint64 total) {
+    if (!top() || (total > 0 && lastProgress_.isValid() && !lastProgress_.hasExpired(progressInterval)))
+        return;
+    lastProgress_.start();
+    top()->showProgress(done, total);
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+QString DesktopPlatform::home() const {
+    const QString told = qEnvironmentVariable("VORTA_HOME");
+    return QDir::cleanPath(told.isEmpty() ? QString::fromLatin1(defaultHome) : localPath(told));
+}
+
+} // namespace vorta::desktop

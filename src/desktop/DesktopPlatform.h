@@ -1,0 +1,37 @@
+#pragma once
+
+#include "screen/Platform.h"
+
+#include <QElapsedTimer>
+#include <vector>
+
+class QEventLoop;
+class QWidget;
+
+namespace vorta::desktop {
+
+class ScreenWindow;
+
+/// The desktop as the outside world of a register: message boxes, windows, mail program. Wants a `DesktopApplication`.
+class DesktopPlatform : public screen::Platform {
+  public:
+    screen::Answer messageBox(const screen::Box& box) override;
+    void runModal(screen::Screen& screen) override;
+    void openAddress(const QString& address) override;
+    void progress(qint64 done, qint64 total) override;
+    /// `VORTA_HOME`, or the system's own place of the installation.
+    QString home() const override;
+
+    /// The window on top; none before the first screen.
+    ScreenWindow* top() const { return windows_.empty() ? nullptr : windows_.back(); }
+
+  private:
+    void showAll();
+    void leave(QEventLoop& own);
+
+    std::vector<ScreenWindow*> windows_;
+    std::vector<QEventLoop*> loops_;
+    QElapsedTimer lastProgress_;
+};
+
+} // namespace vorta::desktop

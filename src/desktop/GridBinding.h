@@ -1,0 +1,33 @@
+#pragma once
+
+#include "desktop/Binding.h"
+#include "desktop/GridModel.h"
+
+#include <QTableView>
+#include <vector>
+
+namespace vorta::desktop {
+
+/// A grid of rows. The view keeps to the order of the rows and asks only for the cells that it shows.
+class GridBinding : public Binding {
+  public:
+    GridBinding(Binder& binder, screen::Grid& grid, QTableView& view);
+    void refresh() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void connectView();
+    void measureColumns();
+    void fitColumns();
+    void showRow();
+    void showTop();
+    void rowReached(int row);
+
+    screen::Grid& grid_;
+    QTableView& view_;
+    GridModel model_;
+    std::vector<int> natural_; ///< width that a column's content asks for; 0 for a hidden one
+    bool mouseDown_ = false;
+};
+
+} // namespace vorta::desktop

@@ -1,0 +1,334 @@
+#include "desktop/InputBindings.h"
+
+#include "base/Text.h"
+#include "desktop/Binder.h"
+
+#include <QClipboard>
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+namespace vorta::desktop {
+
+namespace {
+
+using screen::Key;
+
+constexpr int backspaceCode = 8;
+constexpr int noLimit = 32767;
+constexpr int widestFixed = 22;
+
+/// The characters that an input is drawn for: what the form says, else its mask or its maximum length; 0 for as wide as there is room.
+int charactersOf(const screen::Field& field, const QWidget& widget) {
+    if (const QVariant told = widget.property("characters"); told.isValid())
+        return told.toInt();
+    if (const auto* masked = dynamic_cast<const screen::MaskedField*>(&field))
+        return static_cast<int>(masked->mask().size());
+    return field.maxLength() <= widestFixed ? field.maxLength() : 0;
+}
+
+int widthOf(const QWidget& widget, int characters) {
+    return widget.fontMetrics().horizontalAdvance(QString(characters, u'0')) + widget.fontMetrics().height();
+}
+
+} // namespace
+
+LineBinding::LineBinding(Binder& binder, screen::Field& field, QWidget& widget, QLineEdit& edit)
+    : Binding(binder, field, widget), edit_(edit) {
+    if (&edit != &widget)
+        edit.installEventFilter(this);
+    if (const int characters = charactersOf(field, widget); characters > 0) {
+        edit.setMinimumWidth(widthOf(edit, std::min(characters, 10)));
+        widget.setMaximumWidth(widthOf(edit, characters + 1) + (&edit == &widget ? 0 : edit.fontMetrics().height() * 2));
+    }
+    connect(&edit, &QLineEdit::textEdited, this, [this] { edited(); });
+    connect(&edit, &QLineEdit::selectionChanged, this, [this] { tellSelection(); });
+    connect(&edit, &QLineEdit::cursorPositionChanged, this, [this] { tellSelection(); });
+}
+
+void LineBinding::refresh() {
+    Binding::refresh();
+    edit_.setReadOnly(field().locked());
+    showText();
+    if (hasFocus())
+        showSelection();
+}
+
+/// A text from the database may be longer than what may be typed: it is shown whole, and can only become shorter.
+void LineBinding::showText() {
+    const QString& text = field().text();
+    const int limit = field().maxLength() == 0 ? noLimit : std::max<int>(field().maxLength(), static_cast<int>(text.size()));
+    if (edit_.text() != text) {
+        edit_.setMaxLength(noLimit);
+        edit_.setText(text);
+        if (!hasFocus())
+            edit_.setCursorPosition(0);
+    }
+    if (edit_.maxLength() != limit)
+        edit_.setMaxLength(limit);
+}
+
+void LineBinding::showSelection() {
+    const int start = edit_.hasSelectedText() ? edit_.selectionStart() : edit_.cursorPosition();
+    if (start == field().selectionStart() && edit_.selectionLength() == field().selectionLength())
+        return;
+    if (field().selectionLength() > 0) {
+        edit_.setSelection(field().selectionStart(), field().selectionLength());
+    } else {
+        edit_.deselect();
+        edit_.setCursorPosition(field().selectionStart());
+    }
+}
+
+void LineBinding::tellSelection() {
+    if (!binder_.refreshing() && hasFocus())
+        field().select(edit_.hasSelectedText() ? edit_.selectionStart() : edit_.cursorPosition(),
+                       edit_.selectionLength());
+}
+
+void LineBinding::edited() {
+    if (binder_.refreshing())
+        return;
+    binder_.act([&] {
+        const int at = edit_.cursorPosition();
+        binder_.user().edited(field(), edit_.text());
+        field().select(at, 0);
+    });
+}
+
+bool LineBinding::mousePressed(QObject*, QMouseEvent&) {
+    const bool there = hasFocus();
+    if (!takeFocus())
+        return true;
+    // A field that selects its text on entering keeps the selection under the click that entered it.
+    return !there && field().selectionLength() > 0;
+}
+
+bool LineBinding::specialPressed(Key key) {
+    if (key == Key::Delete)
+        return false;
+    if (key == Key::Backspace)
+        return filtered(backspaceCode) != backspaceCode;
+    return Binding::specialPressed(key);
+}
+
+bool LineBinding::characterTyped(QChar typed) {
+    const int kept = filtered(typed.unicode());
+    if (kept == typed.unicode())
+        return false;
+    if (kept != 0)
+        edit_.insert(QChar(static_cast<char16_t>(kept)));
+    return true;
+}
+
+MaskedBinding::MaskedBinding(Binder& binder, screen::MaskedField& field, QLineEdit& edit)
+    : LineBinding(binder, field, edit, edit) {}
+
+bool MaskedBinding::keyPressed(QKeyEvent& key) {
+    if (key.matches(QKeySequence::Paste)) {
+        const QString pasted = QGuiApplication::clipboard()->text();
+        for (const QChar character : pasted)
+            if (!takeFocus() || !characterTyped(character))
+                break;
+        return true;
+    }
+    if (key.matches(QKeySequence::Cut)) {
+        edit_.copy();
+        return !takeFocus() || specialPressed(Key::Delete);
+    }
+    if (key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo))
+        return true;
+    return LineBinding::keyPressed(key);
+}
+
+bool MaskedBinding::specialPressed(Key key) {
+    return Binding::specialPressed(key);
+}
+
+bool MaskedBinding::characterTyped(QChar typed) {
+    return Binding::characterTyped(typed);
+}
+
+NotesBinding::NotesBinding(Binder& binder, screen::Field& field, QPlainTextEdit& edit)
+    : Binding(binder, field, edit), edit_(edit) {
+    edit.viewport()->installEventFilter(this);
+    connect(&edit, &QPlainTextEdit::textChanged, this, [this] { edited(); });
+    connect(&edit, &QPlainTextEdit::selectionChanged, this, [this] { tellSelection(); });
+    connect(&edit, &QPlainTextEdit::cursorPositionChanged, this, [this] { tellSelection(); });
+}
+
+void NotesBinding::refresh() {
+    Binding::refresh();
+    edit_.setReadOnly(field().locked());
+    if (edit_.toPlainText() != field().text())
+        edit_.setPlainText(field().text());
+    QTextCursor cursor = edit_.textCursor();
+    const int length = cursor.selectionEnd() - cursor.selectionStart();
+    if (!hasFocus() ||
+        (cursor.selectionStart() == field().selectionStart() && length == field().selectionLength()))
+        return;
+    cursor.setPosition(field().selectionStart());
+    cursor.setPosition(field().selectionStart() + field().selectionLength(), QTextCursor::KeepAnchor);
+    edit_.setTextCursor(cursor);
+}
+
+void NotesBinding::tellSelection() {
+    const QTextCursor cursor = edit_.textCursor();
+    if (!binder_.refreshing() && hasFocus())
+        field().select(cursor.selectionStart(), cursor.selectionEnd() - cursor.selectionStart());
+}
+
+/// Takes what is too much off the end of what has just been inserted.
+void NotesBinding::cutSurplus() {
+    const auto size = static_cast<int>(edit_.toPlainText().size());
+    const int limit = std::max<int>(field().maxLength(), static_cast<int>(field().text().size()));
+    if (field().maxLength() == 0 || size <= limit)
+        return;
+    QTextCursor cursor = edit_.textCursor();
+    cursor.movePosition(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor, size - limit);
+    const QSignalBlocker quiet(edit_);
+    cursor.removeSelectedText();
+}
+
+void NotesBinding::edited() {
+    if (binder_.refreshing())
+        return;
+    cutSurplus();
+    binder_.act([&] {
+        const int at = edit_.textCursor().position();
+        binder_.user().edited(field(), edit_.toPlainText());
+        field().select(at, 0);
+    });
+}
+
+bool NotesBinding::mousePressed(QObject*, QMouseEvent&) {
+    const bool there = hasFocus();
+    if (!takeFocus())
+        return true;
+    return !there && field().selectionLength() > 0;
+}
+
+bool NotesBinding::specialPressed(Key key) {
+    if (key == Key::Delete)
+        return false;
+    if (key == Key::Backspace)
+        return filtered(backspaceCode) != backspaceCode;
+    return Binding::specialPressed(key);
+}
+
+bool NotesBinding::characterTyped(QChar typed) {
+    const int kept = filtered(typed.unicode());
+    if (kept == typed.unicode())
+        return false;
+    if (kept != 0)
+        edit_.insertPlainText(QChar(static_cast<char16_t>(kept)));
+    return true;
+}
+
+namespace {
+
+QLineEdit& editOf(QComboBox& combo) {
+    combo.setEditable(true);
+    return *combo.lineEdit();
+}
+
+} // namespace
+
+ListBinding::ListBinding(Binder& binder, screen::ListField& list, QComboBox& combo)
+    : LineBinding(binder, list, combo, editOf(combo)), list_(list), combo_(combo) {
+    combo.setInsertPolicy(QComboBox::NoInsert);
+    combo.setCompleter(nullptr);
+    combo.setModel(&items_);
+    combo.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    combo.setMaxVisibleItems(16);
+    connect(&combo, &QComboBox::activated, this, [this](int index) {
+        if (!binder_.refreshing())
+            binder_.act([&] { binder_.user().pick(list_, index); });
+        binder_.mark(list_);
+    });
+}
+
+void ListBinding::showItems() {
+    if (items_.stringList() != list_.items())
+        items_.setStringList(list_.items());
+    // Lists that carry columns are wider than their field and need letters of one width.
+    if (list_.dropWidth() > 0 && combo_.view()->minimumWidth() != list_.dropWidth()) {
+        combo_.view()->setMinimumWidth(list_.dropWidth());
+        combo_.view()->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    }
+    if (combo_.currentIndex() != list_.listIndex())
+        combo_.setCurrentIndex(list_.listIndex());
+}
+
+void ListBinding::refresh() {
+    showItems();
+    LineBinding::refresh();
+}
+
+bool ListBinding::eventFilter(QObject* watched, QEvent* event) {
+    // A wheel that turns over a list scrolls the page, it does not change the choice unseen.
+    if (event->type() == QEvent::Wheel) {
+        event->ignore();
+        return true;
+    }
+    return LineBinding::eventFilter(watched, event);
+}
+
+bool ListBinding::mousePressed(QObject* watched, QMouseEvent& mouse) {
+    if (watched == &edit_)
+        return LineBinding::mousePressed(watched, mouse);
+    if (mouse.button() == Qt::LeftButton)
+        dropDown();
+    return true;
+}
+
+bool ListBinding::keyPressed(QKeyEvent& key) {
+    const bool alt = key.modifiers().testFlag(Qt::AltModifier);
+    switch (key.key()) {
+    case Qt::Key_F4:
+        dropDown();
+        return true;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        if (alt || list_.items().isEmpty())
+            dropDown();
+        else if (takeFocus())
+            step(key.key() == Qt::Key_Up ? -1 : 1);
+        return true;
+    default:
+        return LineBinding::keyPressed(key);
+    }
+}
+
+void ListBinding::step(int by) {
+    const int next = list_.listIndex() + by;
+    if (next >= 0 && next < list_.items().size())
+        binder_.act([&] { binder_.user().pick(list_, next); });
+}
+
+void ListBinding::dropDown() {
+    binder_.act([&] { binder_.user().dropDown(list_); });
+    if (hasFocus() && !list_.locked() && combo_.count() > 0)
+        combo_.showPopup();
+}
+
+OpenListBinding::OpenListBinding(Binder& binder, screen::ListField& list, QListView& view)
+    : Binding(binder, list, view), list_(list), view_(view) {
+    view.setModel(&items_);
+    view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view.setTabKeyNavigation(false);
+    connect(view.selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& index) {
+        if (!binder_.refreshing() && takeFocus())
+            binder_.act([&] { binder_.user().pick(list_, index.row()); });
+    });
+}
+
+void OpenListBinding::refresh() {
+    Binding::refresh();
+    if (items_.stringList() != list_.items())
+        items_.setStringList(list_.items());
+    view_.setCurrentIndex(items_.index(list_.listIndex()));
+}
+
+} // namespace vorta::desktop

@@ -1,0 +1,71 @@
+#include "desktop/ScreenWindow.h"
+
+#include "desktop/Forms.h"
+
+#include <QCloseEvent>
+#include <QProgressBar>
+#include <QSettings>
+#include <QVBoxLayout>
+
+namespace vorta::desktop {
+
+namespace {
+
+constexpr int barHeight = 4;
+constexpr int barSteps = 1000;
+
+QSettings settings() {
+    return QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("vorta"), QStringLiteral("pessoas"));
+}
+
+} // namespace
+
+ScreenWindow::ScreenWindow(screen::Screen& screen, QWidget* parent)
+    : QDialog(parent, (parent ? Qt::Dialog : Qt::Window) | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                          Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
+      screen_(screen), user_(screen.program()), bar_(new QProgressBar(this)) {
+    auto* form = new QWidget(this);
+    SetUpForm(screen.name(), *form);
+    bar_->setTextVisible(false);
+    bar_->setFixedHeight(barHeight);
+    bar_->setRange(0, barSteps);
+    QSizePolicy keepsItsRoom = bar_->sizePolicy();
+    keepsItsRoom.setRetainSizeWhenHidden(true);
+    bar_->setSizePolicy(keepsItsRoom);
+    bar_->hide();
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(form);
+    layout->addWidget(bar_);
+    binder_ = std::make_unique<Binder>(screen, user_, *form, *this);
+    binder_->flush();
+    resize(sizeHint().expandedTo(form->size()));
+    setWindowModality(Qt::ApplicationModal);
+}
+
+void ScreenWindow::showProgress(qint64 done, qint64 total) {
+    bar_->setVisible(total > 0);
+    if (total > 0)
+        bar_->setValue(static_cast<int>(std::clamp<qint64>(done, 0, total) * barSteps / total));
+}
+
+QString ScreenWindow::placeKey() const {
+    return QStringLiteral("janelas/") + screen_.name();
+}
+
+void ScreenWindow::restorePlace() {
+    restoreGeometry(settings().value(placeKey()).toByteArray());
+}
+
+void ScreenWindow::rememberPlace() const {
+    settings().setValue(placeKey(), saveGeometry());
+}
+
+/// The frame asks the screen, and the screen's end closes the window.
+void ScreenWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    binder_->act([this] { user_.close(screen_); });
+}
+
+} // namespace vorta::desktop

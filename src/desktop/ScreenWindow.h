@@ -1,0 +1,40 @@
+#pragma once
+
+#include "desktop/Binder.h"
+
+#include <QDialog>
+
+class QProgressBar;
+
+namespace vorta::desktop {
+
+/// The window of any screen: its form, a thin bar for long work below, and nothing of its own.
+class ScreenWindow : public QDialog {
+  public:
+    /// Raises 91 for a screen without a form.
+    ScreenWindow(screen::Screen& screen, QWidget* parent);
+
+    Binder& binder() { return *binder_; }
+    /// Shows how far long work has come; `total` 0 hides the bar.
+    void showProgress(qint64 done, qint64 total);
+
+    /// Goes to where the user left this screen last time.
+    void restorePlace();
+    void rememberPlace() const;
+
+    /// Escape is a key of the fields and closes nothing.
+    void reject() override {}
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    QString placeKey() const;
+
+    screen::Screen& screen_;
+    screen::User user_;
+    QProgressBar* bar_;
+    std::unique_ptr<Binder> binder_;
+};
+
+} // namespace vorta::desktop

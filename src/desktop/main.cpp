@@ -1,0 +1,51 @@
+#include "app/Register.h"
+#include "desktop/DesktopApplication.h"
+#include "desktop/DesktopPlatform.h"
+
+#include <cstdio>
+#include <new>
+
+namespace {
+
+using vorta::RuntimeError;
+
+constexpr int outOfMemory = 7;
+constexpr int internalError = 51;
+constexpr int exitUnusable = 2;
+
+/// Everything that is no run-time error of the register yet becomes one, so that it ends the process in the same order.
+void raiseAsRuntimeError(const std::function<void()>& raise) {
+    try {
+        raise();
+    } catch (const RuntimeError&) {
+        throw;
+    } catch (const std::bad_alloc&) {
+        throw RuntimeError(outOfMemory, QStringLiteral("Memória insuficiente"));
+    } catch (const std::exception& error) {
+        throw RuntimeError(internalError, QString::fromUtf8(error.what()));
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (!vorta::desktop::HasDisplay()) {
+        std::fputs("pessoas: não há uma tela (display) para abrir as janelas.\n"
+                   "Inicie o programa em uma sessão gráfica, ou defina QT_QPA_PLATFORM (por exemplo \"vnc\").\n",
+                   stderr);
+        return exitUnusable;
+    }
+    vorta::desktop::DesktopApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() > 2) {
+        std::fputs("Uso: pessoas \"usuario^empresa^ambiente^somente_consulta^\"\n", stderr);
+        return exitUnusable;
+    }
+    vorta::desktop::DesktopPlatform platform;
+    vorta::Register registro(platform);
+    application.onException = [&](const auto& raise) {
+        registro.program().dispatch([&] { raiseAsRuntimeError(raise); });
+    };
+    registro.start(arguments.value(1));
+    return registro.program().exitCode();
+}

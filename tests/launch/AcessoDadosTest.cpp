@@ -1,0 +1,146 @@
+#include "launch/AcessoDados.h"
+
+#include "support/World.h"
+
+using namespace vorta;
+using namespace vorta::test;
+
+TEST(AcessoDados, ReadsGoInCapitalsOrAsWritten) {
+    World mundo;
+    mundo.connect();
+    const QString nome = QStringLiteral("João");
+    AbreLeitura(mundo.contexto, data::Statement() << "select * from pess where nome='" << nome << "'");
+    AbreLeituraComoEscrita(mundo.contexto, data::Statement() << "select * from pess where nome='" << nome << "'");
+    EXPECT_EQ(mundo.database.sent,
+              QStringList({u"SELECT * FROM PESS WHERE NOME='JOÃO'"_qs, u"select * from pess where nome='João'"_qs}));
+    EXPECT_TRUE(mundo.database.writes.isEmpty());
+}
+
+TEST(AcessoDados, WritesGoInCapitals) {
+    World mundo;
+    mundo.connect();
+    Executa(mundo.contexto, data::Statement() << "update pess set nome='" << QStringLiteral("João") << "'");
+    EXPECT_EQ(mundo.database.writes, QStringList(u"UPDATE PESS SET NOME='JOÃO'"_qs));
+}
+
+TEST(AcessoDados, WithoutAConnectionEveryStatementFails) {
+    World mundo;
+    EXPECT_EQ(errorOf([&] { AbreLeitura(mundo.contexto, data::Statement("select 1")); }), errorNumber::ObjectNotSet);
+    EXPECT_EQ(errorOf([&] { Executa(mundo.contexto, data::Statement("delete")); }), errorNumber::ObjectNotSet);
+    EXPECT_EQ(errorOf([&] { LeParametroEmpresa(mundo.contexto, u"X"_qs); }), errorNumber::ObjectNotSet);
+}
+
+TEST(AcessoDados, CompanySwitches) {
+    World mundo;
+    mundo.connect();
+    EXPECT_EQ(LeParametroEmpresa(mundo.contexto, u"Pess_Botao_Cliente  "_qs), QString());
+    EXPECT_EQ(mundo.database.sent, QStringList(u"SELECT * FROM EMPR_CNFG WHERE NOME_PARA='PESS_BOTAO_CLIENTE'"_qs));
+    mundo.database.answer(u"EMPR_CNFG"_qs, {{u"nome_para"_qs, u"valo_para"_qs}, {{text("x"), text("n ")}}});
+    EXPECT_EQ(LeParametroEmpresa(mundo.contexto, u"PESS_BOTAO_CLIENTE"_qs), u"n "_qs);
+    mundo.database.answer(u"EMPR_CNFG"_qs, {{u"valo_para"_qs}, {{null()}}});
+    EXPECT_EQ(LeParametroEmpresa(mundo.contexto, u"PESS_BOTAO_CLIENTE"_qs), QString());
+    EXPECT_EQ(mundo.database.sent.size(), 3) << "each asks anew";
+}
+
+TEST(AcessoDados, NewKeysOfFirebird) {
+    World mundo;
+    mundo.connect();
+    EXPECT_EQ(ProximoGenerator(mundo.contexto, "gen_Pess"), 0);
+    EXPECT_EQ(
+        mundo.database.sent,
+        QStringList(u"select gen_id(gen_Pess, 1) from RDB$GENERATORS where RDB$GENERATOR_NAME = 'GEN_PESS'; "_qs));
+    mundo.database.answer(u"RDB$GENERATORS"_qs, {{u"GEN_ID"_qs}, {{number(70000)}}});
+    EXPECT_EQ(ProximoGenerator(mundo.contexto, "GEN_PESS"), 70000);
+}
+
+TEST(AcessoDados, NewKeysOfSqlServer) {
+    World mundo;
+    mundo.connect(u"MS-SQL"_qs);
+    EXPECT_EQ(UltimoIdentity(mundo.contexto), 0);
+    EXPECT_EQ(mundo.database.sent, QStringList(u"SELECT @@IDENTITY AS 'MAXROWID'"_qs));
+    mundo.database.answer(u"@@IDENTITY"_qs, {{u"MAXROWID"_qs}, {{number(70000)}}});
+    EXPECT_EQ(UltimoIdentity(mundo.contexto), 70000);
+    mundo.database.answer(u"@@IDENTITY"_qs, {{u"MAXROWID"_qs}, {{null()}}});
+    EXPECT_EQ(UltimoIdentity(mundo.contexto), 0);
+}
+
+TEST(AcessoDados, ColourSchemes) {
+    World mundo;
+    mundo.connect();
+    LeCoresSistema(mundo.contexto, u" Azul "_qs);
+    EXPECT_EQ(mundo.database.sent, QStringList(u"SELECT * FROM COR_SIST WHERE DESC_COR_SIST = 'AZUL'"_qs));
+    EXPECT_EQ(mundo.contexto.CorFundo1, u"-2147483633"_qs);
+    EXPECT_EQ(mundo.contexto.CorFrente1, u"-2147483630"_qs);
+    EXPECT_EQ(mundo.contexto.CorFundo2, u"-2147483633"_qs);
+    EXPECT_EQ(mundo.contexto.CorFrente2, u"-2147483630"_qs);
+    mundo.database.answer(u"COR_SIST"_qs,
+                          {{u"CODI_BACK_0001"_qs, u"CODI_FORE_0001"_qs, u"CODI_BACK_0002"_qs, u"CODI_FORE_0002"_qs},
+                           {{number(1), text("2"), number(3), number(4)}}});
+    LeCoresSistema(mundo.contexto, u"AZUL"_qs);
+    EXPECT_EQ(QStringList({mundo.contexto.CorFundo1, mundo.contexto.CorFrente1, mundo.contexto.CorFundo2,
+                           mundo.contexto.CorFrente2}),
+              QStringList({u"1"_qs, u"2"_qs, u"3"_qs, u"4"_qs}));
+}
+
+TEST(AcessoDados, ASchemePaintsByKind) {
+    struct Tela : screen::Screen {
+        explicit Tela(screen::Program& program) : Screen(program, QStringLiteral("frmTeste")) {}
+        screen::Label rotulo{this, "lblA"};
+        screen::Button botao{this, "cmdA"};
+        screen::TextField texto{this, "txtA"};
+        screen::Check caixa{this, "chkA"};
+        screen::Option opcao{this, "opA", {}, "g"};
+        screen::MaskedField mascara{this, "mskA"};
+        screen::ListField lista{this, "cboA"};
+        screen::Grid grade{this, "FlexA"};
+    };
+    World mundo;
+    Tela tela(mundo.program);
+    mundo.contexto.CorFundo1 = u"12632256"_qs;
+    mundo.contexto.CorFrente1 = u"255"_qs;
+    AplicaCoresForm(mundo.contexto, tela);
+    EXPECT_EQ(tela.background(), 12632256);
+    EXPECT_EQ(tela.rotulo.foreground(), 255);
+    for (const screen::Field* campo :
+         std::initializer_list<screen::Field*>{&tela.rotulo, &tela.botao, &tela.texto, &tela.caixa, &tela.opcao})
+        EXPECT_EQ(campo->background(), 12632256) << campo->name().toStdString();
+    for (const screen::Field* campo :
+         std::initializer_list<screen::Field*>{&tela.botao, &tela.texto, &tela.caixa, &tela.opcao})
+        EXPECT_EQ(campo->foreground(), screen::colour::WindowText) << campo->name().toStdString();
+    for (const screen::Field* campo : std::initializer_list<screen::Field*>{&tela.mascara, &tela.lista, &tela.grade})
+        EXPECT_EQ(campo->background(), screen::colour::Free) << campo->name().toStdString();
+}
+
+TEST(AcessoDados, ClosingTheMainConnection) {
+    World mundo;
+    EXPECT_TRUE(mundo.run([&] { FechaServidor(mundo.contexto, u"SAIR"_qs); }))
+        << "without a connection nothing happens";
+    mundo.connect();
+    EXPECT_TRUE(mundo.run([&] { FechaServidor(mundo.contexto, {}); }));
+    EXPECT_EQ(mundo.contexto.ConexaoPrincipal, nullptr);
+    EXPECT_EQ(mundo.database.sent, QStringList(u"CLOSE"_qs));
+    mundo.connect();
+    EXPECT_FALSE(mundo.run([&] { FechaServidor(mundo.contexto, u"SAIR"_qs); }));
+    EXPECT_TRUE(mundo.platform.boxes.empty());
+    EXPECT_EQ(mundo.program.exitCode(), 0);
+}
+
+TEST(AcessoDados, ATransactionDiesWithTheProcess) {
+    World mundo;
+    mundo.connect();
+    mundo.database.fail(u"update"_qs, errorNumber::StatementRefused);
+    EXPECT_FALSE(mundo.run([&] {
+        mundo.contexto.principal().BeginTrans();
+        Executa(mundo.contexto, data::Statement("update pess set x=1"));
+        mundo.contexto.principal().CommitTrans();
+    }));
+    EXPECT_EQ(mundo.database.sent, QStringList({u"BEGIN"_qs, u"UPDATE PESS SET X=1"_qs, u"CLOSE"_qs}));
+    EXPECT_EQ(mundo.contexto.ConexaoPrincipal, nullptr);
+    EXPECT_EQ(mundo.program.exitCode(), 1);
+}
+
+TEST(AcessoDados, AConnectionHasNoOperationNamedRollback) {
+    World mundo;
+    mundo.connect();
+    EXPECT_EQ(errorOf([&] { mundo.contexto.principal().Invoke(u"Rollback"_qs); }), errorNumber::NoSuchMember);
+}

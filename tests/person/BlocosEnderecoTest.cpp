@@ -1,0 +1,203 @@
+#include "person/BlocosEndereco.h"
+
+#include "person/PessoasFixture.h"
+
+namespace vorta::test {
+
+using screen::Answer;
+
+namespace {
+
+/// The fields of a block, in the order in which they are copied.
+const QStringList comercial{u"txtEndereco"_qs, u"txtNumero"_qs, u"txtComplemento"_qs, u"txtBairro"_qs,
+                            u"cboCidade"_qs,   u"cboUF"_qs,     u"mskCEP"_qs,         u"cboPais_Coml"_qs};
+const QStringList entrega{u"txtEnt_Endereco"_qs, u"txtEnt_Numero"_qs, u"txtEnt_Complemento"_qs, u"txtEnt_Bairro"_qs,
+                          u"cboEnt_Cidade"_qs,   u"cboEnt_UF"_qs,     u"mskEnt_CEP"_qs,         u"cboPais_Entg"_qs};
+const QStringList cobranca{u"txtCob_Endereco"_qs, u"txtCob_Numero"_qs, u"txtCob_Complemento"_qs, u"txtCob_Bairro"_qs,
+                           u"cboCob_Cidade"_qs,   u"cboCob_UF"_qs,     u"mskCob_CEP"_qs,         u"cboPais_Cobr"_qs};
+
+struct Bloco {
+    const char* cidade;
+    const char* uf;
+    const char* pais;
+    const char* municipio;
+    const char* botaoCep;
+    const char* alvo;
+};
+
+constexpr Bloco blocos[]{
+    {"cboCidade", "cboUF", "cboPais_Coml", "lblCodMunIBGE", "cmdCEP", "COML"},
+    {"cboEnt_Cidade", "cboEnt_UF", "cboPais_Entg", "lblEnt_CodMunIBGE", "cmdCEP_Entg", "ENTG"},
+    {"cboCob_Cidade", "cboCob_UF", "cboPais_Cobr", "lblCob_CodMunIBGE", "cmdCEP_Cobr", "COBR"},
+};
+
+} // namespace
+
+class BlocosEndereco : public PessoasFixture {
+  protected:
+    screen::ListField& lista(const char* nome) {
+        return static_cast<screen::ListField&>(tela.field(QString::fromLatin1(nome)));
+    }
+
+    void preenche(const QStringList& campos, const char* marca) {
+        for (const QString& campo : campos)
+            tela.field(campo).setText(campo.startsWith(u"msk") ? u"13010-100"_qs
+                                                               : QString::fromLatin1(marca) + campo.mid(3));
+    }
+
+    QStringList textos(const QStringList& campos) {
+        QStringList lidos;
+        for (const QString& campo : campos)
+            lidos += tela.field(campo).text();
+        return lidos;
+    }
+};
+
+TEST_F(BlocosEndereco, StateListsBeginWithTheCompanysOwnStateAndABlank) {
+    database.answer(u"FROM EMPR"_qs, {{u"UF00_COML_EMPR"_qs}, {{text("SP")}}});
+    database.answer(u"FROM UF00"_qs,
+                    {{u"IDUF00"_qs, u"CODI_UF00"_qs}, {{number(1), text("AC")}, {number(2), text("SP")}}});
+    tela.cboUF.setText(u"RJ"_qs);
+    PreencheCombosUFs(tela);
+    for (const Bloco& bloco : blocos)
+        EXPECT_EQ(lista(bloco.uf).items(), (QStringList{u"SP"_qs, u"  "_qs, u"AC"_qs, u"SP"_qs}));
+    EXPECT_EQ(tela.cboUF.text(), QString());
+    EXPECT_EQ(
+        database.sent.last(),
+        u"SELECT UF00.IDUF00, UF00.CODI_UF00 FROM UF00 WHERE (UF00.DATA_DESA IS NULL) ORDER BY UF00.CODI_UF00"_qs);
+    EXPECT_EQ(database.sent.count(u"SELECT UF00_COML_EMPR FROM EMPR Where (EMPR.DATA_DESA Is Null)"_qs), 3);
+}
+
+TEST_F(BlocosEndereco, CitiesOfTheStateThatHoldWhatWasTyped) {
+    database.answer(u"SELECT * FROM MUNI_IBGE"_qs,
+                    {{u"desc_muni_ibge"_qs}, {{text("CAMPINAS")}, {text("CAMPO LIMPO")}}});
+    for (const Bloco& bloco : blocos) {
+        lista(bloco.uf).setText(u"sp"_qs);
+        lista(bloco.cidade).setText(u" camp "_qs);
+        database.sent.clear();
+        user.dropDown(lista(bloco.cidade));
+        ASSERT_GE(database.sent.size(), 1);
+        EXPECT_EQ(database.sent.last(),
+                  u"SELECT * FROM MUNI_IBGE  WHERE DATA_DESA IS NULL AND UF00_MUNI_IBGE = 'SP' AND "
+                  "(MUNI_IBGE.DESC_MUNI_IBGE LIKE '%CAMP%') ORDER BY DESC_MUNI_IBGE"_qs);
+        EXPECT_EQ(lista(bloco.cidade).items(), (QStringList{u"CAMPINAS"_qs, u"CAMPO LIMPO"_qs}));
+    }
+}
+
+TEST_F(BlocosEndereco, CountriesThatHoldWhatWasTyped) {
+    database.answer(u"FROM PAIS"_qs, {{u"nome_pais"_qs}, {{text("BRASIL")}}});
+    for (const Bloco& bloco : blocos) {
+        lista(bloco.pais).setText(u"bra"_qs);
+        user.dropDown(lista(bloco.pais));
+        EXPECT_EQ(database.sent.last(),
+                  u"SELECT NOME_PAIS FROM PAIS  WHERE DATA_DESA IS NULL AND (PAIS.NOME_PAIS LIKE '%BRA%') "
+                  "ORDER BY NOME_PAIS"_qs);
+        EXPECT_EQ(lista(bloco.pais).items(), QStringList{u"BRASIL"_qs});
+    }
+}
+
+TEST_F(BlocosEndereco, LeavingTheCitySetsTheMunicipalCodeOfItsOwnBlock) {
+    database.answer(u"DESC_MUNI_IBGE = 'CAMPINAS'"_qs, {{u"codi_muni_ibge"_qs}, {{text("3509502")}}});
+    for (const Bloco& bloco : blocos) {
+        lista(bloco.cidade).setText(u"campinas"_qs);
+        lista(bloco.uf).setText(u"sp"_qs);
+        database.sent.clear();
+        user.focus(lista(bloco.cidade));
+        user.leave(tela);
+        EXPECT_EQ(database.sent,
+                  QStringList{u"SELECT CODI_MUNI_IBGE FROM MUNI_IBGE WHERE DESC_MUNI_IBGE = 'CAMPINAS' AND "
+                              "UF00_MUNI_IBGE = 'SP'"_qs});
+        EXPECT_EQ(Texto(bloco.municipio), u"3509502"_qs);
+        lista(bloco.cidade).setText(u"lugar nenhum"_qs);
+        user.focus(lista(bloco.cidade));
+        user.leave(tela);
+        EXPECT_EQ(Texto(bloco.municipio), QString());
+    }
+}
+
+TEST_F(BlocosEndereco, SaoPauloIsLookedUpWithItsAccentAndTheFieldKeepsItsText) {
+    tela.cboCidade.setText(u"SAO PAULO"_qs);
+    tela.cboUF.setText(u"SP"_qs);
+    user.focus(tela.cboCidade);
+    user.leave(tela);
+    EXPECT_EQ(database.sent.last(),
+              u"SELECT CODI_MUNI_IBGE FROM MUNI_IBGE WHERE DESC_MUNI_IBGE = 'SÃO PAULO' AND UF00_MUNI_IBGE = 'SP'"_qs);
+    EXPECT_EQ(tela.cboCidade.text(), u"SAO PAULO"_qs);
+}
+
+TEST_F(BlocosEndereco, CopiesBetweenTheBlocks) {
+    struct Copia {
+        screen::Button& botao;
+        const QStringList& origem;
+        const QStringList& destino;
+        screen::Label& municipio;
+    };
+    preenche(comercial, "C ");
+    preenche(entrega, "E ");
+    const Copia copias[]{{tela.cmdEndEntrega, entrega, cobranca, tela.lblCob_CodMunIBGE},
+                         {tela.cmdEndComl2, comercial, cobranca, tela.lblCob_CodMunIBGE},
+                         {tela.cmdEndComl1, comercial, entrega, tela.lblEnt_CodMunIBGE}};
+    for (const Copia& copia : copias) {
+        const QStringList antes = textos(copia.destino);
+        copia.municipio.setText(u"velho"_qs);
+        platform.boxes.clear();
+        platform.willAnswer(Answer::No);
+        Clica(copia.botao);
+        EXPECT_EQ(textos(copia.destino), antes);
+        platform.willAnswer(Answer::Yes);
+        Clica(copia.botao);
+        EXPECT_EQ(textos(copia.destino), textos(copia.origem));
+        EXPECT_EQ(copia.municipio.text(), u"velho"_qs);
+        EXPECT_EQ(platform.boxes.back().text, u"Confirma Repetição do Endereço?"_qs);
+        EXPECT_EQ(platform.boxes.back().title, QString());
+        EXPECT_EQ(platform.boxes.back().buttons, screen::Buttons::YesNo);
+    }
+    tela.mskCEP.setText({});
+    platform.willAnswer(Answer::Yes);
+    Clica(tela.cmdEndComl1);
+    EXPECT_EQ(tela.mskEnt_CEP.text(), u"_____-___"_qs);
+}
+
+TEST_F(BlocosEndereco, PostalCodeButtonsTellWhichBlockAsks) {
+    class Ceps : public screen::Screen {
+      public:
+        explicit Ceps(ContextoExecucao& dono) : Screen(dono.program(), u"frmBROWSE_CEPS"_qs) {}
+    };
+    contexto.RegistraTela(u"frmBROWSE_CEPS"_qs, [](ContextoExecucao& dono) { return std::make_unique<Ceps>(dono); });
+    for (const Bloco& bloco : blocos) {
+        Clica(static_cast<screen::Button&>(tela.field(QString::fromLatin1(bloco.botaoCep))));
+        EXPECT_EQ(contexto.EnderecoAlvoCep, QString::fromLatin1(bloco.alvo));
+        EXPECT_EQ(platform.shown.last(), u"frmBROWSE_CEPS"_qs);
+    }
+}
+
+TEST_F(BlocosEndereco, CloningTheNameByItsButton) {
+    tela.txtDescricao.setText(u" Maria "_qs);
+    tela.txtNomeFantasia.setText(u"outro"_qs);
+    platform.willAnswer(Answer::No);
+    Clica(tela.cmdClonarRazaoSocial);
+    EXPECT_EQ(tela.txtNomeFantasia.text(), u"outro"_qs);
+    platform.willAnswer(Answer::Yes);
+    Clica(tela.cmdClonarRazaoSocial);
+    EXPECT_EQ(tela.txtNomeFantasia.text(), u" Maria "_qs);
+    EXPECT_EQ(platform.boxes.back().text, u"Confirma Clone: De Razao Social P/ Nome Fantasia?"_qs);
+}
+
+TEST_F(BlocosEndereco, LeavingAnEmptyTradeNameAsksInEveryState) {
+    tela.txtDescricao.setText(u" joão "_qs);
+    platform.willAnswer(Answer::No);
+    user.focus(tela.txtNomeFantasia);
+    user.leave(tela);
+    EXPECT_EQ(tela.txtNomeFantasia.text(), QString());
+    platform.willAnswer(Answer::Yes);
+    user.focus(tela.txtNomeFantasia);
+    user.leave(tela);
+    EXPECT_EQ(tela.txtNomeFantasia.text(), u"JOÃO"_qs);
+    tela.txtNomeFantasia.setText(u" casa "_qs);
+    user.focus(tela.txtNomeFantasia);
+    user.leave(tela);
+    EXPECT_EQ(tela.txtNomeFantasia.text(), u"CASA"_qs);
+    EXPECT_EQ(platform.boxes.size(), 2u);
+}
+
+} // namespace vorta::test

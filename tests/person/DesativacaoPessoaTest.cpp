@@ -1,0 +1,118 @@
+#include "person/PessoasFixture.h"
+
+/// Deactivation and reactivation of a person.
+namespace vorta::test {
+
+namespace {
+
+using screen::Answer;
+
+class PersonState : public PessoasFixture {
+  protected:
+    PersonState() {
+        tela.txtRowID.setText(QStringLiteral("5"));
+        tela.txtDescricao.setText(QStringLiteral("AURORA"));
+        contexto.VinculoAtual = QStringLiteral("N");
+    }
+    bool limpa() const { return tela.txtRowID.text().isEmpty() && tela.txtDescricao.text().isEmpty(); }
+    void desativada() { tela.txtDTDesativa.setText(QStringLiteral("01/02/2026")); }
+    const screen::Box& caixa() const { return platform.boxes.back(); }
+};
+
+TEST_F(PersonState, DeactivatesAPersonWithoutLinks) {
+    platform.willAnswer(Answer::Yes);
+    user.click(tela.cmdEXCLUIR);
+    EXPECT_EQ(database.sent.first(5),
+              (QStringList{"SELECT IDCLIE FROM CLIE WHERE IDPESS = 5 AND DATA_DESA IS NULL",
+                           "SELECT IDTRPT FROM TRPT WHERE IDPESS = 5 AND DATA_DESA IS NULL",
+                           "SELECT IDVEND FROM VEND WHERE IDPESS = 5 AND DATA_DESA IS NULL",
+                           "SELECT IDFORN FROM FORN WHERE IDPESS = 5 AND DATA_DESA IS NULL",
+                           "UPDATE PESS SET USER_DESA='12', DATA_DESA='20261120' WHERE (IDPESS=5)"}));
+    EXPECT_EQ(caixa().text, u"Deseja realmente Desativar?");
+    EXPECT_EQ(platform.boxes.size(), 1u) << "success has no message";
+    EXPECT_TRUE(limpa());
+    EXPECT_FALSE(database.sent.contains(QStringLiteral("BEGIN")));
+}
+
+TEST_F(PersonState, FourLinksHoldAPersonAndThreeDoNot) {
+    struct Caso {
+        const char* tabela;
+        const char* chave;
+        bool segura;
+    };
+    for (const Caso& caso : {Caso{"CLIE", "IDCLIE", true}, Caso{"TRPT", "IDTRPT", true}, Caso{"VEND", "IDVEND", true},
+                             Caso{"FORN", "IDFORN", true}, Caso{"MOTO", "IDMOTO", false}, Caso{"ARQT", "IDARQT", false},
+                             Caso{"DECO", "IDDECO", false}}) {
+        PersonState::database.writes.clear();
+        tela.txtRowID.setText(QStringLiteral("5"));
+        const QString consulta = QStringLiteral("FROM %1 WHERE IDPESS").arg(QLatin1StringView(caso.tabela));
+        database.answer(consulta, {{QString::fromLatin1(caso.chave)}, {{test::number(9)}}});
+        platform.willAnswer(Answer::Yes);
+        user.click(tela.cmdEXCLUIR);
+        database.answer(consulta, {{QString::fromLatin1(caso.chave)}, {}});
+        EXPECT_EQ(database.writes.isEmpty(), caso.segura) << caso.tabela;
+        EXPECT_EQ(tela.txtRowID.text().isEmpty(), !caso.segura) << caso.tabela;
+        if (!caso.segura)
+            continue;
+        EXPECT_EQ(caixa().text,
+                  u"Atenção!!!\nExistem Vinculos com essa 'Pessoa'\nDesfaça os vinculos antes de desativar");
+        EXPECT_EQ(caixa().icon, screen::Icon::Critical);
+        EXPECT_EQ(caixa().title, ContextoExecucao::Titulo());
+    }
+}
+
+TEST_F(PersonState, NoClearsTheScreen) {
+    platform.willAnswer(Answer::No);
+    user.click(tela.cmdEXCLUIR);
+    EXPECT_TRUE(limpa());
+    tela.txtRowID.setText(QStringLiteral("5"));
+    desativada();
+    platform.willAnswer(Answer::No);
+    user.click(tela.cmdReativar);
+    EXPECT_TRUE(limpa());
+    EXPECT_TRUE(database.writes.isEmpty());
+}
+
+TEST_F(PersonState, RefusesWhatIsSoAlready) {
+    user.click(tela.cmdReativar);
+    EXPECT_EQ(caixa().text, u"Impossibilidade de Executar o Comando!\nO Registro Já está como Ativo.");
+    EXPECT_TRUE(limpa());
+    tela.txtRowID.setText(QStringLiteral("5"));
+    desativada();
+    user.click(tela.cmdEXCLUIR);
+    EXPECT_EQ(caixa().text, u"Impossibilidade de Executar o Comando!\nO Registro Já está como Desativado.");
+    EXPECT_TRUE(limpa());
+    EXPECT_TRUE(database.writes.isEmpty());
+}
+
+TEST_F(PersonState, NeedsAPerson) {
+    tela.txtRowID.setText(QStringLiteral("  "));
+    user.click(tela.cmdEXCLUIR);
+    EXPECT_EQ(caixa().text, u"Selecione Um Registro Para Executar esta Operação!");
+    user.click(tela.cmdReativar);
+    EXPECT_EQ(caixa().text, u"Selecione Um Registro Para Executar esta Operação!");
+    EXPECT_EQ(tela.txtDescricao.text(), u"AURORA");
+}
+
+TEST_F(PersonState, ReactivatesAndOverwritesTheInclusion) {
+    desativada();
+    platform.willAnswer(Answer::Yes);
+    user.click(tela.cmdReativar);
+    EXPECT_EQ(caixa().text, u"Deseja realmente Reativar Este Registro ?");
+    EXPECT_EQ(database.writes, QStringList{"UPDATE PESS SET USER_DESA=NULL, DATA_DESA=NULL, USER_INCL='12', "
+                                           "DATA_INCL='20261120' WHERE (IDPESS=5)"});
+    EXPECT_TRUE(limpa());
+}
+
+TEST_F(PersonState, AFailingStatementEndsTheProgram) {
+    database.fail(QStringLiteral("UPDATE PESS"), errorNumber::StatementRefused);
+    platform.willAnswer(Answer::Yes);
+    user.click(tela.cmdEXCLUIR);
+    ASSERT_TRUE(program.failure());
+    EXPECT_EQ(program.failure()->number(), errorNumber::StatementRefused);
+    EXPECT_EQ(database.sent.last(), u"CLOSE");
+}
+
+} // namespace
+
+} // namespace vorta::test

@@ -1,0 +1,67 @@
+#include "robot/Run.h"
+
+#include "robot/Player.h"
+
+#include <QDir>
+#include <csignal>
+#include <gtest/gtest.h>
+
+namespace vorta::robot {
+
+namespace {
+
+/// Plays scenarios named by their files and gives what was printed, with the exit status in front.
+QString Printed(const QStringList& files, const PlayOne& play) {
+    std::vector<Scenario> scenarios;
+    for (const QString& file : files)
+        scenarios.push_back({file, {}});
+    testing::internal::CaptureStdout();
+    const int status = RunAll(scenarios, play);
+    return QString::number(status) + u'\n' + QString::fromStdString(testing::internal::GetCapturedStdout());
+}
+
+const QString a = QStringLiteral("a.roteiro");
+const QString b = QStringLiteral("b.roteiro");
+
+} // namespace
+
+TEST(ARun, printsALineForEachFileAndTheirNumbers) {
+    const PlayOne play = [](const Scenario& scenario, const QString&, const auto&) -> std::optional<Verdict> {
+        if (scenario.file == a)
+            return {};
+        return Verdict{7, QStringLiteral("expected 1,\nwas ç")};
+    };
+    EXPECT_EQ(Printed({a, b}, play),
+              QStringLiteral("1\nok a.roteiro\nnot ok b.roteiro:7: expected 1, was ç\n1 passed, 1 failed\n"));
+    EXPECT_EQ(Printed({a}, play), QStringLiteral("0\nok a.roteiro\n1 passed, 0 failed\n"));
+}
+
+TEST(ARun, givesEveryScenarioAFolderOfItsOwn) {
+    const PlayOne play = [](const Scenario&, const QString& copy, const auto&) -> std::optional<Verdict> {
+        if (!QDir(copy).isEmpty() || !QDir(copy).mkdir(QStringLiteral("used")))
+            return Verdict{1, QStringLiteral("not empty")};
+        return {};
+    };
+    EXPECT_EQ(Printed({a, b}, play), QStringLiteral("0\nok a.roteiro\nok b.roteiro\n2 passed, 0 failed\n"));
+}
+
+TEST(ARun, goesOnBehindAScenarioThatCrashes) {
+    const PlayOne play = [](const Scenario& scenario, const QString&, const auto& atLine) -> std::optional<Verdict> {
+        atLine(3);
+        if (scenario.file == a)
+            std::raise(SIGKILL);
+        return {};
+    };
+    EXPECT_EQ(Printed({a, b}, play),
+              QStringLiteral("1\nnot ok a.roteiro:3: expected a running program, it crashed with "
+                             "signal 9\nok b.roteiro\n1 passed, 1 failed\n"));
+}
+
+TEST(ARun, failsAScenarioWhoseInstallationCannotBeUsed) {
+    const PlayOne play = [](const Scenario&, const QString&, const auto&) -> std::optional<Verdict> {
+        throw Failure{QStringLiteral("holds no installation")};
+    };
+    EXPECT_EQ(Printed({a}, play), QStringLiteral("1\nnot ok a.roteiro:0: holds no installation\n0 passed, 1 failed\n"));
+}
+
+} // namespace vorta::robot

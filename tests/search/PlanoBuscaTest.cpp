@@ -1,0 +1,143 @@
+#include "firebird/Client.h"
+#include "firebird/EmbeddedEngine.h"
+#include "firebird/FirebirdAdapter.h"
+#include "kit/Ddl.h"
+#include "search/BuscaTest.h"
+#include "search/ConsultaPessoas.h"
+
+#include <QTemporaryDir>
+
+namespace vorta::test {
+
+namespace {
+
+using Tela = frmBROWSE_PESSOAS;
+using Opcao = screen::Option Tela::*;
+
+data::Statement comoTexto(const QString& texto) {
+    data::Statement comando;
+    comando += texto;
+    return comando;
+}
+
+/// Collects the texts of one column.
+class Colunas : public data::RowSink {
+  public:
+    void columns(const QStringList&) override {}
+    void beginRow() override {}
+    void null() override {}
+    void integer(qint64) override {}
+    void decimal(data::Decimal) override {}
+    void text(std::string_view utf8) override { textos += QString::fromUtf8(utf8.data(), utf8.size()).trimmed(); }
+    void date(const QDateTime&) override {}
+    void endRow() override {}
+
+    QStringList textos;
+};
+
+} // namespace
+
+/// The searches that begin with a text or compare a whole field must find their rows by an index, on the tables as an
+/// installation has them.
+class PlanoBusca : public BuscaTest {
+  protected:
+    static void SetUpTestSuite() {
+        pasta = std::make_unique<QTemporaryDir>();
+        firebird::PrepareEmbeddedEngine(pasta->path());
+        firebird::CreateDatabase(arquivo());
+        motor = firebird::MakeFirebirdAdapter();
+        motor->open(arquivo(), 10);
+        for (const QString& comando : kit::TableStatements(data::Engine::Firebird, kit::Base::Main))
+            motor->execute(comoTexto(comando));
+        motor->execute(comoTexto(u"execute block as declare i integer = 0; begin while (i < 5000) do begin insert into "
+                                 u"pess (idpess, nome_pess, nome_conh, "
+                                 "cpf0_cnpj, pess_codi_exte, cida_coml_pess, uf00_coml_pess, data_desa) values (:i, "
+                                 "'NOME ' || mod(:i * 7919, 5000), 'CONH ' "
+                                 "|| :i, :i, :i, 'CIDADE ' || mod(:i, 90), 'U' || mod(:i, 27), iif(mod(:i, 20) = 0, "
+                                 "date '2020-01-01', null)); i = i + 1; "
+                                 "end end"_qs));
+        for (const QString& comando : kit::IndexStatements(data::Engine::Firebird, kit::Base::Main))
+            motor->execute(comoTexto(comando));
+    }
+
+    static void TearDownTestSuite() {
+        motor.reset();
+        pasta.reset();
+    }
+
+    static QString arquivo() { return pasta->filePath(QStringLiteral("plano.fdb")); }
+
+    /// The statement that the screen sends for that way of searching.
+    QString consulta(Opcao forma, Opcao conteudo, const char* texto) {
+        QString enviada;
+        abre<Tela>("frmBROWSE_PESSOAS", [&](Tela& tela) {
+            (tela.*forma).setValue(true);
+            (tela.*conteudo).setValue(true);
+            tela.cboCod.setText(QString::fromUtf8(texto));
+            esquece();
+            user.click(tela.cmdPesquisa);
+            enviada = database.sent.value(0);
+        });
+        return enviada;
+    }
+
+    static QString plano(const QString& comando) {
+        firebird::Status status;
+        firebird::Handle<Firebird::IAttachment> base = firebird::Attach(arquivo(), 10);
+        firebird::Handle<Firebird::ITransaction> leitura(base->startTransaction(&status, 0, nullptr));
+        const QByteArray bytes = comando.toUtf8();
+        firebird::Handle<Firebird::IStatement> preparado(
+            base->prepare(&status, leitura.get(), static_cast<unsigned>(bytes.size()), bytes.constData(),
+                          SQL_DIALECT_V6, Firebird::IStatement::PREPARE_PREFETCH_LEGACY_PLAN));
+        const QString texto = QString::fromUtf8(preparado->getPlan(&status, false));
+        firebird::EndWith(preparado, [&](auto* aberto) { aberto->free(&status); });
+        firebird::EndWith(leitura, [&](auto* aberta) { aberta->commit(&status); });
+        firebird::EndWith(base, [&](auto* aberta) { aberta->detach(&status); });
+        return texto.trimmed();
+    }
+
+    static QString indiceDe(const char* coluna) {
+        Colunas achados;
+        motor->query(
+            comoTexto(u"select s.rdb$index_name from rdb$index_segments s join rdb$indices i on i.rdb$index_name = "
+                      "s.rdb$index_name where i.rdb$relation_name = 'PESS' and s.rdb$field_name = '"_qs +
+                      QString::fromLatin1(coluna) + u'\''),
+            achados);
+        return achados.textos.value(0);
+    }
+
+    static inline std::unique_ptr<QTemporaryDir> pasta;
+    static inline std::unique_ptr<data::Adapter> motor;
+};
+
+TEST_F(PlanoBusca, BeginningAndWholeFieldUseTheIndex) {
+    struct Caso {
+        Opcao forma;
+        Opcao conteudo;
+        const char* texto;
+        const char* coluna;
+    };
+    const Caso casos[]{
+        {&Tela::opNome, &Tela::opInicialCom, "nome 12", "NOME_PESS"},
+        {&Tela::opNome, &Tela::opCampoInteiro, "nome 12", "NOME_PESS"},
+        {&Tela::opFantasia, &Tela::opInicialCom, "conh 12", "NOME_CONH"},
+        {&Tela::opFantasia, &Tela::opCampoInteiro, "conh 12", "NOME_CONH"},
+        {&Tela::opCPFCNPJ, &Tela::opQualquerParte, "123", "CPF0_CNPJ"},
+        {&Tela::opUF, &Tela::opQualquerParte, "U7", "UF00_COML_PESS"},
+    };
+    for (const Caso& caso : casos) {
+        const QString comando = consulta(caso.forma, caso.conteudo, caso.texto);
+        const QString indice = indiceDe(caso.coluna);
+        const QString usado = plano(comando);
+        ASSERT_FALSE(indice.isEmpty()) << caso.coluna;
+        EXPECT_TRUE(usado.contains(indice)) << comando.toStdString() << "\n" << usado.toStdString();
+        EXPECT_FALSE(usado.contains(u"NATURAL")) << usado.toStdString();
+    }
+}
+
+TEST_F(PlanoBusca, ATextAnywhereWalksTheIndexOfItsOrder) {
+    const QString usado = plano(consulta(&Tela::opNome, &Tela::opQualquerParte, "nome"));
+    EXPECT_TRUE(usado.contains(u"ORDER "_qs + indiceDe("NOME_PESS"))) << usado.toStdString();
+}
+
+} // namespace vorta::test
