@@ -160,17 +160,21 @@ class DesktopHands : public robot::Hands {
 
     void hide(screen::Screen& screen) override {
         std::erase_if(windows_, [&](const auto& window) { return &window->binder().screen() == &screen; });
+        activate();
     }
 
     screen::Answer answer(const screen::Box& box, screen::Answer prepared) override {
         settle();
-        const auto shown = MakeMessageBox(box, windows_.empty() ? nullptr : windows_.back().get());
+        auto shown = MakeMessageBox(box, windows_.empty() ? nullptr : windows_.back().get());
         shown->open();
         if (QAbstractButton* button = ButtonOf(*shown, prepared))
             press(*button, button->rect().center());
         else
             shown->reject();
-        return AnswerOf(*shown);
+        const screen::Answer given = AnswerOf(*shown);
+        shown.reset();
+        activate();
+        return given;
     }
 
     /// By the keyboard's way, as a click would do more to a button or a cell.
@@ -301,6 +305,13 @@ class DesktopHands : public robot::Hands {
     void settle() {
         for (const auto& window : windows_)
             window->binder().flush();
+        QCoreApplication::processEvents();
+    }
+
+    /// The topmost window is the active one again, as a window manager would have it: only there a move of the focus is an event.
+    void activate() {
+        if (!windows_.empty())
+            windows_.back()->activateWindow();
         QCoreApplication::processEvents();
     }
 
