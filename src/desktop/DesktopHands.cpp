@@ -241,7 +241,8 @@ class DesktopHands : public robot::Hands {
             QStyleOptionComboBox option;
             option.initFrom(combo);
             option.editable = true;
-            const QRect arrow = combo->style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, combo);
+            const QRect arrow =
+                combo->style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, combo);
             press(*combo, arrow.center());
         }
         settle();
@@ -322,7 +323,9 @@ class DesktopHands : public robot::Hands {
         return nullptr;
     }
 
-    bool isThere(const Field& field) const { return window(field.screen()) && window(field.screen())->binder().isOpen(); }
+    bool isThere(const Field& field) const {
+        return window(field.screen()) && window(field.screen())->binder().isOpen();
+    }
 
     QWidget* widgetOf(const Field& field) const {
         ScreenWindow* shown = window(field.screen());
