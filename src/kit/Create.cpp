@@ -1,0 +1,139 @@
+#include "kit/Create.h"
+
+#include "base/RuntimeError.h"
+#include "firebird/EmbeddedEngine.h"
+#include "kit/ConfigFiles.h"
+#include "kit/Ddl.h"
+#include "kit/Demonstration.h"
+
+#include "kit/Loader.h"
+#include "kit/Pictures.h"
+#include "kit/PostalCodes.h"
+#include "kit/Reference.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace vorta::kit {
+
+namespace {
+
+constexpr int alreadyThere = 58;
+constexpr int pathRefused = 75;
+
+void refuseExisting(const Layout& layout) {
+    for (const QString& taken : {layout.home + QStringLiteral("/config"), layout.home + QStringLiteral("/base"),
+                                 layout.home + QStringLiteral("/imagens")})
+        if (QFile::exists(taken))
+            throw RuntimeError(alreadyThere,
+                               QStringLiteral("Já existe uma instalação em %1; nada foi alterado").arg(layout.home));
+    if (layout.home.contains(u'^') || layout.home.contains(u';') || layout.home.contains(u'='))
+        throw RuntimeError(pathRefused,
+                           QStringLiteral("O caminho %1 não pode conter os caracteres ^ ; =").arg(layout.home));
+}
+
+void makeFolder(const QString& path) {
+    if (!QDir().mkpath(path))
+        throw RuntimeError(pathRefused, QStringLiteral("Não foi possível criar a pasta %1").arg(path));
+}
+
+void writePicture(const QString& path, const QByteArray& bitmap) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bitmap) != bitmap.size())
+        throw RuntimeError(pathRefused, QStringLiteral("Não foi possível gravar %1: %2").arg(path, file.errorString()));
+}
+
+/// Folders that a failed creation takes away again.
+class Undo {
+  public:
+    explicit Undo(const Layout& layout) : layout_(layout) {}
+    ~Undo() {
+        if (!done_)
+            for (const char* folder : {"config", "base", "imagens", "paginas"})
+                QDir(layout_.home + u'/' + QLatin1StringView(folder)).removeRecursively();
+    }
+    void done() { done_ = true; }
+
+  private:
+    const Layout& layout_;
+    bool done_ = false;
+};
+
+void define(Loader& loader, const QStringList& statements) {
+    for (const QString& statement : statements)
+        loader.run(statement);
+    loader.commit();
+}
+
+/// A new base is filled without waiting for the disk at each page; a creation that breaks off is thrown away as a
+/// whole.
+void createEmpty(const QString& file, Base base) {
+    firebird::DatabaseOptions options;
+    options.forcedWrites = false;
+    firebird::CreateDatabase(file, options);
+    Loader loader(file);
+    define(loader, TableStatements(data::Engine::Firebird, base));
+}
+
+void copyBase(const QString& from, const QString& to) {
+    if (!QFile::copy(from, to))
+        throw RuntimeError(pathRefused, QStringLiteral("Não foi possível gravar %1").arg(to));
+}
+
+void finish(const QString& file, Base base) {
+    {
+        Loader loader(file);
+        define(loader, IndexStatements(data::Engine::Firebird, base));
+    }
+    firebird::SetForcedWrites(file, true);
+}
+
+void createMainBases(const Layout& layout, const Contents& contents, const Progress& progress) {
+    const QString production = layout.base(Environments().front().base);
+    createEmpty(production, Base::Main);
+    {
+        Loader loader(production);
+        LoadReferenceData(loader);
+        loader.commit();
+    }
+    for (const Environment& environment : Environments().sliced(1)) {
+        copyBase(production, layout.base(environment.base));
+        finish(layout.base(environment.base), Base::Main);
+    }
+
+    LoadDemonstration(layout, production, contents, progress);
+    if (progress)
+        progress(QStringLiteral("índices"), 0, 0);
+    finish(production, Base::Main);
+}
+
+void createPostalCodeBase(const Layout& layout) {
+    const QString file = layout.base(PostalCodeBase());
+    createEmpty(file, Base::PostalCode);
+    {
+        Loader loader(file);
+        LoadPostalCodes(loader, SampleStreets());
+        loader.commit();
+    }
+    finish(file, Base::PostalCode);
+}
+
+} // namespace
+
+void CreateInstallation(const QString& home, const Contents& contents, const Progress& progress) {
+    const Layout layout(home);
+    refuseExisting(layout);
+    Undo undo(layout);
+    for (const QString& folder :
+         {layout.config({}), layout.bases(), layout.images(), layout.largeImages(), layout.pages()})
+        makeFolder(folder);
+    writePicture(layout.images() + LinkedPicture(), LinkedBitmap());
+    writePicture(layout.images() + UnlinkedPicture(), UnlinkedBitmap());
+    writePicture(layout.images() + NoPhotoPicture(), NoPhotoBitmap());
+    createMainBases(layout, contents, progress);
+    createPostalCodeBase(layout);
+    WriteConfigFiles(layout); // last: an installation is one from the moment that it can be opened
+    undo.done();
+}
+
+} // namespace vorta::kit

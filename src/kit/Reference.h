@@ -1,0 +1,21 @@
+#pragma once
+
+#include "kit/Loader.h"
+
+/// The reference data that comes with the program: plain tables that a person can read (share/*.tsv), one file per
+/// table of the base.
+namespace vorta::kit {
+
+/// One such table: its columns as the first line names them, and its rows.
+struct ReferenceTable {
+    QStringList columns;
+    std::vector<QStringList> rows;
+};
+/// Reads the table of that name out of the program itself; 53 when it has none.
+ReferenceTable ReadReference(const QString& name);
+
+/// Fills the reference tables of a main base, its one company and its one user. Keys count from 1 in the order of the
+/// lines.
+void LoadReferenceData(Loader& loader);
+
+} // namespace vorta::kit
