@@ -18,7 +18,7 @@ using screen::Key;
 constexpr int backspaceCode = 8;
 constexpr int noLimit = 32767;
 constexpr int widestFixed = 22; ///< a longer limit says nothing about the room that a text wants
-constexpr int leastShown = 18;
+constexpr int leastShown = 14;
 
 /// The characters that an input is drawn for: what the form says, else its mask or its maximum length; 0 for as wide as
 /// there is room.
@@ -41,7 +41,8 @@ LineBinding::LineBinding(Binder& binder, screen::Field& field, QWidget& widget, 
     if (&edit != &widget)
         edit.installEventFilter(this);
     if (const int characters = charactersOf(field, widget); characters > 0) {
-        edit.setMinimumWidth(widthOf(edit, std::min(characters, leastShown)));
+        const bool masked = field.kind() == screen::FieldKind::Masked;
+        edit.setMinimumWidth(widthOf(edit, masked ? characters : std::min(characters, leastShown)));
         widget.setMaximumWidth(widthOf(edit, characters + 1) +
                                (&edit == &widget ? 0 : edit.fontMetrics().height() * 2));
     }
