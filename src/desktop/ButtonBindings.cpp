@@ -41,9 +41,9 @@ void PictureBinding::refresh() {
 }
 
 void PictureBinding::fit() {
-    label_.setPixmap(picture_.isNull()
-                         ? QPixmap()
-                         : picture_.scaled(label_.contentsRect().size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    label_.setPixmap(picture_.isNull() ? QPixmap()
+                                       : picture_.scaled(label_.contentsRect().size(), Qt::KeepAspectRatio,
+                                                         Qt::SmoothTransformation));
 }
 
 bool PictureBinding::eventFilter(QObject* watched, QEvent* event) {

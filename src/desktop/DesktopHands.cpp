@@ -160,20 +160,20 @@ class DesktopHands : public robot::Hands {
 
     void hide(screen::Screen& screen) override {
         std::erase_if(windows_, [&](const auto& window) { return &window->binder().screen() == &screen; });
-        wakeTopmost();
+        activate();
     }
 
     screen::Answer answer(const screen::Box& box, screen::Answer prepared) override {
         settle();
-        const auto shown = MakeMessageBox(box, windows_.empty() ? nullptr : windows_.back().get());
+        auto shown = MakeMessageBox(box, windows_.empty() ? nullptr : windows_.back().get());
         shown->open();
         if (QAbstractButton* button = ButtonOf(*shown, prepared))
             press(*button, button->rect().center());
         else
             shown->reject();
         const screen::Answer given = AnswerOf(*shown);
-        shown->hide();
-        wakeTopmost();
+        shown.reset();
+        activate();
         return given;
     }
 
@@ -241,7 +241,8 @@ class DesktopHands : public robot::Hands {
             QStyleOptionComboBox option;
             option.initFrom(combo);
             option.editable = true;
-            const QRect arrow = combo->style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, combo);
+            const QRect arrow =
+                combo->style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, combo);
             press(*combo, arrow.center());
         }
         settle();
@@ -301,17 +302,17 @@ class DesktopHands : public robot::Hands {
         return std::make_unique<DesktopApplication>(count, arguments);
     }
 
-    /// A window system gives the keyboard back to the window below one that goes; the offscreen one has to be asked.
-    void wakeTopmost() {
-        if (!windows_.empty())
-            windows_.back()->activateWindow();
-        QCoreApplication::processEvents();
-    }
-
     /// Lets the windows catch up with all that has happened.
     void settle() {
         for (const auto& window : windows_)
             window->binder().flush();
+        QCoreApplication::processEvents();
+    }
+
+    /// The topmost window is the active one again, as a window manager would have it: only there a move of the focus is an event.
+    void activate() {
+        if (!windows_.empty())
+            windows_.back()->activateWindow();
         QCoreApplication::processEvents();
     }
 
@@ -322,7 +323,9 @@ class DesktopHands : public robot::Hands {
         return nullptr;
     }
 
-    bool isThere(const Field& field) const { return window(field.screen()) && window(field.screen())->binder().isOpen(); }
+    bool isThere(const Field& field) const {
+        return window(field.screen()) && window(field.screen())->binder().isOpen();
+    }
 
     QWidget* widgetOf(const Field& field) const {
         ScreenWindow* shown = window(field.screen());

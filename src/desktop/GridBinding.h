@@ -22,6 +22,7 @@ class GridBinding : public Binding {
     void fitColumns();
     void showRow();
     void showTop();
+    int firstShown() const; ///< the first column that is not hidden
     void rowReached(int row);
 
     screen::Grid& grid_;

@@ -1,6 +1,6 @@
+#include "desktop/Forms.h"
 #include "app/Register.h"
 #include "desktop/Binder.h"
-#include "desktop/Forms.h"
 #include "support/TestPlatform.h"
 
 #include <QAbstractButton>
@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QTabBar>
 #include <QTabWidget>
 #include <gtest/gtest.h>
 
@@ -15,14 +16,19 @@ namespace vorta::test {
 
 namespace {
 
+/// A part that Qt has made for a widget of the form.
+bool isInner(const QWidget& widget) {
+    const QWidget* parent = widget.parentWidget();
+    return widget.objectName().isEmpty() || widget.objectName().startsWith(u"qt_") ||
+           qobject_cast<const QComboBox*>(parent) || qobject_cast<const QTabBar*>(parent);
+}
+
 /// True for a widget that is there to take input, and was given its name on the form.
 bool isNamedInput(const QWidget& widget) {
     const bool input = qobject_cast<const QLineEdit*>(&widget) || qobject_cast<const QComboBox*>(&widget) ||
                        qobject_cast<const QPlainTextEdit*>(&widget) || qobject_cast<const QAbstractButton*>(&widget) ||
                        qobject_cast<const QAbstractItemView*>(&widget) || qobject_cast<const QTabWidget*>(&widget);
-    const bool inner = widget.objectName().isEmpty() || widget.objectName().startsWith(u"qt_") ||
-                       (widget.parentWidget() && qobject_cast<const QComboBox*>(widget.parentWidget()));
-    return input && !inner;
+    return input && !isInner(widget);
 }
 
 std::string plain(const QString& text) {
@@ -31,9 +37,11 @@ std::string plain(const QString& text) {
 
 } // namespace
 
-class FormTest : public testing::TestWithParam<QString> {
+class FormTest : public testing::TestWithParam<std::string> {
   protected:
-    FormTest() : tela(registro.context().Tela(GetParam())) { desktop::SetUpForm(GetParam(), form); }
+    FormTest() : tela(registro.context().Tela(QString::fromStdString(GetParam()))) {
+        desktop::SetUpForm(tela.name(), form);
+    }
 
     TestPlatform platform;
     Register registro{platform};
@@ -43,21 +51,24 @@ class FormTest : public testing::TestWithParam<QString> {
 
 TEST_P(FormTest, EveryFieldHasItsWidget) {
     for (const screen::Field* field : tela.fields())
-        EXPECT_TRUE(form.findChild<QWidget*>(field->name())) << plain(field->name());
+        EXPECT_TRUE(form.findChild<QWidget*>(desktop::WidgetName(field->name()))) << plain(field->name());
     // A widget that cannot show its field's kind is refused here.
     EXPECT_NO_THROW(desktop::Binder(tela, registro.user(), form, form));
 }
 
 TEST_P(FormTest, EveryNamedInputHasItsField) {
+    QSet<QString> names;
+    for (const screen::Field* field : tela.fields())
+        names += desktop::WidgetName(field->name());
     for (const QWidget* widget : form.findChildren<QWidget*>())
         if (isNamedInput(*widget))
-            EXPECT_TRUE(tela.findField(widget->objectName())) << plain(widget->objectName());
+            EXPECT_TRUE(names.contains(widget->objectName())) << plain(widget->objectName());
 }
 
 TEST_P(FormTest, NoNameStandsTwice) {
     QSet<QString> seen;
     for (const QWidget* widget : form.findChildren<QWidget*>()) {
-        if (widget->objectName().isEmpty() || widget->objectName().startsWith(u"qt_"))
+        if (isInner(*widget))
             continue;
         EXPECT_FALSE(seen.contains(widget->objectName())) << plain(widget->objectName());
         seen += widget->objectName();
@@ -68,7 +79,7 @@ TEST_P(FormTest, TabOrderIsThatOfTheScreen) {
     QStringList wanted;
     for (const screen::Field* field : tela.fields())
         if (field->takesFocus())
-            wanted += field->name();
+            wanted += desktop::WidgetName(field->name());
     QStringList found;
     for (const QWidget* widget = form.nextInFocusChain(); widget != &form; widget = widget->nextInFocusChain())
         if (wanted.contains(widget->objectName()))
@@ -94,7 +105,7 @@ TEST_P(FormTest, TabsCarryTheCaptionsOfTheScreen) {
 /// The page on which a form puts a widget is the page that the screen brings to the front for it.
 TEST_P(FormTest, FieldsStandOnTheirPages) {
     for (const screen::Field* field : tela.fields()) {
-        const auto* widget = form.findChild<QWidget*>(field->name());
+        const auto* widget = form.findChild<QWidget*>(desktop::WidgetName(field->name()));
         const QTabWidget* tabs = nullptr;
         int page = 0;
         for (const QWidget* child = widget; child && child->parentWidget() && !tabs; child = child->parentWidget())
@@ -102,7 +113,8 @@ TEST_P(FormTest, FieldsStandOnTheirPages) {
                 tabs = around;
                 page = around->indexOf(const_cast<QWidget*>(child));
             }
-        EXPECT_EQ(plain(field->strip() ? field->strip()->name() : QString()), plain(tabs ? tabs->objectName() : QString()))
+        EXPECT_EQ(plain(field->strip() ? field->strip()->name() : QString()),
+                  plain(tabs ? tabs->objectName() : QString()))
             << plain(field->name());
         if (tabs && field->strip())
             EXPECT_EQ(field->page(), page) << plain(field->name());
@@ -116,10 +128,17 @@ QStringList registeredScreens() {
     return Register(platform).context().NomesTelas();
 }
 
+std::vector<std::string> screenNames() {
+    std::vector<std::string> names;
+    for (const QString& name : registeredScreens())
+        names.push_back(plain(name));
+    return names;
+}
+
 } // namespace
 
-INSTANTIATE_TEST_SUITE_P(Screens, FormTest, testing::ValuesIn(registeredScreens()),
-                         [](const auto& screenName) { return screenName.param.toStdString(); });
+INSTANTIATE_TEST_SUITE_P(Screens, FormTest, testing::ValuesIn(screenNames()),
+                         [](const auto& screenName) { return screenName.param; });
 
 TEST(Forms, EveryFormHasItsScreen) {
     QStringList forms = desktop::FormNames();

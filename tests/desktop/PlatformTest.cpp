@@ -62,16 +62,16 @@ TEST(MessageBox, SpeaksPortugueseInTheOrderOfTheTexts) {
 }
 
 TEST(MessageBox, KeepsATitleAndAnIcon) {
-    const auto shown = desktop::MakeMessageBox({QStringLiteral("x"), QStringLiteral("Inclusão"), Icon::Information}, nullptr);
+    const auto shown =
+        desktop::MakeMessageBox({QStringLiteral("x"), QStringLiteral("Inclusão"), Icon::Information}, nullptr);
     EXPECT_EQ(shown->windowTitle(), u"Inclusão");
     EXPECT_EQ(shown->icon(), QMessageBox::Information);
     EXPECT_EQ(captionsFromLeft(*shown), QStringList({"OK"}));
 }
 
 TEST(MessageBox, EscapeGivesTheAnswerThatChangesLeast) {
-    for (const auto& [buttons, wanted] : {std::pair{Buttons::OK, Answer::OK},
-                                          {Buttons::YesNo, Answer::No},
-                                          {Buttons::YesNoCancel, Answer::Cancel}}) {
+    for (const auto& [buttons, wanted] :
+         {std::pair{Buttons::OK, Answer::OK}, {Buttons::YesNo, Answer::No}, {Buttons::YesNoCancel, Answer::Cancel}}) {
         const auto shown = desktop::MakeMessageBox({QStringLiteral("?"), {}, Icon::None, buttons}, nullptr);
         later([&] { QTest::keyClick(shown.get(), Qt::Key_Escape); });
         shown->exec();
@@ -81,7 +81,8 @@ TEST(MessageBox, EscapeGivesTheAnswerThatChangesLeast) {
 
 TEST(MessageBox, EveryButtonGivesItsAnswer) {
     for (const Answer answer : {Answer::Yes, Answer::No, Answer::Cancel}) {
-        const auto shown = desktop::MakeMessageBox({QStringLiteral("?"), {}, Icon::None, Buttons::YesNoCancel}, nullptr);
+        const auto shown =
+            desktop::MakeMessageBox({QStringLiteral("?"), {}, Icon::None, Buttons::YesNoCancel}, nullptr);
         later([&] { QTest::mouseClick(desktop::ButtonOf(*shown, answer), Qt::LeftButton); });
         shown->exec();
         EXPECT_EQ(desktop::AnswerOf(*shown), answer);

@@ -84,6 +84,7 @@ class SampleWindow : public testing::Test {
         layout->addWidget(named(ativo = new QCheckBox, "chkAtivo"));
         layout->addWidget(named(grade = new QTableView, "Flex"));
         layout->addWidget(named(foto = new QLabel, "imgFoto"));
+        foto->setMinimumSize(32, 32);
         layout->addWidget(named(salvar = new QPushButton, "cmdSALVAR"));
         platform.whenShown(tela.name(), [this](screen::Screen&) { body_(); });
     }
