@@ -2,6 +2,7 @@
 
 #include "desktop/Binding.h"
 #include "desktop/Colours.h"
+#include "desktop/Forms.h"
 #include "screen/Program.h"
 
 #include <QCoreApplication>
@@ -16,7 +17,7 @@ Binder::Binder(screen::Screen& screen, screen::User& user, QWidget& form, QWidge
     : screen_(screen), user_(user), window_(window), background_(screen::colour::ButtonFace) {
     const QScopedValueRollback guard(refreshing_, true);
     for (screen::Field* field : screen.fields())
-        if (auto* widget = form.findChild<QWidget*>(field->name())) {
+        if (auto* widget = form.findChild<QWidget*>(WidgetName(field->name()))) {
             bindings_.emplace(field, MakeBinding(*this, *field, *widget));
             dirty_ += field;
         }
@@ -71,7 +72,8 @@ void Binder::screenChanged(screen::Screen&) {
 void Binder::schedule() {
     if (std::exchange(scheduled_, true))
         return;
-    QMetaObject::invokeMethod(this, [this] { flush(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { flush(); }, Qt::QueuedConnection);
 }
 
 void Binder::flush() {
@@ -116,7 +118,8 @@ bool Binder::switchPage(const screen::Field& from, const QKeyEvent& key) {
         return false;
     const bool back = key.key() == Qt::Key_PageUp || key.key() == Qt::Key_Backtab;
     const auto& fields = screen_.fields();
-    const auto first = std::ranges::find_if(fields, [](auto* one) { return one->kind() == screen::FieldKind::TabStrip; });
+    const auto first =
+        std::ranges::find_if(fields, [](auto* one) { return one->kind() == screen::FieldKind::TabStrip; });
     if (first == fields.end())
         return false;
     // Ctrl+Tab walks the outer pages, Ctrl+PageDown those around the field.

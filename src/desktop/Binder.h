@@ -15,9 +15,9 @@ namespace vorta::desktop {
 
 class Binding;
 
-/// Connects the widgets of a form with the fields of the same name, both ways: what happens on a widget becomes an event
-/// of the screen's user, and after each event the widgets show what the fields then hold. The screen decides where the
-/// focus is; the window only follows. A widget that no field is named after is decoration.
+/// Connects the widgets of a form with the fields of the same name, both ways: what happens on a widget becomes an
+/// event of the screen's user, and after each event the widgets show what the fields then hold. The screen decides
+/// where the focus is; the window only follows. A widget that no field is named after is decoration.
 class Binder : public QObject, public screen::ScreenObserver {
   public:
     /// `form` carries the widgets; `window` is the top-level widget whose title and pointer the screen sets.

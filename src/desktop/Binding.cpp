@@ -47,9 +47,11 @@ std::optional<Key> specialKey(const QKeyEvent& key) {
     }
 }
 
-/// The printable character of a key; null for cursor keys, shortcuts and the like. AltGr reports itself as Ctrl+Alt on some systems.
+/// The printable character of a key; null for cursor keys, shortcuts and the like. AltGr reports itself as Ctrl+Alt on
+/// some systems.
 QChar characterOf(const QKeyEvent& key) {
-    const Qt::KeyboardModifiers modifiers = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    const Qt::KeyboardModifiers modifiers =
+        key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     const bool plain = modifiers == Qt::NoModifier || modifiers == (Qt::ControlModifier | Qt::AltModifier);
     return plain && key.text().size() == 1 && key.text()[0].isPrint() ? key.text()[0] : QChar();
 }
@@ -120,7 +122,8 @@ void Binding::focusArrived(const QFocusEvent& focus) {
     const bool ownDoing = focus.reason() == Qt::ActiveWindowFocusReason || focus.reason() == Qt::PopupFocusReason ||
                           focus.reason() == Qt::MenuBarFocusReason;
     if (!binder_.refreshing() && !ownDoing && !hasFocus())
-        QMetaObject::invokeMethod(this, [this] { takeFocus(); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this] { takeFocus(); }, Qt::QueuedConnection);
 }
 
 bool Binding::mousePressed(QObject*, QMouseEvent&) {
@@ -216,8 +219,7 @@ std::unique_ptr<Binding> MakeBinding(Binder& binder, screen::Field& field, QWidg
         break;
     }
     if (!made)
-        throw RuntimeError(errorNumber::TypeMismatch,
-                           QStringLiteral("%1.%2").arg(field.screen().name(), field.name()));
+        throw RuntimeError(errorNumber::TypeMismatch, QStringLiteral("%1.%2").arg(field.screen().name(), field.name()));
     return made;
 }
 

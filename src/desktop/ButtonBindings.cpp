@@ -27,7 +27,8 @@ bool LabelBinding::eventFilter(QObject* watched, QEvent* event) {
 
 PictureBinding::PictureBinding(Binder& binder, screen::Field& field, QLabel& label)
     : Binding(binder, field, label), label_(label) {
-    label.setMinimumSize(1, 1);
+    // The picture follows the room it has, it does not ask for more.
+    label.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
 }
 
 void PictureBinding::refresh() {
@@ -40,9 +41,9 @@ void PictureBinding::refresh() {
 }
 
 void PictureBinding::fit() {
-    label_.setPixmap(picture_.isNull()
-                         ? QPixmap()
-                         : picture_.scaled(label_.contentsRect().size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    label_.setPixmap(picture_.isNull() ? QPixmap()
+                                       : picture_.scaled(label_.contentsRect().size(), Qt::KeepAspectRatio,
+                                                         Qt::SmoothTransformation));
 }
 
 bool PictureBinding::eventFilter(QObject* watched, QEvent* event) {

@@ -63,7 +63,8 @@ class OptionBinding : public ButtonBinding {
 
 class CheckBinding : public ButtonBinding {
   public:
-    CheckBinding(Binder& binder, screen::Check& check, QCheckBox& box) : ButtonBinding(binder, check, box), check_(check) {}
+    CheckBinding(Binder& binder, screen::Check& check, QCheckBox& box)
+        : ButtonBinding(binder, check, box), check_(check) {}
     void refresh() override;
 
   private:

@@ -28,8 +28,12 @@ struct Translation {
     const char* portuguese;
 };
 constexpr Translation translations[]{
-    {"&Undo", "&Desfazer"},     {"&Redo", "&Refazer"},   {"Cu&t", "Recor&tar"},
-    {"&Copy", "&Copiar"},       {"&Paste", "Co&lar"},    {"Delete", "Excluir"},
+    {"&Undo", "&Desfazer"},
+    {"&Redo", "&Refazer"},
+    {"Cu&t", "Recor&tar"},
+    {"&Copy", "&Copiar"},
+    {"&Paste", "Co&lar"},
+    {"Delete", "Excluir"},
     {"Select All", "Selecionar tudo"},
 };
 

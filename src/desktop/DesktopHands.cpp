@@ -160,17 +160,21 @@ class DesktopHands : public robot::Hands {
 
     void hide(screen::Screen& screen) override {
         std::erase_if(windows_, [&](const auto& window) { return &window->binder().screen() == &screen; });
+        activate();
     }
 
     screen::Answer answer(const screen::Box& box, screen::Answer prepared) override {
         settle();
-        const auto shown = MakeMessageBox(box, windows_.empty() ? nullptr : windows_.back().get());
+        auto shown = MakeMessageBox(box, windows_.empty() ? nullptr : windows_.back().get());
         shown->open();
         if (QAbstractButton* button = ButtonOf(*shown, prepared))
             press(*button, button->rect().center());
         else
             shown->reject();
-        return AnswerOf(*shown);
+        const screen::Answer given = AnswerOf(*shown);
+        shown.reset();
+        activate();
+        return given;
     }
 
     /// By the keyboard's way, as a click would do more to a button or a cell.
@@ -237,7 +241,8 @@ class DesktopHands : public robot::Hands {
             QStyleOptionComboBox option;
             option.initFrom(combo);
             option.editable = true;
-            const QRect arrow = combo->style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, combo);
+            const QRect arrow =
+                combo->style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, combo);
             press(*combo, arrow.center());
         }
         settle();
@@ -304,6 +309,13 @@ class DesktopHands : public robot::Hands {
         QCoreApplication::processEvents();
     }
 
+    /// The topmost window is the active one again, as a window manager would have it: only there a move of the focus is an event.
+    void activate() {
+        if (!windows_.empty())
+            windows_.back()->activateWindow();
+        QCoreApplication::processEvents();
+    }
+
     ScreenWindow* window(const screen::Screen& screen) const {
         for (const auto& window : windows_)
             if (&window->binder().screen() == &screen)
@@ -311,7 +323,9 @@ class DesktopHands : public robot::Hands {
         return nullptr;
     }
 
-    bool isThere(const Field& field) const { return window(field.screen()) && window(field.screen())->binder().isOpen(); }
+    bool isThere(const Field& field) const {
+        return window(field.screen()) && window(field.screen())->binder().isOpen();
+    }
 
     QWidget* widgetOf(const Field& field) const {
         ScreenWindow* shown = window(field.screen());

@@ -64,4 +64,9 @@ void SetUpForm(const QString& name, QWidget& widget) {
     found->setUp(widget);
 }
 
+QString WidgetName(const QString& field) {
+    QString name = field;
+    return name.replace(u'(', u'_').remove(u')');
+}
+
 } // namespace vorta::desktop

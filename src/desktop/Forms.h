@@ -10,5 +10,8 @@ namespace vorta::desktop {
 QStringList FormNames();
 /// Puts the widgets of a screen's form into a widget; raises 91 for a screen that has no form.
 void SetUpForm(const QString& name, QWidget& widget);
+/// The name of a field's widget on a form: the field's own, with the number of a member of an array, "cmdImagem1(0)",
+/// behind an underscore, "cmdImagem1_0".
+QString WidgetName(const QString& field);
 
 } // namespace vorta::desktop

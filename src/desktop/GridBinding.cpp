@@ -106,16 +106,19 @@ void GridBinding::showRow() {
     }
     if (view_.currentIndex().row() == row && view_.selectionModel()->isRowSelected(row))
         return;
-    const auto shown = std::ranges::find_if(natural_, [](int width) { return width > 0; });
-    const int column = shown == natural_.end() ? 0 : static_cast<int>(shown - natural_.begin());
-    view_.selectionModel()->setCurrentIndex(model_.index(row, column),
+    view_.selectionModel()->setCurrentIndex(model_.index(row, firstShown()),
                                             QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 void GridBinding::showTop() {
     const int top = grid_.TopRow() - 1;
     if (top < model_.rowCount() && view_.verticalScrollBar()->value() != top)
-        view_.scrollTo(model_.index(top, 0), QAbstractItemView::PositionAtTop);
+        view_.scrollTo(model_.index(top, firstShown()), QAbstractItemView::PositionAtTop);
+}
+
+int GridBinding::firstShown() const {
+    const auto shown = std::ranges::find_if(natural_, [](int width) { return width > 0; });
+    return shown == natural_.end() ? 0 : static_cast<int>(shown - natural_.begin());
 }
 
 /// As wide as the header and the first rows ask for, and not below the proportions that the screen was drawn with.
@@ -127,7 +130,9 @@ void GridBinding::measureColumns() {
     for (int col = 0; col < model_.columnCount(); ++col) {
         const screen::GridColumn& column = grid_.columns()[static_cast<size_t>(col)];
         view_.setColumnHidden(col, column.width == 0);
-        int width = column.width == 0 ? 0 : std::max(column.width / unitsPerPixel, metrics.horizontalAdvance(column.header) + margin);
+        int width = column.width == 0
+                        ? 0
+                        : std::max(column.width / unitsPerPixel, metrics.horizontalAdvance(column.header) + margin);
         for (int row = 0; row < rows && column.width != 0; ++row)
             width = std::max(width, metrics.horizontalAdvance(model_.index(row, col).data().toString()) + margin);
         natural_.push_back(std::min(width, widestColumn));

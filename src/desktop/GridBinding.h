@@ -13,6 +13,7 @@ class GridBinding : public Binding {
   public:
     GridBinding(Binder& binder, screen::Grid& grid, QTableView& view);
     void refresh() override;
+    const GridModel& model() const { return model_; }
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
@@ -21,6 +22,7 @@ class GridBinding : public Binding {
     void fitColumns();
     void showRow();
     void showTop();
+    int firstShown() const; ///< the first column that is not hidden
     void rowReached(int row);
 
     screen::Grid& grid_;

@@ -41,8 +41,10 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     const int row = index.row() + 1;
     if (!index.isValid() || row >= grid_.Rows() || index.column() >= grid_.Cols())
         return {};
-    if (role == Qt::DisplayRole)
+    if (role == Qt::DisplayRole) {
+        ++cellsAsked_;
         return grid_.cell(row, index.column());
+    }
     if (role == Qt::TextAlignmentRole)
         return QVariant::fromValue(alignmentOf(grid_.columns()[static_cast<size_t>(index.column())].align));
     return {};

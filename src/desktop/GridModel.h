@@ -13,6 +13,8 @@ class GridModel : public QAbstractTableModel {
 
     /// Looks again after the rows or columns have changed; true when there was a change.
     bool update();
+    /// How many cells have been asked for so far, for the measurement of the window.
+    quint64 cellsAsked() const { return cellsAsked_; }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -25,6 +27,7 @@ class GridModel : public QAbstractTableModel {
     int rows_ = 0;
     int columns_ = 0;
     quint64 revision_ = ~quint64{0};
+    mutable quint64 cellsAsked_ = 0;
 };
 
 } // namespace vorta::desktop

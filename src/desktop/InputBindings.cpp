@@ -19,7 +19,8 @@ constexpr int backspaceCode = 8;
 constexpr int noLimit = 32767;
 constexpr int widestFixed = 22;
 
-/// The characters that an input is drawn for: what the form says, else its mask or its maximum length; 0 for as wide as there is room.
+/// The characters that an input is drawn for: what the form says, else its mask or its maximum length; 0 for as wide as
+/// there is room.
 int charactersOf(const screen::Field& field, const QWidget& widget) {
     if (const QVariant told = widget.property("characters"); told.isValid())
         return told.toInt();
@@ -40,7 +41,8 @@ LineBinding::LineBinding(Binder& binder, screen::Field& field, QWidget& widget, 
         edit.installEventFilter(this);
     if (const int characters = charactersOf(field, widget); characters > 0) {
         edit.setMinimumWidth(widthOf(edit, std::min(characters, 10)));
-        widget.setMaximumWidth(widthOf(edit, characters + 1) + (&edit == &widget ? 0 : edit.fontMetrics().height() * 2));
+        widget.setMaximumWidth(widthOf(edit, characters + 1) +
+                               (&edit == &widget ? 0 : edit.fontMetrics().height() * 2));
     }
     connect(&edit, &QLineEdit::textEdited, this, [this] { edited(); });
     connect(&edit, &QLineEdit::selectionChanged, this, [this] { tellSelection(); });
@@ -58,7 +60,8 @@ void LineBinding::refresh() {
 /// A text from the database may be longer than what may be typed: it is shown whole, and can only become shorter.
 void LineBinding::showText() {
     const QString& text = field().text();
-    const int limit = field().maxLength() == 0 ? noLimit : std::max<int>(field().maxLength(), static_cast<int>(text.size()));
+    const int limit =
+        field().maxLength() == 0 ? noLimit : std::max<int>(field().maxLength(), static_cast<int>(text.size()));
     if (edit_.text() != text) {
         edit_.setMaxLength(noLimit);
         edit_.setText(text);
@@ -165,8 +168,7 @@ void NotesBinding::refresh() {
         edit_.setPlainText(field().text());
     QTextCursor cursor = edit_.textCursor();
     const int length = cursor.selectionEnd() - cursor.selectionStart();
-    if (!hasFocus() ||
-        (cursor.selectionStart() == field().selectionStart() && length == field().selectionLength()))
+    if (!hasFocus() || (cursor.selectionStart() == field().selectionStart() && length == field().selectionLength()))
         return;
     cursor.setPosition(field().selectionStart());
     cursor.setPosition(field().selectionStart() + field().selectionLength(), QTextCursor::KeepAnchor);

@@ -10,8 +10,8 @@
 
 namespace vorta::desktop {
 
-/// An input of one line. The widget edits by itself, so that undo, word steps and the clipboard are those of the desktop;
-/// each character goes through the field's rules before, each new text to the field behind.
+/// An input of one line. The widget edits by itself, so that undo, word steps and the clipboard are those of the
+/// desktop; each character goes through the field's rules before, each new text to the field behind.
 class LineBinding : public Binding {
   public:
     LineBinding(Binder& binder, screen::Field& field, QWidget& widget, QLineEdit& edit);

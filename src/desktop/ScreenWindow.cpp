@@ -26,6 +26,7 @@ ScreenWindow::ScreenWindow(screen::Screen& screen, QWidget* parent)
       screen_(screen), user_(screen.program()), bar_(new QProgressBar(this)) {
     auto* form = new QWidget(this);
     SetUpForm(screen.name(), *form);
+    bar_->setObjectName(QStringLiteral("progresso"));
     bar_->setTextVisible(false);
     bar_->setFixedHeight(barHeight);
     bar_->setRange(0, barSteps);

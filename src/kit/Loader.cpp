@@ -47,10 +47,10 @@ NativeForm nativeForm(const Column& column) {
 }
 
 /// The places from 80 to 9F hexadecimal, where Windows-1252 differs from Latin-1; 0 marks the five that are not taken.
-constexpr std::array<char16_t, 32> special{
-    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+constexpr std::array<char16_t, 32> special{0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                           0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
+                                           0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                           0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 constexpr unsigned firstSpecial = 0x80;
 
 class TextRows : public data::RowSink {
@@ -72,7 +72,8 @@ class TextRows : public data::RowSink {
 
 QByteArray ToWindows1252(const QString& text) {
     if (!InRepertoire(text))
-        throw RuntimeError(errorNumber::TypeMismatch, QStringLiteral("O texto [%1] tem caracteres fora do Windows-1252").arg(text));
+        throw RuntimeError(errorNumber::TypeMismatch,
+                           QStringLiteral("O texto [%1] tem caracteres fora do Windows-1252").arg(text));
     QByteArray bytes(text.size(), Qt::Uninitialized);
     for (qsizetype i = 0; i < text.size(); ++i) {
         const char16_t unit = text[i].unicode();
@@ -234,6 +235,8 @@ RowLoader& RowLoader::operator<<(QDate value) {
 }
 
 RowLoader& RowLoader::operator<<(QByteArrayView latin) {
+    if (latin.isNull())
+        return *this << nullptr;
     Slot& slot = next(Kind::Text);
     const auto length = static_cast<ISC_USHORT>(std::min<qsizetype>(latin.size(), slot.column.length));
     std::memcpy(&message_[slot.offset], &length, sizeof(length));
@@ -241,7 +244,9 @@ RowLoader& RowLoader::operator<<(QByteArrayView latin) {
     return *this;
 }
 
-RowLoader& RowLoader::operator<<(const QString& text) { return *this << QByteArrayView(ToWindows1252(text)); }
+RowLoader& RowLoader::operator<<(const QString& text) {
+    return *this << QByteArrayView(ToWindows1252(text));
+}
 
 RowLoader& RowLoader::operator<<(std::nullptr_t) {
     if (position_ >= slots_.size())

@@ -2,13 +2,11 @@
 
 #include "odbc/ConnectionKeys.h"
 #include "odbc/Diagnostics.h"
+#include "odbc/RowReader.h"
 
 #include <QSqlDatabase>
 #include <QSqlError>
-#include <QSqlField>
 #include <QSqlQuery>
-#include <QSqlRecord>
-#include <QTimeZone>
 #include <atomic>
 
 namespace vorta::odbc {
@@ -16,7 +14,6 @@ namespace vorta::odbc {
 namespace {
 
 using data::Adapter;
-using data::Decimal;
 using data::RowSink;
 using data::Statement;
 
@@ -27,46 +24,6 @@ const QString sessionSettings = QStringLiteral("SET DATEFORMAT ymd SET LOCK_TIME
 QString freshName() {
     static std::atomic<int> count = 0;
     return QStringLiteral("vorta_odbc_%1").arg(++count);
-}
-
-/// The exact value of the driver's text "-1234.50"; a number too long for 64 bits overflows. Only a float has an
-/// exponent.
-Decimal toDecimal(const QString& text) {
-    if (text.contains(u'e', Qt::CaseInsensitive))
-        return toDecimal(QString::number(text.toDouble(), 'f', QLocale::FloatingPointShortest));
-    const qsizetype point = text.indexOf(u'.');
-    QString digits = text;
-    if (point >= 0)
-        digits.remove(point, 1);
-    bool fits = false;
-    const qint64 unscaled = digits.toLongLong(&fits);
-    if (!fits)
-        throw RuntimeError(errorNumber::Overflow);
-    return {unscaled, point < 0 ? 0 : static_cast<int>(text.size() - point - 1)};
-}
-
-void sendValue(const QVariant& value, bool exact, RowSink& rows) {
-    if (value.isNull())
-        return rows.null();
-    switch (value.typeId()) {
-    case QMetaType::Bool:
-    case QMetaType::Short:
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-        return rows.integer(value.toLongLong());
-    case QMetaType::Double:
-        return rows.decimal(toDecimal(QString::number(value.toDouble(), 'f', QLocale::FloatingPointShortest)));
-    case QMetaType::QDate:
-        return rows.date(value.toDate().startOfDay());
-    case QMetaType::QDateTime:
-        return rows.date(value.toDateTime());
-    default:
-        if (exact)
-            return rows.decimal(toDecimal(value.toString()));
-        return rows.text(value.toString().toUtf8().toStdString());
-    }
 }
 
 class OdbcAdapter final : public Adapter {
@@ -80,7 +37,6 @@ class OdbcAdapter final : public Adapter {
         database_.setDatabaseName(OdbcConnectionString(connectionString));
         database_.setConnectOptions(
             QStringLiteral("SQL_ATTR_ODBC_VERSION=SQL_OV_ODBC3;SQL_ATTR_LOGIN_TIMEOUT=%1").arg(timeoutSeconds));
-        database_.setNumericalPrecisionPolicy(QSql::HighPrecision);
         if (!database_.open()) {
             const RuntimeError failure = OpenFailure(database_);
             disconnect();
@@ -109,20 +65,11 @@ class OdbcAdapter final : public Adapter {
 
     void query(const Statement& statement, RowSink& rows) override {
         QSqlQuery query = send(statement.text());
-        const QSqlRecord record = query.record();
-        QStringList names;
-        std::vector<bool> exact;
-        for (int column = 0; column < record.count(); ++column) {
-            names << record.fieldName(column);
-            exact.push_back(record.field(column).metaType().id() == QMetaType::Double);
-        }
-        rows.columns(names);
-        while (query.next()) {
-            rows.beginRow();
-            for (int column = 0; column < record.count(); ++column)
-                sendValue(query.value(column), exact[static_cast<size_t>(column)], rows);
-            rows.endRow();
-        }
+        RowReader reader(query);
+        rows.columns(reader.names());
+        while (query.next())
+            if (!reader.send(rows))
+                throw StatementFailure(database_, query, statement.text());
         if (query.lastError().isValid())
             throw StatementFailure(database_, query, statement.text());
     }

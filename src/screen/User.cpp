@@ -124,12 +124,20 @@ void User::character(Field& field, QChar character) {
     insert(field, QChar(static_cast<char16_t>(kept)));
 }
 
+/// What an Enter does that no rule of the field has taken: it clicks a button, and chooses the current row of a grid.
+void User::enter(Field& field) {
+    if (field.kind() == FieldKind::Button)
+        return click(field);
+    const auto* grid = dynamic_cast<const Grid*>(&field);
+    if (grid && grid->Row() > 0)
+        event(field.screen(), [&] { run(field.DblClick ? field.DblClick : field.Click); });
+}
+
 void User::key(Field& field, Key key) {
     switch (key) {
     case Key::Enter:
-        if (filterKey(field, enterCode) == enterCode && field.kind() == FieldKind::Button &&
-            field.screen().focus() == &field)
-            click(field);
+        if (filterKey(field, enterCode) == enterCode && field.screen().focus() == &field)
+            enter(field);
         break;
     case Key::Tab:
     case Key::BackTab:

@@ -49,6 +49,7 @@ class User {
     bool event(Screen& screen, const std::function<void()>& body);
     void settle(Screen& screen);
     bool take(Field& field);
+    void enter(Field& field);
     void insert(Field& field, QChar character);
     void erase(Field& field, bool forward);
 

@@ -47,7 +47,7 @@ Value number(qint64 value) {
     return value;
 }
 Value day(int year, int month, int date) {
-    return QDate(year, month, date).startOfDay();
+    return QDateTime(QDate(year, month, date), QTime(0, 0), Qt::UTC);
 }
 
 Rows read(Adapter& adapter, const Statement& statement) {
@@ -181,6 +181,22 @@ TEST(OdbcAdapter, ReadsBothFormsOfDatesWhateverTheLanguageOfTheLogin) {
         read(*adapter, Statement("SELECT DATA_INCL, DATA_DESA FROM PESS WHERE idPESS > 1 ORDER BY idPESS"));
     EXPECT_EQ(rows.rows[0][0], day(2026, 2, 14));
     EXPECT_EQ(rows.rows[1], (std::vector<Value>{day(2026, 2, 13), day(2026, 2, 13)}));
+}
+
+TEST(OdbcAdapter, ReadsTextsOfAnyLength) {
+    const TdsServer server;
+    auto adapter = opened(server);
+    adapter->execute(Statement("CREATE TABLE LONGO (idLONGO int NOT NULL, TEXTO varchar(max), FATOR float)"));
+    for (const int length : {0, 1, 32766, 32767, 32768, 65535, 65536, 300001}) {
+        const QString content = u"AÇÃO€"_qs.repeated(length / 5 + 1).left(length);
+        Statement insert;
+        insert << "INSERT INTO LONGO (idLONGO, TEXTO, FATOR) VALUES (" << length << ", '" << content << "', 0.1)";
+        adapter->execute(insert);
+        Statement select;
+        select << "SELECT TEXTO FROM LONGO WHERE idLONGO = " << length;
+        EXPECT_EQ(single(*adapter, select), Value(content)) << length;
+    }
+    EXPECT_EQ(single(*adapter, Statement("SELECT FATOR FROM LONGO WHERE idLONGO = 0")), Value(Decimal{1, 1}));
 }
 
 TEST(OdbcAdapter, GivesTheKeyOfItsOwnLastInsert) {

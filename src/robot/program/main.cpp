@@ -11,6 +11,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QLoggingCategory>
 #include <clocale>
 #include <cstdio>
 
@@ -53,7 +54,9 @@ data::StatementTrace traceInto(QFile& file) {
 
 std::optional<Verdict> playOne(const Options& options, const Scenario& scenario, const QString& copy,
                                const std::function<void(int)>& atLine) {
-    // Windows make an application of their own.
+    // Windows make an application of their own, and say much that no scenario is about.
+    qputenv("XDG_RUNTIME_DIR", copy.toUtf8());
+    QLoggingCategory::setFilterRules(QStringLiteral("*.warning=false"));
     int count = 1;
     char name[] = "pessoas-roteiro";
     char* names[] = {name, nullptr};

@@ -1,0 +1,171 @@
+#include "odbc/RowReader.h"
+
+#include "base/RuntimeError.h"
+
+#include <QLocale>
+#include <QSqlRecord>
+#include <QSqlResult>
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include <sql.h>
+#include <sqlext.h>
+
+namespace vorta::odbc {
+
+namespace {
+
+using data::Decimal;
+using data::RowSink;
+
+/// Longer than any column but those without a limit, so that one call gets a text.
+constexpr size_t usualText = 32768;
+
+struct TypeKind {
+    SQLLEN type;
+    ValueKind kind;
+};
+/// How the types of columns are read; every other type is a text.
+constexpr std::array kinds{
+    TypeKind{SQL_BIT, ValueKind::Integer},      TypeKind{SQL_TINYINT, ValueKind::Integer},
+    TypeKind{SQL_SMALLINT, ValueKind::Integer}, TypeKind{SQL_INTEGER, ValueKind::Integer},
+    TypeKind{SQL_BIGINT, ValueKind::Integer},   TypeKind{SQL_DECIMAL, ValueKind::Exact},
+    TypeKind{SQL_NUMERIC, ValueKind::Exact},    TypeKind{SQL_REAL, ValueKind::Float},
+    TypeKind{SQL_FLOAT, ValueKind::Float},      TypeKind{SQL_DOUBLE, ValueKind::Float},
+    TypeKind{SQL_TYPE_DATE, ValueKind::Date},   TypeKind{SQL_TYPE_TIMESTAMP, ValueKind::Moment},
+};
+
+/// The exact value of the driver's text "-1234.50"; a number too long for 64 bits overflows.
+Decimal toDecimal(std::string_view text) {
+    const size_t point = std::min(text.find('.'), text.size());
+    std::string digits(text.substr(0, point));
+    digits += text.substr(std::min(point + 1, text.size()));
+    qint64 unscaled = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), unscaled);
+    if (error != std::errc() || end != digits.data() + digits.size())
+        throw RuntimeError(errorNumber::Overflow);
+    return {unscaled, point == text.size() ? 0 : static_cast<int>(text.size() - point - 1)};
+}
+
+} // namespace
+
+RowReader::RowReader(const QSqlQuery& query)
+    : statement_(*static_cast<const SQLHANDLE*>(query.result()->handle().constData())), buffer_(usualText, '\0') {
+    const QSqlRecord record = query.record();
+    for (int column = 0; column < record.count(); ++column) {
+        names_ << record.fieldName(column);
+        SQLLEN type = SQL_UNKNOWN_TYPE;
+        SQLColAttribute(statement_, static_cast<SQLUSMALLINT>(column + 1), SQL_DESC_CONCISE_TYPE, nullptr, 0, nullptr,
+                        &type);
+        const auto known =
+            std::find_if(kinds.begin(), kinds.end(), [&](const TypeKind& row) { return row.type == type; });
+        kinds_.push_back(known == kinds.end() ? ValueKind::Text : known->kind);
+    }
+}
+
+bool RowReader::send(RowSink& rows) {
+    rows.beginRow();
+    for (size_t index = 0; index < kinds_.size(); ++index) {
+        const auto column = static_cast<quint16>(index + 1);
+        bool sent = false;
+        switch (kinds_[index]) {
+        case ValueKind::Integer:
+            sent = sendInteger(column, rows);
+            break;
+        case ValueKind::Exact:
+            sent = sendExact(column, rows);
+            break;
+        case ValueKind::Float:
+            sent = sendFloat(column, rows);
+            break;
+        case ValueKind::Date:
+        case ValueKind::Moment:
+            sent = sendDate(column, kinds_[index], rows);
+            break;
+        case ValueKind::Text:
+            sent = sendText(column, rows);
+            break;
+        }
+        if (!sent)
+            return false;
+    }
+    rows.endRow();
+    return true;
+}
+
+bool RowReader::sendInteger(quint16 column, RowSink& rows) {
+    SQLBIGINT value = 0;
+    SQLLEN length = 0;
+    if (!SQL_SUCCEEDED(SQLGetData(statement_, column, SQL_C_SBIGINT, &value, sizeof(value), &length)))
+        return false;
+    length == SQL_NULL_DATA ? rows.null() : rows.integer(value);
+    return true;
+}
+
+bool RowReader::sendExact(quint16 column, RowSink& rows) {
+    if (!readText(column))
+        return false;
+    text_.data() ? rows.decimal(toDecimal(text_)) : rows.null();
+    return true;
+}
+
+bool RowReader::sendFloat(quint16 column, RowSink& rows) {
+    double value = 0;
+    SQLLEN length = 0;
+    if (!SQL_SUCCEEDED(SQLGetData(statement_, column, SQL_C_DOUBLE, &value, sizeof(value), &length)))
+        return false;
+    if (length == SQL_NULL_DATA)
+        rows.null();
+    else
+        rows.decimal(toDecimal(QString::number(value, 'f', QLocale::FloatingPointShortest).toStdString()));
+    return true;
+}
+
+bool RowReader::sendDate(quint16 column, ValueKind kind, RowSink& rows) {
+    SQL_TIMESTAMP_STRUCT value{};
+    SQLLEN length = 0;
+    if (!SQL_SUCCEEDED(SQLGetData(statement_, column, SQL_C_TYPE_TIMESTAMP, &value, sizeof(value), &length)))
+        return false;
+    if (length == SQL_NULL_DATA) {
+        rows.null();
+        return true;
+    }
+    constexpr SQLUINTEGER nanosecondsPerMillisecond = 1000000;
+    const QTime time = kind == ValueKind::Date ? QTime(0, 0)
+                                               : QTime(value.hour, value.minute, value.second,
+                                                       static_cast<int>(value.fraction / nanosecondsPerMillisecond));
+    rows.date(QDateTime(QDate(value.year, value.month, value.day), time, Qt::UTC));
+    return true;
+}
+
+bool RowReader::sendText(quint16 column, RowSink& rows) {
+    if (!readText(column))
+        return false;
+    text_.data() ? rows.text(text_) : rows.null();
+    return true;
+}
+
+bool RowReader::readText(quint16 column) {
+    size_t have = 0;
+    while (true) {
+        SQLLEN length = 0;
+        const SQLRETURN answer = SQLGetData(statement_, column, SQL_C_CHAR, buffer_.data() + have,
+                                            static_cast<SQLLEN>(buffer_.size() - have), &length);
+        if (!SQL_SUCCEEDED(answer))
+            return false;
+        if (length == SQL_NULL_DATA) {
+            text_ = {};
+            return true;
+        }
+        const size_t room = buffer_.size() - have - 1; // the driver closes each piece with a zero
+        if (length >= 0 && static_cast<size_t>(length) <= room) {
+            text_ = {buffer_.data(), have + static_cast<size_t>(length)};
+            return true;
+        }
+        have += std::char_traits<char>::length(buffer_.data() + have);
+        buffer_.resize(buffer_.size() * 2);
+    }
+}
+
+} // namespace vorta::odbc

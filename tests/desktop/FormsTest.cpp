@@ -1,0 +1,151 @@
+#include "desktop/Forms.h"
+#include "app/Register.h"
+#include "desktop/Binder.h"
+#include "support/TestPlatform.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTabBar>
+#include <QTabWidget>
+#include <gtest/gtest.h>
+
+namespace vorta::test {
+
+namespace {
+
+/// A part that Qt has made for a widget of the form.
+bool isInner(const QWidget& widget) {
+    const QWidget* parent = widget.parentWidget();
+    return widget.objectName().isEmpty() || widget.objectName().startsWith(u"qt_") ||
+           qobject_cast<const QComboBox*>(parent) || qobject_cast<const QTabBar*>(parent);
+}
+
+/// True for a widget that is there to take input, and was given its name on the form.
+bool isNamedInput(const QWidget& widget) {
+    const bool input = qobject_cast<const QLineEdit*>(&widget) || qobject_cast<const QComboBox*>(&widget) ||
+                       qobject_cast<const QPlainTextEdit*>(&widget) || qobject_cast<const QAbstractButton*>(&widget) ||
+                       qobject_cast<const QAbstractItemView*>(&widget) || qobject_cast<const QTabWidget*>(&widget);
+    return input && !isInner(widget);
+}
+
+std::string plain(const QString& text) {
+    return text.toStdString();
+}
+
+} // namespace
+
+class FormTest : public testing::TestWithParam<std::string> {
+  protected:
+    FormTest() : tela(registro.context().Tela(QString::fromStdString(GetParam()))) {
+        desktop::SetUpForm(tela.name(), form);
+    }
+
+    TestPlatform platform;
+    Register registro{platform};
+    screen::Screen& tela;
+    QWidget form;
+};
+
+TEST_P(FormTest, EveryFieldHasItsWidget) {
+    for (const screen::Field* field : tela.fields())
+        EXPECT_TRUE(form.findChild<QWidget*>(desktop::WidgetName(field->name()))) << plain(field->name());
+    // A widget that cannot show its field's kind is refused here.
+    EXPECT_NO_THROW(desktop::Binder(tela, registro.user(), form, form));
+}
+
+TEST_P(FormTest, EveryNamedInputHasItsField) {
+    QSet<QString> names;
+    for (const screen::Field* field : tela.fields())
+        names += desktop::WidgetName(field->name());
+    for (const QWidget* widget : form.findChildren<QWidget*>())
+        if (isNamedInput(*widget))
+            EXPECT_TRUE(names.contains(widget->objectName())) << plain(widget->objectName());
+}
+
+TEST_P(FormTest, NoNameStandsTwice) {
+    QSet<QString> seen;
+    for (const QWidget* widget : form.findChildren<QWidget*>()) {
+        if (isInner(*widget))
+            continue;
+        EXPECT_FALSE(seen.contains(widget->objectName())) << plain(widget->objectName());
+        seen += widget->objectName();
+    }
+}
+
+TEST_P(FormTest, TabOrderIsThatOfTheScreen) {
+    QStringList wanted;
+    for (const screen::Field* field : tela.fields())
+        if (field->takesFocus())
+            wanted += desktop::WidgetName(field->name());
+    QStringList found;
+    for (const QWidget* widget = form.nextInFocusChain(); widget != &form; widget = widget->nextInFocusChain())
+        if (wanted.contains(widget->objectName()))
+            found += widget->objectName();
+    // The chain is a ring: it may be entered at any place.
+    if (const qsizetype first = found.indexOf(wanted.value(0)); first > 0)
+        found = found.mid(first) + found.first(first);
+    EXPECT_EQ(plain(found.join(u' ')), plain(wanted.join(u' ')));
+}
+
+TEST_P(FormTest, TabsCarryTheCaptionsOfTheScreen) {
+    for (const screen::Field* field : tela.fields())
+        if (const auto* strip = dynamic_cast<const screen::TabStrip*>(field)) {
+            const auto* tabs = form.findChild<QTabWidget*>(strip->name());
+            ASSERT_TRUE(tabs);
+            QStringList captions;
+            for (int page = 0; page < tabs->count(); ++page)
+                captions += tabs->tabText(page);
+            EXPECT_EQ(plain(captions.join(u'|')), plain(strip->captions().join(u'|')));
+        }
+}
+
+/// The page on which a form puts a widget is the page that the screen brings to the front for it.
+TEST_P(FormTest, FieldsStandOnTheirPages) {
+    for (const screen::Field* field : tela.fields()) {
+        const auto* widget = form.findChild<QWidget*>(desktop::WidgetName(field->name()));
+        const QTabWidget* tabs = nullptr;
+        int page = 0;
+        for (const QWidget* child = widget; child && child->parentWidget() && !tabs; child = child->parentWidget())
+            if (auto* around = qobject_cast<QTabWidget*>(child->parentWidget()->parentWidget())) {
+                tabs = around;
+                page = around->indexOf(const_cast<QWidget*>(child));
+            }
+        EXPECT_EQ(plain(field->strip() ? field->strip()->name() : QString()),
+                  plain(tabs ? tabs->objectName() : QString()))
+            << plain(field->name());
+        if (tabs && field->strip())
+            EXPECT_EQ(field->page(), page) << plain(field->name());
+    }
+}
+
+namespace {
+
+QStringList registeredScreens() {
+    TestPlatform platform;
+    return Register(platform).context().NomesTelas();
+}
+
+std::vector<std::string> screenNames() {
+    std::vector<std::string> names;
+    for (const QString& name : registeredScreens())
+        names.push_back(plain(name));
+    return names;
+}
+
+} // namespace
+
+INSTANTIATE_TEST_SUITE_P(Screens, FormTest, testing::ValuesIn(screenNames()),
+                         [](const auto& screenName) { return screenName.param; });
+
+TEST(Forms, EveryFormHasItsScreen) {
+    QStringList forms = desktop::FormNames();
+    QStringList screens = registeredScreens();
+    forms.sort();
+    screens.sort();
+    EXPECT_EQ(plain(forms.join(u' ')), plain(screens.join(u' ')));
+}
+
+} // namespace vorta::test

@@ -1,0 +1,238 @@
+#include "SampleWindow.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+
+namespace vorta::test {
+
+using SampleInput = SampleWindow;
+
+TEST_F(SampleInput, TypedTextReachesTheField) {
+    open([&] {
+        put(tela.txtNome);
+        QTest::keyClicks(nome, "Maria");
+        EXPECT_EQ(tela.txtNome.text(), u"Maria");
+        QTest::keyClick(nome, Qt::Key_Backspace);
+        QTest::keyClick(nome, Qt::Key_Home);
+        QTest::keyClick(nome, Qt::Key_Delete);
+        EXPECT_EQ(tela.txtNome.text(), u"ari");
+        EXPECT_EQ(nome->text(), u"ari");
+    });
+}
+
+TEST_F(SampleInput, TheFieldShowsWhatTheScreenWrites) {
+    open([&] {
+        tela.txtNome.setText(QStringLiteral("JOÃO"));
+        tela.txtNome.setToolTip(QStringLiteral("dica"));
+        tela.txtNome.setLocked(true);
+        tela.txtNome.setBackground(screen::colour::Locked);
+        settle();
+        EXPECT_EQ(nome->text(), u"JOÃO");
+        EXPECT_EQ(nome->toolTip(), u"dica");
+        EXPECT_TRUE(nome->isReadOnly());
+        EXPECT_NE(nome->palette().color(QPalette::Base), window.palette().color(QPalette::Base));
+        tela.txtNome.setBackground(255);
+        tela.txtNome.setEnabled(false);
+        settle();
+        EXPECT_EQ(nome->palette().color(QPalette::Base), QColor(255, 0, 0)) << "the red byte is the lowest";
+        EXPECT_FALSE(nome->isEnabled());
+        tela.txtNome.setVisible(false);
+        settle();
+        EXPECT_FALSE(nome->isVisible());
+    });
+}
+
+TEST_F(SampleInput, AFieldsRulesChangeWhatIsTyped) {
+    tela.txtNome.apostropheBecomesAcute = true;
+    tela.txtNome.KeyPress = [](int& code) { code = code == 'x' ? 0 : code; };
+    open([&] {
+        put(tela.txtNome);
+        QTest::keyClicks(nome, "d'xa");
+        EXPECT_EQ(tela.txtNome.text(), u"d´a");
+        EXPECT_EQ(nome->text(), u"d´a");
+    });
+}
+
+TEST_F(SampleInput, ComposedCharactersPassTheSameRules) {
+    tela.txtNome.apostropheBecomesAcute = true;
+    open([&] {
+        put(tela.txtNome);
+        QInputMethodEvent composed;
+        composed.setCommitString(QStringLiteral("ã'"));
+        QCoreApplication::sendEvent(nome, &composed);
+        EXPECT_EQ(tela.txtNome.text(), u"ã´");
+    });
+}
+
+TEST_F(SampleInput, OtherAlphabetsStayOutside) {
+    open([&] {
+        put(tela.txtNome);
+        QKeyEvent cyrillic(QEvent::KeyPress, 0x416, Qt::NoModifier, QStringLiteral("Ж"));
+        QCoreApplication::sendEvent(nome, &cyrillic);
+        EXPECT_EQ(tela.txtNome.text(), u"");
+        QGuiApplication::clipboard()->setText(QStringLiteral("aЖb€"));
+        QTest::keyClick(nome, Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(tela.txtNome.text(), u"ab€");
+        EXPECT_EQ(nome->text(), u"ab€");
+        put(tela.txtNota);
+        QTest::keyClick(nota, Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(tela.txtNota.text(), u"ab€");
+        EXPECT_EQ(nota->toPlainText(), u"ab€");
+    });
+}
+
+TEST_F(SampleInput, MaximumLengthHoldsForKeysAndClipboard) {
+    tela.txtNome.setMaxLength(5);
+    tela.txtNota.setMaxLength(5);
+    open([&] {
+        QGuiApplication::clipboard()->setText(QStringLiteral("xyz"));
+        for (const auto& [field, widget] :
+             {std::pair<screen::Field*, QWidget*>{&tela.txtNome, nome}, {&tela.txtNota, nota}}) {
+            put(*field);
+            QTest::keyClicks(widget, "abc");
+            QTest::keyClick(widget, Qt::Key_Home);
+            QTest::keyClick(widget, Qt::Key_V, Qt::ControlModifier);
+            EXPECT_EQ(field->text(), u"xyabc");
+            QTest::keyClicks(widget, "Z");
+            EXPECT_EQ(field->text(), u"xyabc");
+        }
+    });
+}
+
+TEST_F(SampleInput, ALongerTextOfTheDatabaseIsShownWhole) {
+    tela.txtNome.setMaxLength(3);
+    open([&] {
+        tela.txtNome.setText(QStringLiteral("ABCDEF"));
+        put(tela.txtNome);
+        EXPECT_EQ(nome->text(), u"ABCDEF");
+        QTest::keyClick(nome, Qt::Key_End);
+        QTest::keyClick(nome, Qt::Key_Backspace);
+        QTest::keyClicks(nome, "Z");
+        EXPECT_EQ(tela.txtNome.text(), u"ABCDE");
+    });
+}
+
+TEST_F(SampleInput, ALockedFieldTakesTheFocusButNoText) {
+    tela.txtNome.setText(QStringLiteral("A"));
+    tela.txtNome.setLocked(true);
+    open([&] {
+        QTest::mouseClick(nome, Qt::LeftButton);
+        EXPECT_EQ(tela.focus(), &tela.txtNome);
+        QTest::keyClicks(nome, "bc");
+        QTest::keyClick(nome, Qt::Key_Backspace);
+        EXPECT_EQ(tela.txtNome.text(), u"A");
+    });
+}
+
+TEST_F(SampleInput, EnterMovesOnAndTabWalksInTheOrderOfTheFields) {
+    tela.txtNome.enterMovesOn = true;
+    open([&] {
+        put(tela.txtNome);
+        QTest::keyClick(nome, Qt::Key_Return);
+        EXPECT_EQ(tela.focus(), &tela.txtNota);
+        EXPECT_EQ(window.focusWidget(), nota);
+        QTest::keyClick(nota, Qt::Key_Tab);
+        EXPECT_EQ(tela.focus(), &tela.mskCEP);
+        EXPECT_EQ(window.focusWidget(), cep);
+        QTest::keyClick(cep, Qt::Key_Backtab, Qt::ShiftModifier);
+        EXPECT_EQ(tela.focus(), &tela.txtNota);
+        EXPECT_EQ(tela.events, QStringList({"lost txtNome", "got txtNota", "lost txtNota", "got mskCEP", "lost mskCEP",
+                                            "got txtNota"}));
+    });
+}
+
+TEST_F(SampleInput, EnteringAFieldMaySelectItsText) {
+    tela.txtNome.selectsOnFocus = true;
+    tela.txtNome.setText(QStringLiteral("MARIA"));
+    open([&] {
+        put(tela.cmdSALVAR);
+        QTest::mouseClick(nome, Qt::LeftButton);
+        EXPECT_EQ(nome->selectedText(), u"MARIA");
+        QTest::keyClicks(nome, "J");
+        EXPECT_EQ(tela.txtNome.text(), u"J");
+        put(tela.cmdSALVAR);
+        put(tela.txtNome);
+        EXPECT_EQ(nome->selectedText(), u"J");
+    });
+}
+
+TEST_F(SampleInput, MaskedKeysAreTheFieldsOwn) {
+    open([&] {
+        put(tela.mskCEP);
+        EXPECT_EQ(cep->text(), u"_____-___");
+        QTest::keyClicks(cep, "13a010");
+        EXPECT_EQ(cep->text(), u"13010-___");
+        QTest::keyClicks(cep, "-1");
+        EXPECT_EQ(tela.mskCEP.text(), u"13010-1__");
+        QTest::keyClick(cep, Qt::Key_Backspace);
+        EXPECT_EQ(cep->text(), u"13010-___");
+        QTest::keyClick(cep, Qt::Key_A, Qt::ControlModifier);
+        QGuiApplication::clipboard()->setText(QStringLiteral("04567-890"));
+        QTest::keyClick(cep, Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(tela.mskCEP.text(), u"04567-890");
+        QTest::keyClick(cep, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(cep, Qt::Key_X, Qt::ControlModifier);
+        EXPECT_EQ(tela.mskCEP.text(), u"_____-___");
+        EXPECT_EQ(QGuiApplication::clipboard()->text(), u"04567-890");
+    });
+}
+
+TEST_F(SampleInput, AListDropsDownAndIsPickedFrom) {
+    tela.cboCidade.DropDown = [&] {
+        tela.cboCidade.clear();
+        for (const char* item : {"CAMPINAS", "SANTOS"})
+            tela.cboCidade.addItem(QLatin1String(item));
+    };
+    open([&] {
+        QTest::keyClick(cidade, Qt::Key_F4);
+        ASSERT_TRUE(cidade->view()->isVisible());
+        EXPECT_EQ(tela.focus(), &tela.cboCidade);
+        QTest::keyClick(cidade->view(), Qt::Key_Down);
+        QTest::keyClick(cidade->view(), Qt::Key_Return);
+        EXPECT_EQ(tela.cboCidade.text(), tela.cboCidade.items()[tela.cboCidade.listIndex()]);
+        QTest::keyClick(cidade, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(cidade, "Outra");
+        EXPECT_EQ(tela.cboCidade.text(), u"Outra");
+        EXPECT_EQ(tela.cboCidade.listIndex(), -1);
+        EXPECT_EQ(cidade->currentText(), u"Outra");
+    });
+}
+
+TEST_F(SampleInput, CursorKeysWalkThroughAFilledList) {
+    tela.cboCidade.addItem(QStringLiteral("CAMPINAS"));
+    tela.cboCidade.addItem(QStringLiteral("SANTOS"));
+    open([&] {
+        put(tela.cboCidade);
+        QTest::keyClick(cidade, Qt::Key_Down);
+        QTest::keyClick(cidade, Qt::Key_Down);
+        QTest::keyClick(cidade, Qt::Key_Down);
+        EXPECT_EQ(tela.cboCidade.text(), u"SANTOS");
+        EXPECT_EQ(tela.events.count("click cboCidade"), 2);
+    });
+}
+
+TEST_F(SampleInput, ALockedListOpensNothing) {
+    tela.cboCidade.addItem(QStringLiteral("CAMPINAS"));
+    tela.cboCidade.setLocked(true);
+    open([&] {
+        QTest::keyClick(cidade, Qt::Key_F4);
+        EXPECT_FALSE(cidade->view()->isVisible());
+        QTest::keyClick(cidade, Qt::Key_Down);
+        QTest::keyClicks(cidade, "x");
+        EXPECT_EQ(tela.cboCidade.text(), u"");
+    });
+}
+
+TEST_F(SampleInput, AnOpenListShowsAndTakesItsChoice) {
+    tela.lstLog.addItem(QStringLiteral("um"));
+    tela.lstLog.addItem(QStringLiteral("dois"));
+    open([&] {
+        EXPECT_EQ(log->model()->rowCount(), 2);
+        QTest::mouseClick(log->viewport(), Qt::LeftButton, {}, log->visualRect(log->model()->index(1, 0)).center());
+        EXPECT_EQ(tela.lstLog.listIndex(), 1);
+        EXPECT_EQ(tela.focus(), &tela.lstLog);
+    });
+}
+
+} // namespace vorta::test

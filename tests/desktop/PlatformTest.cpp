@@ -1,0 +1,245 @@
+#include "base/RuntimeError.h"
+#include "desktop/DesktopApplication.h"
+#include "desktop/DesktopPlatform.h"
+#include "desktop/MessageBox.h"
+#include "desktop/ScreenWindow.h"
+#include "screen/Program.h"
+
+#include <QAbstractButton>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+#include <stdexcept>
+
+namespace vorta::test {
+
+using screen::Answer;
+using screen::Box;
+using screen::Buttons;
+using screen::Icon;
+
+namespace {
+
+QStringList captionsFromLeft(QMessageBox& shown) {
+    shown.show();
+    QList<QAbstractButton*> buttons = shown.buttons();
+    std::ranges::sort(buttons, {}, [](const QAbstractButton* button) { return button->x(); });
+    QStringList captions;
+    for (const QAbstractButton* button : buttons)
+        captions += button->text().remove(u'&');
+    return captions;
+}
+
+/// A small screen under the name of one that has a form.
+struct Menu : screen::Screen {
+    explicit Menu(screen::Program& program, const char* name = "frmInfoPess") : Screen(program, QLatin1String(name)) {}
+    screen::Button cmdEspecialMun{this, "cmdEspecialMun", QStringLiteral("Especial Municipios")};
+    screen::Button cmdSAIR{this, "cmdSAIR", QStringLiteral("Sai&r")};
+};
+
+/// Does something once the event loop runs.
+void later(std::function<void()> body) {
+    QTimer::singleShot(0, qApp, std::move(body));
+}
+
+void click(desktop::DesktopPlatform& platform, const char* name) {
+    QTest::mouseClick(platform.top()->findChild<QAbstractButton*>(QLatin1String(name)), Qt::LeftButton);
+}
+
+} // namespace
+
+TEST(MessageBox, SpeaksPortugueseInTheOrderOfTheTexts) {
+    const Box box{QStringLiteral("a\nb <c>"), {}, Icon::Critical, Buttons::YesNoCancel};
+    const auto shown = desktop::MakeMessageBox(box, nullptr);
+    EXPECT_EQ(shown->windowTitle(), u"Cadastro de Pessoas");
+    EXPECT_EQ(shown->text(), u"a\nb <c>");
+    EXPECT_EQ(shown->textFormat(), Qt::PlainText);
+    EXPECT_EQ(shown->icon(), QMessageBox::Critical);
+    EXPECT_EQ(captionsFromLeft(*shown), QStringList({"Sim", "Não", "Cancela"}));
+    EXPECT_EQ(shown->defaultButton()->text(), u"&Sim");
+}
+
+TEST(MessageBox, KeepsATitleAndAnIcon) {
+    const auto shown =
+        desktop::MakeMessageBox({QStringLiteral("x"), QStringLiteral("Inclusão"), Icon::Information}, nullptr);
+    EXPECT_EQ(shown->windowTitle(), u"Inclusão");
+    EXPECT_EQ(shown->icon(), QMessageBox::Information);
+    EXPECT_EQ(captionsFromLeft(*shown), QStringList({"OK"}));
+}
+
+TEST(MessageBox, EscapeGivesTheAnswerThatChangesLeast) {
+    for (const auto& [buttons, wanted] :
+         {std::pair{Buttons::OK, Answer::OK}, {Buttons::YesNo, Answer::No}, {Buttons::YesNoCancel, Answer::Cancel}}) {
+        const auto shown = desktop::MakeMessageBox({QStringLiteral("?"), {}, Icon::None, buttons}, nullptr);
+        later([&] { QTest::keyClick(shown.get(), Qt::Key_Escape); });
+        shown->exec();
+        EXPECT_EQ(desktop::AnswerOf(*shown), wanted);
+    }
+}
+
+TEST(MessageBox, EveryButtonGivesItsAnswer) {
+    for (const Answer answer : {Answer::Yes, Answer::No, Answer::Cancel}) {
+        const auto shown =
+            desktop::MakeMessageBox({QStringLiteral("?"), {}, Icon::None, Buttons::YesNoCancel}, nullptr);
+        later([&] { QTest::mouseClick(desktop::ButtonOf(*shown, answer), Qt::LeftButton); });
+        shown->exec();
+        EXPECT_EQ(desktop::AnswerOf(*shown), answer);
+    }
+}
+
+TEST(DesktopPlatform, AModalScreenEndsWithItsUnload) {
+    desktop::DesktopPlatform platform;
+    screen::Program program(platform);
+    Menu menu(program);
+    menu.setCaption(QStringLiteral("Título da tela"));
+    menu.cmdSAIR.Click = [&] { menu.Unload(); };
+    QString title;
+    later([&] {
+        title = platform.top()->windowTitle();
+        click(platform, "cmdSAIR");
+    });
+    EXPECT_TRUE(program.dispatch([&] { program.ShowModal(menu); }));
+    EXPECT_EQ(title, u"Título da tela");
+    EXPECT_EQ(platform.top(), nullptr);
+}
+
+TEST(DesktopPlatform, TheFrameClosesAScreen) {
+    desktop::DesktopPlatform platform;
+    screen::Program program(platform);
+    Menu menu(program);
+    later([&] { platform.top()->close(); });
+    EXPECT_TRUE(program.dispatch([&] { program.ShowModal(menu); }));
+    EXPECT_FALSE(menu.isLoaded());
+}
+
+TEST(DesktopPlatform, EscapeClosesNothing) {
+    desktop::DesktopPlatform platform;
+    screen::Program program(platform);
+    Menu menu(program);
+    bool stillThere = false;
+    later([&] {
+        QTest::keyClick(platform.top(), Qt::Key_Escape);
+        stillThere = menu.isLoaded() && platform.top()->isVisible();
+        platform.top()->close();
+    });
+    program.dispatch([&] { program.ShowModal(menu); });
+    EXPECT_TRUE(stillThere);
+}
+
+TEST(DesktopPlatform, TheEndLeavesEveryModalWait) {
+    desktop::DesktopPlatform platform;
+    screen::Program program(platform);
+    Menu below(program);
+    Menu above(program, "frmInfoPess");
+    bool wentOn = false;
+    below.cmdEspecialMun.Click = [&] {
+        program.ShowModal(above);
+        wentOn = true;
+    };
+    above.cmdSAIR.Click = [&] { program.End(); };
+    later([&] {
+        later([&] { click(platform, "cmdSAIR"); });
+        click(platform, "cmdEspecialMun");
+    });
+    EXPECT_FALSE(program.dispatch([&] { program.ShowModal(below); }));
+    EXPECT_FALSE(wentOn);
+    EXPECT_EQ(program.exitCode(), 0);
+    EXPECT_EQ(platform.top(), nullptr);
+}
+
+TEST(DesktopPlatform, ARunTimeErrorShowsItsBoxAndEnds) {
+    desktop::DesktopPlatform platform;
+    screen::Program program(platform);
+    Menu menu(program);
+    menu.cmdSAIR.Click = [] { throw RuntimeError(13, QStringLiteral("Tipo incompatível")); };
+    QString text;
+    later([&] {
+        later([&] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_TRUE(box);
+            text = box->text();
+            box->buttons().first()->click();
+        });
+        click(platform, "cmdSAIR");
+    });
+    EXPECT_FALSE(program.dispatch([&] { program.ShowModal(menu); }));
+    EXPECT_EQ(text, u"Erro 13\n\nTipo incompatível");
+    EXPECT_EQ(program.exitCode(), 1);
+}
+
+TEST(DesktopPlatform, AScreenKeepsItsPlace) {
+    desktop::DesktopPlatform platform;
+    screen::Program program(platform);
+    Menu menu(program);
+    later([&] {
+        platform.top()->resize(555, 444);
+        platform.top()->close();
+    });
+    program.dispatch([&] { program.ShowModal(menu); });
+    QSize found;
+    Menu again(program);
+    later([&] {
+        found = platform.top()->size();
+        platform.top()->close();
+    });
+    program.dispatch([&] { program.ShowModal(again); });
+    EXPECT_EQ(found, QSize(555, 444));
+}
+
+TEST(DesktopPlatform, LongWorkShowsHourglassAndBar) {
+    desktop::DesktopPlatform platform;
+    screen::Program program(platform);
+    Menu menu(program);
+    bool bar = false;
+    Qt::CursorShape shape = Qt::ArrowCursor;
+    Qt::CursorShape after = Qt::WaitCursor;
+    menu.cmdEspecialMun.Click = [&] {
+        menu.setPointer(screen::Pointer::Hourglass);
+        platform.progress(1, 10);
+        shape = platform.top()->cursor().shape();
+        bar = platform.top()->findChild<QWidget*>(QStringLiteral("progresso"))->isVisible();
+        platform.progress(0, 0);
+        menu.setPointer(screen::Pointer::Default);
+    };
+    later([&] {
+        click(platform, "cmdEspecialMun");
+        after = platform.top()->cursor().shape();
+        platform.top()->close();
+    });
+    program.dispatch([&] { program.ShowModal(menu); });
+    EXPECT_TRUE(bar);
+    EXPECT_EQ(shape, Qt::WaitCursor);
+    EXPECT_EQ(after, Qt::ArrowCursor);
+}
+
+TEST(DesktopApplication, LetsNoExceptionIntoTheEventLoop) {
+    auto& application = static_cast<desktop::DesktopApplication&>(*qApp);
+    QString caught;
+    application.onException = [&](const auto& raise) {
+        try {
+            raise();
+        } catch (const std::exception& error) {
+            caught = QString::fromUtf8(error.what());
+        }
+    };
+    QPushButton button;
+    QObject::connect(&button, &QPushButton::clicked, [] { throw std::runtime_error("aqui não"); });
+    button.show();
+    QTest::keyClick(&button, Qt::Key_Space);
+    EXPECT_EQ(caught, u"aqui não");
+    application.onException = {};
+}
+
+TEST(DesktopPlatform, TheHomeIsToldOrTheSystemsOwn) {
+    const desktop::DesktopPlatform platform;
+    qputenv("VORTA_HOME", "/tmp/vorta/");
+    EXPECT_EQ(platform.home(), u"/tmp/vorta");
+    qunsetenv("VORTA_HOME");
+#ifdef Q_OS_LINUX
+    EXPECT_EQ(platform.home(), u"/opt/vorta");
+#endif
+}
+
+} // namespace vorta::test
