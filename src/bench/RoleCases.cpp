@@ -146,14 +146,14 @@ using Bench = std::shared_ptr<RoleBench>;
 /// The register's work against the statements that it sends, the same persons in the same order.
 Case work(const Bench& bench, const char* name, const char* unit, int steps, void (RoleBench::*ours)(int),
           double limit) {
-    auto statements = std::make_shared<QStringList>();
+    auto statements = std::make_shared<std::vector<QStringList>>();
     return {QString::fromUtf8(name), QString::fromUtf8(unit),
             [=] {
-                if (statements->isEmpty())
-                    *statements = bench->statementsOf([&] { ((*bench).*ours)(0); });
+                for (int step = static_cast<int>(statements->size()); step < steps; ++step)
+                    statements->push_back(bench->statementsOf([&] { ((*bench).*ours)(step); }));
                 return Microseconds(steps, [&] {
-                    for (int step = 0; step < steps; ++step)
-                        bench->sendsBare(*statements);
+                    for (const QStringList& sent : *statements)
+                        bench->sendsBare(sent);
                 });
             },
             [=] {
