@@ -22,6 +22,8 @@ class SqlServerStage : public robot::Stage {
 
     /// Moves the installation to the server; later calls change nothing.
     void moveToServer();
+    /// Every request that the server has got.
+    QStringList wireTrace() const { return server_ ? server_->trace() : QStringList(); }
 
   private:
     void takeOver(const QString& file, int line, const QString& database, bool postalCode);

@@ -8,6 +8,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QSet>
 #include <clocale>
 #include <cstdio>
 
@@ -16,26 +17,40 @@ namespace {
 using namespace vorta;
 using namespace vorta::robot;
 
+QString oneLine(QString statement) {
+    return statement.replace(u'\n', u' ');
+}
+
+/// Adds the statements of the program that went over the wire: one that the guard has refused did not.
+void addTo(const QString& file, const QStringList& sent, const QStringList& wire) {
+    if (file.isEmpty())
+        return;
+    QFile trace(file);
+    if (!trace.open(QIODevice::Append))
+        throw Failure{u"%1 cannot be written"_qs.arg(file)};
+    const QSet<QString> arrived(wire.begin(), wire.end());
+    for (const QString& statement : sent)
+        if (arrived.contains(statement))
+            trace.write(statement.toUtf8() + '\n');
+}
+
 std::optional<Verdict> playOne(const Options& options, const Scenario& scenario, const QString& copy,
                                const std::function<void(int)>& atLine) {
     int count = 1;
     char name[] = "tds_roteiro";
     char* names[] = {name, nullptr};
     QCoreApplication application(count, names);
-    QFile trace(options.trace);
-    if (!options.trace.isEmpty() && !trace.open(QIODevice::Append))
-        throw Failure{QStringLiteral("%1 cannot be written").arg(options.trace)};
     qputenv("VORTA_HOME", copy.toUtf8());
+    QStringList sent;
     test::SqlServerStage stage(options.home, copy);
     firebird::PrepareEmbeddedEngine(copy);
     Player player(
         scenario, stage, [](screen::Program&, screen::User& user) { return std::make_unique<ModelHands>(user); },
-        [&](const QString& statement) {
-            if (trace.isOpen())
-                trace.write(QString(statement).replace(u'\n', u' ').toUtf8() + '\n');
-        });
+        [&](const QString& statement) { sent += oneLine(statement); });
     player.onLine = atLine;
-    return player.play();
+    const auto verdict = player.play();
+    addTo(options.trace, sent, stage.wireTrace());
+    return verdict;
 }
 
 } // namespace

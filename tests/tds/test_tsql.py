@@ -138,6 +138,7 @@ class TransactSql(unittest.TestCase):
     def test_texts_too_long(self):
         self.assertRefused(8152, "UPDATE PESS SET PESS_CODI_EXTE = '123456789012345678901'")
         self.rows("UPDATE PESS SET PESS_CODI_EXTE = '12345678901234567890     ' WHERE idPESS = 3")
+        self.assertEqual(self.keys(f"PESS_CODI_EXTE = '{'1' * 10_000}'"), [])
 
     def test_refusals_by_name(self):
         self.assertRefused(207, "SELECT NADA FROM PESS")
