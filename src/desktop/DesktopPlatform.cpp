@@ -43,7 +43,10 @@ void DesktopPlatform::runModal(screen::Screen& screen) {
     QEventLoop loop;
     windows_.push_back(&window);
     loops_.push_back(&loop);
-    window.binder().onOver = [&] { leave(loop); };
+    window.binder().onOver = [&] {
+        loop.quit();
+        leaveIfEnded();
+    };
     window.restorePlace();
     window.show();
     if (window.binder().isOpen())
@@ -53,13 +56,10 @@ void DesktopPlatform::runModal(screen::Screen& screen) {
     windows_.pop_back();
 }
 
-/// The end of the program leaves every wait, the end of a screen its own.
-void DesktopPlatform::leave(QEventLoop& own) {
+void DesktopPlatform::leaveIfEnded() {
     if (top() && top()->binder().screen().program().hasEnded())
         for (QEventLoop* loop : loops_)
             loop->quit();
-    else
-        own.quit();
 }
 
 void DesktopPlatform::openAddress(const QString& address) {

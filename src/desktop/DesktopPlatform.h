@@ -22,12 +22,13 @@ class DesktopPlatform : public screen::Platform {
     /// `VORTA_HOME`, or the system's own place of the installation.
     QString home() const override;
 
+    /// Leaves every modal wait when the program has ended.
+    void leaveIfEnded();
     /// The window on top; none before the first screen.
     ScreenWindow* top() const { return windows_.empty() ? nullptr : windows_.back(); }
 
   private:
     void showAll();
-    void leave(QEventLoop& own);
 
     std::vector<ScreenWindow*> windows_;
     std::vector<QEventLoop*> loops_;

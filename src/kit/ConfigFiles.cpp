@@ -98,12 +98,21 @@ std::optional<QStringList> LinesOf(const QString& path) {
     return text.split(u'\n');
 }
 
+ServerLine::ServerLine(const QString& line) {
+    constexpr qsizetype allFields = 7;
+    const QStringList fields = FieldsOf(line.trimmed());
+    server = fields.value(0);
+    engine = fields.value(4);
+    connection = fields.value(5);
+    keepsAccents = fields.value(6);
+    complete = fields.size() >= allFields;
+}
+
 void Relocate(const QString& given) {
     const Layout layout(given);
     const std::optional<QStringList> root = LinesOf(layout.config(QStringLiteral("server_aplic.ini")));
     if (!root)
-        throw RuntimeError(errorNumber::FileNotFound,
-                           QStringLiteral("%1 não contém uma instalação").arg(layout.home));
+        throw RuntimeError(errorNumber::FileNotFound, QStringLiteral("%1 não contém uma instalação").arg(layout.home));
     const QStringList fields = FieldsOf(root->value(0));
     const QString old = QDir::cleanPath(fields.value(0).trimmed() + fields.value(1).trimmed());
     if (old.isEmpty() || old == layout.home)

@@ -27,20 +27,40 @@ struct Environment {
     QString base;
 };
 const QList<Environment>& Environments();
-inline QString PostalCodeBase() { return QStringLiteral("cep"); }
+inline QString PostalCodeBase() {
+    return QStringLiteral("cep");
+}
 
 /// Pictures that the screens ask for by name, and what a product picture's name ends in.
-inline QString LinkedPicture() { return QStringLiteral("comvinculo.bmp"); }
-inline QString UnlinkedPicture() { return QStringLiteral("semvinculo.bmp"); }
-inline QString NoPhotoPicture() { return QStringLiteral("semfoto.bmp"); }
-inline QString PictureSuffix() { return QStringLiteral(".bmp"); }
+inline QString LinkedPicture() {
+    return QStringLiteral("comvinculo.bmp");
+}
+inline QString UnlinkedPicture() {
+    return QStringLiteral("semvinculo.bmp");
+}
+inline QString NoPhotoPicture() {
+    return QStringLiteral("semfoto.bmp");
+}
+inline QString PictureSuffix() {
+    return QStringLiteral(".bmp");
+}
 
-/// Writes the four configuration files for embedded databases; 75 when one cannot be written. "server.ini" and "server_cep.ini" can hold a
-/// password and are readable by their owner and group only.
+/// Writes the four configuration files for embedded databases; 75 when one cannot be written. "server.ini" and
+/// "server_cep.ini" can hold a password and are readable by their owner and group only.
 void WriteConfigFiles(const Layout& layout);
 
 /// The fields of a configuration line; a field that is not there is missing.
 QStringList FieldsOf(const QString& line);
+/// A line of "server.ini" or "server_cep.ini" taken apart.
+struct ServerLine {
+    explicit ServerLine(const QString& line);
+    QString server;
+    QString engine;     ///< the tag as written; an empty one means SQL Server
+    QString connection; ///< Firebird's own connection string
+    QString keepsAccents;
+    bool complete = false; ///< all seven fields are there
+    bool isFirebird() const { return engine == QStringLiteral("FIREBIRD"); }
+};
 /// The lines of a configuration file, UTF-8 or Windows-1252; nothing when it cannot be read.
 std::optional<QStringList> LinesOf(const QString& path);
 

@@ -4,6 +4,7 @@
 #include "firebird/EmbeddedEngine.h"
 #include "kit/ConfigFiles.h"
 #include "kit/Ddl.h"
+#include "kit/Demonstration.h"
 
 #include "kit/Loader.h"
 #include "kit/Pictures.h"
@@ -13,6 +14,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <array>
+
 namespace vorta::kit {
 
 namespace {
@@ -20,14 +23,17 @@ namespace {
 constexpr int alreadyThere = 58;
 constexpr int pathRefused = 75;
 
+/// What a creation makes below the home, and takes away again when it fails.
+constexpr std::array ownFolders{"config", "base", "imagens", "paginas"};
+
 void refuseExisting(const Layout& layout) {
-    for (const QString& taken : {layout.home + QStringLiteral("/config"), layout.home + QStringLiteral("/base"),
-                                 layout.home + QStringLiteral("/imagens")})
-        if (QFile::exists(taken))
-            throw RuntimeError(alreadyThere, QStringLiteral("Já existe uma instalação em %1; nada foi alterado")
-                                                 .arg(layout.home));
+    for (const char* folder : ownFolders)
+        if (QFile::exists(layout.home + u'/' + QLatin1StringView(folder)))
+            throw RuntimeError(alreadyThere,
+                               QStringLiteral("Já existe uma instalação em %1; nada foi alterado").arg(layout.home));
     if (layout.home.contains(u'^') || layout.home.contains(u';') || layout.home.contains(u'='))
-        throw RuntimeError(pathRefused, QStringLiteral("O caminho %1 não pode conter os caracteres ^ ; =").arg(layout.home));
+        throw RuntimeError(pathRefused,
+                           QStringLiteral("O caminho %1 não pode conter os caracteres ^ ; =").arg(layout.home));
 }
 
 void makeFolder(const QString& path) {
@@ -47,7 +53,7 @@ class Undo {
     explicit Undo(const Layout& layout) : layout_(layout) {}
     ~Undo() {
         if (!done_)
-            for (const char* folder : {"config", "base", "imagens", "paginas"})
+            for (const char* folder : ownFolders)
                 QDir(layout_.home + u'/' + QLatin1StringView(folder)).removeRecursively();
     }
     void done() { done_ = true; }
@@ -63,7 +69,8 @@ void define(Loader& loader, const QStringList& statements) {
     loader.commit();
 }
 
-/// A new base is filled without waiting for the disk at each page; a creation that breaks off is thrown away as a whole.
+/// A new base is filled without waiting for the disk at each page; a creation that breaks off is thrown away as a
+/// whole.
 void createEmpty(const QString& file, Base base) {
     firebird::DatabaseOptions options;
     options.forcedWrites = false;
@@ -98,8 +105,7 @@ void createMainBases(const Layout& layout, const Contents& contents, const Progr
         finish(layout.base(environment.base), Base::Main);
     }
 
-    if (contents.demo || contents.people > 0)
-        throw RuntimeError(pathRefused, QStringLiteral("Os dados de demonstração ainda não são gerados"));
+    LoadDemonstration(layout, production, contents, progress);
     if (progress)
         progress(QStringLiteral("índices"), 0, 0);
     finish(production, Base::Main);
@@ -122,7 +128,8 @@ void CreateInstallation(const QString& home, const Contents& contents, const Pro
     const Layout layout(home);
     refuseExisting(layout);
     Undo undo(layout);
-    for (const QString& folder : {layout.config({}), layout.bases(), layout.images(), layout.largeImages(), layout.pages()})
+    for (const QString& folder :
+         {layout.config({}), layout.bases(), layout.images(), layout.largeImages(), layout.pages()})
         makeFolder(folder);
     writePicture(layout.images() + LinkedPicture(), LinkedBitmap());
     writePicture(layout.images() + UnlinkedPicture(), UnlinkedBitmap());

@@ -84,12 +84,13 @@ QStringList IndexStatements(Engine, Base base) {
 }
 
 QString Script(Engine engine) {
-    const QString head =
-        engine == Engine::Firebird
-            ? QStringLiteral("-- Firebird 3. Create each database with PAGE_SIZE 16384 and DEFAULT CHARACTER SET WIN1252 COLLATION WIN_PTBR,\n"
-                             "-- so that a search without accents or capitals finds.\n\n")
-            : QStringLiteral("-- SQL Server. Create each database with COLLATE Latin1_General_CI_AI, so that a search without accents or\n"
-                             "-- capitals finds. Rows are numbered by the database.\n\n");
+    const QString head = engine == Engine::Firebird
+                             ? QStringLiteral("-- Firebird 3. Create each database with PAGE_SIZE 16384 and DEFAULT "
+                                              "CHARACTER SET WIN1252 COLLATION WIN_PTBR,\n"
+                                              "-- so that a search without accents or capitals finds.\n\n")
+                             : QStringLiteral("-- SQL Server. Create each database with COLLATE Latin1_General_CI_AI, "
+                                              "so that a search without accents or\n"
+                                              "-- capitals finds. Rows are numbered by the database.\n\n");
     return head + scriptOf(engine, Base::Main, QStringLiteral("Main database: one for each environment.")) +
            scriptOf(engine, Base::PostalCode, QStringLiteral("Postal-code database."));
 }

@@ -5,10 +5,12 @@
 
 #include <QStringList>
 
-/// The definitions of the tables in the words of either engine. Names stand as the programs spell them, nothing is quoted.
+/// The definitions of the tables in the words of either engine. Names stand as the programs spell them, nothing is
+/// quoted.
 namespace vorta::kit {
 
-/// The statements that create the tables, generators and key triggers of a base, in order. SQL Server numbers its rows itself.
+/// The statements that create the tables, generators and key triggers of a base, in order. SQL Server numbers its rows
+/// itself.
 QStringList TableStatements(data::Engine engine, Base base);
 /// The statements that create its indexes; a large load runs before them.
 QStringList IndexStatements(data::Engine engine, Base base);

@@ -25,6 +25,10 @@ constexpr unsigned windows1252 = 53;
 /// The engine counts its days from 17 November 1858.
 constexpr qint64 firstEngineDay = 2400001; // as a Julian day
 
+/// A load is kept or dropped as a whole, so that the engine need not note how to undo each of its rows.
+constexpr unsigned char loadBlock[] = {isc_tpb_version3, isc_tpb_write, isc_tpb_concurrency, isc_tpb_wait,
+                                       isc_tpb_no_auto_undo};
+
 struct NativeForm {
     unsigned type;
     unsigned length;
@@ -47,10 +51,10 @@ NativeForm nativeForm(const Column& column) {
 }
 
 /// The places from 80 to 9F hexadecimal, where Windows-1252 differs from Latin-1; 0 marks the five that are not taken.
-constexpr std::array<char16_t, 32> special{
-    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+constexpr std::array<char16_t, 32> special{0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                           0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
+                                           0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                           0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 constexpr unsigned firstSpecial = 0x80;
 
 class TextRows : public data::RowSink {
@@ -72,7 +76,8 @@ class TextRows : public data::RowSink {
 
 QByteArray ToWindows1252(const QString& text) {
     if (!InRepertoire(text))
-        throw RuntimeError(errorNumber::TypeMismatch, QStringLiteral("O texto [%1] tem caracteres fora do Windows-1252").arg(text));
+        throw RuntimeError(errorNumber::TypeMismatch,
+                           QStringLiteral("O texto [%1] tem caracteres fora do Windows-1252").arg(text));
     QByteArray bytes(text.size(), Qt::Uninitialized);
     for (qsizetype i = 0; i < text.size(); ++i) {
         const char16_t unit = text[i].unicode();
@@ -111,7 +116,7 @@ Firebird::ITransaction& Loader::transaction() {
     if (!transaction_)
         Translated({}, [&] {
             Status status;
-            transaction_.reset(attachment_->startTransaction(&status, 0, nullptr));
+            transaction_.reset(attachment_->startTransaction(&status, sizeof(loadBlock), loadBlock));
         });
     return *transaction_;
 }
@@ -234,6 +239,8 @@ RowLoader& RowLoader::operator<<(QDate value) {
 }
 
 RowLoader& RowLoader::operator<<(QByteArrayView latin) {
+    if (latin.isNull())
+        return *this << nullptr;
     Slot& slot = next(Kind::Text);
     const auto length = static_cast<ISC_USHORT>(std::min<qsizetype>(latin.size(), slot.column.length));
     std::memcpy(&message_[slot.offset], &length, sizeof(length));
@@ -241,7 +248,9 @@ RowLoader& RowLoader::operator<<(QByteArrayView latin) {
     return *this;
 }
 
-RowLoader& RowLoader::operator<<(const QString& text) { return *this << QByteArrayView(ToWindows1252(text)); }
+RowLoader& RowLoader::operator<<(const QString& text) {
+    return *this << QByteArrayView(ToWindows1252(text));
+}
 
 RowLoader& RowLoader::operator<<(std::nullptr_t) {
     if (position_ >= slots_.size())

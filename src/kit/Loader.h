@@ -6,10 +6,11 @@
 #include <QDate>
 #include <QStringList>
 
-#include <span>
+#include <optional>
 #include <vector>
 
-/// Rows into a Firebird base at the engine's own pace: prepared inserts whose values travel in the form in which the engine keeps them.
+/// Rows into a Firebird base at the engine's own pace: prepared inserts whose values travel in the form in which the
+/// engine keeps them.
 namespace vorta::kit {
 
 /// A decimal with two places, as a number of hundredths.
@@ -42,8 +43,9 @@ class Loader {
     firebird::Handle<Firebird::ITransaction> transaction_;
 };
 
-/// Inserts rows of one table: values in the order of the columns, then `send`. A value of the wrong kind, a text with characters outside
-/// Windows-1252 or a number of values other than the columns is a mistake of the caller and ends in 13.
+/// Inserts rows of one table: values in the order of the columns, then `send`. A value of the wrong kind, a text with
+/// characters outside Windows-1252 or a number of values other than the columns is a mistake of the caller and ends
+/// in 13.
 class RowLoader {
   public:
     /// For these columns of the table, or all of them.
@@ -55,7 +57,9 @@ class RowLoader {
     RowLoader& operator<<(Hundredths value);
     /// An invalid date is a null.
     RowLoader& operator<<(QDate value);
-    /// A text in Windows-1252; too long a text is cut at the column's length.
+    /// No key is a null.
+    RowLoader& operator<<(std::optional<qint64> key) { return key ? *this << *key : *this << nullptr; }
+    /// A text in Windows-1252; too long a text is cut at the column's length, a null byte array is a null.
     RowLoader& operator<<(QByteArrayView latin);
     RowLoader& operator<<(const QByteArray& latin) { return *this << QByteArrayView(latin); }
     RowLoader& operator<<(const char* latin) { return *this << QByteArrayView(latin); }

@@ -38,8 +38,7 @@ Shape circle(Point centre, double radius, double width) {
 Shape line(Point from, Point to, double width) {
     return [=](Point p) {
         const double dx = to.x - from.x, dy = to.y - from.y;
-        const double along =
-            std::clamp(((p.x - from.x) * dx + (p.y - from.y) * dy) / (dx * dx + dy * dy), 0.0, 1.0);
+        const double along = std::clamp(((p.x - from.x) * dx + (p.y - from.y) * dy) / (dx * dx + dy * dy), 0.0, 1.0);
         return std::hypot(p.x - from.x - along * dx, p.y - from.y - along * dy) - width / 2;
     };
 }
@@ -81,8 +80,8 @@ class Canvas {
         put(bytes, 1, 2);
         put(bytes, 32, 2);
         constexpr quint32 withMasks = 3, sRgb = 0x73524742;
-        for (const quint32 word : {withMasks, 0u, 2835u, 2835u, 0u, 0u, 0x00FF0000u, 0x0000FF00u, 0x000000FFu,
-                                   0xFF000000u, sRgb})
+        for (const quint32 word :
+             {withMasks, 0u, 2835u, 2835u, 0u, 0u, 0x00FF0000u, 0x0000FF00u, 0x000000FFu, 0xFF000000u, sRgb})
             put(bytes, word, 4);
         bytes.append(qsizetype(fileHeader + infoHeader) - bytes.size(), '\0');
         for (int y = height_ - 1; y >= 0; --y)
@@ -128,7 +127,9 @@ QByteArray LinkedBitmap() {
         .bitmap();
 }
 
-QByteArray UnlinkedBitmap() { return Canvas(24, 24).paint(circle({12, 12}, 9.2, 2.2), ring).bitmap(); }
+QByteArray UnlinkedBitmap() {
+    return Canvas(24, 24).paint(circle({12, 12}, 9.2, 2.2), ring).bitmap();
+}
 
 QByteArray NoPhotoBitmap() {
     return Canvas(160, 120)
@@ -136,8 +137,8 @@ QByteArray NoPhotoBitmap() {
         .paint(box({80, 60}, 56, 40, 5), shade)
         .paint(box({80, 60}, 52, 36, 3), paper)
         .paint(disc({56, 44}, 8), shade)
-        .paint(hill({64, 62}, 0.9, 94), shade)
-        .paint(hill({98, 50}, 0.9, 94), ring)
+        .paint(hill({60, 68}, 0.9, 94), shade)
+        .paint(hill({92, 60}, 0.9, 94), ring)
         .bitmap();
 }
 

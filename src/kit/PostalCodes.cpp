@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "kit/ConfigFiles.h"
 #include "kit/Reference.h"
 
 #include <QFile>
@@ -19,7 +20,8 @@ constexpr qsizetype mostReported = 20;
 constexpr qsizetype cepDigits = 8;
 
 enum Field { Cep, Type, Abbreviation, Name, District, Town, State, FieldCount };
-constexpr std::array<const char*, FieldCount> titles{"cep", "tipo", "abreviatura", "logradouro", "bairro", "cidade", "uf"};
+constexpr std::array<const char*, FieldCount> titles{"cep",    "tipo",   "abreviatura", "logradouro",
+                                                     "bairro", "cidade", "uf"};
 
 QSet<QString> states() {
     QSet<QString> codes;
@@ -84,14 +86,14 @@ class ListReader {
         if (const QString wrong = faultOf(fields); !wrong.isEmpty())
             return mistake(number, wrong);
         const auto bytes = [&](Field field) { return ToWindows1252(fields[field]); };
-        streets.push_back({bytes(Cep), bytes(Type), bytes(Abbreviation), bytes(Name), bytes(District), bytes(Town),
-                           bytes(State)});
+        streets.push_back(
+            {bytes(Cep), bytes(Type), bytes(Abbreviation), bytes(Name), bytes(District), bytes(Town), bytes(State)});
     }
 
     QString faultOf(const QStringList& fields) const {
-        const bool digits = fields[Cep].size() == cepDigits &&
-                            std::all_of(fields[Cep].begin(), fields[Cep].end(),
-                                        [](QChar c) { return c >= u'0' && c <= u'9'; });
+        const bool digits =
+            fields[Cep].size() == cepDigits &&
+            std::all_of(fields[Cep].begin(), fields[Cep].end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
         if (!digits)
             return QStringLiteral("o CEP [%1] não tem oito dígitos").arg(fields[Cep]);
         if (fields[Name].isEmpty())
@@ -136,7 +138,9 @@ class Numbering {
     QHash<QByteArray, QByteArray> keys_;
 };
 
-const Table& tableOf(const char* name) { return *FindTable(QString::fromLatin1(name)); }
+const Table& tableOf(const char* name) {
+    return *FindTable(QString::fromLatin1(name));
+}
 
 } // namespace
 
@@ -189,6 +193,25 @@ void LoadPostalCodes(Loader& loader, const std::vector<Street>& streets) {
         roads << street.cep << street.name << street.state << type << town << district;
         roads.send();
     }
+}
+
+qint64 LoadPostalCodeFile(const QString& home, const QString& list, ListMistakes& mistakes) {
+    const QString path = Layout(home).config(QStringLiteral("server_cep.ini"));
+    const std::optional<QStringList> lines = LinesOf(path);
+    if (!lines)
+        throw RuntimeError(errorNumber::FileNotFound, QStringLiteral("Não foi possível ler %1").arg(path));
+    const ServerLine server(lines->value(0));
+    if (!server.isFirebird())
+        throw RuntimeError(
+            errorNumber::TypeMismatch,
+            QStringLiteral("A base de CEPs de %1 não é Firebird; carregue-a com as ferramentas do servidor").arg(path));
+    const std::vector<Street> streets = ReadStreets(list, mistakes);
+    if (mistakes.all > 0)
+        return 0;
+    Loader loader(server.connection);
+    LoadPostalCodes(loader, streets);
+    loader.commit();
+    return static_cast<qint64>(streets.size());
 }
 
 } // namespace vorta::kit

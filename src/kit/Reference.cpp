@@ -14,8 +14,8 @@ namespace vorta::kit {
 
 namespace {
 
-constexpr std::array tables{"UF00",           "muni_ibge", "pais",      "Banc", "carg", "ativ", "tipo_clie",
-                            "regi_espe_icms", "cart",      "TIPO_PROD", "cole"};
+constexpr std::array tables{"UF00",      "muni_ibge",      "pais", "Banc",      "carg", "ativ",
+                            "tipo_clie", "regi_espe_icms", "cart", "TIPO_PROD", "cole"};
 
 void load(Loader& loader, const char* name) {
     const Table& table = *FindTable(QString::fromLatin1(name));
@@ -48,10 +48,13 @@ void LoadReferenceData(Loader& loader) {
     for (const char* name : tables)
         load(loader, name);
     RowLoader company(loader, *FindTable(QStringLiteral("EMPR")));
-    company << 1 << "0001" << "EMPRESA MODELO" << nullptr << "SP" << "S" << nullptr;
+    company << 1 << "0001"
+            << "EMPRESA MODELO" << nullptr << "SP"
+            << "S" << nullptr;
     company.send();
     RowLoader user(loader, *FindTable(QStringLiteral("USEN")));
-    user << 1 << "ADMIN" << "ADMINISTRADOR";
+    user << 1 << "ADMIN"
+         << "ADMINISTRADOR";
     user.send();
 }
 

@@ -2,7 +2,8 @@
 
 #include "kit/Loader.h"
 
-/// The reference data that comes with the program: plain tables that a person can read (share/*.tsv), one file per table of the base.
+/// The reference data that comes with the program: plain tables that a person can read (share/*.tsv), one file per
+/// table of the base.
 namespace vorta::kit {
 
 /// One such table: its columns as the first line names them, and its rows.
@@ -13,7 +14,8 @@ struct ReferenceTable {
 /// Reads the table of that name out of the program itself; 53 when it has none.
 ReferenceTable ReadReference(const QString& name);
 
-/// Fills the reference tables of a main base, its one company and its one user. Keys count from 1 in the order of the lines.
+/// Fills the reference tables of a main base, its one company and its one user. Keys count from 1 in the order of the
+/// lines.
 void LoadReferenceData(Loader& loader);
 
 } // namespace vorta::kit

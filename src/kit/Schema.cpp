@@ -6,11 +6,21 @@ namespace vorta::kit {
 
 namespace {
 
-Column key(const char* name) { return {QString::fromLatin1(name), Kind::Key}; }
-Column integer(const char* name) { return {QString::fromLatin1(name), Kind::Integer}; }
-Column amount(const char* name) { return {QString::fromLatin1(name), Kind::Amount}; }
-Column date(const char* name) { return {QString::fromLatin1(name), Kind::Date}; }
-Column text(const char* name, int length) { return {QString::fromLatin1(name), Kind::Text, length}; }
+Column key(const char* name) {
+    return {QString::fromLatin1(name), Kind::Key};
+}
+Column integer(const char* name) {
+    return {QString::fromLatin1(name), Kind::Integer};
+}
+Column amount(const char* name) {
+    return {QString::fromLatin1(name), Kind::Amount};
+}
+Column date(const char* name) {
+    return {QString::fromLatin1(name), Kind::Date};
+}
+Column text(const char* name, int length) {
+    return {QString::fromLatin1(name), Kind::Text, length};
+}
 
 /// Lengths are generous where a screen sets no limit: an engine answers a text that is too long with an error.
 constexpr int flag = 1;
@@ -53,10 +63,9 @@ std::vector<Column> audited(std::vector<Column> columns) {
 }
 
 Table bankedRole(const char* title, const char* keyName, const char* registration) {
-    return table(title,
-                 audited({key(keyName), integer("idpess"), date("data_cred"), amount("valo_sala"), amount("perc_pool"),
-                          amount("perc_coms"), text(registration, name), integer("idbanc"), text("banc_agen", name),
-                          text("banc_cont", name), text("codi_empr", code)}));
+    return table(title, audited({key(keyName), integer("idpess"), date("data_cred"), amount("valo_sala"),
+                                 amount("perc_pool"), amount("perc_coms"), text(registration, name), integer("idbanc"),
+                                 text("banc_agen", name), text("banc_cont", name), text("codi_empr", code)}));
 }
 
 std::vector<Column> address(const char* qualifier) {
@@ -91,22 +100,42 @@ Table person() {
                                 text("FLAG_FISC_PESS", code)};
     for (const char* qualifier : {"COML", "ENTG", "COBR"})
         columns = with(std::move(columns), address(qualifier));
-    columns = with(std::move(columns),
-                   {text("TELE_0001_PESS", code), text("TELE_0002_PESS", code), text("FAX0_0001_PESS", code),
-                    text("FAX0_0002_PESS", code), text("EMAI_PESS", name), text("HTTP_PESS", name),
-                    text("NOME_CONT_PESS", name), text("PRIN_NOME_CONT", name), text("PRIN_FONE_CONT", name),
-                    text("PRIN_EMAI_CONT", name), text("Data_Aniv", dayAndMonth), date("data_aniv_rela"),
-                    text("SEXO", flag), integer("idvend"), integer("IDPESS_TRPT"), integer("idTipo_Clie"),
-                    text("tabe_prec", code), text("OBSE_PESS_0001", note), text("OBSE_PESS_0002", note),
-                    text("OBSE_PESS_0003", note), text("codi_empr", code), integer("idCLIE"), integer("idFORN"),
-                    integer("idTRPT"), integer("idMOTO"), integer("idARQT"), integer("idDECO"), date("DATA_INCL"),
-                    text("USER_INCL", code), date("DATA_DESA"), text("USER_DESA", code)});
+    columns = with(std::move(columns), {text("TELE_0001_PESS", code),
+                                        text("TELE_0002_PESS", code),
+                                        text("FAX0_0001_PESS", code),
+                                        text("FAX0_0002_PESS", code),
+                                        text("EMAI_PESS", name),
+                                        text("HTTP_PESS", name),
+                                        text("NOME_CONT_PESS", name),
+                                        text("PRIN_NOME_CONT", name),
+                                        text("PRIN_FONE_CONT", name),
+                                        text("PRIN_EMAI_CONT", name),
+                                        text("Data_Aniv", dayAndMonth),
+                                        date("data_aniv_rela"),
+                                        text("SEXO", flag),
+                                        integer("idvend"),
+                                        integer("IDPESS_TRPT"),
+                                        integer("idTipo_Clie"),
+                                        text("tabe_prec", code),
+                                        text("OBSE_PESS_0001", note),
+                                        text("OBSE_PESS_0002", note),
+                                        text("OBSE_PESS_0003", note),
+                                        text("codi_empr", code),
+                                        integer("idCLIE"),
+                                        integer("idFORN"),
+                                        integer("idTRPT"),
+                                        integer("idMOTO"),
+                                        integer("idARQT"),
+                                        integer("idDECO"),
+                                        date("DATA_INCL"),
+                                        text("USER_INCL", code),
+                                        date("DATA_DESA"),
+                                        text("USER_DESA", code)});
     return table("PESS", std::move(columns), "GEN_PESS");
 }
 
 std::vector<Table> persons() {
-    return {person(),
-            contacts("PESS_CONT", "idpess_cont", "idpess", "pess", "GEN_PESS_CONT"),
+    return {person(), contacts("PESS_CONT", "idpess_cont", "idpess", "pess", "GEN_PESS_CONT"),
             table("PESS_ATIV",
                   {key("idpess_ativ"), integer("idpess"), integer("idativ"), date("data_incl"), integer("user_incl")},
                   "GEN_PESS_ATIV")};
@@ -114,12 +143,12 @@ std::vector<Table> persons() {
 
 std::vector<Table> roles() {
     return {
-        table("CLIE",
-              audited({key("idclie"), integer("idpess"), text("reve", flag), amount("limi_cred"),
-                       integer("idTipo_Clie"), integer("idtrpt"), date("data_cred"), integer("idvend"),
-                       amount("lime_maxi_conh"), integer("idregi_espe_icms"), amount("valo_troc"),
-                       text("codi_empr", code)}),
-              "GEN_CLIE"),
+        table(
+            "CLIE",
+            audited({key("idclie"), integer("idpess"), text("reve", flag), amount("limi_cred"), integer("idTipo_Clie"),
+                     integer("idtrpt"), date("data_cred"), integer("idvend"), amount("lime_maxi_conh"),
+                     integer("idregi_espe_icms"), amount("valo_troc"), text("codi_empr", code)}),
+            "GEN_CLIE"),
         contacts("CLIE_CONT", "idclie_cont", "idclie", "clie", "GEN_CLIE_CONT"),
         table("FORN",
               audited({key("idforn"), integer("idpess"), date("data_cred"), amount("limi_copr"),
@@ -154,13 +183,11 @@ std::vector<Table> roles() {
 std::vector<Table> references() {
     return {
         table("USEN", {key("IDUSEN"), text("usen", name), text("NOME_USER", name)}),
-        table("EMPR",
-              {key("idempr"), text("codi_empr", code), text("nome_conh_empr", name), text("PATH_DANFE", note),
-               text("UF00_COML_EMPR", code), text("STAT_CEP8", flag), date("DATA_DESA")}),
+        table("EMPR", {key("idempr"), text("codi_empr", code), text("nome_conh_empr", name), text("PATH_DANFE", note),
+                       text("UF00_COML_EMPR", code), text("STAT_CEP8", flag), date("DATA_DESA")}),
         table("empr_cnfg", {key("idempr_cnfg"), text("nome_para", name), text("valo_para", note)}),
-        table("cor_sist",
-              {key("idcor_sist"), text("DESC_COR_SIST", name), text("CODI_BACK_0001", code),
-               text("CODI_FORE_0001", code), text("CODI_BACK_0002", code), text("CODI_FORE_0002", code)}),
+        table("cor_sist", {key("idcor_sist"), text("DESC_COR_SIST", name), text("CODI_BACK_0001", code),
+                           text("CODI_FORE_0001", code), text("CODI_BACK_0002", code), text("CODI_FORE_0002", code)}),
         table("ativ", {key("idativ"), text("desc_ativ", name), date("data_desa")}),
         table("carg", {key("idcarg"), text("desc_carg", name), date("data_desa")}),
         table("cole", {key("idcole"), text("desc_cole", name), date("data_desa")}),
@@ -169,15 +196,15 @@ std::vector<Table> references() {
         table("tipo_clie", {key("idtipo_clie"), text("desc_tipo_clie", name), date("data_desa")}),
         table("TIPO_PROD", {key("idTIPO_PROD"), text("DESC_TIPO_PROD", name), date("data_desa")}),
         table("regi_espe_icms", {key("idregi_espe_icms"), text("desc_regi_espe_icms", name), date("data_desa")}),
-        table("muni_ibge",
-              {key("idmuni_ibge"), text("codi_muni_ibge", code), text("desc_muni_ibge", name),
-               text("uf00_muni_ibge", code), date("data_desa")}),
+        table("muni_ibge", {key("idmuni_ibge"), text("codi_muni_ibge", code), text("desc_muni_ibge", name),
+                            text("uf00_muni_ibge", code), date("data_desa")}),
         table("UF00", {key("IDUF00"), text("CODI_UF00", code), date("DATA_DESA")}),
         table("pais", {key("idpais"), text("nome_pais", name), date("data_desa")}),
     };
 }
 
-/// The documents and products of other programs. A document's number is a text, as other programs put letters and zeros into it.
+/// The documents and products of other programs. A document's number is a text, as other programs put letters and zeros
+/// into it.
 std::vector<Table> trade() {
     return {
         table("nff", {key("idnff"), text("nume_nff", code)}),
@@ -185,45 +212,54 @@ std::vector<Table> trade() {
               {key("idprod"), text("codi_prod", code), text("desc_prod", name), text("CODI_REFE_PROD", name),
                integer("idmarc"), integer("idTIPO_PROD"), integer("idcole"), text("CAMINHO_ARQ_LOCAL_THUMB", note),
                text("CAMINHO_ARQ_LOCAL_NATURAL", note), text("CAMINHO_ARQ_WEB_THUMB", note), date("data_desa")}),
-        table("prod_empr",
-              {key("idprod_empr"), integer("idprod"), text("codi_empr", code), amount("qtde_disp"),
-               amount("qtde_disp_0002"), amount("QTDE_ESTO_COPR"), amount("QTDE_ESTO_EMB1"), amount("QTDE_ESTO_EMB2"),
-               amount("QTDE_ESTO_EMB3"), amount("QTDE_PEDI_ABER"), amount("qtde_esto_consig"),
-               amount("qtde_esto_demonstr"), amount("VALO_VEDS"), amount("VALO_VEDS_b"), amount("VALO_VEDS_c"),
-               text("LOCA_FISI_ARMAZEM", name), text("LOCA_FISI_PAVIMENTO", name), text("LOCA_FISI_SETOR", name),
-               text("LOCA_FISI_CORREDOR", name), text("LOCA_FISI_ESTANTE", name), text("LOCA_FISI_PRATELEIRA", name)}),
-        table("PEDI_VEDS",
-              {key("idPEDI_VEDS"), integer("idClie"), text("NUME_PEDI", code), date("DATA_PEDI"), integer("idnff0"),
-               date("DATA_DESA")}),
-        table("pedi_veds_deta",
-              {key("idpedi_veds_deta"), integer("idpedi_veds"), integer("idprod"), amount("qtde"), amount("valo_liqu"),
-               integer("idnff0"), date("data_desa")}),
+        table("prod_empr", {key("idprod_empr"),
+                            integer("idprod"),
+                            text("codi_empr", code),
+                            amount("qtde_disp"),
+                            amount("qtde_disp_0002"),
+                            amount("QTDE_ESTO_COPR"),
+                            amount("QTDE_ESTO_EMB1"),
+                            amount("QTDE_ESTO_EMB2"),
+                            amount("QTDE_ESTO_EMB3"),
+                            amount("QTDE_PEDI_ABER"),
+                            amount("qtde_esto_consig"),
+                            amount("qtde_esto_demonstr"),
+                            amount("VALO_VEDS"),
+                            amount("VALO_VEDS_b"),
+                            amount("VALO_VEDS_c"),
+                            text("LOCA_FISI_ARMAZEM", name),
+                            text("LOCA_FISI_PAVIMENTO", name),
+                            text("LOCA_FISI_SETOR", name),
+                            text("LOCA_FISI_CORREDOR", name),
+                            text("LOCA_FISI_ESTANTE", name),
+                            text("LOCA_FISI_PRATELEIRA", name)}),
+        table("PEDI_VEDS", {key("idPEDI_VEDS"), integer("idClie"), text("NUME_PEDI", code), date("DATA_PEDI"),
+                            integer("idnff0"), date("DATA_DESA")}),
+        table("pedi_veds_deta", {key("idpedi_veds_deta"), integer("idpedi_veds"), integer("idprod"), amount("qtde"),
+                                 amount("valo_liqu"), integer("idnff0"), date("data_desa")}),
         table("ORCA_VEDS", {key("idORCA_VEDS"), integer("idClie"), date("DATA_ORCA_VEDS"), date("DATA_DESA")}),
-        table("orca_veds_deta",
-              {key("idorca_veds_deta"), integer("idorca_veds"), amount("Qtde"), amount("valo_liqu"), date("data_desa")}),
+        table("orca_veds_deta", {key("idorca_veds_deta"), integer("idorca_veds"), amount("Qtde"), amount("valo_liqu"),
+                                 date("data_desa")}),
         table("OS_VEDS", {key("idOS_VEDS"), integer("idClie"), date("DATA_OS"), date("DATA_DESA")}),
         table("os_veds_deta",
               {key("idos_veds_deta"), integer("idos_veds"), amount("Qtde"), amount("valo_liqu"), date("data_desa")}),
         table("PEDI_COMP",
               {key("IDPEDI_COMP"), integer("IDFORN"), date("DATA_PEDI_COMP"), date("DATA_PREV_ENTG"),
                date("DATA_REAL_ENTG"), text("OBSE_PEDI_COMP", note), integer("USER_INCL"), date("DATA_DESA")}),
-        table("PEDI_COMP_DETA",
-              {key("IDPEDI_COMP_DETA"), integer("IDPEDI_COMP"), integer("IDPROD"), amount("QTDE"), amount("VALO_UNIT"),
-               amount("VALO_DESC"), amount("VALO_LIQU"), amount("VALO_TOTA_LIQU"), date("DATA_CHEG"),
-               amount("QTDE_CHEG"), date("data_desa")}),
+        table("PEDI_COMP_DETA", {key("IDPEDI_COMP_DETA"), integer("IDPEDI_COMP"), integer("IDPROD"), amount("QTDE"),
+                                 amount("VALO_UNIT"), amount("VALO_DESC"), amount("VALO_LIQU"),
+                                 amount("VALO_TOTA_LIQU"), date("DATA_CHEG"), amount("QTDE_CHEG"), date("data_desa")}),
     };
 }
 
 std::vector<Table> postalCodes() {
     std::vector<Table> tables{
-        table("LOGR",
-              {text("CEP8_LOGR", 8), text("NOME_LOGR", name), text("UF00_LOGR", 2), text("CHAV_TIPO", code),
-               text("CHAV_LOCA", code), text("CHAV_BAIR", code)}),
+        table("LOGR", {text("CEP8_LOGR", 8), text("NOME_LOGR", name), text("UF00_LOGR", 2), text("CHAV_TIPO", code),
+                       text("CHAV_LOCA", code), text("CHAV_BAIR", code)}),
         table("TIPO", {text("CHAV_TIPO", code), text("NOME_TIPO", name), text("ABRV_TIPO", code)}),
         table("LOCA", {text("CHAV_LOCA", code), text("NOME_LOCA", name)}),
-        table("BAIR",
-              {text("CHAV_BAIR", code), text("CHAV_LOCA", code), text("NOME_BAIR", name), text("ABRV_BAIR", name),
-               text("UF00_BAIR", 2)}),
+        table("BAIR", {text("CHAV_BAIR", code), text("CHAV_LOCA", code), text("NOME_BAIR", name),
+                       text("ABRV_BAIR", name), text("UF00_BAIR", 2)}),
     };
     for (Table& each : tables)
         each.base = Base::PostalCode;

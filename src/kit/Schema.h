@@ -3,8 +3,8 @@
 #include <QString>
 #include <vector>
 
-/// The tables that the register reads or writes, those of other programs included, as one table of data. Everything the kit knows
-/// about a table (its definition on either engine, its load, its check) follows from here.
+/// The tables that the register reads or writes, those of other programs included, as one table of data. Everything the
+/// kit knows about a table (its definition on either engine, its load, its check) follows from here.
 namespace vorta::kit {
 
 /// The two databases of an installation: the main one (one per environment) and the postal codes.

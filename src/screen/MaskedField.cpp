@@ -81,16 +81,14 @@ void MaskedField::clearSelected() {
     if (length == 0)
         return;
     QString edited = text();
-    if (mask_.isEmpty() || edited.size() != mask_.size()) {
-        edited.remove(start, length);
-        if (!mask_.isEmpty() && edited.isEmpty())
-            edited = blank();
+    if (mask_.isEmpty() || !fits(edited)) {
+        setText(edited.remove(start, length));
     } else {
         const QString form = blank();
         for (int at = start; at < start + length; ++at)
             edited[at] = form[at];
+        storeText(edited);
     }
-    storeText(edited);
     select(start, 0);
 }
 
@@ -108,8 +106,14 @@ void MaskedField::typeCharacter(QChar character) {
     if (!isDigit(character) && !mask_.contains(character))
         return;
     clearSelected();
-    QString edited = text().size() == mask_.size() ? text() : blank();
+    QString edited = text();
     int at = selectionStart();
+    if (!fits(edited)) {
+        // A raw text is edited as it stands, until its digits find room in the mask.
+        setText(edited.insert(at, character));
+        select(at + 1, 0);
+        return;
+    }
     if (!isDigit(character)) {
         if (at < mask_.size() && mask_[at] == character)
             select(at + 1, 0);
@@ -129,7 +133,7 @@ void MaskedField::backspace() {
     if (selectionLength() > 0)
         return clearSelected();
     int at = selectionStart();
-    if (mask_.isEmpty() || text().size() != mask_.size()) {
+    if (mask_.isEmpty() || !fits(text())) {
         if (at > 0) {
             select(at - 1, 1);
             clearSelected();

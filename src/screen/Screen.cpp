@@ -3,6 +3,7 @@
 #include "base/RuntimeError.h"
 #include "screen/Program.h"
 
+#include <QScopeGuard>
 #include <algorithm>
 
 namespace vorta::screen {
@@ -96,11 +97,13 @@ bool Screen::moveFocus(Field* target) {
     }
     Field* old = focus_;
     focus_ = target;
-    losingFocus_ = true;
     requestedFocus_ = nullptr;
-    if (old && old->LostFocus)
-        old->LostFocus();
-    losingFocus_ = false;
+    {
+        losingFocus_ = true;
+        const auto over = qScopeGuard([&] { losingFocus_ = false; });
+        if (old && old->LostFocus)
+            old->LostFocus();
+    }
     Field* final = requestedFocus_ ? std::exchange(requestedFocus_, nullptr) : target;
     // A field that its neighbour's LostFocus has just disabled passes the focus on, as one disabled later does.
     if (final && !final->canFocus())

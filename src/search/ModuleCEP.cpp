@@ -9,6 +9,9 @@ namespace {
 using data::Recordset;
 using data::Statement;
 
+/// How many rows pass between two reports of progress.
+constexpr int passoProgresso = 100;
+
 Recordset Abre(ContextoExecucao& contexto, const Statement& comando) {
     Recordset registros;
     registros.Open(comando.upper(), contexto.cep());
@@ -34,8 +37,11 @@ QString RetornaLogradouros(ContextoExecucao& contexto, const QString& tipo, cons
     Recordset registros = Abre(contexto, comando);
     if (registros.Eof())
         return {};
-    QString resultado = QString::number(registros.RecordCount()) + u'^';
-    for (; !registros.Eof(); registros.MoveNext()) {
+    const int total = registros.RecordCount();
+    QString resultado = QString::number(total) + u'^';
+    for (int lidos = 0; !registros.Eof(); registros.MoveNext(), ++lidos) {
+        if (lidos % passoProgresso == 0)
+            contexto.platform().progress(lidos, total);
         const auto coluna = [&](const char* nome) { return registros.Fields(nome).textOr({}); };
         const QString localidade = coluna("CHAV_LOCA");
         resultado += coluna("CEP8_LOGR") + u'^';
@@ -45,6 +51,7 @@ QString RetornaLogradouros(ContextoExecucao& contexto, const QString& tipo, cons
         resultado += RetornaLocalidade(contexto, localidade) + u'^';
         resultado += coluna("UF00_LOGR") + u'^';
     }
+    contexto.platform().progress(0, 0);
     return resultado;
 }
 

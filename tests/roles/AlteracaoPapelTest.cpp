@@ -5,7 +5,7 @@ namespace vorta::test {
 
 namespace {
 
-class AlteracaoPapel : public PapelTest {
+class RoleAlteration : public PapelTest {
   protected:
     QStringList altera(const char* tela, const std::function<void()>& preenche) {
         abre(tela, [&] {
@@ -46,7 +46,7 @@ class AlteracaoPapel : public PapelTest {
     }
 };
 
-TEST_F(AlteracaoPapel, ClienteCarregaEGrava) {
+TEST_F(RoleAlteration, CustomerLoadsAndSaves) {
     cliente();
     contatos("CLIE_CONT", 1);
     gerador("GEN_CLIE_CONT", 41);
@@ -77,7 +77,7 @@ TEST_F(AlteracaoPapel, ClienteCarregaEGrava) {
     EXPECT_EQ(grade().Rows(), 2) << "a reload shows each contact once";
 }
 
-TEST_F(AlteracaoPapel, ClienteSemNadaUsaZeroENulo) {
+TEST_F(RoleAlteration, CustomerWithNothingUsesZeroAndNull) {
     registro(
         "CLIE", "IDCLIE",
         {"idtrpt", "data_cred", "reve", "idtipo_clie", "idvend", "idregi_espe_icms", "lime_maxi_conh", "valo_troc"},
@@ -97,7 +97,7 @@ TEST_F(AlteracaoPapel, ClienteSemNadaUsaZeroENulo) {
                            "DELETE FROM CLIE_CONT WHERE (IDCLIE=31)"}));
 }
 
-TEST_F(AlteracaoPapel, FornecedorCarregaEGrava) {
+TEST_F(RoleAlteration, SupplierLoadsAndSaves) {
     registro("FORN", "IDFORN", {"data_cred", "limi_copr", "desconto_forn"},
              {test::date(2026, 1, 31), test::amount(150000), test::amount(250)});
     contatos("FORN_CONT", 2);
@@ -121,7 +121,7 @@ TEST_F(AlteracaoPapel, FornecedorCarregaEGrava) {
         << "a contact left in the entry fields is dropped";
 }
 
-TEST_F(AlteracaoPapel, FornecedorSemData) {
+TEST_F(RoleAlteration, SupplierWithoutADate) {
     registro("FORN", "IDFORN", {"data_cred", "limi_copr", "desconto_forn"}, {test::null(), test::null(), test::null()});
     EXPECT_EQ(altera("frmFornecedor",
                      [&] {
@@ -132,7 +132,7 @@ TEST_F(AlteracaoPapel, FornecedorSemData) {
                            "DELETE FROM FORN_CONT WHERE (IDFORN=31)"}));
 }
 
-TEST_F(AlteracaoPapel, TransportadoraComESemData) {
+TEST_F(RoleAlteration, CarrierWithAndWithoutADate) {
     registro("TRPT", "IDTRPT", {"data_cred"}, {test::date(2026, 1, 31)});
     EXPECT_EQ(altera("frmTransportadora", [] {}), (QStringList{"UPDATE TRPT SET DATA_CRED='20260131' WHERE (IDTRPT=31)",
                                                                "DELETE FROM TRPT_CONT WHERE (IDTRPT=31)"}));
@@ -141,7 +141,7 @@ TEST_F(AlteracaoPapel, TransportadoraComESemData) {
         (QStringList{"UPDATE TRPT SET DATA_CRED=NULL WHERE (IDTRPT=31)", "DELETE FROM TRPT_CONT WHERE (IDTRPT=31)"}));
 }
 
-TEST_F(AlteracaoPapel, Motorista) {
+TEST_F(RoleAlteration, Driver) {
     registro("MOTO", "IDMOTO",
              {"data_adms", "cnh0_moto", "pron_moto", "uf00_pron_moto", "pai0_moto", "mae0_moto", "refe_moto"},
              {test::date(2026, 1, 31), test::text("123"), test::null(), test::text("SP"), test::null(),
@@ -158,7 +158,7 @@ TEST_F(AlteracaoPapel, Motorista) {
                            "(IDMOTO=31)"}));
 }
 
-TEST_F(AlteracaoPapel, Vendedor) {
+TEST_F(RoleAlteration, Salesperson) {
     registro("VEND", "IDVEND", {"data_adms", "valo_sala", "perc_pool", "perc_coms"},
              {test::null(), test::amount(123450), test::null(), test::amount(200)});
     EXPECT_EQ(altera("frmVendedor", [&] { EXPECT_EQ(texto("txtPercPool"), u""); }),
@@ -166,7 +166,7 @@ TEST_F(AlteracaoPapel, Vendedor) {
                            "WHERE (IDVEND=31)"}));
 }
 
-TEST_F(AlteracaoPapel, ArquitetoEDecorador) {
+TEST_F(RoleAlteration, ArchitectAndDecorator) {
     struct Caso {
         const char* tela;
         const char* tabela;
@@ -196,7 +196,7 @@ TEST_F(AlteracaoPapel, ArquitetoEDecorador) {
     }
 }
 
-TEST_F(AlteracaoPapel, SemRegistroNoFornecedorOComandoVazioFalha) {
+TEST_F(RoleAlteration, SupplierWithoutARowSendsAStatementThatFails) {
     base.fail(QStringLiteral("(IDFORN=)"), errorNumber::StatementRefused);
     abre("frmFornecedor", [&] {
         clica("cmdALTERAR");
@@ -211,7 +211,7 @@ TEST_F(AlteracaoPapel, SemRegistroNoFornecedorOComandoVazioFalha) {
     EXPECT_FALSE(confirmada());
 }
 
-TEST_F(AlteracaoPapel, AcentosFicamQuandoAInstalacaoOsPreserva) {
+TEST_F(RoleAlteration, AccentsStayWhereTheInstallationKeepsThem) {
     contexto.PreservaAcentos = true;
     registro("MOTO", "IDMOTO",
              {"data_adms", "cnh0_moto", "pron_moto", "uf00_pron_moto", "pai0_moto", "mae0_moto", "refe_moto"},

@@ -5,7 +5,7 @@ namespace vorta::test {
 
 namespace {
 
-class InclusaoPapel : public PapelTest {
+class RoleInclusion : public PapelTest {
   protected:
     /// Includes a role row and gives the statements of its transaction.
     QStringList inclui(const char* tela, const std::function<void()>& preenche) {
@@ -60,7 +60,7 @@ class InclusaoPapel : public PapelTest {
     }
 };
 
-TEST_F(InclusaoPapel, ClienteNoFirebird) {
+TEST_F(RoleInclusion, CustomerOnFirebird) {
     chavesCliente();
     gerador("GEN_CLIE", 31);
     gerador("GEN_CLIE_CONT", 41);
@@ -76,7 +76,7 @@ TEST_F(InclusaoPapel, ClienteNoFirebird) {
                      "5555', 'JOAO@X.COM.BR', '25/12', '20261120', '7')"}));
 }
 
-TEST_F(InclusaoPapel, ClienteNoSqlServer) {
+TEST_F(RoleInclusion, CustomerOnSqlServer) {
     conecta("MSSQL");
     chavesCliente();
     EXPECT_EQ(
@@ -91,7 +91,7 @@ TEST_F(InclusaoPapel, ClienteNoSqlServer) {
                      "'25/12', '20261120', '7')"}));
 }
 
-TEST_F(InclusaoPapel, ClienteSoComOLimite) {
+TEST_F(RoleInclusion, CustomerWithTheLimitOnly) {
     conecta("MSSQL");
     EXPECT_EQ(inclui("frmCliente",
                      [&] {
@@ -103,7 +103,7 @@ TEST_F(InclusaoPapel, ClienteSoComOLimite) {
                            identidadeLida}));
 }
 
-TEST_F(InclusaoPapel, ClienteComRegimeDesconhecidoLevaTextoVazio) {
+TEST_F(RoleInclusion, CustomerWithAnUnknownRegimeCarriesEmptyText) {
     conecta("MSSQL");
     const QStringList comandos = inclui("frmCliente", [&] {
         digita("txtLimiCred", "0");
@@ -118,7 +118,7 @@ TEST_F(InclusaoPapel, ClienteComRegimeDesconhecidoLevaTextoVazio) {
         << comandos.join('\n').toStdString();
 }
 
-TEST_F(InclusaoPapel, FornecedorNoFirebird) {
+TEST_F(RoleInclusion, SupplierOnFirebird) {
     gerador("GEN_FORN", 31);
     gerador("GEN_FORN_CONT", 41);
     EXPECT_EQ(inclui("frmFornecedor",
@@ -143,7 +143,7 @@ TEST_F(InclusaoPapel, FornecedorNoFirebird) {
                            "'ANA@B.COM', '28/02', '20261120', '7')"}));
 }
 
-TEST_F(InclusaoPapel, FornecedorNoSqlServerSemDataNemValores) {
+TEST_F(RoleInclusion, SupplierOnSqlServerWithoutDateAndAmounts) {
     conecta("MS-SQL");
     EXPECT_EQ(inclui("frmFornecedor",
                      [&] {
@@ -157,7 +157,7 @@ TEST_F(InclusaoPapel, FornecedorNoSqlServerSemDataNemValores) {
     EXPECT_EQ(texto("txtDescontoFornecedor"), u"0.00");
 }
 
-TEST_F(InclusaoPapel, TransportadoraNosDoisBancos) {
+TEST_F(RoleInclusion, CarrierOnBothEngines) {
     gerador("GEN_TRPT", 31);
     gerador("GEN_TRPT_CONT", 41);
     EXPECT_EQ(inclui("frmTransportadora", [&] { incluiContato("GERENTE", "Rui"); }),
@@ -176,7 +176,7 @@ TEST_F(InclusaoPapel, TransportadoraNosDoisBancos) {
                            "USER_INCL) VALUES ('31', 'GERENTE', 'RUI', '', '20261120', '7')"}));
 }
 
-TEST_F(InclusaoPapel, MotoristaPerguntaAChaveNosDoisBancos) {
+TEST_F(RoleInclusion, DriverAsksForTheKeyOnBothEngines) {
     gerador("GEN_MOTO", 77);
     const auto preenche = [&] {
         digita("mskDtAdmissao", "01/02/2026");
@@ -200,12 +200,12 @@ TEST_F(InclusaoPapel, MotoristaPerguntaAChaveNosDoisBancos) {
                            identidadeLida, "UPDATE PESS SET IDMOTO = 31 WHERE IDPESS = 5"}));
 }
 
-TEST_F(InclusaoPapel, MotoristaGravaNaPessoaDaTelaDePessoas) {
+TEST_F(RoleInclusion, DriverWritesToThePersonOfThePersonScreen) {
     pessoas().txtRowID.setText(QStringLiteral("6"));
     EXPECT_EQ(inclui("frmMotorista", [] {}).last(), u"UPDATE PESS SET IDMOTO = 31 WHERE IDPESS = 6");
 }
 
-TEST_F(InclusaoPapel, VendedorDispensaAChave) {
+TEST_F(RoleInclusion, SalespersonNeedsNoKey) {
     gerador("GEN_VEND", 77);
     EXPECT_EQ(inclui("frmVendedor",
                      [&] {
@@ -228,7 +228,7 @@ TEST_F(InclusaoPapel, VendedorDispensaAChave) {
                            "USER_INCL) VALUES ('5', '20260315', '1234.50', '2.25', '3.00', '20261120', '7')"}));
 }
 
-TEST_F(InclusaoPapel, ArquitetoSemGeradorEComBarrasNasDatas) {
+TEST_F(RoleInclusion, ArchitectHasNoGeneratorAndSlashesInDates) {
     for (const char* motor : {"FIREBIRD", "MSSQL"}) {
         conecta(motor);
         EXPECT_EQ(
@@ -243,7 +243,7 @@ TEST_F(InclusaoPapel, ArquitetoSemGeradorEComBarrasNasDatas) {
     }
 }
 
-TEST_F(InclusaoPapel, DecoradorComOSeuRegistro) {
+TEST_F(RoleInclusion, DecoratorHasItsOwnRegistration) {
     EXPECT_EQ(inclui("frmDecorador", [&] { preencheComissionado("txtADD"); }),
               (QStringList{"SELECT IDBANC FROM BANC WHERE NOME_BANC='ITAU'",
                            "INSERT INTO DECO (IDPESS, DATA_CRED, VALO_SALA, PERC_POOL, PERC_COMS, DECO_ADD0, IDBANC, "
@@ -254,7 +254,7 @@ TEST_F(InclusaoPapel, DecoradorComOSeuRegistro) {
                            "USER_INCL) VALUES ('31', 'GERENTE', 'RUI', '', '2026/11/20', '7')"}));
 }
 
-TEST_F(InclusaoPapel, ArquitetoSemBancoPerguntaPeloNomeVazio) {
+TEST_F(RoleInclusion, ArchitectWithoutABankAsksForTheEmptyName) {
     EXPECT_EQ(inclui("frmArquiteto", [] {}),
               (QStringList{"SELECT IDBANC FROM BANC WHERE NOME_BANC=''",
                            "INSERT INTO ARQT (IDPESS, VALO_SALA, PERC_POOL, PERC_COMS, ARQT_CREA, IDBANC, BANC_AGEN, "

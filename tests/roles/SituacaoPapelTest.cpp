@@ -21,7 +21,7 @@ const std::vector<Caso> casos{
     {"frmVendedor", "VEND", "IDVEND", "", true},        {"frmArquiteto", "ARQT", "IDARQT", "IDARQT", false},
     {"frmDecorador", "DECO", "IDDECO", "IDDECO", false}};
 
-class SituacaoPapel : public PapelTest, public ::testing::WithParamInterface<Caso> {
+class RoleState : public PapelTest, public ::testing::WithParamInterface<Caso> {
   protected:
     /// A role row with every column of every role, all null but the date of deactivation.
     void linha(const data::Value& desativada) {
@@ -42,7 +42,7 @@ class SituacaoPapel : public PapelTest, public ::testing::WithParamInterface<Cas
     bool guardaColuna() const { return *GetParam().colunaPess; }
 };
 
-TEST_P(SituacaoPapel, Desativa) {
+TEST_P(RoleState, Deactivates) {
     for (const char* motor : {"FIREBIRD", "MSSQL"}) {
         conecta(motor);
         linha(test::null());
@@ -60,7 +60,7 @@ TEST_P(SituacaoPapel, Desativa) {
     }
 }
 
-TEST_P(SituacaoPapel, NaoDesativaComNaoNemDuasVezes) {
+TEST_P(RoleState, DoesNotDeactivateOnNoNorTwice) {
     linha(test::null());
     plataforma.willAnswer(Answer::No);
     abre(GetParam().tela, [&] { clica("cmdEXCLUIR"); });
@@ -70,7 +70,7 @@ TEST_P(SituacaoPapel, NaoDesativaComNaoNemDuasVezes) {
     EXPECT_EQ(escritas(), QStringList());
 }
 
-TEST_P(SituacaoPapel, Reativa) {
+TEST_P(RoleState, Reactivates) {
     linha(test::date(2026, 1, 2));
     plataforma.willAnswer(Answer::Yes);
     abre(GetParam().tela, [&] {
@@ -87,7 +87,7 @@ TEST_P(SituacaoPapel, Reativa) {
     EXPECT_EQ(ultimaCaixa().text, u"Deseja realmente Reativar Este Registro ?");
 }
 
-TEST_P(SituacaoPapel, ReativarComNaoRele) {
+TEST_P(RoleState, NoToReactivationReadsAgain) {
     linha(test::date(2026, 1, 2));
     plataforma.willAnswer(Answer::No);
     abre(GetParam().tela, [&] {
@@ -99,14 +99,14 @@ TEST_P(SituacaoPapel, ReativarComNaoRele) {
     EXPECT_EQ(escritas(), QStringList());
 }
 
-TEST_P(SituacaoPapel, ReativarUmRegistroAtivo) {
+TEST_P(RoleState, RefusesToReactivateAnActiveRow) {
     linha(test::null());
     abre(GetParam().tela, [&] { clica("cmdReativar"); });
     EXPECT_EQ(ultimaCaixa().text, u"Impossibilidade de Executar o Comando!\nO Registro Já está como Ativo.");
     EXPECT_EQ(escritas(), QStringList());
 }
 
-TEST_P(SituacaoPapel, PessoaDesativadaVemAntes) {
+TEST_P(RoleState, ADeactivatedPersonComesFirst) {
     linha(test::date(2026, 1, 2));
     pessoas().lblDataDesa.setText(QStringLiteral("01/01/2026"));
     if (!GetParam().conferePessoa)
@@ -122,7 +122,7 @@ TEST_P(SituacaoPapel, PessoaDesativadaVemAntes) {
     EXPECT_EQ(escritas(), QStringList());
 }
 
-TEST_P(SituacaoPapel, AlterarUmRegistroDesativado) {
+TEST_P(RoleState, RefusesToAlterADeactivatedRow) {
     linha(test::date(2026, 1, 2));
     abre(GetParam().tela, [&] {
         clica("cmdALTERAR");
@@ -135,14 +135,14 @@ TEST_P(SituacaoPapel, AlterarUmRegistroDesativado) {
     EXPECT_FALSE(programa.hasEnded());
 }
 
-TEST_P(SituacaoPapel, IncluirUmRegistroQueJaExiste) {
+TEST_P(RoleState, RefusesASecondRow) {
     linha(test::null());
     abre(GetParam().tela, [&] { clica("cmdINCLUIR"); });
     EXPECT_EQ(ultimaCaixa().text, u"Este Registro já está vinculado!");
     EXPECT_NE(contexto.ModoTela, u"I");
 }
 
-TEST_P(SituacaoPapel, SemRegistroOTesteEDeCadaTela) {
+TEST_P(RoleState, WithoutARowEachScreenHasItsOwnTest) {
     const QString falta = QStringLiteral("Selecione Um Registro Para Executar esta Operação!");
     const bool pelaPessoa = QStringList{"frmCliente", "frmFornecedor", "frmTransportadora"}.contains(GetParam().tela);
     abre(GetParam().tela, [&] {
@@ -163,7 +163,7 @@ TEST_P(SituacaoPapel, SemRegistroOTesteEDeCadaTela) {
     EXPECT_FALSE(programa.hasEnded());
 }
 
-INSTANTIATE_TEST_SUITE_P(Papeis, SituacaoPapel, ::testing::ValuesIn(casos),
+INSTANTIATE_TEST_SUITE_P(Roles, RoleState, ::testing::ValuesIn(casos),
                          [](const auto& caso) { return std::string(caso.param.tela); });
 
 } // namespace

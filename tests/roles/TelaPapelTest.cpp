@@ -10,14 +10,14 @@ using screen::Answer;
 const std::vector<const char*> telas{"frmCliente",  "frmFornecedor", "frmTransportadora", "frmMotorista",
                                      "frmVendedor", "frmArquiteto",  "frmDecorador"};
 
-class TelaDePapel : public PapelTest {
+class RoleScreen : public PapelTest {
   protected:
     QString aviso() { return texto("lblAviso"); }
 };
 
-class CadaTela : public TelaDePapel, public ::testing::WithParamInterface<const char*> {};
+class EveryRoleScreen : public RoleScreen, public ::testing::WithParamInterface<const char*> {};
 
-TEST_P(CadaTela, AbreOciosaParaAPessoa) {
+TEST_P(EveryRoleScreen, OpensIdleForThePerson) {
     abre(GetParam(), [&] {
         EXPECT_TRUE(
             tela().caption().startsWith(QStringLiteral("ERP VORTA - Nexoria - Release 2015.07.24 - Cadastro de ")));
@@ -35,7 +35,7 @@ TEST_P(CadaTela, AbreOciosaParaAPessoa) {
     EXPECT_FALSE(programa.hasEnded());
 }
 
-TEST_P(CadaTela, InclusaoTrocaBotoesEAviso) {
+TEST_P(EveryRoleScreen, InclusionChangesButtonsAndNotice) {
     abre(GetParam(), [&] {
         clica("cmdINCLUIR");
         EXPECT_EQ(aviso(), u"O Modo <INCLUSÃO> está ATIVO");
@@ -64,7 +64,7 @@ TEST_P(CadaTela, InclusaoTrocaBotoesEAviso) {
     EXPECT_EQ(ultimaCaixa().buttons, screen::Buttons::YesNoCancel);
 }
 
-TEST_P(CadaTela, SairNoMeioDaOperacao) {
+TEST_P(EveryRoleScreen, LeavingInTheMiddle) {
     abre(GetParam(), [&] {
         clica("cmdINCLUIR");
         plataforma.willAnswer(Answer::No);
@@ -78,7 +78,7 @@ TEST_P(CadaTela, SairNoMeioDaOperacao) {
     EXPECT_EQ(contexto.ModoTela, u"I");
 }
 
-TEST_P(CadaTela, FecharAtualizaOsBotoesDaPessoa) {
+TEST_P(EveryRoleScreen, ClosingRefreshesTheRoleButtons) {
     const QString nome = QString::fromLatin1(GetParam());
     const bool atualiza = nome != u"frmArquiteto" && nome != u"frmDecorador";
     contexto.VinculoAtual = QStringLiteral("S");
@@ -87,7 +87,7 @@ TEST_P(CadaTela, FecharAtualizaOsBotoesDaPessoa) {
     EXPECT_EQ(pessoas().cmdCliente.picture().endsWith(u"semvinculo.bmp"_qs), atualiza);
 }
 
-TEST_P(CadaTela, AlterarComFalhaMostraAMensagemESegue) {
+TEST_P(EveryRoleScreen, AFailingAlterationShowsItsMessageAndGoesOn) {
     for (const char* tabela : {"CLIE", "FORN", "TRPT", "MOTO", "VEND", "ARQT", "DECO"})
         base.answer(QStringLiteral("FROM %1, PESS").arg(QLatin1StringView(tabela)),
                     {{QStringLiteral("ID%1").arg(QLatin1StringView(tabela))}, {{test::number(31)}}});
@@ -105,10 +105,10 @@ TEST_P(CadaTela, AlterarComFalhaMostraAMensagemESegue) {
     EXPECT_FALSE(programa.hasEnded());
 }
 
-INSTANTIATE_TEST_SUITE_P(Papeis, CadaTela, ::testing::ValuesIn(telas),
+INSTANTIATE_TEST_SUITE_P(Roles, EveryRoleScreen, ::testing::ValuesIn(telas),
                          [](const auto& caso) { return std::string(caso.param); });
 
-TEST_F(TelaDePapel, IncluirComFalhaMostraAMensagemSoOndeHaArmadilha) {
+TEST_F(RoleScreen, AFailingInclusionGoesOnWhereItIsTrapped) {
     for (const char* nome : {"frmMotorista", "frmVendedor", "frmArquiteto", "frmDecorador"}) {
         abre(nome, [&] {
             campo("mskDtAdmissao").GotFocus = [] { throw RuntimeError(errorNumber::TypeMismatch); };
@@ -125,7 +125,7 @@ TEST_F(TelaDePapel, IncluirComFalhaMostraAMensagemSoOndeHaArmadilha) {
     EXPECT_TRUE(programa.hasEnded());
 }
 
-TEST_F(TelaDePapel, CamposBloqueadosELivres) {
+TEST_F(RoleScreen, LockedAndFreeFields) {
     abre("frmFornecedor", [&] {
         EXPECT_TRUE(campo("txtLimiCred").locked());
         EXPECT_EQ(campo("txtLimiCred").background(), screen::colour::Locked);
@@ -143,7 +143,7 @@ TEST_F(TelaDePapel, CamposBloqueadosELivres) {
     });
 }
 
-TEST_F(TelaDePapel, ClienteNuncaBloqueiaOsSeusCampos) {
+TEST_F(RoleScreen, CustomerNeverLocksItsFields) {
     abre("frmCliente", [&] {
         for (const char* nome : {"cboRevenda", "txtLimiCred", "cboTipoCli", "cboTransportadora", "txtNomeContato"})
             EXPECT_FALSE(campo(nome).locked()) << nome;
@@ -156,7 +156,7 @@ TEST_F(TelaDePapel, ClienteNuncaBloqueiaOsSeusCampos) {
     });
 }
 
-TEST_F(TelaDePapel, LimparZeraValoresEEsvaziaODesativadoOndeCabe) {
+TEST_F(RoleScreen, ClearingZeroesAmounts) {
     abre("frmVendedor", [&] {
         for (const char* valor : {"txtSalFixo", "txtPercPool", "txtPercIndi"})
             EXPECT_EQ(texto(valor), u"0");
@@ -171,7 +171,7 @@ TEST_F(TelaDePapel, LimparZeraValoresEEsvaziaODesativadoOndeCabe) {
     });
 }
 
-TEST_F(TelaDePapel, DataDeCredencialImpossivelPrendeOUsuario) {
+TEST_F(RoleScreen, AnImpossibleCredentialDateHoldsTheUser) {
     for (const char* nome : {"frmCliente", "frmFornecedor", "frmTransportadora"}) {
         abre(nome, [&] {
             clica("cmdINCLUIR");
@@ -189,7 +189,7 @@ TEST_F(TelaDePapel, DataDeCredencialImpossivelPrendeOUsuario) {
     EXPECT_TRUE(escritas().isEmpty());
 }
 
-TEST_F(TelaDePapel, ValoresNumericosDoFornecedor) {
+TEST_F(RoleScreen, SupplierAmounts) {
     abre("frmFornecedor", [&] {
         clica("cmdINCLUIR");
         digita("txtLimiCred", "1a2.5x");
@@ -207,7 +207,7 @@ TEST_F(TelaDePapel, ValoresNumericosDoFornecedor) {
     });
 }
 
-TEST_F(TelaDePapel, EnterAndaPelosCamposAteOSalvar) {
+TEST_F(RoleScreen, EnterWalksToTheSaveButton) {
     abre("frmMotorista", [&] {
         clica("cmdINCLUIR");
         for (const char* proximo :
@@ -218,7 +218,7 @@ TEST_F(TelaDePapel, EnterAndaPelosCamposAteOSalvar) {
     });
 }
 
-TEST_F(TelaDePapel, AdmissaoDoMotoristaAceitaDiasAContarDeHoje) {
+TEST_F(RoleScreen, DriverAdmissionTakesDaysFromToday) {
     abre("frmMotorista", [&] {
         clica("cmdINCLUIR");
         digita("mskDtAdmissao", "30");
@@ -227,7 +227,7 @@ TEST_F(TelaDePapel, AdmissaoDoMotoristaAceitaDiasAContarDeHoje) {
     });
 }
 
-TEST_F(TelaDePapel, CodigoQueJaEClientePrendeOUsuario) {
+TEST_F(RoleScreen, ANumberOfACustomerHoldsTheUser) {
     base.answer(QStringLiteral("SELECT * FROM clie WHERE idClie=5"), {{"idclie"}, {{test::number(5)}}});
     for (const char* nome : {"frmCliente", "frmFornecedor", "frmTransportadora"}) {
         abre(nome, [&] {
@@ -247,7 +247,7 @@ TEST_F(TelaDePapel, CodigoQueJaEClientePrendeOUsuario) {
     EXPECT_TRUE(plataforma.boxes.empty());
 }
 
-TEST_F(TelaDePapel, ContatoEntraNaGradeEVoltaParaEdicao) {
+TEST_F(RoleScreen, AContactGoesIntoTheGridAndComesBack) {
     abre("frmFornecedor", [&] {
         clica("cmdINCLUIR");
         incluiContato("", "Sem tipo");
@@ -271,7 +271,7 @@ TEST_F(TelaDePapel, ContatoEntraNaGradeEVoltaParaEdicao) {
     });
 }
 
-TEST_F(TelaDePapel, AniversarioSoEConferidoOndeATelaConfere) {
+TEST_F(RoleScreen, BirthdaysAreCheckedOnThreeScreens) {
     abre("frmTransportadora", [&] {
         clica("cmdINCLUIR");
         digita("mskDtNasc", "29/02");
@@ -294,7 +294,7 @@ TEST_F(TelaDePapel, AniversarioSoEConferidoOndeATelaConfere) {
     EXPECT_TRUE(plataforma.boxes.empty());
 }
 
-TEST_F(TelaDePapel, EmailRecusadoPodeSerCorrigidoOuFicar) {
+TEST_F(RoleScreen, ARefusedEmailMayBeCorrectedOrKept) {
     abre("frmDecorador", [&] {
         clica("cmdINCLUIR");
         plataforma.willAnswer(Answer::Yes);
@@ -309,7 +309,7 @@ TEST_F(TelaDePapel, EmailRecusadoPodeSerCorrigidoOuFicar) {
     });
 }
 
-TEST_F(TelaDePapel, SalvarSemPessoa) {
+TEST_F(RoleScreen, SavingWithoutAPerson) {
     for (const char* nome : {"frmCliente", "frmFornecedor", "frmTransportadora", "frmArquiteto", "frmDecorador"}) {
         abre(nome, [&] {
             clica("cmdINCLUIR");
@@ -322,7 +322,7 @@ TEST_F(TelaDePapel, SalvarSemPessoa) {
     EXPECT_TRUE(escritas().isEmpty());
 }
 
-TEST_F(TelaDePapel, BancoDesconhecido) {
+TEST_F(RoleScreen, UnknownBank) {
     abre("frmArquiteto", [&] {
         clica("cmdINCLUIR");
         digita("cboBancoCartao", "NENHUM");
@@ -335,7 +335,7 @@ TEST_F(TelaDePapel, BancoDesconhecido) {
     EXPECT_TRUE(escritas().isEmpty());
 }
 
-TEST_F(TelaDePapel, ListaDeBancosEscolheOUnico) {
+TEST_F(RoleScreen, ABankListOfOneChoosesIt) {
     abre("frmDecorador", [&] {
         clica("cmdINCLUIR");
         base.answer(QStringLiteral("FROM BANC WHERE DATA_DESA"), {{"nome_banc"}, {{test::text("ITAU")}}});
@@ -347,7 +347,7 @@ TEST_F(TelaDePapel, ListaDeBancosEscolheOUnico) {
     });
 }
 
-TEST_F(TelaDePapel, ListasDoCliente) {
+TEST_F(RoleScreen, CustomerLists) {
     abre("frmCliente", [&] {
         const auto abreLista = [&](const char* nome) {
             usuario.dropDown(dynamic_cast<screen::ListField&>(campo(nome)));
@@ -363,7 +363,7 @@ TEST_F(TelaDePapel, ListasDoCliente) {
     });
 }
 
-TEST_F(TelaDePapel, VisualizaOsDesativados) {
+TEST_F(RoleScreen, ShowingTheDeactivated) {
     for (const char* nome : {"frmCliente", "frmFornecedor", "frmTransportadora"}) {
         abre(nome, [&] { clica("chkVisualiza"); });
     }
@@ -396,9 +396,9 @@ struct Falha {
     int numero;
 };
 
-class FalhaNaGravacao : public PapelTest, public ::testing::WithParamInterface<Falha> {};
+class FailingSave : public PapelTest, public ::testing::WithParamInterface<Falha> {};
 
-TEST_P(FalhaNaGravacao, TerminaOProgramaComATransacaoInteiraDesfeita) {
+TEST_P(FailingSave, EndsTheProgramWithNothingCommitted) {
     base.fail(QString::fromLatin1(GetParam().comando), errorNumber::StatementRefused);
     abre(GetParam().tela, [&] {
         clica("cmdINCLUIR");
@@ -417,7 +417,7 @@ TEST_P(FalhaNaGravacao, TerminaOProgramaComATransacaoInteiraDesfeita) {
 constexpr int recusado = errorNumber::StatementRefused;
 constexpr int semOperacao = errorNumber::NoSuchMember;
 
-INSTANTIATE_TEST_SUITE_P(Papeis, FalhaNaGravacao,
+INSTANTIATE_TEST_SUITE_P(Roles, FailingSave,
                          ::testing::Values(Falha{"frmCliente", "INSERT INTO CLIE (", recusado},
                                            Falha{"frmCliente", "INSERT INTO CLIE_CONT", recusado},
                                            Falha{"frmFornecedor", "INSERT INTO FORN (", recusado},

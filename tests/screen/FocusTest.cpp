@@ -127,3 +127,12 @@ TEST(Focus, AnOpenedScreenBeginsAtItsFirstField) {
     EXPECT_TRUE(world.program.dispatch([&] { world.program.ShowModal(world.tela); }));
     EXPECT_EQ(world.tela.events, QStringList({u"load"_qs, u"got txtNome"_qs, u"unload"_qs}));
 }
+
+TEST(Focus, ALostFocusThatFailsDoesNotHoldTheFocusForEver) {
+    SampleWorld world;
+    world.user.focus(world.tela.txtNome);
+    world.tela.txtNome.LostFocus = [] { throw RuntimeError(errorNumber::StatementRefused); };
+    EXPECT_EQ(errorOf([&] { world.tela.SetFocus(world.tela.mskCEP); }), errorNumber::StatementRefused);
+    world.tela.SetFocus(world.tela.cboCidade);
+    EXPECT_EQ(world.tela.focus(), &world.tela.cboCidade);
+}

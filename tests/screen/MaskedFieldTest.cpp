@@ -108,3 +108,22 @@ TEST(MaskedField, WithoutAMaskItIsAPlainTextWithALimit) {
     world.user.key(campo, Key::Backspace);
     EXPECT_EQ(campo.text(), u"AB-"_qs);
 }
+
+TEST(MaskedField, ARawTextIsEditedUntilItFits) {
+    SampleWorld world;
+    MaskedField& campo = world.tela.mskCEP;
+    campo.setText(u"110152001"_qs);
+    world.user.focus(campo);
+    campo.select(9, 0);
+    world.user.character(campo, u'9');
+    EXPECT_EQ(campo.text(), u"1101520019"_qs) << "one key does not throw the text away";
+    world.user.key(campo, Key::Backspace);
+    world.user.key(campo, Key::Backspace);
+    EXPECT_EQ(campo.text(), u"11015-200"_qs);
+    campo.setText(u"ABC"_qs);
+    world.user.type(campo, u"12345678"_qs);
+    EXPECT_EQ(campo.text(), u"12345-678"_qs) << "typed over as a whole";
+    campo.setText(u"ABC"_qs);
+    world.user.type(campo, {});
+    EXPECT_EQ(campo.text(), u"_____-___"_qs);
+}

@@ -44,8 +44,8 @@ class PlanoBusca : public BuscaTest {
     static void SetUpTestSuite() {
         pasta = std::make_unique<QTemporaryDir>();
         firebird::PrepareEmbeddedEngine(pasta->path());
-        firebird::CreateDatabase(arquivo());
-        motor = firebird::MakeFirebirdAdapter();
+        firebird::CreateDatabase(arquivo(), {.forcedWrites = false});
+        motor = data::MakeFirebirdAdapter();
         motor->open(arquivo(), 10);
         for (const QString& comando : kit::TableStatements(data::Engine::Firebird, kit::Base::Main))
             motor->execute(comoTexto(comando));

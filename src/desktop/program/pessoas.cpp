@@ -45,6 +45,7 @@ int main(int argc, char** argv) {
     vorta::Register registro(platform);
     application.onException = [&](const auto& raise) {
         registro.program().dispatch([&] { raiseAsRuntimeError(raise); });
+        platform.leaveIfEnded();
     };
     registro.start(arguments.value(1));
     return registro.program().exitCode();

@@ -1,0 +1,101 @@
+#include "firebird/Bridge.h"
+
+#include <gtest/gtest.h>
+
+namespace vorta::firebird {
+
+namespace {
+
+using data::Piece;
+using data::Statement;
+
+std::string syntax(Piece text) {
+    return BridgeSyntax(Statement(text)).text().toStdString();
+}
+
+/// Says that the chosen parameters, counted from the left, are dates.
+DescribeDates datesAt(std::vector<bool> dates) {
+    return [dates](const QString&) { return std::optional(dates); };
+}
+
+} // namespace
+
+TEST(Bridge, TopBecomesFirst) {
+    EXPECT_EQ(syntax("SELECT TOP 10 NOME FROM PESS"), "SELECT FIRST 10 NOME FROM PESS");
+    EXPECT_EQ(syntax("select top 5 * from pess"), "select FIRST 5 * from pess");
+    EXPECT_EQ(syntax("SELECT TOP FROM PESS"), "SELECT TOP FROM PESS");
+    EXPECT_EQ(syntax("SELECT NOME FROM PESS WHERE X = 'SELECT TOP 5'"),
+              "SELECT NOME FROM PESS WHERE X = 'SELECT TOP 5'");
+}
+
+TEST(Bridge, AliasInApostrophesBecomesAName) {
+    EXPECT_EQ(syntax("select count(*) 'qt' from pess"), "select count(*) \"qt\" from pess");
+    EXPECT_EQ(syntax("SELECT NOME 'N', CEP AS 'C' FROM PESS"), "SELECT NOME \"N\", CEP AS \"C\" FROM PESS");
+    EXPECT_EQ(syntax("SELECT max(x) 'a b' FROM t"), "SELECT max(x) \"a b\" FROM t");
+}
+
+TEST(Bridge, LiteralsThatAreNoAliasStay) {
+    for (const Statement& statement :
+         {Statement("SELECT 'X' FROM T"), Statement("SELECT DISTINCT 'X', 'Y' FROM T"),
+          Statement("SELECT NOME || 'X' FROM T"), Statement("SELECT CASE WHEN A = 'X' THEN 'Y' ELSE 'Z' END FROM T"),
+          Statement("SELECT NOME FROM T WHERE NOME LIKE 'X'"), Statement("SELECT COALESCE(NOME, 'X') FROM T"),
+          Statement("INSERT INTO T VALUES ('X')")})
+        EXPECT_EQ(BridgeSyntax(statement), statement) << statement.text().toStdString();
+}
+
+TEST(Bridge, IdentityColumn) {
+    EXPECT_EQ(IdentityColumn(Statement("SELECT @@IDENTITY AS 'MAXROWID'")), QStringLiteral("MAXROWID"));
+    EXPECT_EQ(IdentityColumn(Statement("select @@identity as id")), QStringLiteral("id"));
+    EXPECT_EQ(IdentityColumn(Statement("select @@identity")), QString());
+    EXPECT_FALSE(IdentityColumn(Statement("select x from t where y = '@@identity'")));
+    EXPECT_FALSE(IdentityColumn(Statement("select @@identity + 1 as 'x'")));
+}
+
+TEST(Bridge, InsertedTable) {
+    EXPECT_EQ(InsertedTable(Statement(" insert into arqt (nome) values ('a')")), QStringLiteral("arqt"));
+    EXPECT_EQ(InsertedTable(Statement("INSERT INTO T VALUES (GEN_ID(G, 1), ')')")), QStringLiteral("T"));
+    EXPECT_FALSE(InsertedTable(Statement("insert into t (a) select b from u")));
+    EXPECT_FALSE(InsertedTable(Statement("insert into t (a) values (1) returning a")));
+    EXPECT_FALSE(InsertedTable(Statement("insert into t (a) values (1")));
+    EXPECT_FALSE(InsertedTable(Statement("update t set a = 1")));
+    EXPECT_EQ(ReturningKey(Statement("insert into arqt (nome) values ('a')"), QStringLiteral("ARQT")).text(),
+              u"insert into arqt (nome) values ('a') RETURNING idARQT");
+}
+
+TEST(Bridge, DatesOnlyWhereTheEngineTakesOne) {
+    const Statement statement("update t set cep = '20260101', dia = '20260102' where fone = '20260103'");
+    EXPECT_EQ(BridgeDates(statement, datesAt({false, true, false})).text(),
+              u"update t set cep = '20260101', dia = '2026-01-02' where fone = '20260103'");
+}
+
+TEST(Bridge, NoDateNoQuestion) {
+    const auto never = [](const QString& text) -> std::optional<std::vector<bool>> {
+        ADD_FAILURE() << text.toStdString();
+        return std::nullopt;
+    };
+    for (const Statement& statement : {Statement("update t set a = '2026010', b = '202601011', c = '20261301'"),
+                                       Statement("update t set a = 20260101, b = '2026/01/01', c = ''")})
+        EXPECT_EQ(BridgeDates(statement, never), statement);
+}
+
+TEST(Bridge, UndescribedTextIsAskedPieceByPiece) {
+    const Statement statement("select '20260101' from t where dia = '20260102'");
+    const auto describe = [](const QString& text) -> std::optional<std::vector<bool>> {
+        if (text.startsWith(u"select ?"))
+            return std::nullopt;
+        return std::vector{true};
+    };
+    EXPECT_EQ(BridgeDates(statement, describe).text(), u"select '20260101' from t where dia = '2026-01-02'");
+}
+
+TEST(Bridge, IntegersStandAside) {
+    Statement statement;
+    statement << "select * from t where a = " << 15 << " and b = '" << QStringLiteral("16")
+              << "' and c = 17 and d = " << QStringLiteral("-18") << " and e = " << QStringLiteral("1.5");
+    const Parameterised taken = TakeIntegers(statement);
+    EXPECT_EQ(taken.text, u"select * from t where a = ? and b = '16' and c = 17 and d = -18 and e = 1.5");
+    EXPECT_EQ(taken.integers, std::vector<qint64>{15});
+    EXPECT_TRUE(TakeIntegers(Statement("select 1 from t")).integers.empty());
+}
+
+} // namespace vorta::firebird

@@ -1,0 +1,137 @@
+#include "data/Recordset.h"
+
+#include "base/RuntimeError.h"
+#include "support/FakeDatabase.h"
+
+#include <gtest/gtest.h>
+
+namespace vorta::data {
+
+namespace {
+
+template <typename Work>
+int errorOf(Work work) {
+    try {
+        work();
+        return 0;
+    } catch (const RuntimeError& failure) {
+        return failure.number();
+    }
+}
+
+class RecordsetTest : public testing::Test {
+  protected:
+    void SetUp() override { connection.Open(Engine::Firebird, {}); }
+
+    Recordset open(test::FakeRows rows) {
+        database.answer(QStringLiteral("select"), std::move(rows));
+        Recordset recordset;
+        recordset.Open(Statement("select"), connection);
+        return recordset;
+    }
+
+    test::FakeDatabase database;
+    Connection connection{database.factory()};
+};
+
+} // namespace
+
+TEST_F(RecordsetTest, WalksForwardOverItsRows) {
+    Recordset rows = open({{"a"}, {{test::number(1)}, {test::number(2)}}});
+    EXPECT_EQ(rows.RecordCount(), 2);
+    EXPECT_FALSE(rows.Eof());
+    EXPECT_EQ(rows.Fields("a").toInt32(), 1);
+    rows.MoveNext();
+    EXPECT_EQ(rows.Fields("a").toInt32(), 2);
+    rows.MoveNext();
+    EXPECT_TRUE(rows.Eof());
+    EXPECT_EQ(errorOf([&] { rows.MoveNext(); }), errorNumber::NoCurrentRow);
+    EXPECT_EQ(errorOf([&] { (void)rows.Fields("a"); }), errorNumber::NoCurrentRow);
+}
+
+TEST_F(RecordsetTest, EmptyResultStartsAtItsEnd) {
+    const Recordset rows = open({{"a"}, {}});
+    EXPECT_TRUE(rows.Eof());
+    EXPECT_EQ(rows.RecordCount(), 0);
+    EXPECT_EQ(rows.ColumnCount(), 1);
+}
+
+TEST_F(RecordsetTest, EveryKindOfValueComesBackExactly) {
+    const QString longText(100000, u'é');
+    Recordset rows = open({{"null", "small", "negative", "amount", "text", "empty", "long", "date", "moment", "last"},
+                           {{test::null(), test::number(5), test::number(-2147483648), test::amount(-123456),
+                             test::text("São João"), test::text(""), Value(longText), test::date(1899, 12, 30),
+                             Value(QDateTime(QDate(2026, 11, 20), QTime(14, 30, 5), Qt::UTC)), test::number(1)}}});
+    EXPECT_EQ(rows.Fields("last").toInt32(), 1); // out of order first
+    EXPECT_TRUE(rows.Fields("null").isNull());
+    EXPECT_EQ(rows.Fields("small"), Value(qint64{5}));
+    EXPECT_EQ(rows.Fields("negative"), Value(qint64{-2147483648}));
+    EXPECT_EQ(rows.Fields("amount"), Value(Decimal{-123456, 2}));
+    EXPECT_EQ(rows.Fields("text").text(), u"São João");
+    EXPECT_EQ(rows.Fields("empty").text(), u"");
+    EXPECT_EQ(rows.Fields("long").text(), longText);
+    EXPECT_EQ(rows.Fields("date").date().date(), QDate(1899, 12, 30));
+    EXPECT_EQ(rows.Fields("moment").date().time(), QTime(14, 30, 5));
+}
+
+TEST_F(RecordsetTest, TextLengthsAroundThePackedForms) {
+    for (int length : {1, 127, 128, 238, 239, 240, 241, 255, 256, 70000}) {
+        const QString text(length, u'x');
+        Recordset rows = open({{"t", "n"}, {{Value(text), test::number(length)}}});
+        EXPECT_EQ(rows.Fields("n").toInt32(), length);
+        EXPECT_EQ(rows.Fields("t").text(), text);
+    }
+}
+
+TEST_F(RecordsetTest, ManyRowsLieInManyBlocks) {
+    test::FakeRows prepared{{"n", "t"}, {}};
+    for (int i = 0; i < 20000; ++i)
+        prepared.rows.push_back({test::number(i), Value(QString::number(i).repeated(10))});
+    Recordset rows = open(prepared);
+    for (int i = 0; i < 20000; ++i, rows.MoveNext()) {
+        ASSERT_EQ(rows.Fields("n").toInt32(), i);
+        ASSERT_EQ(rows.Fields("t").text(), QString::number(i).repeated(10));
+    }
+    EXPECT_TRUE(rows.Eof());
+}
+
+TEST_F(RecordsetTest, ColumnsByNameInAnyCaseAndByIndex) {
+    const Recordset rows = open({{"NOME_PESS", "idpess"}, {{test::text("A"), test::number(1)}}});
+    EXPECT_EQ(rows.Fields("nome_pess").text(), u"A");
+    EXPECT_EQ(rows.Fields("IdPess").toInt32(), 1);
+    EXPECT_EQ(rows.Fields(0).text(), u"A");
+    EXPECT_EQ(rows.ColumnName(1), u"idpess");
+    EXPECT_EQ(errorOf([&] { (void)rows.Fields("nome"); }), errorNumber::NoSuchColumn);
+    EXPECT_EQ(errorOf([&] { (void)rows.Fields(2); }), errorNumber::NoSuchColumn);
+    EXPECT_EQ(errorOf([&] { (void)rows.Fields(-1); }), errorNumber::NoSuchColumn);
+    EXPECT_EQ(errorOf([&] { (void)rows.ColumnName(2); }), errorNumber::NoSuchColumn);
+}
+
+TEST_F(RecordsetTest, OverwriteChangesThisRowOfThisCopyOnly) {
+    Recordset rows = open({{"a"}, {{test::text("x")}, {test::text("y")}}});
+    rows.Overwrite(u"A", Value(QStringLiteral("z")));
+    EXPECT_EQ(rows.Fields("a").text(), u"z");
+    rows.MoveNext();
+    EXPECT_EQ(rows.Fields("a").text(), u"y");
+    EXPECT_EQ(database.sent, QStringList{QStringLiteral("select")});
+    EXPECT_EQ(errorOf([&] { rows.Overwrite(u"b", {}); }), errorNumber::NoSuchColumn);
+}
+
+TEST_F(RecordsetTest, ClosedRaises3704) {
+    Recordset rows;
+    EXPECT_EQ(errorOf([&] { (void)rows.Eof(); }), errorNumber::ObjectClosed);
+    EXPECT_EQ(errorOf([&] { (void)rows.Fields("a"); }), errorNumber::ObjectClosed);
+    rows = open({{"a"}, {{test::text("x")}}});
+    rows.Close();
+    EXPECT_EQ(errorOf([&] { (void)rows.RecordCount(); }), errorNumber::ObjectClosed);
+    EXPECT_EQ(errorOf([&] { rows.Close(); }), errorNumber::ObjectClosed);
+}
+
+TEST_F(RecordsetTest, FailedOpenKeepsTheOldRows) {
+    Recordset rows = open({{"a"}, {{test::text("x")}}});
+    database.fail(QStringLiteral("broken"), errorNumber::StatementRefused);
+    EXPECT_EQ(errorOf([&] { rows.Open(Statement("broken"), connection); }), errorNumber::StatementRefused);
+    EXPECT_EQ(rows.Fields("a").text(), u"x");
+}
+
+} // namespace vorta::data

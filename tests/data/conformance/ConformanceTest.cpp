@@ -1,0 +1,191 @@
+#include "base/RuntimeError.h"
+#include "conformance/Contexts.h"
+#include "data/Recordset.h"
+
+namespace vorta::test {
+
+namespace {
+
+using data::Recordset;
+using data::Statement;
+
+Statement person(int id, const QString& name) {
+    Statement statement;
+    statement << "insert into pess (idpess, nome) values (" << id << ", '" << name << "')";
+    return statement;
+}
+
+} // namespace
+
+TEST_P(ConformanceTest, UnusableConnectionStringsFailAsConnections) {
+    for (const QString& text : GetParam().unusable()) {
+        data::Connection other([this](data::Engine) { return GetParam().adapter(); });
+        other.ConnectionTimeout = 2;
+        EXPECT_EQ(ErrorOf([&] { other.Open(GetParam().engine, text); }), errorNumber::ConnectionFailed)
+            << text.toStdString();
+        EXPECT_FALSE(other.IsOpen());
+    }
+}
+
+TEST_P(ConformanceTest, EveryKindOfColumn) {
+    write(Statement("insert into pess (idpess, nome, sigla, data_incl, valor, peso, obse) "
+                    "values (7, 'JOÃO', 'SP', '20260307', -12.50, 0.25, 'LINHA 1')"));
+    Recordset rows;
+    rows.Open(Statement("select * from pess"), *connection);
+    ASSERT_EQ(rows.RecordCount(), 1);
+    EXPECT_EQ(rows.Fields("IdPess"), data::Value(qint64{7}));
+    EXPECT_EQ(rows.Fields("nome").text(), u"JOÃO");
+    EXPECT_EQ(rows.Fields("sigla").text(), u"SP "); // a fixed-length text is as long as its column
+    EXPECT_EQ(rows.Fields("data_incl").date().date(), QDate(2026, 3, 7));
+    EXPECT_EQ(rows.Fields("data_incl").text(), u"07/03/2026");
+    EXPECT_EQ(rows.Fields("valor"), data::Value(data::Decimal{-1250, 2}));
+    EXPECT_EQ(rows.Fields("peso").number(), 0.25);
+    EXPECT_EQ(rows.Fields("obse").text(), u"LINHA 1");
+    EXPECT_TRUE(rows.Fields("cep").isNull());
+    EXPECT_TRUE(rows.Fields("momento").isNull());
+    EXPECT_EQ(ErrorOf([&] { (void)rows.Fields("idforn"); }), errorNumber::NoSuchColumn);
+}
+
+TEST_P(ConformanceTest, EmptyTextIsNoNull) {
+    write(Statement("insert into pess (idpess, nome, obse) values (1, '', '')"));
+    EXPECT_EQ(one(Statement("select nome from pess")), u"");
+    EXPECT_EQ(one(Statement("select obse from pess")), u"");
+}
+
+TEST_P(ConformanceTest, RepertoireComesBackAsItWent) {
+    QString repertoire = QStringLiteral("€‚ƒ„…†‡ˆ‰Š‹ŒŽ‘’“”•–—˜™š›œžŸ");
+    for (char16_t c = 0xa1; c <= 0xff; ++c)
+        repertoire += QChar(c);
+    for (int start = 0; start < repertoire.size(); start += 50)
+        write(person(start + 1, repertoire.mid(start, 50)));
+    Recordset rows;
+    rows.Open(Statement("select nome from pess order by idpess"), *connection);
+    QString back;
+    for (; !rows.Eof(); rows.MoveNext())
+        back += rows.Fields(0).text();
+    EXPECT_EQ(back, repertoire);
+}
+
+TEST_P(ConformanceTest, LongTextComesBackWhole) {
+    const QString text = QStringLiteral("AÇÃO ").repeated(3000);
+    Statement statement;
+    statement << "insert into pess (idpess, obse) values (1, '" << text << "')";
+    write(statement);
+    EXPECT_EQ(one(Statement("select obse from pess")), text);
+}
+
+TEST_P(ConformanceTest, OldAndLateDates) {
+    write(Statement("insert into pess (idpess, data_incl) values (1, '17530101')"));
+    write(Statement("insert into pess (idpess, data_incl) values (2, '99991231')"));
+    write(Statement("insert into pess (idpess, momento) values (3, '2026-11-20 14:30:05')"));
+    EXPECT_EQ(one(Statement("select data_incl from pess where idpess = 1")), u"01/01/1753");
+    EXPECT_EQ(one(Statement("select data_incl from pess where idpess = 2")), u"31/12/9999");
+    Recordset rows;
+    rows.Open(Statement("select momento from pess where idpess = 3"), *connection);
+    EXPECT_EQ(rows.Fields(0).date().date(), QDate(2026, 11, 20));
+    EXPECT_EQ(rows.Fields(0).date().time(), QTime(14, 30, 5));
+}
+
+TEST_P(ConformanceTest, AggregatesKeepTheirKind) {
+    write(Statement("insert into pess (idpess, valor) values (1, 10.10)"));
+    write(Statement("insert into pess (idpess, valor) values (2, 0.15)"));
+    EXPECT_EQ(one(Statement("select sum(valor) from pess")), u"10,25");
+    EXPECT_EQ(one(Statement("select count(*) from pess")), u"2");
+    EXPECT_EQ(one(Statement("select max(valor) from pess where idpess > 5")), u"(null)");
+}
+
+TEST_P(ConformanceTest, ManyRowsInOrder) {
+    connection->BeginTrans();
+    for (int i = 1; i <= 3000; ++i)
+        write(person(i, QStringLiteral("PESSOA %1").arg(i)));
+    connection->CommitTrans();
+    Recordset rows;
+    rows.Open(Statement("select idpess, nome from pess order by idpess"), *connection);
+    ASSERT_EQ(rows.RecordCount(), 3000);
+    for (int i = 1; i <= 3000; ++i, rows.MoveNext())
+        ASSERT_EQ(rows.Fields("nome").text(), QStringLiteral("PESSOA %1").arg(i));
+}
+
+TEST_P(ConformanceTest, DateLiteralsByTheColumnNotByTheLook) {
+    write(Statement("insert into pess (idpess, nome, cep, data_incl) values (1, '20260101', '20260102', '20260103')"));
+    write(Statement("insert into pess (idpess, nome, cep, data_incl) values (2, 'X', '01310100', '2026/01/04')"));
+    EXPECT_EQ(one(Statement("select nome from pess where idpess = 1")), u"20260101");
+    EXPECT_EQ(one(Statement("select cep from pess where idpess = 1")), u"20260102");
+    EXPECT_EQ(one(Statement("select data_incl from pess where idpess = 1")), u"03/01/2026");
+    EXPECT_EQ(one(Statement("select data_incl from pess where idpess = 2")), u"04/01/2026");
+    write(Statement("update pess set cep = '20270101', data_incl = '20270102' where data_incl = '20260103'"));
+    EXPECT_EQ(one(Statement("select cep from pess where data_incl >= '20270101' and cep = '20270101'")), u"20270101");
+    EXPECT_EQ(one(Statement("select count(*) from pess where data_incl between '20260104' and '20270102'")), u"2");
+    EXPECT_EQ(one(Statement("select '20260101' from pess where data_incl = '20270102'")), u"20260101");
+}
+
+TEST_P(ConformanceTest, ImpossibleDateIsRefused) {
+    EXPECT_EQ(ErrorOf([&] { write(Statement("insert into pess (idpess, data_incl) values (1, '20261331')")); }),
+              errorNumber::StatementRefused);
+}
+
+TEST_P(ConformanceTest, TopLimitsTheRows) {
+    for (int i = 1; i <= 5; ++i)
+        write(person(i, QStringLiteral("P")));
+    Statement statement;
+    statement << "SELECT TOP " << QStringLiteral("2") << " IDPESS FROM PESS ORDER BY IDPESS DESC";
+    Recordset rows;
+    rows.Open(statement, *connection);
+    ASSERT_EQ(rows.RecordCount(), 2);
+    EXPECT_EQ(rows.Fields(0).toInt32(), 5);
+    Statement typed;
+    typed << "SELECT TOP " << QStringLiteral("dois") << " IDPESS FROM PESS";
+    EXPECT_EQ(ErrorOf([&] { rows.Open(typed, *connection); }), errorNumber::StatementRefused);
+}
+
+TEST_P(ConformanceTest, AliasInApostrophesNamesTheColumn) {
+    write(person(1, QStringLiteral("A")));
+    Recordset rows;
+    rows.Open(Statement("select count(*) 'qt' from pess where data_incl is null"), *connection);
+    EXPECT_EQ(rows.Fields("QT").toInt32(), 1);
+}
+
+TEST_P(ConformanceTest, RoleKeyBesideThePersonIsNotAmbiguous) {
+    write(person(1, QStringLiteral("CLIENTE")));
+    write(Statement("insert into clie (idclie, idpess) values (9, 1)"));
+    Recordset rows;
+    rows.Open(Statement("SELECT IDCLIE, NOME FROM CLIE, PESS WHERE CLIE.IDPESS = PESS.IDPESS"), *connection);
+    ASSERT_EQ(rows.RecordCount(), 1);
+    EXPECT_EQ(rows.Fields("idclie").toInt32(), 9);
+}
+
+TEST_P(ConformanceTest, SearchFindsAccentsByTheCollation) {
+    write(person(1, QStringLiteral("JOÃO DA CONCEIÇÃO")));
+    const QString expected = GetParam().searchIgnoresAccents ? QStringLiteral("1") : QStringLiteral("0");
+    EXPECT_EQ(one(Statement("SELECT COUNT(*) FROM PESS WHERE NOME LIKE '%CONCEICAO%'")), expected);
+    EXPECT_EQ(one(Statement("SELECT COUNT(*) FROM PESS WHERE NOME LIKE '%JOÃO%'")), u"1");
+}
+
+/// The same comparison with every kind of number, over and over: a statement kept prepared must answer as its text
+/// does.
+TEST_P(ConformanceTest, PlainNumbersAnswerAsTheirText) {
+    write(Statement("insert into pess (idpess, nome, cep, valor) values (1, '5', '12', 2.50)"));
+    write(Statement("insert into pess (idpess, nome, cep, valor) values (2, '05', '13', 3)"));
+    const auto count = [&](data::Piece condition, auto value) {
+        Statement statement;
+        statement << "select count(*) from pess where " << condition << value;
+        return one(statement).toInt();
+    };
+    for (int round = 0; round < 3; ++round) {
+        EXPECT_EQ(count("idpess = ", 1), 1);
+        EXPECT_EQ(count("idpess = ", 2), 1);
+        EXPECT_EQ(count("idpess = ", 3), 0);
+        EXPECT_EQ(count("idpess = ", QStringLiteral("2")), 1);
+        EXPECT_EQ(count("idpess > ", QStringLiteral("-1")), 2);
+        EXPECT_EQ(count("idpess < ", QStringLiteral("9999999999")), 2);
+        EXPECT_EQ(count("valor = ", 3), 1);
+        EXPECT_EQ(count("valor > ", 2), 2);
+        EXPECT_EQ(count("valor = ", QStringLiteral("2.50")), 1);
+        EXPECT_EQ(count("idpess + 1 = ", 3), 1);
+        EXPECT_EQ(count("valor * 2 = ", 5), 1);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Engines, ConformanceTest, testing::ValuesIn(EngineContexts()), NameOf);
+
+} // namespace vorta::test

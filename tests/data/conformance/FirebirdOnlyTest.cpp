@@ -1,0 +1,148 @@
+#include "base/RuntimeError.h"
+#include "conformance/Contexts.h"
+#include "conformance/FirebirdServer.h"
+#include "conformance/Peer.h"
+#include "data/Recordset.h"
+#include "firebird/EmbeddedEngine.h"
+#include "firebird/FirebirdAdapter.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+/// What only Firebird has: generators, changes of tables beside prepared statements, the engine inside the process, a
+/// server that goes.
+namespace vorta::test {
+
+namespace {
+
+using data::Statement;
+
+class FirebirdOnly : public testing::Test {
+  protected:
+    void SetUp() override {
+        firebird::CreateDatabase(path());
+        connection.Open(data::Engine::Firebird, path());
+        connection.Execute(Statement("create table logr (nome varchar(60))"));
+    }
+    QString path() const { return folder.filePath(QStringLiteral("base.fdb")); }
+    static data::AdapterFactory factory() {
+        return [](data::Engine) { return data::MakeFirebirdAdapter(); };
+    }
+    QString one(const Statement& statement) {
+        data::Recordset rows;
+        rows.Open(statement, connection);
+        return rows.Eof() ? QStringLiteral("(none)") : rows.Fields(0).textOr(QStringLiteral("(null)"));
+    }
+
+    QTemporaryDir folder;
+    data::Connection connection{factory()};
+};
+
+} // namespace
+
+TEST_F(FirebirdOnly, GeneratorsMoveOutsideAndInsideTransactions) {
+    connection.Execute(Statement("create generator gen_pess"));
+    const Statement next("select gen_id(GEN_PESS, 1) from RDB$GENERATORS where RDB$GENERATOR_NAME = 'GEN_PESS'; ");
+    EXPECT_EQ(one(next), u"1");
+    EXPECT_EQ(one(next), u"2");
+    connection.BeginTrans();
+    EXPECT_EQ(one(next), u"3");
+    connection.Close();
+    connection.Open(data::Engine::Firebird, path());
+    EXPECT_EQ(one(next), u"4");
+    EXPECT_EQ(one(Statement("select gen_id(GEN_PESS, 1) from RDB$GENERATORS where RDB$GENERATOR_NAME = 'OTHER'; ")),
+              u"(none)");
+}
+
+TEST_F(FirebirdOnly, NewDatabaseHasTheRegistersSettings) {
+    EXPECT_EQ(one(Statement("select mon$page_size from mon$database")), u"16384");
+    EXPECT_EQ(one(Statement("select mon$forced_writes from mon$database")), u"1");
+    EXPECT_EQ(one(Statement("select trim(rdb$character_set_name) from rdb$database")), u"WIN1252");
+    EXPECT_EQ(one(Statement("select trim(rdb$default_collate_name) from rdb$character_sets "
+                            "where rdb$character_set_name = 'WIN1252'")),
+              u"WIN_PTBR");
+    EXPECT_EQ(ErrorOf([&] { firebird::CreateDatabase(path()); }), errorNumber::ConnectionFailed);
+}
+
+TEST_F(FirebirdOnly, ForcedWritesAreSwitchedWhileNobodyElseIsIn) {
+    connection.Close();
+    firebird::SetForcedWrites(path(), false);
+    connection.Open(data::Engine::Firebird, path());
+    EXPECT_EQ(one(Statement("select mon$forced_writes from mon$database")), u"0");
+}
+
+TEST_F(FirebirdOnly, TableChangesBesidePreparedStatements) {
+    connection.Execute(Statement("create table t (idt integer, nome varchar(10))"));
+    for (int i = 0; i < 3; ++i) {
+        Statement statement;
+        statement << "select count(*) from t where idt = " << i;
+        EXPECT_EQ(one(statement), u"0");
+    }
+    connection.Execute(Statement("alter table t add dia date"));
+    connection.Execute(Statement("insert into t (idt, nome, dia) values (1, '20260101', '20260101')"));
+    EXPECT_EQ(one(Statement("select dia from t")), u"01/01/2026");
+    connection.Execute(Statement("drop table t"));
+    Statement gone;
+    gone << "select count(*) from t where idt = " << 1;
+    EXPECT_EQ(ErrorOf([&] { one(gone); }), errorNumber::StatementRefused);
+}
+
+TEST_F(FirebirdOnly, MorePreparedStatementsThanTheCacheHolds) {
+    connection.Execute(Statement("create table t (idt integer)"));
+    connection.Execute(Statement("insert into t (idt) values (7)"));
+    for (int round = 0; round < 2; ++round)
+        for (int i = 0; i < 50; ++i) {
+            Statement statement;
+            statement << "select idt from t where '" << QString::number(i) << "' <> '' and idt = " << 7;
+            ASSERT_EQ(one(statement), u"7");
+        }
+}
+
+TEST_F(FirebirdOnly, TwoProgramsWorkOnOneFileAtOnce) {
+    EXPECT_EQ(one(Statement("select count(*) from logr")), u"0");
+    QProcess peer;
+    peer.start(QCoreApplication::applicationFilePath(), {peerWord, qEnvironmentVariable("VORTA_HOME"), path()});
+    ASSERT_TRUE(peer.waitForFinished(20000));
+    EXPECT_EQ(peer.exitCode(), 0) << peer.readAllStandardError().toStdString();
+    EXPECT_EQ(one(Statement("select nome from logr")), u"DO OUTRO PROGRAMA");
+}
+
+TEST_F(FirebirdOnly, CharacterOutsideTheRepertoireIsRefused) {
+    EXPECT_EQ(ErrorOf([&] { connection.Execute(Statement("insert into logr (nome) values ('Ω')")); }),
+              errorNumber::StatementRefused);
+}
+
+TEST_F(FirebirdOnly, TextKeptApartIsReadInTheColumnsCharacterSet) {
+    connection.Execute(Statement("create table n (win blob sub_type text, uni blob sub_type text character set utf8, "
+                                 "raw blob sub_type binary)"));
+    connection.Execute(Statement("insert into n (win, uni) values ('AÇÃO €', 'AÇÃO €')"));
+    EXPECT_EQ(one(Statement("select win from n")), u"AÇÃO €");
+    EXPECT_EQ(one(Statement("select uni from n")), u"AÇÃO €");
+    EXPECT_EQ(one(Statement("select raw from n")), u"(null)");
+}
+
+TEST_F(FirebirdOnly, BrokenFileDoesNotOpen) {
+    const QString broken = folder.filePath(QStringLiteral("broken.fdb"));
+    QFile file(broken);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray(100000, 'x'));
+    file.close();
+    data::Connection other(factory());
+    EXPECT_EQ(ErrorOf([&] { other.Open(data::Engine::Firebird, broken); }), errorNumber::ConnectionFailed);
+}
+
+TEST(FirebirdServerLost, StatementThatMeetsItTellsTheConnection) {
+    FirebirdServer server;
+    const QString text = server.connectionString(QStringLiteral("lost.fdb"));
+    firebird::CreateDatabase(text);
+    data::Connection connection([](data::Engine) { return data::MakeFirebirdAdapter(); });
+    connection.Open(data::Engine::Firebird, text);
+    connection.Execute(Statement("create table t (a integer)"));
+    server.kill();
+    EXPECT_EQ(ErrorOf([&] { connection.Execute(Statement("insert into t (a) values (1)")); }),
+              errorNumber::ConnectionFailed);
+    data::Recordset rows;
+    EXPECT_EQ(ErrorOf([&] { rows.Open(Statement("select a from t"), connection); }), errorNumber::ConnectionFailed);
+}
+
+} // namespace vorta::test

@@ -1,0 +1,128 @@
+#include "conformance/FirebirdServer.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QStandardPaths>
+#include <QThread>
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <stdexcept>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace vorta::test {
+
+namespace {
+
+const QString serverProgram = QStringLiteral("/usr/sbin/firebird");
+const QString securityScript = QStringLiteral("/usr/share/firebird/3.0/security.sql");
+const QString characterSets = QStringLiteral("/usr/lib/x86_64-linux-gnu/firebird/3.0/intl/libfbintl.so");
+const QString password = QStringLiteral("segredo1");
+constexpr int waitMilliseconds = 20000;
+
+[[noreturn]] void fail(const QString& reason) {
+    throw std::runtime_error("the Firebird server of the test cannot be had: " + reason.toStdString());
+}
+
+sockaddr_in loopback(int port) {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    address.sin_port = htons(static_cast<uint16_t>(port));
+    return address;
+}
+
+/// A port that the system has just handed out and taken back.
+int freePort() {
+    const int socket = ::socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in address = loopback(0);
+    socklen_t size = sizeof address;
+    const bool bound = socket >= 0 && bind(socket, reinterpret_cast<sockaddr*>(&address), size) == 0 &&
+                       getsockname(socket, reinterpret_cast<sockaddr*>(&address), &size) == 0;
+    if (socket >= 0)
+        close(socket);
+    if (!bound)
+        fail(QStringLiteral("no free port"));
+    return ntohs(address.sin_port);
+}
+
+bool answers(int port) {
+    const int socket = ::socket(AF_INET, SOCK_STREAM, 0);
+    const sockaddr_in address = loopback(port);
+    const bool connected = connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    close(socket);
+    return connected;
+}
+
+void write(const QString& path, const QString& content) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content.toUtf8()) < 0)
+        fail(path + QStringLiteral(" cannot be written"));
+}
+
+} // namespace
+
+FirebirdServer::FirebirdServer() : port_(freePort()) {
+    prepareRoot();
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("FIREBIRD"), folder_.path());
+    environment.insert(QStringLiteral("FIREBIRD_LOCK"), folder_.path());
+    process_.setProcessEnvironment(environment);
+    makeUser();
+    start();
+}
+
+FirebirdServer::~FirebirdServer() {
+    kill();
+}
+
+FirebirdServer& FirebirdServer::shared() {
+    static FirebirdServer server;
+    return server;
+}
+
+QString FirebirdServer::connectionString(const QString& file) const {
+    return QStringLiteral("Server=127.0.0.1;Port=%1;UID=SYSDBA;PWD=%2;Database=%3")
+        .arg(QString::number(port_), password, folder_.filePath(file));
+}
+
+void FirebirdServer::kill() {
+    process_.kill();
+    process_.waitForFinished();
+}
+
+void FirebirdServer::prepareRoot() {
+    write(folder_.filePath(QStringLiteral("firebird.conf")),
+          QStringLiteral(
+              "ServerMode = Super\nRemoteServicePort = %1\nRemoteServiceName =\nRemoteBindAddress = 127.0.0.1\n"
+              "SecurityDatabase = %2\nIpcName = vorta_%1\nAuthServer = Srp\nAuthClient = Srp\nUserManager = Srp\n")
+              .arg(QString::number(port_), folder_.filePath(QStringLiteral("security3.fdb"))));
+    QDir(folder_.path()).mkdir(QStringLiteral("intl"));
+    if (!QFile::copy(characterSets, folder_.filePath(QStringLiteral("intl/libfbintl.so"))))
+        fail(QStringLiteral("no character sets at ") + characterSets);
+}
+
+void FirebirdServer::makeUser() {
+    const QString script = folder_.filePath(QStringLiteral("users.sql"));
+    write(script, QStringLiteral("create database '%1' user 'SYSDBA';\nin %2;\ncommit;\n"
+                                 "create user SYSDBA password '%3' using plugin Srp;\ncommit;\n")
+                      .arg(folder_.filePath(QStringLiteral("security3.fdb")), securityScript, password));
+    process_.start(QStringLiteral("isql-fb"), {QStringLiteral("-q"), QStringLiteral("-user"), QStringLiteral("SYSDBA"),
+                                               QStringLiteral("-i"), script});
+    if (!process_.waitForFinished(waitMilliseconds) || process_.exitCode() != 0)
+        fail(QStringLiteral("isql-fb: ") + process_.errorString() + QString::fromUtf8(process_.readAllStandardError()));
+}
+
+void FirebirdServer::start() {
+    process_.setProcessChannelMode(QProcess::MergedChannels);
+    process_.start(serverProgram, QStringList());
+    if (!process_.waitForStarted())
+        fail(serverProgram + QStringLiteral(": ") + process_.errorString());
+    QElapsedTimer waited;
+    for (waited.start(); !answers(port_); QThread::msleep(20))
+        if (process_.state() != QProcess::Running || process_.waitForFinished(0) || waited.hasExpired(waitMilliseconds))
+            fail(serverProgram + QStringLiteral(" does not answer: ") + QString::fromUtf8(process_.readAll()));
+}
+
+} // namespace vorta::test

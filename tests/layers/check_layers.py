@@ -1,0 +1,90 @@
+#!/usr/bin/env python3
+"""Checks that includes and links point downwards only, and that nothing below the windows knows of windows.
+
+usage: check_layers.py SOURCE_DIR BUILD_DIR
+"""
+
+import pathlib
+import re
+import sys
+
+# What a folder of src/ may include besides itself. Qt Gui and Qt Widgets belong to desktop alone, Qt Sql to odbc.
+LAYERS = {
+    "base": [],
+    "data": ["base"],
+    "firebird": ["data", "base"],
+    "odbc": ["data", "base"],
+    "screen": ["base"],
+    "launch": ["data", "screen", "base"],
+    "shared/inscricao": ["base"],
+    "shared": ["launch", "data", "screen", "base", "shared/inscricao"],
+    "person": ["shared", "launch", "data", "screen", "base"],
+    "search": ["shared", "launch", "data", "screen", "base"],
+    "roles": ["shared", "launch", "data", "screen", "base"],
+    "maintenance": ["shared", "launch", "data", "screen", "base"],
+    "app": ["person", "search", "roles", "maintenance", "firebird", "odbc", "launch", "data", "screen", "base"],
+    "kit": ["firebird", "data", "launch", "shared", "base"],
+    "robot": ["launch", "data", "screen", "base"],
+    "desktop": ["robot", "screen", "base"],
+}
+# The programs put the boxes together and may know all of them.
+PROGRAMS = re.compile(r"[a-z]+/program/")
+WINDOW_CLASSES = re.compile(
+    r"<(QtGui|QtWidgets)/|<Q(Application|GuiApplication|Widget|Dialog|MessageBox|MainWindow|Pixmap|Image|Icon|Font\w*"
+    r"|Color|Palette|Painter|LineEdit|Label|TableView|ComboBox|DesktopServices|Clipboard|\w*Event)>")
+SQL_CLASSES = re.compile(r"<(QtSql/|QSql\w*>)")
+INCLUDE = re.compile(r'^\s*#include\s+(?:"([^"]+)"|(<[^>]+>))', re.M)
+
+
+def folder_of(path):
+    parts = path.split("/")
+    return "/".join(parts[:2]) if "/".join(parts[:2]) in LAYERS else parts[0]
+
+
+def check_includes(source):
+    for path in sorted(source.rglob("*")):
+        if path.suffix not in (".h", ".cpp"):
+            continue
+        name = path.relative_to(source).as_posix()
+        own = folder_of(name)
+        if own not in LAYERS:
+            yield f"{name}: the folder {own} has no place among the layers"
+            continue
+        for quoted, angled in INCLUDE.findall(path.read_text(encoding="utf-8")):
+            if quoted:
+                used = folder_of(quoted)
+                if used in LAYERS and used != own and used not in LAYERS[own] and not PROGRAMS.match(name):
+                    yield f"{name}: {own} must not include {quoted}"
+            elif own != "desktop" and WINDOW_CLASSES.match(angled):
+                yield f"{name}: {angled} belongs to desktop"
+            elif own != "odbc" and SQL_CLASSES.match(angled):
+                yield f"{name}: {angled} belongs to odbc"
+
+
+def check_links(build):
+    """No program or test that does without the desktop library is linked with Qt's windows, by no detour."""
+    text = (build / "build.ninja").read_text(encoding="utf-8")
+    programs = 0
+    for block in re.findall(r"^build (\S+): CXX_EXECUTABLE_LINKER\S*(.*?)(?=^build |\Z)", text, re.M | re.S):
+        target, body = block
+        libraries = re.search(r"LINK_LIBRARIES = (.*)", body)
+        if not libraries:
+            continue
+        programs += 1
+        if "libvorta_desktop.a" in libraries[1]:
+            continue
+        for library in re.findall(r"libQt6(?:Gui|Widgets)\S*", libraries[1]):
+            yield f"{target}: linked with {library}"
+    if not programs:
+        yield f"{build}/build.ninja: no program found, the check has lost its ground"
+
+
+def main():
+    if len(sys.argv) != 3:
+        sys.exit(__doc__)
+    faults = [*check_includes(pathlib.Path(sys.argv[1])), *check_links(pathlib.Path(sys.argv[2]))]
+    print("\n".join(faults) if faults else "all layers in order")
+    sys.exit(1 if faults else 0)
+
+
+main()
