@@ -26,6 +26,8 @@ LAYERS = {
     "kit": ["firebird", "data", "launch", "shared", "base"],
     "robot": ["launch", "data", "screen", "base"],
     "desktop": ["robot", "screen", "base"],
+    "bench": ["kit", "app", "person", "search", "roles", "maintenance", "shared", "firebird", "odbc", "launch", "data", "screen",
+              "base"],
 }
 # The programs put the boxes together and may know all of them.
 PROGRAMS = re.compile(r"[a-z]+/program/")
