@@ -127,7 +127,7 @@ Case wholeRegister(const Bench& bench) {
 
 /// The same texts, one after the other, as the role filter sends them.
 Case customers(const Bench& bench) {
-    const QString beginning = QStringLiteral("MARIA");
+    const QString beginning = QStringLiteral("A");
     const auto texts = std::make_shared<QList<QByteArray>>(
         bench->statementsOf(bench->searched.opInicialCom, beginning, bench->searched.opCliente));
     const int count = static_cast<int>(texts->size());
