@@ -50,12 +50,14 @@ class OdbcAdapter final : public Adapter {
     bool isOpen() const override { return database_.isOpen(); }
 
     void begin() override {
+        requireTransaction(false);
         if (!database_.transaction())
             throw TransactionFailure(database_);
         inTransaction_ = true;
     }
 
     void commit() override {
+        requireTransaction(true);
         if (!database_.commit())
             throw TransactionFailure(database_);
         inTransaction_ = false;
@@ -75,6 +77,12 @@ class OdbcAdapter final : public Adapter {
     }
 
   private:
+    /// The driver keeps silent about a second begin and about a commit of nothing.
+    void requireTransaction(bool open) const {
+        if (inTransaction_ != open)
+            throw RuntimeError(errorNumber::StatementRefused);
+    }
+
     QSqlQuery send(const QString& text) {
         QSqlQuery query(database_);
         query.setForwardOnly(true);

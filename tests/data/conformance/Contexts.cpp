@@ -97,7 +97,7 @@ EngineContext sqlServer(const QString& connectionString) {
     return {
         .name = "SqlServer",
         .engine = Engine::SqlServer,
-        .adapter = odbc::MakeOdbcAdapter,
+        .adapter = data::MakeOdbcAdapter,
         .connectionString = [connectionString] { return connectionString; },
         .unusable =
             [] { return QStringList{QStringLiteral("driver={SQL Server};server=127.0.0.1,1;uid=a;pwd=b;database=c")}; },
