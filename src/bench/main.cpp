@@ -1,5 +1,6 @@
 #include "base/RuntimeError.h"
 #include "bench/DataCases.h"
+#include "bench/SqlServerCases.h"
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
@@ -10,7 +11,7 @@ using namespace vorta;
 namespace {
 
 /// Every subject that is measured; a new one adds the maker of its cases.
-constexpr std::vector<bench::Case> (*subjects[])() = {bench::DataCases};
+constexpr std::vector<bench::Case> (*subjects[])() = {bench::DataCases, bench::SqlServerCases};
 
 constexpr int rounds = 11;
 

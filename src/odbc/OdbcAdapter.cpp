@@ -80,7 +80,9 @@ class OdbcAdapter final : public Adapter {
     /// The driver keeps silent about a second begin and about a commit of nothing.
     void requireTransaction(bool open) const {
         if (inTransaction_ != open)
-            throw RuntimeError(errorNumber::StatementRefused);
+            throw RuntimeError(errorNumber::StatementRefused,
+                               open ? QStringLiteral("Não há transação aberta nesta conexão")
+                                    : QStringLiteral("Já existe uma transação aberta nesta conexão"));
     }
 
     QSqlQuery send(const QString& text) {
