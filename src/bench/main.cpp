@@ -2,6 +2,7 @@
 #include "bench/DataCases.h"
 #include "bench/RoleCases.h"
 #include "bench/SearchCases.h"
+#include "bench/SqlServerCases.h"
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
@@ -12,7 +13,8 @@ using namespace vorta;
 namespace {
 
 /// Every subject that is measured; a new one adds the maker of its cases.
-constexpr std::vector<bench::Case> (*subjects[])() = {bench::DataCases, bench::RoleCases, bench::SearchCases};
+constexpr std::vector<bench::Case> (*subjects[])() = {bench::DataCases, bench::RoleCases, bench::SearchCases,
+                                                      bench::SqlServerCases};
 
 constexpr int rounds = 11;
 
