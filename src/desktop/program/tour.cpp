@@ -10,6 +10,8 @@
 #include <QDir>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <QTimer>
 #include <cstdio>
 #include <map>
@@ -181,5 +183,8 @@ int main(int argc, char** argv) {
         std::fputs("usage: pessoas-tour FOLDER [LAUNCH STRING]\n", stderr);
         return exitUnusable;
     }
+    // The user's own places of windows are none of the tour's business.
+    const QTemporaryDir settings;
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
     return Tour(arguments[1]).play(arguments.value(2, QStringLiteral("1^1^PRD^False^")));
 }
