@@ -46,7 +46,7 @@ void User::settle(Screen& screen) {
 /// One step by the keyboard. The text of the field that it reaches is selected, so that typing replaces it.
 void User::walk(Screen& screen, bool backwards) {
     Field* next = screen.nextField(screen.focus(), backwards);
-    if (next && screen.moveFocus(next) && screen.isLoaded() && takesText(*next))
+    if (next && screen.moveFocus(next) && takesText(*next))
         next->select(0, static_cast<int>(next->text().size()));
 }
 
