@@ -55,7 +55,8 @@ ScreenWindow::ScreenWindow(screen::Screen& screen, QWidget* parent)
     layout->addWidget(bar_);
     binder_ = std::make_unique<Binder>(screen, user_, *form, *this);
     binder_->flush();
-    resize(form->sizeHint().expandedTo(drawn).boundedTo(this->screen()->availableSize()));
+    wholeSize_ = form->sizeHint().expandedTo(drawn) + QSize(0, barHeight);
+    resize(wholeSize_.boundedTo(this->screen()->availableSize()));
     setWindowModality(Qt::ApplicationModal);
 }
 

@@ -61,6 +61,8 @@ class Tour : public desktop::DesktopPlatform {
                                                    {QStringLiteral("frmBROWSE_PESSOAS"), &Tour::personSearch},
                                                    {QStringLiteral("frmBROWSE_CEPS"), &Tour::streetSearch},
                                                    {QStringLiteral("frmBROWSE_PRODUTO"), &Tour::productSearch}};
+        // The offscreen platform has a small screen; its pictures need none.
+        top()->resize(top()->wholeSize());
         const auto part = parts.find(screen.name());
         if (part != parts.end())
             (this->*part->second)();
