@@ -12,7 +12,7 @@ namespace vorta {
 namespace {
 
 std::unique_ptr<data::Adapter> MakeAdapter(data::Engine engine) {
-    return engine == data::Engine::Firebird ? data::MakeFirebirdAdapter() : odbc::MakeOdbcAdapter();
+    return engine == data::Engine::Firebird ? data::MakeFirebirdAdapter() : data::MakeOdbcAdapter();
 }
 
 } // namespace

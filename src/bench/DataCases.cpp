@@ -180,8 +180,8 @@ Case memory(const Bench& bench) {
 
 std::vector<Case> DataCases() {
     const Bench bench = std::make_shared<DataBench>();
-    return {reads(bench, "data: statement by key", byKey, 1.0),
-            reads(bench, "data: statement by text", byText, 2.0),
+    return {reads(bench, "data: statement by key", byKey, 0.5),
+            reads(bench, "data: statement by text", byText, 1.5),
             inserts(bench),
             fetch(bench),
             fetchAndRead(bench),

@@ -1,5 +1,7 @@
 #include "base/RuntimeError.h"
 #include "bench/DataCases.h"
+#include "bench/RoleCases.h"
+#include "bench/SearchCases.h"
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
@@ -10,7 +12,7 @@ using namespace vorta;
 namespace {
 
 /// Every subject that is measured; a new one adds the maker of its cases.
-constexpr std::vector<bench::Case> (*subjects[])() = {bench::DataCases};
+constexpr std::vector<bench::Case> (*subjects[])() = {bench::DataCases, bench::RoleCases, bench::SearchCases};
 
 constexpr int rounds = 11;
 

@@ -59,6 +59,12 @@ void Binder::mark(const screen::Field& field) {
 
 void Binder::screenChanged(screen::Screen&) {
     screenDirty_ = true;
+    if (focus_ != screen_.focus()) {
+        const screen::Field* left = std::exchange(focus_, screen_.focus());
+        for (const screen::Field* field : {left, focus_})
+            if (field)
+                dirty_ += field;
+    }
     schedule();
     // Long work begins right behind the hourglass and lets no other event through.
     const bool busy = screen_.pointer() == screen::Pointer::Hourglass;

@@ -64,6 +64,7 @@ class Binder : public QObject, public screen::ScreenObserver {
     bool scheduled_ = false;
     bool refreshing_ = false;
     screen::Colour background_;
+    const screen::Field* focus_ = nullptr; ///< the field that was last seen with the focus
 };
 
 } // namespace vorta::desktop

@@ -26,10 +26,7 @@ bool LabelBinding::eventFilter(QObject* watched, QEvent* event) {
 }
 
 PictureBinding::PictureBinding(Binder& binder, screen::Field& field, QLabel& label)
-    : Binding(binder, field, label), label_(label) {
-    // The picture follows the room it has, it does not ask for more.
-    label.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
-}
+    : Binding(binder, field, label), label_(label) {}
 
 void PictureBinding::refresh() {
     Binding::refresh();

@@ -19,6 +19,8 @@ class Style : public QProxyStyle {
                   QStyleHintReturn* data) const override {
         if (hint == SH_DialogButtonLayout)
             return 0; // yes, no, cancel
+        if (hint == SH_Table_GridLineColor)
+            return static_cast<int>(QColor(0xE1, 0xE5, 0xEA).rgb());
         return QProxyStyle::styleHint(hint, option, widget, data);
     }
 };

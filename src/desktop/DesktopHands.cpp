@@ -309,7 +309,8 @@ class DesktopHands : public robot::Hands {
         QCoreApplication::processEvents();
     }
 
-    /// The topmost window is the active one again, as a window manager would have it: only there a move of the focus is an event.
+    /// The topmost window is the active one again, as a window manager would have it: only there a move of the focus is
+    /// an event.
     void activate() {
         if (!windows_.empty())
             windows_.back()->activateWindow();

@@ -49,6 +49,7 @@ void DesktopPlatform::runModal(screen::Screen& screen) {
     };
     window.restorePlace();
     window.show();
+    window.activateWindow();
     if (window.binder().isOpen())
         loop.exec();
     window.rememberPlace();

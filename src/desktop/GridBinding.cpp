@@ -28,7 +28,6 @@ GridBinding::GridBinding(Binder& binder, screen::Grid& grid, QTableView& view)
     view.setTabKeyNavigation(false);
     view.setWordWrap(false);
     view.setAlternatingRowColors(true);
-    view.setShowGrid(false);
     view.setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     view.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     view.verticalHeader()->hide();

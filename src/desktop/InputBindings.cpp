@@ -17,7 +17,8 @@ using screen::Key;
 
 constexpr int backspaceCode = 8;
 constexpr int noLimit = 32767;
-constexpr int widestFixed = 22;
+constexpr int widestFixed = 22; ///< a longer limit says nothing about the room that a text wants
+constexpr int leastShown = 14;
 
 /// The characters that an input is drawn for: what the form says, else its mask or its maximum length; 0 for as wide as
 /// there is room.
@@ -40,7 +41,8 @@ LineBinding::LineBinding(Binder& binder, screen::Field& field, QWidget& widget, 
     if (&edit != &widget)
         edit.installEventFilter(this);
     if (const int characters = charactersOf(field, widget); characters > 0) {
-        edit.setMinimumWidth(widthOf(edit, std::min(characters, 10)));
+        const bool masked = field.kind() == screen::FieldKind::Masked;
+        edit.setMinimumWidth(widthOf(edit, masked ? characters : std::min(characters, leastShown)));
         widget.setMaximumWidth(widthOf(edit, characters + 1) +
                                (&edit == &widget ? 0 : edit.fontMetrics().height() * 2));
     }
@@ -55,6 +57,8 @@ void LineBinding::refresh() {
     showText();
     if (hasFocus())
         showSelection();
+    else
+        edit_.home(false); // a long text shows its beginning, and nothing of it selected
 }
 
 /// A text from the database may be longer than what may be typed: it is shown whole, and can only become shorter.
@@ -65,8 +69,6 @@ void LineBinding::showText() {
     if (edit_.text() != text) {
         edit_.setMaxLength(noLimit);
         edit_.setText(text);
-        if (!hasFocus())
-            edit_.setCursorPosition(0);
     }
     if (edit_.maxLength() != limit)
         edit_.setMaxLength(limit);

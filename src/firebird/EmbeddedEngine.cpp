@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <filesystem>
 #include <mutex>
 
 #ifndef Q_OS_WIN
@@ -64,11 +65,21 @@ void copyCharacterSets(const QDir& root) {
 }
 #endif
 
+/// The colleagues of the folder's group open the same databases, so its lock files are theirs too.
+void shareWithGroup(const QString& folder) {
+    using std::filesystem::perms;
+    std::error_code notOurs;
+    std::filesystem::permissions(
+        folder.toStdString(),
+        perms::owner_all | perms::group_all | perms::others_read | perms::others_exec | perms::set_gid, notOurs);
+}
+
 void prepare(const QString& givenHome) {
     const QString home = !givenHome.isEmpty() ? givenHome : qEnvironmentVariable("VORTA_HOME", standardHome);
     const QDir root(QDir(home).absoluteFilePath(QStringLiteral("firebird")));
     const QString lock = root.filePath(QStringLiteral("lock"));
-    root.mkpath(QStringLiteral("lock"));
+    if (!QFile::exists(lock) && root.mkpath(lock))
+        shareWithGroup(lock);
     const QString file = root.filePath(QStringLiteral("firebird.conf"));
     if (!QFile::exists(file))
         writeFile(file, configuration);

@@ -3,7 +3,6 @@
 #include "firebird/Bridge.h"
 #include "firebird/Client.h"
 #include "firebird/EmbeddedEngine.h"
-#include "firebird/RowReader.h"
 #include "firebird/StatementCache.h"
 
 #include <QSet>
@@ -22,17 +21,6 @@ constexpr unsigned char lockSeconds = 4;
 constexpr unsigned char writeBlock[] = {
     isc_tpb_version3, isc_tpb_write, isc_tpb_read_committed, isc_tpb_rec_version, isc_tpb_wait, isc_tpb_lock_timeout, 1,
     lockSeconds};
-
-/// Ways of a statement through the engine.
-enum class Answer { Rows, OneRow, Nothing, Tables };
-
-Answer answerOf(unsigned type, unsigned flags) {
-    if (flags & Firebird::IStatement::FLAG_HAS_CURSOR)
-        return Answer::Rows;
-    if (type == isc_info_sql_stmt_exec_procedure)
-        return Answer::OneRow;
-    return type == isc_info_sql_stmt_ddl ? Answer::Tables : Answer::Nothing;
-}
 
 class FirebirdAdapter : public data::Adapter {
   public:
@@ -58,12 +46,10 @@ class FirebirdAdapter : public data::Adapter {
   private:
     using Transaction = Handle<Firebird::ITransaction>;
 
-    /// What runs: a prepared statement, with its integers bound if they stand aside.
+    /// What runs: a statement of the cache, or one made for this run alone.
     struct Runnable {
-        Firebird::IStatement* statement = nullptr;
-        Firebird::IMessageMetadata* inputDescription = nullptr;
-        void* input = nullptr;
-        Handle<Firebird::IStatement> owned;
+        PreparedStatement* prepared = nullptr;
+        std::unique_ptr<PreparedStatement> own;
     };
 
     Transaction start(std::span<const unsigned char> block) {
@@ -87,13 +73,10 @@ class FirebirdAdapter : public data::Adapter {
     }
 
     Runnable prepare(const Statement& statement);
-    Handle<Firebird::IStatement> prepareText(const QString& text);
     std::optional<std::vector<bool>> describeDates(const QString& text);
     void run(const Statement& statement, RowSink* rows);
     void runInsert(const Statement& statement, const QString& table);
-    void runPrepared(const Runnable& prepared, Firebird::ITransaction& transaction, RowSink* rows);
-    void write(const Runnable& prepared, RowSink* rows);
-    void readAll(const Runnable& prepared, Firebird::ITransaction& transaction, RowSink* rows);
+    std::optional<qint64> write(PreparedStatement& prepared, RowSink* rows);
     void giveIdentity(const QString& column, RowSink& rows) const;
 
     Handle<Firebird::IAttachment> attachment_;
@@ -181,9 +164,9 @@ void FirebirdAdapter::runInsert(const Statement& statement, const QString& table
         } catch (const Firebird::FbException&) {
             // Either the table has no such key, or the insert itself is wrong: sending it plainly tells which.
         }
-        if (returning.statement) {
-            identity_.reset();
-            return write(returning, nullptr);
+        if (returning.prepared) {
+            identity_ = write(*returning.prepared, nullptr);
+            return;
         }
     }
     run(statement, nullptr);
@@ -192,62 +175,49 @@ void FirebirdAdapter::runInsert(const Statement& statement, const QString& table
 }
 
 void FirebirdAdapter::run(const Statement& statement, RowSink* rows) {
-    const Runnable prepared = prepare(statement);
-    Status status;
-    if (answerOf(prepared.statement->getType(&status), prepared.statement->getFlags(&status)) == Answer::Rows)
-        readAll(prepared, reading(), rows);
+    const Runnable runnable = prepare(statement);
+    if (runnable.prepared->answer() == Answer::Rows)
+        runnable.prepared->fetch(reading(), rows);
     else
-        write(prepared, rows);
-}
-
-Handle<Firebird::IStatement> FirebirdAdapter::prepareText(const QString& text) {
-    Status status;
-    const QByteArray bytes = text.toUtf8();
-    return Handle<Firebird::IStatement>(attachment_->prepare(&status, &reading(), static_cast<unsigned>(bytes.size()),
-                                                             bytes.constData(), SQL_DIALECT_V6,
-                                                             Firebird::IStatement::PREPARE_PREFETCH_METADATA));
+        write(*runnable.prepared, rows);
 }
 
 std::optional<std::vector<bool>> FirebirdAdapter::describeDates(const QString& text) {
     try {
-        Status status;
-        const Handle<Firebird::IStatement> statement = prepareText(text);
-        const Handle<Firebird::IMessageMetadata> input(statement->getInputMetadata(&status));
-        std::vector<bool> dates;
-        const unsigned count = input->getCount(&status);
-        for (unsigned i = 0; i < count; ++i) {
-            const unsigned type = input->getType(&status, i) & ~1u;
-            dates.push_back(type == SQL_TYPE_DATE || type == SQL_TIMESTAMP);
-        }
-        return dates;
+        return PreparedStatement(*attachment_, reading(), text).datesAmongParameters();
     } catch (const Firebird::FbException&) {
         return std::nullopt;
     }
 }
 
 FirebirdAdapter::Runnable FirebirdAdapter::prepare(const Statement& statement) {
-    Runnable runnable;
     const Statement bridged = BridgeDates(statement, [this](const QString& text) { return describeDates(text); });
     if (const Parameterised aside = TakeIntegers(bridged); !aside.integers.empty()) {
         PreparedStatement* const cached = cache_.find(*attachment_, reading(), aside.text);
-        if (cached && cached->bind(aside.integers)) {
-            runnable.statement = &cached->statement();
-            runnable.inputDescription = cached->inputDescription();
-            runnable.input = cached->input();
-            return runnable;
-        }
+        if (cached && cached->bind(aside.integers))
+            return {cached, nullptr};
     }
-    runnable.owned = prepareText(bridged.text());
-    runnable.statement = runnable.owned.get();
-    return runnable;
+    auto own = std::make_unique<PreparedStatement>(*attachment_, reading(), bridged.text());
+    return {own.get(), std::move(own)};
 }
 
-void FirebirdAdapter::write(const Runnable& prepared, RowSink* rows) {
+std::optional<qint64> FirebirdAdapter::write(PreparedStatement& prepared, RowSink* rows) {
+    if (prepared.answer() == Answer::Tables) {
+        // Statements kept prepared, and the open read transaction, would hold the table that is about to change.
+        cache_.clear();
+        keyless_.clear();
+        endReading();
+    }
     if (transaction_)
-        return runPrepared(prepared, *transaction_, rows);
+        return prepared.execute(*transaction_, rows);
     Transaction own = start(writeBlock);
     try {
-        runPrepared(prepared, *own, rows);
+        const std::optional<qint64> given = prepared.execute(*own, rows);
+        EndWith(own, [](auto* open) {
+            Status status;
+            open->commit(&status);
+        });
+        return given;
     } catch (const Firebird::FbException&) {
         EndWith(own, [](auto* open) {
             Status status;
@@ -255,51 +225,6 @@ void FirebirdAdapter::write(const Runnable& prepared, RowSink* rows) {
         });
         throw;
     }
-    EndWith(own, [](auto* open) {
-        Status status;
-        open->commit(&status);
-    });
-}
-
-void FirebirdAdapter::runPrepared(const Runnable& prepared, Firebird::ITransaction& transaction, RowSink* rows) {
-    Status status;
-    const Answer answer = answerOf(prepared.statement->getType(&status), prepared.statement->getFlags(&status));
-    if (answer == Answer::Tables) {
-        // Statements kept prepared, and the open read transaction, would hold the table that is about to change.
-        cache_.clear();
-        endReading();
-        keyless_.clear();
-    }
-    if (answer != Answer::OneRow) {
-        prepared.statement->execute(&status, &transaction, prepared.inputDescription, prepared.input, nullptr, nullptr);
-        if (rows)
-            rows->columns({});
-        return;
-    }
-    const Handle<Firebird::IMessageMetadata> description(prepared.statement->getOutputMetadata(&status));
-    RowReader reader(*attachment_, *description);
-    prepared.statement->execute(&status, &transaction, prepared.inputDescription, prepared.input, description.get(),
-                                reader.message());
-    if (rows) {
-        rows->columns(reader.names());
-        reader.give(transaction, *rows);
-    } else {
-        identity_ = reader.single();
-    }
-}
-
-void FirebirdAdapter::readAll(const Runnable& prepared, Firebird::ITransaction& transaction, RowSink* rows) {
-    Status status;
-    const Handle<Firebird::IMessageMetadata> description(prepared.statement->getOutputMetadata(&status));
-    RowReader reader(*attachment_, *description);
-    Handle<Firebird::IResultSet> cursor(prepared.statement->openCursor(&status, &transaction, prepared.inputDescription,
-                                                                       prepared.input, description.get(), 0));
-    if (rows)
-        rows->columns(reader.names());
-    while (cursor->fetchNext(&status, reader.message()) == Firebird::IStatus::RESULT_OK)
-        if (rows)
-            reader.give(transaction, *rows);
-    EndWith(cursor, [&](auto* open) { open->close(&status); });
 }
 
 } // namespace

@@ -14,6 +14,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <array>
+
 namespace vorta::kit {
 
 namespace {
@@ -21,10 +23,12 @@ namespace {
 constexpr int alreadyThere = 58;
 constexpr int pathRefused = 75;
 
+/// What a creation makes below the home, and takes away again when it fails.
+constexpr std::array ownFolders{"config", "base", "imagens", "paginas"};
+
 void refuseExisting(const Layout& layout) {
-    for (const QString& taken : {layout.home + QStringLiteral("/config"), layout.home + QStringLiteral("/base"),
-                                 layout.home + QStringLiteral("/imagens")})
-        if (QFile::exists(taken))
+    for (const char* folder : ownFolders)
+        if (QFile::exists(layout.home + u'/' + QLatin1StringView(folder)))
             throw RuntimeError(alreadyThere,
                                QStringLiteral("Já existe uma instalação em %1; nada foi alterado").arg(layout.home));
     if (layout.home.contains(u'^') || layout.home.contains(u';') || layout.home.contains(u'='))
@@ -49,7 +53,7 @@ class Undo {
     explicit Undo(const Layout& layout) : layout_(layout) {}
     ~Undo() {
         if (!done_)
-            for (const char* folder : {"config", "base", "imagens", "paginas"})
+            for (const char* folder : ownFolders)
                 QDir(layout_.home + u'/' + QLatin1StringView(folder)).removeRecursively();
     }
     void done() { done_ = true; }

@@ -25,6 +25,10 @@ constexpr unsigned windows1252 = 53;
 /// The engine counts its days from 17 November 1858.
 constexpr qint64 firstEngineDay = 2400001; // as a Julian day
 
+/// A load is kept or dropped as a whole, so that the engine need not note how to undo each of its rows.
+constexpr unsigned char loadBlock[] = {isc_tpb_version3, isc_tpb_write, isc_tpb_concurrency, isc_tpb_wait,
+                                       isc_tpb_no_auto_undo};
+
 struct NativeForm {
     unsigned type;
     unsigned length;
@@ -112,7 +116,7 @@ Firebird::ITransaction& Loader::transaction() {
     if (!transaction_)
         Translated({}, [&] {
             Status status;
-            transaction_.reset(attachment_->startTransaction(&status, 0, nullptr));
+            transaction_.reset(attachment_->startTransaction(&status, sizeof(loadBlock), loadBlock));
         });
     return *transaction_;
 }

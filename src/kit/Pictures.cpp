@@ -137,8 +137,8 @@ QByteArray NoPhotoBitmap() {
         .paint(box({80, 60}, 56, 40, 5), shade)
         .paint(box({80, 60}, 52, 36, 3), paper)
         .paint(disc({56, 44}, 8), shade)
-        .paint(hill({64, 62}, 0.9, 94), shade)
-        .paint(hill({98, 50}, 0.9, 94), ring)
+        .paint(hill({60, 68}, 0.9, 94), shade)
+        .paint(hill({92, 60}, 0.9, 94), ring)
         .bitmap();
 }
 

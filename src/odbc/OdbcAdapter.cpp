@@ -101,8 +101,12 @@ class OdbcAdapter final : public Adapter {
 
 } // namespace
 
-std::unique_ptr<data::Adapter> MakeOdbcAdapter() {
-    return std::make_unique<OdbcAdapter>();
+} // namespace vorta::odbc
+
+namespace vorta::data {
+
+std::unique_ptr<Adapter> MakeOdbcAdapter() {
+    return std::make_unique<odbc::OdbcAdapter>();
 }
 
-} // namespace vorta::odbc
+} // namespace vorta::data

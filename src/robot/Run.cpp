@@ -3,6 +3,7 @@
 #include "robot/Player.h"
 
 #include <QTemporaryDir>
+#include <csignal>
 #include <cstdio>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -15,6 +16,9 @@ namespace {
 constexpr char reached = 'L';
 constexpr char failed = 'F';
 constexpr char passed = 'P';
+
+/// More than the longest wait for a server.
+constexpr unsigned secondsForACommand = 450;
 
 void tell(int pipe, char kind, const QByteArray& text) {
     const QByteArray message = kind + text + '\0';
@@ -29,7 +33,10 @@ void tell(int pipe, char kind, const QByteArray& text) {
 [[noreturn]] void playInChild(int pipe, const Scenario& scenario, const QString& copy, const PlayOne& play) {
     const auto verdict = [&]() -> std::optional<Verdict> {
         try {
-            return play(scenario, copy, [pipe](int line) { tell(pipe, reached, QByteArray::number(line)); });
+            return play(scenario, copy, [pipe](int line) {
+                ::alarm(secondsForACommand);
+                tell(pipe, reached, QByteArray::number(line));
+            });
         } catch (const Failure& failure) {
             return Verdict{0, failure.message};
         } catch (const std::exception& error) {
@@ -52,6 +59,14 @@ QByteArray readAll(int pipe) {
     return all;
 }
 
+QString endOf(int status) {
+    if (!WIFSIGNALED(status))
+        return QStringLiteral("expected a verdict, the process ended with %1").arg(WEXITSTATUS(status));
+    if (WTERMSIG(status) == SIGALRM)
+        return QStringLiteral("expected the command to end, it ran for %1 seconds").arg(secondsForACommand);
+    return QStringLiteral("expected a running program, it crashed with signal %1").arg(WTERMSIG(status));
+}
+
 /// The verdict that the messages of a process carry; a process that told none has crashed at the last line it reached.
 std::optional<Verdict> verdictOf(const QByteArray& messages, int status) {
     int line = 0;
@@ -65,10 +80,7 @@ std::optional<Verdict> verdictOf(const QByteArray& messages, int status) {
             return Verdict{message.mid(1, colon - 1).toInt(), QString::fromUtf8(message.mid(colon + 1))};
         }
     }
-    return Verdict{line,
-                   WIFSIGNALED(status)
-                       ? QStringLiteral("expected a running program, it crashed with signal %1").arg(WTERMSIG(status))
-                       : QStringLiteral("expected a verdict, the process ended with %1").arg(WEXITSTATUS(status))};
+    return Verdict{line, endOf(status)};
 }
 
 std::optional<Verdict> playApart(const Scenario& scenario, const PlayOne& play) {

@@ -56,6 +56,7 @@ class RoleButtons : public PessoasFixture, public ::testing::WithParamInterface<
     RoleButtons() {
         tela.txtRowID.setText(QStringLiteral("5"));
         tela.setCaption(QStringLiteral("TITULO"));
+        platform.shown.clear();
     }
 
     static QString latin(const char* texto) { return QString::fromLatin1(texto); }
@@ -189,7 +190,10 @@ TEST_P(RoleButtons, AFailureBetweenTheStepsLeavesTheRowWritten) {
 INSTANTIATE_TEST_SUITE_P(Roles, RoleButtons, ::testing::ValuesIn(links),
                          [](const auto& link) { return std::string(link.param.palavra); });
 
-using DriverButton = PessoasFixture;
+class DriverButton : public PessoasFixture {
+  protected:
+    DriverButton() { platform.shown.clear(); }
+};
 
 TEST_F(DriverButton, OpensItsScreenWithoutQuestionOrRefresh) {
     contexto.RegistraTela(QStringLiteral("frmMotorista"), [](ContextoExecucao& dono) {

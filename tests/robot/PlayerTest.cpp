@@ -29,7 +29,7 @@ class AScenario : public testing::TestWithParam<Played> {};
 
 TEST_P(AScenario, hasThisVerdict) {
     const QByteArray text = QByteArray("launch \"1^1^PRD^False^\"\n") + GetParam().commands;
-    EXPECT_EQ(Play(text.constData()), QString::fromUtf8(GetParam().verdict));
+    EXPECT_EQ(Play(text.constData()), GetParam().verdict);
 }
 
 constexpr Played passing[] = {
@@ -190,31 +190,31 @@ INSTANTIATE_TEST_SUITE_P(Passes, AScenario, testing::ValuesIn(passing), nameOf);
 INSTANTIATE_TEST_SUITE_P(Fails, AScenario, testing::ValuesIn(failing), nameOf);
 
 TEST(APlayer, failsACommandInFrontOfTheLaunch) {
-    EXPECT_EQ(Play("click cmdSAIR"), QStringLiteral("1: expected a running program, it has not been launched"));
-    EXPECT_EQ(Play("expect ended"), QStringLiteral("1: expected an ended program, it has not been launched"));
+    EXPECT_EQ(Play("click cmdSAIR"), "1: expected a running program, it has not been launched");
+    EXPECT_EQ(Play("expect ended"), "1: expected an ended program, it has not been launched");
 }
 
 TEST(APlayer, passesWithNothingToPlay) {
-    EXPECT_EQ(Play("# nothing\n"), QString());
+    EXPECT_EQ(Play("# nothing\n"), "");
 }
 
 TEST(APlayer, keepsAContextWrittenBeforeTheLaunch) {
     TestStage stage;
-    EXPECT_EQ(Play(stage, "context VinculoAtual \"S\"\nlaunch \"1\"\nexpect context VinculoAtual \"S\""), QString());
+    EXPECT_EQ(Play(stage, "context VinculoAtual \"S\"\nlaunch \"1\"\nexpect context VinculoAtual \"S\""), "");
     EXPECT_EQ(stage.casts, 1);
 }
 
 TEST(APlayer, stopsEveryHandlerAtAFailureInsideAModalScreen) {
     TestStage stage;
     EXPECT_EQ(Play(stage, "launch \"1\"\nclick cmdAbre\nnada\nexpect running"),
-              QStringLiteral("3: expected a command, was the unknown word nada"));
+              "3: expected a command, was the unknown word nada");
 }
 
 TEST(APlayer, sendsStatementsToTheBaseOfTheEnvironment) {
     TestStage stage;
     EXPECT_EQ(Play(stage, "sql \"a\"\nlaunch \"1^1^HIST^False^\"\nsql \"b\"\nsqlcep \"c\"\nclose\nsql \"d\"\nlaunch "
                           "\"1^1^DEV^\"\nsql \"e\""),
-              QString());
+              "");
     EXPECT_EQ(stage.executed, (QStringList{QStringLiteral("1:a"), QStringLiteral("1:b"), QStringLiteral("3:c"),
                                            QStringLiteral("2:d"), QStringLiteral("2:e")}));
 }
@@ -222,8 +222,7 @@ TEST(APlayer, sendsStatementsToTheBaseOfTheEnvironment) {
 TEST(APlayer, looksAtRowsOfBothDatabases) {
     TestStage stage;
     stage.rows = QStringLiteral("1|<null>\n2|X");
-    EXPECT_EQ(Play(stage, "expect query \"q\" \"1|<null>\\n2|X\"\nexpect cepquery \"c\" \"1\\|<null>\\n2\\|X\""),
-              QString());
+    EXPECT_EQ(Play(stage, "expect query \"q\" \"1|<null>\\n2|X\"\nexpect cepquery \"c\" \"1\\|<null>\\n2\\|X\""), "");
     EXPECT_EQ(stage.queried, (QStringList{QStringLiteral("0:q"), QStringLiteral("3:c")}));
 }
 
@@ -231,7 +230,7 @@ TEST(APlayer, writesAndRemovesFilesOfTheInstallation) {
     const QTemporaryDir home;
     TestStage stage;
     stage.setHome(home.path());
-    EXPECT_EQ(Play(stage, "file config/a.ini \"{home}/x^\\nÇ\"\nfile b \"\"\nnofile b\nnofile never"), QString());
+    EXPECT_EQ(Play(stage, "file config/a.ini \"{home}/x^\\nÇ\"\nfile b \"\"\nnofile b\nnofile never"), "");
     QFile written(home.filePath(QStringLiteral("config/a.ini")));
     ASSERT_TRUE(written.open(QIODevice::ReadOnly));
     EXPECT_EQ(QString::fromUtf8(written.readAll()), home.path() + QStringLiteral("/x^\nÇ"));
@@ -242,7 +241,7 @@ TEST(APlayer, takesTheMainDatabaseOnAMachineWithTheMarkerFile) {
     const QTemporaryDir home;
     TestStage stage;
     stage.setHome(home.path());
-    EXPECT_EQ(Play(stage, "file config/ORBALUX.txt \"\"\nsql \"a\"\nlaunch \"1^1^DEV^False^\""), QString());
+    EXPECT_EQ(Play(stage, "file config/ORBALUX.txt \"\"\nsql \"a\"\nlaunch \"1^1^DEV^False^\""), "");
     EXPECT_EQ(stage.executed, QStringList{QStringLiteral("0:a")});
 }
 

@@ -57,6 +57,17 @@ TEST(ARun, goesOnBehindAScenarioThatCrashes) {
                              "signal 9\nok b.roteiro\n1 passed, 1 failed\n"));
 }
 
+TEST(ARun, endsACommandThatNeverEnds) {
+    const PlayOne play = [](const Scenario&, const QString&, const auto& atLine) -> std::optional<Verdict> {
+        atLine(5);
+        std::raise(SIGALRM);
+        return {};
+    };
+    EXPECT_EQ(Printed({a}, play),
+              QStringLiteral(
+                  "1\nnot ok a.roteiro:5: expected the command to end, it ran for 450 seconds\n0 passed, 1 failed\n"));
+}
+
 TEST(ARun, failsAScenarioWhoseInstallationCannotBeUsed) {
     const PlayOne play = [](const Scenario&, const QString&, const auto&) -> std::optional<Verdict> {
         throw Failure{QStringLiteral("holds no installation")};

@@ -2,6 +2,7 @@
 #include "robot/RowText.h"
 #include "robot/Run.h"
 
+#include <QTemporaryFile>
 #include <gtest/gtest.h>
 
 namespace vorta::robot {
@@ -59,6 +60,14 @@ TEST(ScenarioFile, countsEmptyLinesAndCommentsInItsLineNumbers) {
 
 TEST(ScenarioFile, thatIsNotThereIsUnusable) {
     EXPECT_THROW(Scenario::read(QStringLiteral("/no/such.roteiro")), Failure);
+}
+
+TEST(ScenarioFile, mayBeginWithAByteOrderMark) {
+    QTemporaryFile file;
+    ASSERT_TRUE(file.open());
+    file.write("\xEF\xBB\xBFleave\n");
+    file.close();
+    EXPECT_EQ(Scenario::read(file.fileName()).commands.at(0).words, QStringList{QStringLiteral("leave")});
 }
 
 TEST(Arguments, areTakenApart) {

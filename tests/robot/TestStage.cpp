@@ -161,15 +161,15 @@ QString TestStage::query(robot::Base base, const QString& statement) {
     return rows;
 }
 
-QString Play(TestStage& stage, const char* text) {
+std::string Play(TestStage& stage, const char* text) {
     const auto scenario = robot::Scenario::parse(QStringLiteral("x.roteiro"), QString::fromUtf8(text));
     robot::Player player(scenario, stage,
                          [](Program&, User& user) { return std::make_unique<robot::ModelHands>(user); });
     const auto verdict = player.play();
-    return verdict ? QString::number(verdict->line) + QStringLiteral(": ") + verdict->message : QString();
+    return verdict ? std::to_string(verdict->line) + ": " + verdict->message.toStdString() : std::string();
 }
 
-QString Play(const char* text) {
+std::string Play(const char* text) {
     TestStage stage;
     return Play(stage, text);
 }

@@ -26,7 +26,7 @@ class TestStage : public robot::Stage {
 };
 
 /// The verdict of a scenario on that stage as "line: message"; empty when it passes.
-QString Play(TestStage& stage, const char* scenario);
-QString Play(const char* scenario);
+std::string Play(TestStage& stage, const char* scenario);
+std::string Play(const char* scenario);
 
 } // namespace vorta::test

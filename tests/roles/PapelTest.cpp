@@ -46,6 +46,19 @@ void PapelTest::registro(const char* tabela, const char* chave, QStringList colu
     base.answer(QStringLiteral("SELECT * FROM %1 WHERE %2 = ").arg(nome, coluna), {colunas, {valores}});
 }
 
+void PapelTest::registros(const data::Value& desativada) {
+    const QStringList colunas{
+        "data_desa",      "data_cred",     "data_adms",        "valo_sala", "perc_pool",      "perc_coms",
+        "limi_copr",      "desconto_forn", "cnh0_moto",        "pron_moto", "uf00_pron_moto", "pai0_moto",
+        "mae0_moto",      "refe_moto",     "idtrpt",           "reve",      "idtipo_clie",    "idvend",
+        "lime_maxi_conh", "valo_troc",     "idregi_espe_icms", "arqt_crea", "deco_add0",      "idbanc",
+        "banc_agen",      "banc_cont"};
+    QList<data::Value> valores(colunas.size(), test::null());
+    valores[0] = desativada;
+    for (const char* tabela : {"CLIE", "FORN", "TRPT", "MOTO", "VEND", "ARQT", "DECO"})
+        registro(tabela, qPrintable(QStringLiteral("ID") + QLatin1StringView(tabela)), colunas, valores);
+}
+
 void PapelTest::abre(const char* nome, const std::function<void()>& uso) {
     const QString procurada = QString::fromLatin1(nome);
     plataforma.whenShown(procurada, [&](screen::Screen& aberta) {

@@ -3,6 +3,7 @@
 #include "launch/ContextoExecucao.h"
 #include "roles/TelaPapel.h"
 #include "screen/User.h"
+#include "support/FailingStatements.h"
 #include "support/FakeDatabase.h"
 #include "support/TestPlatform.h"
 
@@ -39,6 +40,9 @@ class PapelTest : public ::testing::Test {
     /// The person has a role row 31 with these columns; `data_desa` null unless it is among them.
     void registro(const char* tabela, const char* chave, QStringList colunas = {}, QList<data::Value> valores = {});
 
+    /// The person has a row 31 in every role, every column null but the date of deactivation.
+    void registros(const data::Value& desativada = {});
+
     /// Opens the role screen of person 5 and plays on it; it is closed behind.
     void abre(const char* tela, const std::function<void()>& uso);
 
@@ -66,7 +70,8 @@ class PapelTest : public ::testing::Test {
     TestPlatform plataforma;
     FakeDatabase base;
     screen::Program programa{plataforma};
-    ContextoExecucao contexto{programa, base.factory()};
+    FailingStatements falhas{base.factory()};
+    ContextoExecucao contexto{programa, falhas.factory()};
     screen::User usuario{programa};
 
   private:

@@ -23,18 +23,6 @@ const std::vector<Caso> casos{
 
 class RoleState : public PapelTest, public ::testing::WithParamInterface<Caso> {
   protected:
-    /// A role row with every column of every role, all null but the date of deactivation.
-    void linha(const data::Value& desativada) {
-        QStringList colunas{
-            "data_desa",      "data_cred",     "data_adms",        "valo_sala", "perc_pool",      "perc_coms",
-            "limi_copr",      "desconto_forn", "cnh0_moto",        "pron_moto", "uf00_pron_moto", "pai0_moto",
-            "mae0_moto",      "refe_moto",     "idtrpt",           "reve",      "idtipo_clie",    "idvend",
-            "lime_maxi_conh", "valo_troc",     "idregi_espe_icms", "arqt_crea", "deco_add0",      "idbanc",
-            "banc_agen",      "banc_cont"};
-        QList<data::Value> valores(colunas.size(), test::null());
-        valores[0] = desativada;
-        registro(GetParam().tabela, GetParam().chave, colunas, valores);
-    }
     QString comando(const char* colunas) const {
         return QStringLiteral("UPDATE %1 SET %2 WHERE (%3=31)")
             .arg(QLatin1StringView(GetParam().tabela), QLatin1StringView(colunas), QLatin1StringView(GetParam().chave));
@@ -45,7 +33,7 @@ class RoleState : public PapelTest, public ::testing::WithParamInterface<Caso> {
 TEST_P(RoleState, Deactivates) {
     for (const char* motor : {"FIREBIRD", "MSSQL"}) {
         conecta(motor);
-        linha(test::null());
+        registros();
         plataforma.willAnswer(Answer::Yes);
         abre(GetParam().tela, [&] { clica("cmdEXCLUIR"); });
         QStringList esperado{comando("USER_DESA='7', DATA_DESA='20261120'")};
@@ -61,21 +49,21 @@ TEST_P(RoleState, Deactivates) {
 }
 
 TEST_P(RoleState, DoesNotDeactivateOnNoNorTwice) {
-    linha(test::null());
+    registros();
     plataforma.willAnswer(Answer::No);
     abre(GetParam().tela, [&] { clica("cmdEXCLUIR"); });
-    linha(test::date(2026, 1, 2));
+    registros(test::date(2026, 1, 2));
     abre(GetParam().tela, [&] { clica("cmdEXCLUIR"); });
     EXPECT_EQ(ultimaCaixa().text, u"Impossibilidade de Executar o Comando!\nO Registro Já está como Desativado.");
     EXPECT_EQ(escritas(), QStringList());
 }
 
 TEST_P(RoleState, Reactivates) {
-    linha(test::date(2026, 1, 2));
+    registros(test::date(2026, 1, 2));
     plataforma.willAnswer(Answer::Yes);
     abre(GetParam().tela, [&] {
         EXPECT_EQ(texto("txtDTDesativa"), u"02/01/2026");
-        linha(test::null());
+        registros();
         clica("cmdReativar");
         EXPECT_EQ(texto("txtDTDesativa"), u"") << "the row is read again";
     });
@@ -88,7 +76,7 @@ TEST_P(RoleState, Reactivates) {
 }
 
 TEST_P(RoleState, NoToReactivationReadsAgain) {
-    linha(test::date(2026, 1, 2));
+    registros(test::date(2026, 1, 2));
     plataforma.willAnswer(Answer::No);
     abre(GetParam().tela, [&] {
         base.sent.clear();
@@ -100,14 +88,14 @@ TEST_P(RoleState, NoToReactivationReadsAgain) {
 }
 
 TEST_P(RoleState, RefusesToReactivateAnActiveRow) {
-    linha(test::null());
+    registros();
     abre(GetParam().tela, [&] { clica("cmdReativar"); });
     EXPECT_EQ(ultimaCaixa().text, u"Impossibilidade de Executar o Comando!\nO Registro Já está como Ativo.");
     EXPECT_EQ(escritas(), QStringList());
 }
 
 TEST_P(RoleState, ADeactivatedPersonComesFirst) {
-    linha(test::date(2026, 1, 2));
+    registros(test::date(2026, 1, 2));
     pessoas().lblDataDesa.setText(QStringLiteral("01/01/2026"));
     if (!GetParam().conferePessoa)
         plataforma.willAnswer(Answer::Yes);
@@ -123,7 +111,7 @@ TEST_P(RoleState, ADeactivatedPersonComesFirst) {
 }
 
 TEST_P(RoleState, RefusesToAlterADeactivatedRow) {
-    linha(test::date(2026, 1, 2));
+    registros(test::date(2026, 1, 2));
     abre(GetParam().tela, [&] {
         clica("cmdALTERAR");
         if (tela().findField(QStringLiteral("Flex"))) {
@@ -136,7 +124,7 @@ TEST_P(RoleState, RefusesToAlterADeactivatedRow) {
 }
 
 TEST_P(RoleState, RefusesASecondRow) {
-    linha(test::null());
+    registros();
     abre(GetParam().tela, [&] { clica("cmdINCLUIR"); });
     EXPECT_EQ(ultimaCaixa().text, u"Este Registro já está vinculado!");
     EXPECT_NE(contexto.ModoTela, u"I");

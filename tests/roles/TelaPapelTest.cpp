@@ -88,9 +88,7 @@ TEST_P(EveryRoleScreen, ClosingRefreshesTheRoleButtons) {
 }
 
 TEST_P(EveryRoleScreen, AFailingAlterationShowsItsMessageAndGoesOn) {
-    for (const char* tabela : {"CLIE", "FORN", "TRPT", "MOTO", "VEND", "ARQT", "DECO"})
-        base.answer(QStringLiteral("FROM %1, PESS").arg(QLatin1StringView(tabela)),
-                    {{QStringLiteral("ID%1").arg(QLatin1StringView(tabela))}, {{test::number(31)}}});
+    registros();
     abre(GetParam(), [&] {
         const QString nome = QString::fromLatin1(GetParam());
         screen::Field& primeiro = nome == u"frmCliente"                                 ? campo("cboRevenda")
@@ -388,49 +386,6 @@ TEST_F(RoleScreen, ShowingTheDeactivated) {
     ASSERT_TRUE(programa.failure());
     EXPECT_EQ(programa.failure()->number(), errorNumber::ObjectNotSet);
 }
-
-/// A statement that fails inside a save: which error ends the program, and that nothing is committed.
-struct Falha {
-    const char* tela;
-    const char* comando;
-    int numero;
-};
-
-class FailingSave : public PapelTest, public ::testing::WithParamInterface<Falha> {};
-
-TEST_P(FailingSave, EndsTheProgramWithNothingCommitted) {
-    base.fail(QString::fromLatin1(GetParam().comando), errorNumber::StatementRefused);
-    abre(GetParam().tela, [&] {
-        clica("cmdINCLUIR");
-        if (tela().findField(QStringLiteral("Flex")))
-            incluiContato("GERENTE", "RUI");
-        clica("cmdSALVAR");
-    });
-    ASSERT_TRUE(programa.hasEnded());
-    EXPECT_EQ(programa.exitCode(), 1);
-    EXPECT_EQ(programa.failure()->number(), GetParam().numero);
-    EXPECT_FALSE(confirmada());
-    EXPECT_EQ(base.sent.last(), u"CLOSE") << "the transaction dies with the connection";
-    EXPECT_EQ(plataforma.boxes.size(), 1u) << "only the box of the run-time error";
-}
-
-constexpr int recusado = errorNumber::StatementRefused;
-constexpr int semOperacao = errorNumber::NoSuchMember;
-
-INSTANTIATE_TEST_SUITE_P(Roles, FailingSave,
-                         ::testing::Values(Falha{"frmCliente", "INSERT INTO CLIE (", recusado},
-                                           Falha{"frmCliente", "INSERT INTO CLIE_CONT", recusado},
-                                           Falha{"frmFornecedor", "INSERT INTO FORN (", recusado},
-                                           Falha{"frmFornecedor", "INSERT INTO FORN_CONT", recusado},
-                                           Falha{"frmTransportadora", "INSERT INTO TRPT (", semOperacao},
-                                           Falha{"frmTransportadora", "INSERT INTO TRPT_CONT", semOperacao},
-                                           Falha{"frmMotorista", "INSERT INTO MOTO", semOperacao},
-                                           Falha{"frmMotorista", "UPDATE PESS", semOperacao},
-                                           Falha{"frmVendedor", "INSERT INTO VEND", semOperacao},
-                                           Falha{"frmArquiteto", "UPDATE PESS", recusado},
-                                           Falha{"frmArquiteto", "INSERT INTO ARQT_CONT", recusado},
-                                           Falha{"frmDecorador", "INSERT INTO DECO (", recusado}),
-                         [](const auto& caso) { return std::string(caso.param.tela) + std::to_string(caso.index); });
 
 } // namespace
 

@@ -140,6 +140,7 @@ TEST_F(BuscaCepTest, TheConnectionFieldsAreRewrittenForGood) {
     EXPECT_EQ(contexto.SenhaBanco, u"p"_qs);
     EXPECT_EQ(contexto.StringConexaoFirebird, QString());
     EXPECT_TRUE(contexto.PreservaAcentos);
+    EXPECT_FALSE(contexto.isFirebird()) << "later statements follow the dialect of the postal-code file";
     EXPECT_EQ(database.opened.back().engine, data::Engine::SqlServer);
     EXPECT_EQ(database.opened.back().timeout, 400);
     EXPECT_EQ(database.opened.back().connectionString,

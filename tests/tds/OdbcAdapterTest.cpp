@@ -14,9 +14,9 @@ namespace {
 
 using data::Adapter;
 using data::Decimal;
+using data::MakeOdbcAdapter;
 using data::Statement;
 using data::Value;
-using odbc::MakeOdbcAdapter;
 using odbc::OdbcConnectionString;
 
 constexpr int patience = 10;

@@ -53,7 +53,7 @@ class SqlServerRoad : public testing::Test {
     TdsServer server;
     TestPlatform platform;
     screen::Program program{platform};
-    ContextoExecucao contexto{program, [](data::Engine) { return odbc::MakeOdbcAdapter(); }};
+    ContextoExecucao contexto{program, [](data::Engine) { return data::MakeOdbcAdapter(); }};
 };
 
 class LosingSqlServerRoad : public SqlServerRoad {

@@ -15,12 +15,14 @@ QString here(const char* file) {
 
 } // namespace
 
-TdsServer::TdsServer(const QStringList& options) {
-    QStringList arguments{here("tds_server.py"), u"--trace"_qs,      folder_.filePath(u"trace"_qs),
-                          u"--ddl"_qs,           here("schema.sql"), u"--load"_qs,
-                          here("rows.sql")};
+QStringList TdsServer::sample() {
+    return {u"--ddl"_qs, here("schema.sql"), u"--load"_qs, here("rows.sql")};
+}
+
+TdsServer::TdsServer(const QStringList& options, const QStringList& content) {
+    const QStringList arguments{here("tds_server.py"), u"--trace"_qs, folder_.filePath(u"trace"_qs)};
     process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process_.start(QStringLiteral(TDS_PYTHON), arguments + options);
+    process_.start(QStringLiteral(TDS_PYTHON), arguments + content + options);
     if (!process_.waitForReadyRead(patienceMs))
         throw std::runtime_error("the test server did not start");
     port_ = process_.readLine().trimmed().mid(5).toInt();

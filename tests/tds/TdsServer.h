@@ -6,13 +6,15 @@
 
 namespace vorta::test {
 
-/// The test server of the SQL Server side, running for the length of a test with the tables of schema.sql and the rows
-/// of rows.sql.
+/// The test server of the SQL Server side, running for the length of a test.
 class TdsServer {
   public:
-    /// `options` as tds_server.py takes them; throws when it does not start.
-    explicit TdsServer(const QStringList& options = {});
+    /// `options` as tds_server.py takes them, `content` its tables and rows; throws when it does not start.
+    explicit TdsServer(const QStringList& options = {}, const QStringList& content = sample());
     ~TdsServer();
+
+    /// The tables of schema.sql and the rows of rows.sql.
+    static QStringList sample();
 
     int port() const { return port_; }
     /// The connection string of an engine tag's form for this server.

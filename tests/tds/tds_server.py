@@ -16,7 +16,7 @@ import time
 
 import tds_wire as wire
 from tsql_base import Base, Session
-from tsql_types import SqlError
+from tsql_types import COLLATIONS, SqlError, use_collation
 
 REQUESTS = {5: "TRANSACTION BEGIN", 7: "TRANSACTION COMMIT", 8: "TRANSACTION ROLLBACK"}
 DATE_FORMATS = {"us_english": "mdy", "brazilian": "dmy"}
@@ -215,6 +215,7 @@ class Connection(threading.Thread):
 class Server:
     def __init__(self, options, folder):
         self.options = options
+        use_collation(options.collation)
         self.bases = {name.lower(): Base(name, folder) for name in options.database}
         self.trace = open(options.trace, "w", encoding="utf-8") if options.trace else None
         self.lock, self.statements = threading.Lock(), 0
@@ -231,7 +232,7 @@ class Server:
                     for line in file:
                         part = json.loads(line)
                         if part.get("database", base.name).lower() == base.name.lower():
-                            session.load(part["table"], part["columns"], part["rows"])
+                            session.load(part["table"], part["columns"], part["rows"], part.get("identity"))
                 else:
                     self._script(session, file.read(), name)
             session.close()
@@ -294,6 +295,7 @@ def options_of(arguments):
     parser.add_argument("--ddl", action="append", default=[], metavar="FILE", help="table definitions, run in every database")
     parser.add_argument("--load", action="append", default=[], metavar="FILE", help="rows: a script, or .jsonl")
     parser.add_argument("--language", choices=sorted(DATE_FORMATS), default="us_english", help="of every login")
+    parser.add_argument("--collation", choices=sorted(COLLATIONS), default="SQL_Latin1_General_CP1_CI_AS", help="of every text")
     parser.add_argument("--trace", metavar="FILE", help="every request as it came over the wire")
     parser.add_argument("--slow", type=float, default=0, metavar="SECONDS", help="before each answer to a batch")
     parser.add_argument("--slow-login", type=float, default=0, metavar="SECONDS", help="before the first answer")

@@ -3,7 +3,7 @@
 import struct
 from dataclasses import dataclass
 
-from tsql_types import COLLATION
+from tsql_types import collation_bytes
 
 SQL_BATCH, RPC, RESPONSE, ATTENTION, TRANSACTION, LOGIN7, PRELOGIN = 0x01, 0x03, 0x04, 0x06, 0x0E, 0x10, 0x12
 DONE_FINAL, DONE_MORE, DONE_ERROR, DONE_INXACT, DONE_COUNT, DONE_ATTENTION = 0x00, 0x01, 0x02, 0x04, 0x10, 0x20
@@ -130,7 +130,7 @@ def packet_size_change(size):
 
 
 def collation_change():
-    return change(7, bytes([len(COLLATION)]) + COLLATION, b"\0")
+    return change(7, bytes([len(collation_bytes())]) + collation_bytes(), b"\0")
 
 
 def transaction_change(kind, new, old):

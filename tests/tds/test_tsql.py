@@ -5,7 +5,7 @@ import tempfile
 import unittest
 
 from tsql_base import Base, Session
-from tsql_types import SqlError
+from tsql_types import SqlError, use_collation
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 
@@ -71,6 +71,13 @@ class TransactSql(unittest.TestCase):
         self.assertEqual(self.keys("NOME_PESS LIKE '[A-C]%'"), [3])
         self.assertEqual(self.keys("idPESS LIKE '%2%'"), [2])
 
+    def test_the_other_collation_is_blind_to_accents_too(self):
+        use_collation("Latin1_General_CI_AI")
+        self.addCleanup(use_collation, "SQL_Latin1_General_CP1_CI_AS")
+        self.assertEqual(self.keys("NOME_PESS = 'JOAO DA SILVA'"), [1])
+        self.assertEqual(self.keys("NOME_PESS LIKE '%JOAO%'"), [1])
+        self.assertEqual(self.keys("NOME_CONH LIKE 'jo'"), [2])
+
     def test_identity_belongs_to_its_connection(self):
         other = self.connect()
         self.rows("INSERT INTO PESS (NOME_PESS) VALUES ('X')")
@@ -81,6 +88,14 @@ class TransactSql(unittest.TestCase):
 
     def test_identity_takes_no_value_of_its_own(self):
         self.assertRefused(544, "INSERT INTO PESS (idPESS, NOME_PESS) VALUES (9, 'X')")
+
+    def test_keys_go_on_behind_the_highest_and_a_rollback_gives_none_back(self):
+        self.session.begin()
+        self.rows("INSERT INTO PESS (NOME_PESS) VALUES ('X')")
+        self.session.rollback()
+        self.rows("INSERT INTO PESS (NOME_PESS) VALUES ('Y'), ('Z')")
+        self.assertEqual(self.keys("idPESS > 3"), [5, 6])
+        self.assertEqual(self.rows("SELECT @@IDENTITY"), [(6,)])
 
     def test_aliases(self):
         answer = Collected()
@@ -123,6 +138,7 @@ class TransactSql(unittest.TestCase):
     def test_texts_too_long(self):
         self.assertRefused(8152, "UPDATE PESS SET PESS_CODI_EXTE = '123456789012345678901'")
         self.rows("UPDATE PESS SET PESS_CODI_EXTE = '12345678901234567890     ' WHERE idPESS = 3")
+        self.assertEqual(self.keys(f"PESS_CODI_EXTE = '{'1' * 10_000}'"), [])
 
     def test_refusals_by_name(self):
         self.assertRefused(207, "SELECT NADA FROM PESS")

@@ -20,13 +20,23 @@ class Base:
 
     def __init__(self, name, folder):
         self.name, self.path = name, os.path.join(folder, re.sub(r"\W", "_", name) + ".sqlite")
-        self.tables, self.lock = {}, threading.Lock()
+        self.tables, self.identities, self.lock = {}, {}, threading.Lock()
 
     def table(self, name):
         table = self.tables.get(name.lower())
         if table is None:
             raise SqlError(208, f"Invalid object name '{name}'.")
         return table
+
+    def next_identity(self, table):
+        """The next key of a table; as on the real server a rollback gives none back."""
+        with self.lock:
+            self.identities[table.name] = self.identities.get(table.name, 0) + 1
+            return self.identities[table.name]
+
+    def identity_given(self, table, value):
+        with self.lock:
+            self.identities[table.name] = max(self.identities.get(table.name, 0), value)
 
     def connect(self):
         connection = sqlite3.connect(self.path, isolation_level=None, check_same_thread=False)
@@ -213,13 +223,17 @@ class Session:
                     for row in self.store.execute(query.text).fetchall()]  # fmt: skip
         else:
             rows = self._value_rows(reader, table, columns)
-        names = ", ".join(quoted(c.name) for c in columns)
-        count = 0
+        own_key = table.identity is not None and table.identity not in columns
+        names = ", ".join(quoted(c.name) for c in columns + ([table.identity] if own_key else []))
         for _, texts, values in rows:
-            cursor = self._write(f"INSERT INTO {quoted(table.name)} ({names}) VALUES ({', '.join(texts)})", values)
-            self.identity = cursor.lastrowid if table.identity else None
-            count += 1
-        self._wrote("insert", count, answer)
+            key = self.base.next_identity(table) if own_key else None
+            marks = ", ".join(texts + (["?"] if own_key else []))
+            self._write(f"INSERT INTO {quoted(table.name)} ({names}) VALUES ({marks})", values + ([key] if own_key else []))
+            if table.identity and not own_key:
+                key = values[texts[: columns.index(table.identity)].count("?")]
+                self.base.identity_given(table, key)
+            self.identity = key
+        self._wrote("insert", len(rows), answer)
 
     def _value_rows(self, reader, table, columns):
         reader.expect("values")
@@ -357,11 +371,8 @@ class Session:
         keys = [c for c in table.columns if c.primary]
         lines = []
         for column in table.columns:
-            line = f"{quoted(column.name)} {column.type.sqlite}"
-            if column.identity:
-                line = f"{quoted(column.name)} INTEGER PRIMARY KEY AUTOINCREMENT"
-            lines.append(line)
-        if keys and not table.identity:
+            lines.append(f"{quoted(column.name)} {column.type.sqlite}")
+        if keys:
             lines.append(f"PRIMARY KEY ({', '.join(quoted(c.name) for c in keys)})")
         self._write(f"CREATE TABLE {quoted(table.name)} ({', '.join(lines)})")
         self.base.tables[table.name.lower()] = table
@@ -487,8 +498,8 @@ class Session:
 
     # --- fast load -----------------------------------------------------------------------------------------------------------------
 
-    def load(self, table_name, names, rows):
-        """Rows with their keys, past the parser; each value is assigned by its column's type."""
+    def load(self, table_name, names, rows, identity=None):
+        """Rows with their keys, past the parser; each value is assigned by its column's type. `identity` is the last key given."""
         table = self.base.table(table_name)
         columns = self._columns(table, names)
         marks = ", ".join("?" * len(columns))
@@ -497,3 +508,6 @@ class Session:
         self.store.execute("BEGIN IMMEDIATE")
         self.store.executemany(text, converted)
         self.store.execute("COMMIT")
+        if table.identity:
+            highest = self.store.execute(f"SELECT MAX({quoted(table.identity.name)}) FROM {quoted(table.name)}").fetchone()[0]
+            self.base.identities[table.name] = (highest or 0) if identity is None else identity

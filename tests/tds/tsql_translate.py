@@ -256,7 +256,8 @@ class Query:
                 i = end
             elif token.kind == "text":
                 kind = target or self._compared_behind(tokens, i)
-                out.append(literal(kind.assign(token.value, self.session) if kind else token.value))
+                comparable = token.value if kind is None or isinstance(kind, Text) else kind.assign(token.value, self.session)
+                out.append(literal(comparable))
             elif token.text in COMPARISONS or token.is_word("in", "between"):
                 column = self._left_of(tokens, i)
                 target, between = (column.type if column else None), token.is_word("between")

@@ -1,4 +1,4 @@
-"""T-SQL column types: how a value is assigned, compared and sent. Rules of a server with collation SQL_Latin1_General_CP1_CI_AS."""
+"""T-SQL column types: how a value is assigned, compared and sent."""
 
 import datetime
 import functools
@@ -7,7 +7,12 @@ import struct
 import unicodedata
 from decimal import Decimal, InvalidOperation, ROUND_HALF_UP
 
-COLLATION = bytes.fromhex("0904d00034")
+# Of each collation: its bytes on the wire, and whether it is blind to accents. Both are blind to case, with code page 1252.
+COLLATIONS = {
+    "SQL_Latin1_General_CP1_CI_AS": (bytes.fromhex("0904d00034"), False),
+    "Latin1_General_CI_AI": (bytes.fromhex("0904f00000"), True),
+}
+COLLATION = {"name": "SQL_Latin1_General_CP1_CI_AS"}
 EPOCH = datetime.date(1900, 1, 1)
 INTEGER_RANGES = {1: (0, 255), 2: (-(2**15), 2**15 - 1), 4: (-(2**31), 2**31 - 1), 8: (-(2**63), 2**63 - 1)}
 INTEGER_NAMES = {1: "tinyint", 2: "smallint", 4: "int", 8: "bigint"}
@@ -24,12 +29,38 @@ class SqlError(Exception):
 # --- collation ---------------------------------------------------------------------------------------------------------------------
 
 
+def use_collation(name):
+    """Chooses the collation of all databases; before the first connection."""
+    COLLATION["name"] = name
+    folded.cache_clear()
+    sort_key.cache_clear()
+    like_pattern.cache_clear()
+
+
+def collation_bytes():
+    return COLLATIONS[COLLATION["name"]][0]
+
+
+def blind_to_accents():
+    return COLLATIONS[COLLATION["name"]][1]
+
+
+def without_accents(text):
+    return "".join(c for c in unicodedata.normalize("NFD", text) if not unicodedata.combining(c))
+
+
+@functools.lru_cache(maxsize=200_000)
+def folded(text):
+    """The text as LIKE sees it; every character stays one character."""
+    lower = text.lower()
+    return without_accents(lower) if blind_to_accents() else lower
+
+
 @functools.lru_cache(maxsize=200_000)
 def sort_key(text):
-    """Blind to case and trailing blanks, not to accents; an accented letter sorts beside its base letter."""
+    """Blind to case and trailing blanks; an accented letter sorts beside its base letter, or is the same."""
     lower = text.rstrip(" ").lower()
-    base = "".join(c for c in unicodedata.normalize("NFD", lower) if not unicodedata.combining(c))
-    return base, lower
+    return without_accents(lower), "" if blind_to_accents() else lower
 
 
 def collate(a, b):
@@ -48,10 +79,10 @@ def like_pattern(pattern):
         elif c == "_":
             parts.append(".")
         elif close > 0:
-            parts.append(pattern[i : close + 1].lower().replace("\\", "\\\\"))
+            parts.append(folded(pattern[i : close + 1]).replace("\\", "\\\\"))
             i = close
         else:
-            parts.append(re.escape(c.lower()))
+            parts.append(re.escape(folded(c)))
         i += 1
     return re.compile("".join(parts) + " *", re.S)
 
@@ -59,7 +90,7 @@ def like_pattern(pattern):
 def like(pattern, value):
     if pattern is None or value is None:
         return None
-    return int(like_pattern(str(pattern)).fullmatch(str(value).lower()) is not None)
+    return int(like_pattern(str(pattern)).fullmatch(folded(str(value))) is not None)
 
 
 # --- dates -------------------------------------------------------------------------------------------------------------------------
@@ -216,7 +247,7 @@ class Text:
     def type_info(self, _version):
         code = {(False, False): 0xA7, (False, True): 0xAF, (True, False): 0xE7, (True, True): 0xEF}[self.wide, self.fixed]
         size = self.length * (2 if self.wide else 1)
-        return struct.pack("<BH", code, size if size <= 8000 else 0xFFFF) + COLLATION
+        return struct.pack("<BH", code, size if size <= 8000 else 0xFFFF) + collation_bytes()
 
     def encoder(self, _version):
         charset = "utf-16-le" if self.wide else "cp1252"

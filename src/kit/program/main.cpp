@@ -1,12 +1,14 @@
 #include "base/RuntimeError.h"
 #include "firebird/EmbeddedEngine.h"
 #include "kit/Check.h"
+#include "kit/ConfigFiles.h"
 #include "kit/Create.h"
 #include "kit/Ddl.h"
 #include "kit/PostalCodes.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QStringList>
 
 #include <cstdio>
@@ -122,11 +124,20 @@ int ddl(const QStringList& words) {
     return succeeded;
 }
 
+/// The engine leaves its own folder in a home, so it is not woken for one that holds nothing.
+void prepareInstallation(const QString& home) {
+    const kit::Layout layout(home);
+    if (!QFile::exists(layout.config(QStringLiteral("server_aplic.ini"))) &&
+        !QFile::exists(layout.config(QStringLiteral("server.ini"))))
+        throw RuntimeError(errorNumber::FileNotFound, QStringLiteral("%1 não contém uma instalação").arg(layout.home));
+    firebird::PrepareEmbeddedEngine(layout.home);
+}
+
 int cep(const QStringList& words) {
     const Arguments arguments(words, {QStringLiteral("--home")}, {});
     if (arguments.wrong || arguments.rest.size() != 1 || arguments.value("--home").isEmpty())
         return misuse();
-    firebird::PrepareEmbeddedEngine(arguments.value("--home"));
+    prepareInstallation(arguments.value("--home"));
     kit::ListMistakes mistakes;
     const qint64 loaded = kit::LoadPostalCodeFile(arguments.value("--home"), arguments.rest.front(), mistakes);
     if (mistakes.all == 0) {
@@ -143,7 +154,7 @@ int check(const QStringList& words) {
     const Arguments arguments(words, {QStringLiteral("--home")}, {});
     if (arguments.wrong || !arguments.rest.isEmpty() || arguments.value("--home").isEmpty())
         return misuse();
-    firebird::PrepareEmbeddedEngine(arguments.value("--home"));
+    prepareInstallation(arguments.value("--home"));
     bool right = true;
     for (const kit::Finding& finding : kit::CheckInstallation(arguments.value("--home"))) {
         say(stdout, (finding.right ? QStringLiteral("ok     ") : QStringLiteral("FALTA  ")) + finding.words);

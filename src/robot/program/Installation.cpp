@@ -1,11 +1,13 @@
 #include "robot/program/Installation.h"
 
+#include "firebird/ConnectionText.h"
 #include "kit/Relocate.h"
 #include "launch/CampoDelimitado.h"
 #include "launch/EngineTags.h"
 #include "robot/RowText.h"
 #include "robot/Scenario.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <filesystem>
@@ -24,6 +26,26 @@ data::Statement asOneText(const QString& text) {
     return statement;
 }
 
+/// Links are followed, so that nothing in the copy is shared, and everything in it may be written.
+void copyTree(const QString& from, const QString& to) {
+    namespace fs = std::filesystem;
+    const fs::path target(to.toStdString());
+    try {
+        fs::copy(from.toStdString(), target, fs::copy_options::recursive | fs::copy_options::overwrite_existing);
+        for (const fs::directory_entry& entry : fs::recursive_directory_iterator(target))
+            fs::permissions(entry.path(), fs::perms::owner_read | fs::perms::owner_write, fs::perm_options::add);
+    } catch (const fs::filesystem_error& error) {
+        throw Failure{QStringLiteral("%1 cannot be copied: %2").arg(from, QString::fromLocal8Bit(error.what()))};
+    }
+}
+
+/// A scenario may write into a database only when it has been copied with the rest.
+void requireInside(const QString& home, const QString& connection) {
+    const firebird::ConnectionText text = firebird::ReadConnectionText(connection);
+    if (!text.embedded || !QDir::cleanPath(text.database).startsWith(QDir::cleanPath(home) + u'/'))
+        throw Failure{QStringLiteral("the database %1 lies outside the installation").arg(text.database)};
+}
+
 } // namespace
 
 bool Installation::isOne(const QString& home) {
@@ -34,13 +56,7 @@ Installation::Installation(const QString& home, const QString& copy, data::Adapt
     : home_(copy), adapters_(std::move(adapters)), cast_(std::move(cast)) {
     if (!isOne(home))
         throw Failure{QStringLiteral("%1 holds no installation").arg(home)};
-    std::error_code error;
-    std::filesystem::copy(home.toStdString(), copy.toStdString(),
-                          std::filesystem::copy_options::recursive | std::filesystem::copy_options::copy_symlinks |
-                              std::filesystem::copy_options::overwrite_existing,
-                          error);
-    if (error)
-        throw Failure{QStringLiteral("%1 cannot be copied: %2").arg(home, QString::fromStdString(error.message()))};
+    copyTree(home, copy);
     kit::Relocate(copy);
     learnConnections(QStringLiteral("/config/server.ini"), {Base::Main, Base::History, Base::Development});
     learnConnections(QStringLiteral("/config/server_cep.ini"), {Base::PostalCode});
@@ -53,8 +69,10 @@ void Installation::learnConnections(const QString& file, std::initializer_list<B
     for (const Base base : bases) {
         QString line = QString::fromUtf8(source.readLine()).trimmed();
         const EngineTag* tag = FindEngineTag(CampoDelimitado(tagField, line));
-        if (tag && tag->engine == data::Engine::Firebird)
-            strings_[base] = CampoDelimitado(connectionField, line);
+        if (!tag || tag->engine != data::Engine::Firebird)
+            continue;
+        strings_[base] = CampoDelimitado(connectionField, line);
+        requireInside(home_, strings_[base]);
     }
 }
 

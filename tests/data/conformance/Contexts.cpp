@@ -64,6 +64,7 @@ EngineContext embeddedFirebird() {
                                        QStringLiteral("Database=") + folder().path()};
                 },
             .tables = firebirdTables(),
+            .afterwards = {},
             .keyMayBeGiven = true,
             .searchIgnoresAccents = true};
 }
@@ -87,6 +88,7 @@ EngineContext firebirdServer() {
                                        QStringLiteral("Server=127.0.0.1;Port=1;Database=/x.fdb;UID=A;PWD=B")};
                 },
             .tables = firebirdTables(),
+            .afterwards = {},
             .keyMayBeGiven = true,
             .searchIgnoresAccents = true};
 }
@@ -100,13 +102,21 @@ EngineContext sqlServer(const QString& connectionString) {
         .unusable =
             [] { return QStringList{QStringLiteral("driver={SQL Server};server=127.0.0.1,1;uid=a;pwd=b;database=c")}; },
         .tables = sqlServerTables(),
+        .afterwards = {Statement("drop table pess"), Statement("drop table clie"), Statement("drop table arqt"),
+                       Statement("drop table logr")},
         .keyMayBeGiven = false,
         .searchIgnoresAccents = false};
 }
 
+/// The connection strings of the engines that this run has used, by name.
+std::map<std::string, QString>& usedEngines() {
+    static std::map<std::string, QString> texts;
+    return texts;
+}
+
 /// Makes the tables at the first use of an engine and gives its connection string from then on.
 const QString& prepared(const EngineContext& context) {
-    static std::map<std::string, QString> texts;
+    std::map<std::string, QString>& texts = usedEngines();
     const auto known = texts.find(context.name);
     if (known != texts.end())
         return known->second;
@@ -136,6 +146,18 @@ std::string NameOf(const testing::TestParamInfo<EngineContext>& test) {
 
 void PrintTo(const EngineContext& context, std::ostream* out) {
     *out << context.name;
+}
+
+void Afterwards::TearDown() {
+    for (const EngineContext& context : EngineContexts()) {
+        const auto used = usedEngines().find(context.name);
+        if (used == usedEngines().end() || context.afterwards.empty())
+            continue;
+        data::Connection connection([&context](Engine) { return context.adapter(); });
+        connection.Open(context.engine, used->second);
+        for (const Statement& statement : context.afterwards)
+            connection.Execute(statement);
+    }
 }
 
 void ConformanceTest::SetUp() {

@@ -24,6 +24,8 @@ struct EngineContext {
     /// The statements that make the suite's tables. They differ in the words for a long text and for a key that the
     /// database fills.
     std::vector<data::Statement> tables;
+    /// What removes them after the run; nothing where the database itself goes.
+    std::vector<data::Statement> afterwards;
     /// An insert that leaves the key to the database must not name it on one engine; on others it may be given too.
     bool keyMayBeGiven;
     /// Whether a search without accents finds accented text: a matter of the database's collation.
@@ -36,6 +38,12 @@ const std::vector<EngineContext>& EngineContexts();
 /// The engine's name, for the name of a test.
 std::string NameOf(const testing::TestParamInfo<EngineContext>& test);
 void PrintTo(const EngineContext& context, std::ostream* out);
+
+/// Removes what the run left in databases that outlive it.
+class Afterwards : public testing::Environment {
+  public:
+    void TearDown() override;
+};
 
 /// A connection to the suite's database, its tables emptied before each test.
 class ConformanceTest : public testing::TestWithParam<EngineContext> {

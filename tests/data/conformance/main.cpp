@@ -1,4 +1,5 @@
 #include "base/RuntimeError.h"
+#include "conformance/Contexts.h"
 #include "conformance/Peer.h"
 #include "data/Connection.h"
 #include "firebird/EmbeddedEngine.h"
@@ -38,5 +39,6 @@ int main(int count, char** arguments) {
     const QTemporaryDir home;
     qputenv("VORTA_HOME", home.path().toUtf8());
     testing::InitGoogleTest(&count, arguments);
+    testing::AddGlobalTestEnvironment(new test::Afterwards);
     return RUN_ALL_TESTS();
 }

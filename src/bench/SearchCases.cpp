@@ -1,0 +1,202 @@
+#include "bench/SearchCases.h"
+
+#include "bench/BareClient.h"
+#include "firebird/EmbeddedEngine.h"
+#include "firebird/FirebirdAdapter.h"
+#include "kit/Create.h"
+#include "launch/ConectaServidor.h"
+#include "search/frmBROWSE_CEPS.h"
+#include "search/frmBROWSE_PESSOAS.h"
+
+#include <QTemporaryDir>
+#include <malloc.h>
+
+namespace vorta::bench {
+
+namespace {
+
+constexpr int persons = 100000;
+constexpr int shortStreets = 500;
+constexpr int longStreets = 5000;
+
+const QByteArray everyPerson = "SELECT * FROM PESS WHERE DATA_DESA IS NULL ORDER BY NOME_PESS";
+
+double allocatedBytes() {
+    const struct mallinfo2 heap = mallinfo2();
+    return static_cast<double>(heap.uordblks + heap.hblkhd);
+}
+
+/// The outside world of a measurement: nobody looks, but the end of a fill is heard.
+class QuietPlatform : public screen::Platform {
+  public:
+    explicit QuietPlatform(const QString& home) : home_(home) {}
+
+    screen::Answer messageBox(const screen::Box&) override { return screen::Answer::OK; }
+    void runModal(screen::Screen&) override {}
+    void openAddress(const QString&) override {}
+    void progress(qint64, qint64 total) override {
+        if (total == 0 && atEnd)
+            atEnd();
+    }
+    QString home() const override { return home_; }
+
+    std::function<void()> atEnd;
+
+  private:
+    QString home_;
+};
+
+/// An installation with its searches on one side and the bare client on the other.
+class SearchBench {
+    QTemporaryDir folder_; // goes last, when every connection is closed
+
+  public:
+    SearchBench() {
+        firebird::PrepareEmbeddedEngine(home());
+        kit::CreateInstallation(home(), {.people = persons});
+        contexto.Ambiente = QStringLiteral("PRD");
+        ConectaServidor(contexto);
+        bare = std::make_unique<BareClient>(contexto.StringConexaoFirebird);
+        people = static_cast<int>(bare->volume(everyPerson).rows);
+        fillStreets();
+    }
+
+    /// A search for persons as a click starts it; gives its rows.
+    int find(screen::Option& way, const QString& text, screen::Option& role) {
+        searched.opNome.setValue(true);
+        way.setValue(true);
+        role.setValue(true);
+        searched.cboCod.setText(text);
+        searched.cmdPesquisa.Click();
+        return searched.Flex.Rows() - 1;
+    }
+    /// The statements of such a search.
+    QList<QByteArray> statementsOf(screen::Option& way, const QString& text, screen::Option& role) {
+        traced = QList<QByteArray>();
+        find(way, text, role);
+        return *std::exchange(traced, std::nullopt);
+    }
+
+    double microsecondsPerStreet(const char* name, int streets) {
+        ceps.txtEndereco.setText(QString::fromLatin1(name));
+        return Microseconds(streets, [this] { ceps.cmdPesquisa.Click(); });
+    }
+
+    std::unique_ptr<BareClient> bare;
+    int people = 0;
+    std::optional<QList<QByteArray>> traced;
+
+  private:
+    QString home() const { return folder_.path(); }
+
+    void fillStreets() {
+        ConectaServidorCEP(contexto);
+        BareClient streets(contexto.StringConexaoFirebird);
+        FechaServidorCEP(contexto);
+        for (const auto& [name, count] : {std::pair("CURTA", shortStreets), std::pair("LONGA", longStreets)})
+            streets.send(
+                QByteArray("execute block as declare i integer = 0; begin while (i < ") + QByteArray::number(count) +
+                ") do begin insert into logr (cep8_logr, nome_logr, uf00_logr, chav_tipo, chav_loca, chav_bair) values "
+                "(:i, 'RUA DA MEDIDA " +
+                name + "', 'SP', '1', mod(:i, 90), mod(:i, 700)); i = i + 1; end end");
+    }
+
+  public:
+    QuietPlatform platform{folder_.path()};
+    screen::Program program{platform};
+    ContextoExecucao contexto{program, [](data::Engine) { return data::MakeFirebirdAdapter(); },
+                              [this](const QString& text) {
+                                  if (traced)
+                                      *traced += text.toUtf8();
+                              }};
+    frmBROWSE_PESSOAS searched{contexto};
+    frmBROWSE_CEPS ceps{contexto};
+};
+
+using Bench = std::shared_ptr<SearchBench>;
+
+Case wholeRegister(const Bench& bench) {
+    return {QStringLiteral("search: whole register into the grid"), QStringLiteral("us/person"),
+            [bench] { return Microseconds(bench->people, [&] { bench->bare->send(everyPerson); }); },
+            [bench] {
+                return Microseconds(bench->people,
+                                    [&] { bench->find(bench->searched.opQualquerParte, {}, bench->searched.opTodos); });
+            },
+            1.5};
+}
+
+/// The same texts, one after the other, as the role filter sends them.
+Case customers(const Bench& bench) {
+    const QString beginning = QStringLiteral("A");
+    const auto texts = std::make_shared<QList<QByteArray>>(
+        bench->statementsOf(bench->searched.opInicialCom, beginning, bench->searched.opCliente));
+    const int count = static_cast<int>(texts->size());
+    return {QStringLiteral("search: customers, %1 statements").arg(count), QStringLiteral("us/statement"),
+            [bench, texts, count] {
+                return Microseconds(count, [&] {
+                    for (const QByteArray& text : *texts)
+                        bench->bare->send(text);
+                });
+            },
+            [bench, beginning, count] {
+                return Microseconds(
+                    count, [&] { bench->find(bench->searched.opInicialCom, beginning, bench->searched.opCliente); });
+            },
+            0.5};
+}
+
+Case byBeginning(const Bench& bench) {
+    const QString beginning = QStringLiteral("MARIA A");
+    const auto texts = std::make_shared<QList<QByteArray>>(
+        bench->statementsOf(bench->searched.opInicialCom, beginning, bench->searched.opTodos));
+    constexpr int thousand = 1000;
+    return {QStringLiteral("search: names that begin with a text"), QStringLiteral("ms"),
+            [bench, texts] { return Microseconds(thousand, [&] { bench->bare->send(texts->front()); }); },
+            [bench, beginning] {
+                return Microseconds(
+                    thousand, [&] { bench->find(bench->searched.opInicialCom, beginning, bench->searched.opTodos); });
+            },
+            3.0};
+}
+
+/// Here the floor is what a person may take.
+Case memory(const Bench& bench) {
+    constexpr double allowed = 1024;
+    return {QStringLiteral("search: memory of a search"), QStringLiteral("bytes/person"), [] { return allowed; },
+            [bench] {
+                bench->searched.MontaGridPessoas();
+                const double before = allocatedBytes();
+                double full = 0;
+                bench->platform.atEnd = [&full] { full = allocatedBytes(); };
+                const int found = bench->find(bench->searched.opQualquerParte, {}, bench->searched.opTodos);
+                bench->platform.atEnd = {};
+                return (full - before) / found;
+            },
+            1.0};
+}
+
+Case grid(const Bench& bench) {
+    constexpr double allowed = 250;
+    return {QStringLiteral("search: memory of the grid"), QStringLiteral("bytes/person"), [] { return allowed; },
+            [bench] {
+                const int found = bench->find(bench->searched.opQualquerParte, {}, bench->searched.opTodos);
+                return static_cast<double>(bench->searched.Flex.bytesUsed()) / found;
+            },
+            1.0};
+}
+
+/// Ten times the streets must not take more for each of them.
+Case streets(const Bench& bench) {
+    return {QStringLiteral("search: postal codes, 5000 streets against 500"), QStringLiteral("us/street"),
+            [bench] { return bench->microsecondsPerStreet("MEDIDA CURTA", shortStreets); },
+            [bench] { return bench->microsecondsPerStreet("MEDIDA LONGA", longStreets); }, 1.5};
+}
+
+} // namespace
+
+std::vector<Case> SearchCases() {
+    const Bench bench = std::make_shared<SearchBench>();
+    return {wholeRegister(bench), customers(bench), byBeginning(bench), memory(bench), grid(bench), streets(bench)};
+}
+
+} // namespace vorta::bench

@@ -1,0 +1,88 @@
+#include "kit/Check.h"
+#include "kit/Installed.h"
+#include "kit/Loader.h"
+
+#include <QFile>
+#include <gtest/gtest.h>
+
+using namespace vorta;
+using test::Installed;
+
+namespace {
+
+/// What is not right, one line each, with the home cut out of the words.
+std::string faults(const Installed& installed) {
+    QStringList words;
+    for (const kit::Finding& finding : kit::CheckInstallation(installed.home()))
+        if (!finding.right)
+            words << QString(finding.words).replace(installed.home(), QStringLiteral("~"));
+    return words.join(u'\n').toStdString();
+}
+
+class Check : public testing::Test {
+  protected:
+    void run(const char* statement) {
+        kit::Loader loader(installed_.production());
+        loader.run(QString::fromUtf8(statement));
+        loader.commit();
+    }
+    Installed installed_ = Installed::copyOf(Installed::plain());
+};
+
+} // namespace
+
+TEST_F(Check, a_new_installation_is_right) {
+    EXPECT_EQ(faults(installed_), "");
+    EXPECT_EQ(faults(Installed::demonstration()), "");
+}
+
+TEST_F(Check, a_missing_file_ends_the_matter) {
+    QFile::remove(installed_.layout().config(QStringLiteral("server_aplic.ini")));
+    EXPECT_EQ(faults(installed_),
+              "o arquivo ~/config/server_aplic.ini não existe ou não pode ser lido; o programa não inicia sem ele");
+}
+
+TEST_F(Check, a_password_that_everybody_can_read) {
+    QFile(installed_.layout().config(QStringLiteral("server.ini")))
+        .setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther);
+    EXPECT_EQ(faults(installed_),
+              "~/config/server.ini pode ser lido por qualquer usuário e pode conter uma senha; use: chmod "
+              "640 ~/config/server.ini");
+}
+
+TEST_F(Check, a_base_that_does_not_open) {
+    QFile::remove(installed_.production());
+    const std::string begin = "ambiente PRD (linha 1 de ~/config/server.ini): a base não abre (";
+    EXPECT_EQ(faults(installed_).substr(0, begin.size()), begin);
+}
+
+TEST_F(Check, a_table_and_a_column_that_are_not_there) {
+    run("DROP TABLE COR_SIST");
+    run("ALTER TABLE MOTO DROP REFE_MOTO");
+    EXPECT_EQ(faults(installed_),
+              "ambiente PRD (linha 1 de ~/config/server.ini): na tabela MOTO faltam as colunas refe_moto\n"
+              "ambiente PRD (linha 1 de ~/config/server.ini): falta a tabela cor_sist");
+}
+
+TEST_F(Check, a_generator_behind_its_table) {
+    run("INSERT INTO PESS (IDPESS) VALUES (70)");
+    EXPECT_EQ(faults(installed_),
+              "ambiente PRD (linha 1 de ~/config/server.ini): o gerador GEN_PESS está em 0, mas a tabela PESS "
+              "já chega a 70; use: SET GENERATOR GEN_PESS TO 70");
+}
+
+TEST_F(Check, lines_that_the_register_would_pass_over_in_silence) {
+    installed_.write(QStringLiteral("config/server.ini"), "a^b^c^d^FIREBIRD^x^^\n\nsrv^b^u^s^MS-SQL^^False^\n");
+    EXPECT_EQ(faults(installed_),
+              "ambiente PRD (linha 1 de ~/config/server.ini): o sétimo campo (preserva acentos) deve ser True ou "
+              "False, e não []\n"
+              "ambiente HIST (linha 2 de ~/config/server.ini): a linha está vazia");
+}
+
+TEST_F(Check, pictures_and_folders) {
+    QFile::remove(installed_.layout().images() + kit::LinkedPicture());
+    installed_.write(QStringLiteral("imagens/semvinculo.bmp"), "texto");
+    EXPECT_EQ(faults(installed_),
+              "a imagem ~/imagens/comvinculo.bmp não existe ou não é um bitmap; as telas param sem ela\n"
+              "a imagem ~/imagens/semvinculo.bmp não existe ou não é um bitmap; as telas param sem ela");
+}

@@ -1,0 +1,31 @@
+#include "kit/Documents.h"
+#include "shared/ValidaDocumentos.h"
+#include "shared/inscricao/ConsisteInscricaoEstadual.h"
+
+#include <QSet>
+#include <gtest/gtest.h>
+
+using namespace vorta;
+
+TEST(Documents, thousands_of_numbers_pass_the_checks_and_differ) {
+    QSet<QByteArray> seen;
+    for (quint64 number = 0; number < 5000; ++number) {
+        QString cpf = QString::fromLatin1(kit::Cpf(number));
+        QString cnpj = QString::fromLatin1(kit::Cnpj(number));
+        EXPECT_EQ(cpf.size(), 14);
+        EXPECT_EQ(cnpj.size(), 18);
+        seen << kit::Cpf(number) << kit::Cnpj(number);
+        EXPECT_TRUE(ValidaCPF(cpf)) << cpf.toStdString();
+        EXPECT_TRUE(ValidaCNPJ(cnpj)) << cnpj.toStdString();
+    }
+    EXPECT_EQ(seen.size(), 10000);
+}
+
+TEST(Documents, state_registrations_follow_the_rules_of_their_states) {
+    for (const char* state : {"CE", "ES", "PE", "PR", "RJ", "RS", "SC", "SP", "BA"})
+        for (quint64 number = 1; number < 500; ++number) {
+            const QByteArray registration = kit::StateRegistration(state, number);
+            EXPECT_EQ(ConsisteInscricaoEstadual(QString::fromLatin1(registration), QString::fromLatin1(state)), 0)
+                << state << ' ' << registration.constData();
+        }
+}

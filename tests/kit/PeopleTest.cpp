@@ -1,0 +1,77 @@
+#include "kit/Installed.h"
+#include "kit/Loader.h"
+#include "shared/ValidaDocumentos.h"
+#include "shared/inscricao/ConsisteInscricaoEstadual.h"
+
+#include <QCryptographicHash>
+#include <gtest/gtest.h>
+
+using namespace vorta;
+using test::Installed;
+
+namespace {
+
+kit::Contents people(qint64 count, quint64 seed) {
+    kit::Contents contents;
+    contents.people = count;
+    contents.seed = seed;
+    return contents;
+}
+
+/// All rows of all tables of a base, drawn together.
+QByteArray digest(const Installed& installed) {
+    kit::Loader loader(installed.production());
+    QCryptographicHash hash(QCryptographicHash::Sha1);
+    for (const kit::Table& table : kit::Tables()) {
+        if (table.base != kit::Base::Main)
+            continue;
+        const QString query =
+            QStringLiteral("SELECT * FROM %1 ORDER BY %2").arg(table.name, table.columns.front().name);
+        for (const QStringList& row : loader.rows(query))
+            hash.addData(row.join(u'|').toUtf8());
+    }
+    return hash.result().toHex();
+}
+
+} // namespace
+
+TEST(People, the_same_seed_makes_the_same_persons_and_another_one_others) {
+    const Installed first(people(400, 9)), second(people(400, 9)), other(people(400, 10));
+    EXPECT_EQ(digest(first).toStdString(), digest(second).toStdString());
+    EXPECT_NE(digest(first).toStdString(), digest(other).toStdString());
+}
+
+TEST(People, they_are_as_many_as_asked_with_documents_that_pass_and_differ) {
+    const Installed installed(people(1500, 3));
+    kit::Loader loader(installed.production());
+    const auto rows = loader.rows(QStringLiteral("SELECT PSFI_PSJU, CPF0_CNPJ, RG00_IE00, UF00_COML_PESS FROM PESS"));
+    EXPECT_EQ(rows.size(), 1500u);
+    for (const QStringList& row : rows) {
+        QString document = row[1];
+        EXPECT_TRUE(row[0] == u"J" ? ValidaCNPJ(document) : ValidaCPF(document)) << row[1].toStdString();
+        if (row[0] == u"J") {
+            EXPECT_EQ(ConsisteInscricaoEstadual(row[2], row[3]), 0)
+                << row[2].toStdString() << ' ' << row[3].toStdString();
+        }
+    }
+    EXPECT_EQ(loader.number(QStringLiteral("SELECT COUNT(DISTINCT CPF0_CNPJ) FROM PESS")), 1500);
+    EXPECT_EQ(loader.number(QStringLiteral("SELECT COUNT(*) FROM PESS P LEFT JOIN MUNI_IBGE M ON M.CODI_MUNI_IBGE = "
+                                           "P.CODI_MUNI_COML_PESS AND M.DESC_MUNI_IBGE = P.CIDA_COML_PESS WHERE "
+                                           "M.IDMUNI_IBGE IS NULL")),
+              0);
+    EXPECT_EQ(
+        loader.number(QStringLiteral("SELECT COUNT(*) FROM PESS P JOIN CLIE C ON C.IDPESS = P.IDPESS WHERE P.IDCLIE "
+                                     "<> C.IDCLIE")),
+        0);
+    EXPECT_GT(loader.number(QStringLiteral("SELECT COUNT(*) FROM PEDI_VEDS")), 0);
+}
+
+TEST(People, they_join_the_demonstration_without_meeting_it) {
+    kit::Contents contents = people(300, 2015);
+    contents.demo = true;
+    const Installed installed(contents);
+    kit::Loader loader(installed.production());
+    EXPECT_EQ(loader.number(QStringLiteral("SELECT COUNT(*) FROM PESS")), 560);
+    EXPECT_EQ(loader.number(QStringLiteral("SELECT COUNT(DISTINCT CPF0_CNPJ) FROM PESS")), 560);
+    EXPECT_EQ(loader.number(QStringLiteral("SELECT COUNT(DISTINCT IDPESS) FROM PESS")), 560);
+}

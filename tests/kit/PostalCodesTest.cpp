@@ -1,0 +1,106 @@
+#include "kit/PostalCodes.h"
+#include "base/RuntimeError.h"
+#include "kit/Installed.h"
+
+#include <gtest/gtest.h>
+
+using namespace vorta;
+using test::Installed;
+
+namespace {
+
+const QByteArray titles = "cep\ttipo\tabreviatura\tlogradouro\tbairro\tcidade\tuf\n";
+
+class PostalCodes : public testing::Test {
+  protected:
+    qint64 load(const QByteArray& list) {
+        installed_.write(QStringLiteral("lista.tsv"), list);
+        mistakes_ = {};
+        return kit::LoadPostalCodeFile(installed_.home(), installed_.home() + QStringLiteral("/lista.tsv"), mistakes_);
+    }
+    qint64 streets() {
+        return kit::Loader(installed_.postalCodes()).number(QStringLiteral("SELECT COUNT(*) FROM LOGR"));
+    }
+    QString value(const char* query) {
+        return kit::Loader(installed_.postalCodes()).rows(QString::fromUtf8(query)).at(0).at(0);
+    }
+
+    Installed installed_ = Installed::copyOf(Installed::plain());
+    kit::ListMistakes mistakes_;
+};
+
+} // namespace
+
+TEST_F(PostalCodes, a_list_takes_the_place_of_what_was_there) {
+    EXPECT_EQ(load(titles + "04000-000\tRua\tR\tAlegre\tCentro\tCampinas\tSP\r\n"
+                            "04000001\tRua\tR\tTriste\tCentro\tCampinas\tsp\n\n"),
+              2);
+    EXPECT_EQ(mistakes_.all, 0);
+    EXPECT_EQ(streets(), 2);
+    EXPECT_EQ(value("SELECT CEP8_LOGR FROM LOGR WHERE NOME_LOGR = 'Alegre'"), QStringLiteral("04000000"));
+    EXPECT_EQ(value("SELECT COUNT(*) FROM BAIR"), QStringLiteral("1"));
+    EXPECT_EQ(value("SELECT COUNT(*) FROM TIPO"), QStringLiteral("1"));
+}
+
+TEST_F(PostalCodes, towns_of_one_name_in_two_states_are_two) {
+    load(titles + "59000000\tRua\tR\tUm\tCentro\tBom Jesus\tRN\n64900000\tRua\tR\tDois\tCentro\tBom Jesus\tPI\n");
+    EXPECT_EQ(value("SELECT COUNT(*) FROM LOCA"), QStringLiteral("2"));
+    EXPECT_EQ(value("SELECT COUNT(*) FROM BAIR"), QStringLiteral("2"));
+}
+
+TEST_F(PostalCodes, an_older_file_in_windows_1252_is_read_too) {
+    load(titles + "01001000\tPra\xE7"
+                  "a\tPC\tda S\xE9\tS\xE9\tS\xE3o Paulo\tSP\n");
+    EXPECT_EQ(value("SELECT NOME_LOCA FROM LOCA"), QStringLiteral("São Paulo"));
+}
+
+TEST_F(PostalCodes, mistakes_name_their_lines_and_nothing_is_loaded) {
+    const qint64 before = streets();
+    EXPECT_EQ(load(titles + "0400000\tRua\tR\tAlegre\tCentro\tCampinas\tSP\n"
+                            "04000001\tRua\tR\tTriste\tCentro\tCampinas\tSP\n"
+                            "04000002\tRua\tR\tCentro\tCampinas\tSP\n"
+                            "04000003\tRua\tR\t\tCentro\tCampinas\tSP\n"
+                            "04000004\tRua\tR\tNova\tCentro\tCampinas\tXX\n"
+                            "04000005\tRua\tR\tNova\tCentro\t\tSP\n"),
+              0);
+    EXPECT_EQ(mistakes_.all, 5);
+    EXPECT_EQ(mistakes_.lines.join(u'\n').toStdString(), "linha 2: o CEP [0400000] não tem oito dígitos\n"
+                                                         "linha 4: esperados 7 campos separados por tabulação, há 6\n"
+                                                         "linha 5: falta o logradouro\n"
+                                                         "linha 6: a UF [XX] não existe\n"
+                                                         "linha 7: falta a cidade");
+    EXPECT_EQ(streets(), before);
+}
+
+TEST_F(PostalCodes, a_list_without_titles_is_refused) {
+    load("04000000\tRua\tR\tAlegre\tCentro\tCampinas\tSP\n");
+    EXPECT_EQ(mistakes_.all, 1);
+    EXPECT_TRUE(mistakes_.lines.front().startsWith(QStringLiteral("linha 1: ")));
+}
+
+TEST_F(PostalCodes, many_mistakes_are_counted_but_not_all_told) {
+    QByteArray list = titles;
+    for (int i = 0; i < 100; ++i)
+        list += "x\n";
+    load(list);
+    EXPECT_EQ(mistakes_.all, 100);
+    EXPECT_EQ(mistakes_.lines.size(), 20);
+}
+
+TEST_F(PostalCodes, a_load_that_breaks_off_keeps_the_old_streets) {
+    const qint64 before = streets();
+    {
+        kit::Loader loader(installed_.postalCodes());
+        kit::LoadPostalCodes(loader, {{"04000000", "Rua", "R", "Alegre", "Centro", "Campinas", "SP"}});
+    } // no commit: as when the program is ended here
+    EXPECT_EQ(streets(), before);
+}
+
+TEST_F(PostalCodes, a_missing_list_is_told_by_name) {
+    try {
+        kit::LoadPostalCodeFile(installed_.home(), QStringLiteral("/nenhum/lugar.tsv"), mistakes_);
+        FAIL() << "it was loaded";
+    } catch (const RuntimeError& error) {
+        EXPECT_TRUE(error.description().contains(QStringLiteral("/nenhum/lugar.tsv")));
+    }
+}

@@ -1,0 +1,106 @@
+#include "kit/Schema.h"
+#include "kit/Ddl.h"
+
+#include <QRegularExpression>
+#include <QSet>
+#include <gtest/gtest.h>
+
+using namespace vorta;
+using kit::Base;
+using kit::Kind;
+
+TEST(Schema, a_main_table_begins_with_its_key_and_has_only_one) {
+    for (const kit::Table& table : kit::Tables()) {
+        qsizetype keys = 0;
+        for (const kit::Column& column : table.columns)
+            keys += column.kind == Kind::Key;
+        EXPECT_EQ(keys, table.base == Base::Main ? 1 : 0) << table.name.toStdString();
+        EXPECT_EQ(table.hasKey(), table.base == Base::Main) << table.name.toStdString();
+        if (table.hasKey()) {
+            EXPECT_EQ(table.columns.front().name.toLower(), QStringLiteral("id") + table.name.toLower());
+        }
+    }
+}
+
+TEST(Schema, no_name_appears_twice_and_every_name_fits_the_engine) {
+    constexpr qsizetype longestName = 31;
+    QSet<QString> tables;
+    for (const kit::Table& table : kit::Tables()) {
+        EXPECT_FALSE(tables.contains(table.name.toUpper())) << table.name.toStdString();
+        tables.insert(table.name.toUpper());
+        QSet<QString> columns;
+        for (const kit::Column& column : table.columns) {
+            EXPECT_FALSE(columns.contains(column.name.toUpper())) << column.name.toStdString();
+            EXPECT_LE(column.name.size(), longestName);
+            columns.insert(column.name.toUpper());
+        }
+    }
+}
+
+TEST(Schema, every_index_names_columns_that_are_there) {
+    for (const kit::Index& index : kit::Indexes()) {
+        const kit::Table* table = kit::FindTable(index.table);
+        ASSERT_NE(table, nullptr) << index.table.toStdString();
+        for (const QString& column : index.columns.split(QStringLiteral(", ")))
+            EXPECT_NE(table->column(column), nullptr) << index.table.toStdString() << '.' << column.toStdString();
+    }
+}
+
+TEST(Schema, the_generators_of_the_register_are_there) {
+    QStringList generators;
+    for (const kit::Table& table : kit::Tables())
+        if (!table.generator.isEmpty() && !table.filledByDatabase)
+            generators << table.generator;
+    generators.sort();
+    EXPECT_EQ(generators.join(u' ').toStdString(),
+              "GEN_CLIE GEN_CLIE_CONT GEN_FORN GEN_FORN_CONT GEN_MOTO GEN_PESS GEN_PESS_ATIV GEN_PESS_CONT GEN_TRPT "
+              "GEN_TRPT_CONT GEN_VEND");
+}
+
+TEST(Schema, texts_hold_what_the_screens_let_in) {
+    const struct {
+        const char* table;
+        const char* column;
+        int least;
+    } limits[] = {{"PESS", "pess_codi_exte", 20}, {"PESS", "CPF0_CNPJ", 18},       {"PESS", "NOME_PESS", 50},
+                  {"PESS", "RG00_IE00", 15},      {"PESS", "ENDE_ENTG_PESS", 70},  {"PESS", "CMPL_COBR_PESS", 60},
+                  {"PESS", "BAIR_COML_PESS", 30}, {"PESS", "OBSE_PESS_0003", 200}, {"PESS", "PRIN_FONE_CONT", 30}};
+    for (const auto& limit : limits)
+        EXPECT_GE(kit::FindTable(QString::fromLatin1(limit.table))->column(QString::fromLatin1(limit.column))->length,
+                  limit.least)
+            << limit.column;
+    EXPECT_EQ(kit::FindTable(QStringLiteral("pess"))->column(QStringLiteral("DATA_ANIV"))->length, 5);
+}
+
+TEST(Ddl, a_table_in_the_words_of_each_engine) {
+    const auto definition = [](data::Engine engine) {
+        for (const QString& statement : kit::TableStatements(engine, Base::Main))
+            if (statement.startsWith(QStringLiteral("CREATE TABLE PESS_ATIV ")))
+                return statement.toStdString();
+        return std::string();
+    };
+    EXPECT_EQ(definition(data::Engine::Firebird),
+              "CREATE TABLE PESS_ATIV (\n    idpess_ativ INTEGER NOT NULL,\n    idpess INTEGER,\n    idativ INTEGER,\n"
+              "    data_incl DATE,\n    user_incl INTEGER\n)");
+    EXPECT_EQ(definition(data::Engine::SqlServer),
+              "CREATE TABLE PESS_ATIV (\n    idpess_ativ INTEGER IDENTITY(1,1) NOT NULL,\n    idpess INTEGER,\n"
+              "    idativ INTEGER,\n    data_incl DATE,\n    user_incl INTEGER\n)");
+}
+
+TEST(Ddl, nothing_is_quoted_and_only_the_keys_are_constrained) {
+    for (const data::Engine engine : {data::Engine::Firebird, data::Engine::SqlServer}) {
+        const QString script = kit::Script(engine);
+        EXPECT_FALSE(script.contains(u'"') || script.contains(u'['));
+        EXPECT_FALSE(script.contains(QRegularExpression(QStringLiteral("PRIMARY|UNIQUE|CHECK|REFERENCES"))));
+        qsizetype keys = 0;
+        for (const kit::Table& table : kit::Tables())
+            keys += table.hasKey();
+        EXPECT_EQ(script.count(QStringLiteral("NOT NULL")), keys);
+    }
+}
+
+TEST(Ddl, sql_server_numbers_its_rows_itself) {
+    const QString script = kit::Script(data::Engine::SqlServer);
+    EXPECT_FALSE(script.contains(QStringLiteral("SEQUENCE")) || script.contains(QStringLiteral("TRIGGER")));
+    EXPECT_TRUE(script.contains(QStringLiteral("idArqt INTEGER IDENTITY(1,1) NOT NULL")));
+}
