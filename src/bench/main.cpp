@@ -18,8 +18,6 @@ namespace {
 constexpr std::vector<bench::Case> (*subjects[])() = {bench::DataCases,   bench::MaintenanceCases, bench::RoleCases,
                                                       bench::SearchCases, bench::SqlServerCases,   bench::TradeCases};
 
-constexpr int rounds = 11;
-
 } // namespace
 
 /// `pessoas-bench [PART-OF-NAME]`: exit code 0 when every limit holds, 1 when one is broken, 2 when nothing could be
@@ -32,7 +30,7 @@ int main(int count, char** arguments) {
     try {
         bool allHold = true;
         for (const auto& cases : subjects)
-            allHold = bench::MeasureAll(cases(), rounds, application.arguments().value(1)) && allHold;
+            allHold = bench::MeasureAll(cases(), application.arguments().value(1)) && allHold;
         return allHold ? 0 : 1;
     } catch (const RuntimeError& failure) {
         std::fprintf(stderr, "%s\n%s\n", failure.what(), qUtf8Printable(failure.statement()));
