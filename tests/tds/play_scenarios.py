@@ -39,15 +39,15 @@ def main():
     for part in parts:
         open(part, "w").close()
     playing = [subprocess.Popen([player, "--home", home, "--trace", part, *files[n :: len(parts)]]) for n, part in enumerate(parts)]
-    if any([player.wait() for player in playing]):
-        sys.exit("scenarios failed on the SQL Server side")
+    failed = any([player.wait() for player in playing])
     statements = set()
     for part in parts:
         with open(part, encoding="utf-8") as file:
             statements.update(file)
     with open(trace, "w", encoding="utf-8") as file:
         file.writelines(sorted(statements))
-    sys.exit(subprocess.run(["node", os.path.join(HERE, "parse_transactsql.js"), modules, trace]).returncode)
+    refused = subprocess.run(["node", os.path.join(HERE, "parse_transactsql.js"), modules, trace]).returncode
+    sys.exit("scenarios failed on the SQL Server side" if failed else refused)
 
 
 if __name__ == "__main__":
