@@ -1,4 +1,5 @@
-# A Debian package: cpack --config build/release/CPackConfig.cmake
+# A Debian package, once the two programs are built: cpack --config build/release/CPackConfig.cmake -B build/package
+set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)
 include(GNUInstallDirs)
 
 foreach(program IN ITEMS pessoas pessoas-base)
@@ -8,7 +9,7 @@ foreach(program IN ITEMS pessoas pessoas-base)
 endforeach()
 install(FILES packaging/pessoas.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES packaging/vorta-pessoas.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
-install(FILES docs/cep.md docs/servidor.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/vorta-pessoas)
+install(FILES docs/cep.md docs/instalacao.md docs/servidor.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/vorta-pessoas)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME vorta-pessoas)

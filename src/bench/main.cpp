@@ -1,7 +1,10 @@
 #include "base/RuntimeError.h"
 #include "bench/DataCases.h"
+#include "bench/MaintenanceCases.h"
 #include "bench/RoleCases.h"
 #include "bench/SearchCases.h"
+#include "bench/SqlServerCases.h"
+#include "bench/TradeCases.h"
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
@@ -12,7 +15,8 @@ using namespace vorta;
 namespace {
 
 /// Every subject that is measured; a new one adds the maker of its cases.
-constexpr std::vector<bench::Case> (*subjects[])() = {bench::DataCases, bench::RoleCases, bench::SearchCases};
+constexpr std::vector<bench::Case> (*subjects[])() = {bench::DataCases,   bench::MaintenanceCases, bench::RoleCases,
+                                                      bench::SearchCases, bench::SqlServerCases,   bench::TradeCases};
 
 constexpr int rounds = 11;
 

@@ -5,6 +5,7 @@
 #include "firebird/EmbeddedEngine.h"
 #include "firebird/StatementCache.h"
 
+#include <QHash>
 #include <QSet>
 
 namespace vorta::firebird {
@@ -84,7 +85,8 @@ class FirebirdAdapter : public data::Adapter {
     Transaction transaction_;
     StatementCache cache_;
     std::optional<qint64> identity_;
-    QSet<QString> keyless_; ///< tables without a key by the rule `id` and table
+    QHash<QString, std::vector<bool>> dates_; ///< where a date stands, by the shape of the statement
+    QSet<QString> keyless_;                   ///< tables without a key by the rule `id` and table
 };
 
 void FirebirdAdapter::close() {
@@ -92,6 +94,7 @@ void FirebirdAdapter::close() {
         return;
     cache_.clear();
     identity_.reset();
+    dates_.clear();
     keyless_.clear();
     try {
         Status status;
@@ -183,8 +186,13 @@ void FirebirdAdapter::run(const Statement& statement, RowSink* rows) {
 }
 
 std::optional<std::vector<bool>> FirebirdAdapter::describeDates(const QString& text) {
+    const QString shape = Shape(text);
+    if (const auto known = dates_.constFind(shape); known != dates_.constEnd())
+        return *known;
     try {
-        return PreparedStatement(*attachment_, reading(), text).datesAmongParameters();
+        std::vector<bool> dates = PreparedStatement(*attachment_, reading(), text).datesAmongParameters();
+        dates_.insert(shape, dates);
+        return dates;
     } catch (const Firebird::FbException&) {
         return std::nullopt;
     }
@@ -192,8 +200,10 @@ std::optional<std::vector<bool>> FirebirdAdapter::describeDates(const QString& t
 
 FirebirdAdapter::Runnable FirebirdAdapter::prepare(const Statement& statement) {
     const Statement bridged = BridgeDates(statement, [this](const QString& text) { return describeDates(text); });
-    if (const Parameterised aside = TakeIntegers(bridged); !aside.integers.empty()) {
-        PreparedStatement* const cached = cache_.find(*attachment_, reading(), aside.text);
+    const Parameterised aside = TakeIntegers(bridged);
+    const QString& text = aside.integers.empty() ? bridged.text() : aside.text;
+    if (!aside.integers.empty() || cache_.comesAgain(text)) {
+        PreparedStatement* const cached = cache_.find(*attachment_, reading(), text);
         if (cached && cached->bind(aside.integers))
             return {cached, nullptr};
     }
@@ -205,6 +215,7 @@ std::optional<qint64> FirebirdAdapter::write(PreparedStatement& prepared, RowSin
     if (prepared.answer() == Answer::Tables) {
         // Statements kept prepared, and the open read transaction, would hold the table that is about to change.
         cache_.clear();
+        dates_.clear();
         keyless_.clear();
         endReading();
     }

@@ -34,4 +34,16 @@ PreparedStatement* StatementCache::find(Firebird::IAttachment& attachment, Fireb
     return entries_.front().prepared.get();
 }
 
+bool StatementCache::comesAgain(const QString& text) {
+    const auto kept = [&](const Entry& entry) { return entry.text == text; };
+    if (std::any_of(entries_.begin(), entries_.end(), kept))
+        return true;
+    const size_t hash = qHash(text);
+    if (std::find(recent_.begin(), recent_.end(), hash) != recent_.end())
+        return true;
+    recent_[nextRecent_] = hash;
+    nextRecent_ = (nextRecent_ + 1) % mostRecent;
+    return false;
+}
+
 } // namespace vorta::firebird

@@ -15,6 +15,7 @@
 #include <QFile>
 
 #include <array>
+#include <filesystem>
 
 namespace vorta::kit {
 
@@ -122,6 +123,17 @@ void createPostalCodeBase(const Layout& layout) {
     finish(file, Base::PostalCode);
 }
 
+/// Everybody of the folder's group may work with the installation: the engine writes bases and its locks. What else a
+/// folder's rights say, such as handing its group on to new files, stays.
+void openToGroup(const Layout& layout) {
+    namespace fs = std::filesystem;
+    for (const char* folder : {"base", "paginas", "firebird", "firebird/lock"}) {
+        std::error_code ignored; // the engine's own folder may stand elsewhere
+        fs::permissions(fs::path(layout.home.toStdString()) / folder, fs::perms::group_write, fs::perm_options::add,
+                        ignored);
+    }
+}
+
 } // namespace
 
 void CreateInstallation(const QString& home, const Contents& contents, const Progress& progress) {
@@ -137,6 +149,7 @@ void CreateInstallation(const QString& home, const Contents& contents, const Pro
     createMainBases(layout, contents, progress);
     createPostalCodeBase(layout);
     WriteConfigFiles(layout); // last: an installation is one from the moment that it can be opened
+    openToGroup(layout);
     undo.done();
 }
 

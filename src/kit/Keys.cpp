@@ -2,13 +2,11 @@
 
 namespace vorta::kit {
 
-qint64 Keys::next(const Table& table) {
-    auto found = last_.find(&table);
-    if (found == last_.end())
-        found = last_.insert(
-            &table,
-            loader_.number(QStringLiteral("SELECT MAX(%1) FROM %2").arg(table.columns.front().name, table.name)));
-    return ++*found;
+Keys::Keys(Loader& loader) : loader_(loader) {
+    for (const Table& table : Tables())
+        if (table.base == Base::Main)
+            last_[&table] =
+                loader.number(QStringLiteral("SELECT MAX(%1) FROM %2").arg(table.columns.front().name, table.name));
 }
 
 void Keys::setGenerators() {

@@ -6,13 +6,13 @@
 
 namespace vorta::kit {
 
-/// Hands out the keys of a load, behind those that a base already has.
+/// Hands out the keys of a load, behind those that a main base has when the object is made.
 class Keys {
   public:
-    explicit Keys(Loader& loader) : loader_(loader) {}
+    explicit Keys(Loader& loader);
     /// The next free key of a table.
-    qint64 next(const Table& table);
-    /// Sets the generators of the tables where keys were handed out, so that the register goes on behind them.
+    qint64 next(const Table& table) { return ++last_[&table]; }
+    /// Sets the generators to the last keys handed out, so that the register goes on behind them.
     void setGenerators();
 
   private:

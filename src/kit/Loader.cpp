@@ -99,7 +99,8 @@ QString FromWindows1252(QByteArrayView bytes) {
     return text;
 }
 
-Loader::Loader(const QString& connectionString) : attachment_(firebird::Attach(connectionString, secondsToOpen)) {}
+Loader::Loader(const QString& connectionString, Part part)
+    : part_(std::move(part)), attachment_(firebird::Attach(connectionString, secondsToOpen)) {}
 
 Loader::~Loader() {
     try {
@@ -162,7 +163,8 @@ qint64 Loader::number(const QString& query) {
     return all.empty() ? 0 : all.front().value(0).toLongLong();
 }
 
-RowLoader::RowLoader(Loader& loader, const Table& table, const QStringList& columns) : loader_(loader) {
+RowLoader::RowLoader(Loader& loader, const Table& table, const QStringList& columns)
+    : loader_(loader), dropped_(loader.part_ && !loader.part_(table)) {
     QStringList names = columns;
     if (names.isEmpty())
         for (const Column& column : table.columns)
@@ -263,6 +265,10 @@ void RowLoader::send() {
     if (position_ != slots_.size())
         throw RuntimeError(errorNumber::TypeMismatch, QStringLiteral("Faltam valores para a linha"));
     position_ = 0;
+    if (dropped_) {
+        ++sent_;
+        return;
+    }
     try {
         Status status;
         statement_->execute(&status, &loader_.transaction(), form_.get(), message_.data(), nullptr, nullptr);

@@ -6,6 +6,7 @@
 #include <QDate>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -21,8 +22,12 @@ struct Hundredths {
 /// A connection to one base for loading: all of it in one transaction until `commit`, and rolled back without one.
 class Loader {
   public:
-    /// -2147467259 when the base cannot be opened.
-    explicit Loader(const QString& connectionString);
+    /// Tells which tables a loader writes.
+    using Part = std::function<bool(const Table& table)>;
+
+    /// -2147467259 when the base cannot be opened. With a part, rows of other tables are taken and dropped, so that
+    /// several loaders can share one load, each on a thread of its own.
+    explicit Loader(const QString& connectionString, Part part = {});
     ~Loader();
     Loader(const Loader&) = delete;
     Loader& operator=(const Loader&) = delete;
@@ -39,6 +44,7 @@ class Loader {
     friend class RowLoader;
     Firebird::ITransaction& transaction();
 
+    Part part_;
     firebird::Handle<Firebird::IAttachment> attachment_;
     firebird::Handle<Firebird::ITransaction> transaction_;
 };
@@ -82,6 +88,7 @@ class RowLoader {
     firebird::Handle<Firebird::IMessageMetadata> form_;
     std::vector<Slot> slots_;
     std::vector<unsigned char> message_;
+    bool dropped_ = false; ///< another loader writes this table
     size_t position_ = 0;
     qint64 sent_ = 0;
 };

@@ -231,8 +231,10 @@ void User::dropDown(ListField& list) {
 
 void User::pick(ListField& list, int index) {
     event(list.screen(), [&] {
-        if (!list.locked() && list.enabled() && list.screen().focus() == &list)
-            list.setListIndex(index);
+        if (list.locked() || !list.enabled() || list.screen().focus() != &list)
+            return;
+        list.setListIndex(index);
+        list.select(static_cast<int>(list.text().size()), 0); // typing goes on behind the item
     });
 }
 

@@ -54,7 +54,7 @@ TEST(Create, the_bases_are_as_the_register_wants_them) {
 TEST(Create, only_keys_must_not_be_null) {
     kit::Loader loader(Installed::plain().production());
     EXPECT_EQ(count(loader, "SELECT COUNT(*) FROM RDB$RELATION_CONSTRAINTS WHERE RDB$CONSTRAINT_TYPE <> 'NOT NULL' "
-                      "AND RDB$RELATION_NAME NOT STARTING WITH 'RDB$'"),
+                            "AND RDB$RELATION_NAME NOT STARTING WITH 'RDB$'"),
               0);
     EXPECT_EQ(count(loader,
                     "SELECT COUNT(*) FROM RDB$RELATION_FIELDS F JOIN RDB$RELATIONS R ON R.RDB$RELATION_NAME = "
