@@ -59,7 +59,7 @@ TEST_F(RoleAlteration, CustomerLoadsAndSaves) {
         EXPECT_EQ(texto("cboRegimeEspecialICMS"), u"REGIME");
         EXPECT_EQ(texto("txtLimeMaxiConh"), u"12");
         EXPECT_EQ(texto("lblValoTroc"), u"987,65");
-        EXPECT_EQ(texto("txtLimiCred"), u"") << "the limit is stated anew at each alteration";
+        EXPECT_EQ(texto("txtLimiCred"), u"5000,00") << "shown when the alteration begins";
         digita("txtLimiCred", "2000");
     });
     EXPECT_EQ(
