@@ -18,7 +18,13 @@ double allocatedBytes() {
 }
 
 struct MaintenanceBench : ScreenBench {
-    explicit MaintenanceBench(int persons) : ScreenBench(persons), persons(persons) {}
+    explicit MaintenanceBench(int persons) : ScreenBench(persons), persons(persons) {
+        // A null town would end the run.
+        bare->send("update pess set cida_entg_pess = coalesce(cida_entg_pess, cida_coml_pess), "
+                   "uf00_entg_pess = coalesce(uf00_entg_pess, uf00_coml_pess), "
+                   "cida_cobr_pess = coalesce(cida_cobr_pess, cida_coml_pess), "
+                   "uf00_cobr_pess = coalesce(uf00_cobr_pess, uf00_coml_pess)");
+    }
 
     void run() {
         int seen = 0;

@@ -2,6 +2,7 @@
 
 #include "bench/BareClient.h"
 #include "bench/Case.h"
+#include "firebird/FirebirdAdapter.h"
 #include "launch/ContextoExecucao.h"
 
 #include <QTemporaryDir>
@@ -30,7 +31,7 @@ class SilentPlatform : public screen::Platform {
 };
 
 /// An installation of its own with invented persons, seen by the register's connection and by the bare client.
-class ScreenBench {
+class ScreenBench : public std::enable_shared_from_this<ScreenBench> {
     QTemporaryDir folder_; // goes last, when every connection is closed
 
   public:
@@ -38,17 +39,21 @@ class ScreenBench {
 
     /// A screen's work against the very statements that it sends, `steps` times the unit in one round.
     Case work(const QString& name, const QString& unit, int steps, std::function<void()> ours, double limit,
-              int rounds) const;
+              int rounds);
 
-    std::shared_ptr<BareClient> bare;
+    std::unique_ptr<BareClient> bare;
     SilentPlatform platform{folder_.path()};
     screen::Program program{platform};
 
   private:
-    std::shared_ptr<std::optional<QList<QByteArray>>> heard_ = std::make_shared<std::optional<QList<QByteArray>>>();
+    std::optional<QList<QByteArray>> heard_;
 
   public:
-    ContextoExecucao contexto;
+    ContextoExecucao contexto{program, [](data::Engine) { return data::MakeFirebirdAdapter(); },
+                              [this](const QString& text) {
+                                  if (heard_)
+                                      *heard_ += text.toUtf8();
+                              }};
 };
 
 } // namespace vorta::bench
