@@ -12,7 +12,7 @@ namespace vorta::firebird {
 class StatementCache {
   public:
     /// When a text is worth keeping prepared: one with integers aside will come again with others, one without them has
-    /// to come a second time first. What is kept holds its tables against a change by other programs.
+    /// to come a second time first, or single searches would fill the cache with their row buffers.
     enum class Keep { AtOnce, WhenRepeated };
     /// The prepared statement of that text, making it when it is worth it; none when it is not, or when the engine
     /// refuses it.
