@@ -9,6 +9,7 @@ namespace vorta::bench {
 ScreenBench::ScreenBench(int persons) {
     firebird::PrepareEmbeddedEngine(folder_.path());
     kit::CreateInstallation(folder_.path(), {.people = persons});
+    firebird::SetForcedWrites(folder_.filePath(QStringLiteral("base/pessoas.fdb")), false);
     contexto.Ambiente = QStringLiteral("PRD");
     ConectaServidor(contexto);
     bare = std::make_unique<BareClient>(contexto.StringConexaoFirebird);

@@ -30,7 +30,8 @@ class SilentPlatform : public screen::Platform {
     QString home_;
 };
 
-/// An installation of its own with invented persons, seen by the register's connection and by the bare client.
+/// An installation of its own with invented persons, seen by the register's connection and by the bare client. Its
+/// writes are not forced: both sides would wait for the disk alike, and a busy disk would hide all the rest.
 class ScreenBench : public std::enable_shared_from_this<ScreenBench> {
     QTemporaryDir folder_; // goes last, when every connection is closed
 

@@ -73,7 +73,8 @@ class FirebirdAdapter : public data::Adapter {
             });
     }
 
-    Runnable prepare(const Statement& statement);
+    /// `isQuery`: asked for rows, so that its very text may come again.
+    Runnable prepare(const Statement& statement, bool isQuery = false);
     std::optional<std::vector<bool>> describeDates(const QString& text);
     void run(const Statement& statement, RowSink* rows);
     void runInsert(const Statement& statement, const QString& table);
@@ -178,7 +179,7 @@ void FirebirdAdapter::runInsert(const Statement& statement, const QString& table
 }
 
 void FirebirdAdapter::run(const Statement& statement, RowSink* rows) {
-    const Runnable runnable = prepare(statement);
+    const Runnable runnable = prepare(statement, rows != nullptr);
     if (runnable.prepared->answer() == Answer::Rows)
         runnable.prepared->fetch(reading(), rows);
     else
@@ -198,12 +199,14 @@ std::optional<std::vector<bool>> FirebirdAdapter::describeDates(const QString& t
     }
 }
 
-FirebirdAdapter::Runnable FirebirdAdapter::prepare(const Statement& statement) {
+FirebirdAdapter::Runnable FirebirdAdapter::prepare(const Statement& statement, bool isQuery) {
     const Statement bridged = BridgeDates(statement, [this](const QString& text) { return describeDates(text); });
     const Parameterised aside = TakeIntegers(bridged);
-    const QString& text = aside.integers.empty() ? bridged.text() : aside.text;
-    if (!aside.integers.empty() || cache_.comesAgain(text)) {
-        PreparedStatement* const cached = cache_.find(*attachment_, reading(), text);
+    if (isQuery || !aside.integers.empty()) {
+        const bool plain = aside.integers.empty();
+        PreparedStatement* const cached =
+            cache_.find(*attachment_, reading(), plain ? bridged.text() : aside.text,
+                        plain ? StatementCache::Keep::WhenRepeated : StatementCache::Keep::AtOnce);
         if (cached && cached->bind(aside.integers))
             return {cached, nullptr};
     }

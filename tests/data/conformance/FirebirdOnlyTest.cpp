@@ -91,11 +91,27 @@ TEST_F(FirebirdOnly, MorePreparedStatementsThanTheCacheHolds) {
     connection.Execute(Statement("create table t (idt integer)"));
     connection.Execute(Statement("insert into t (idt) values (7)"));
     for (int round = 0; round < 2; ++round)
-        for (int i = 0; i < 50; ++i) {
+        for (int i = 0; i < 300; ++i) {
             Statement statement;
             statement << "select idt from t where '" << QString::number(i) << "' <> '' and idt = " << 7;
             ASSERT_EQ(one(statement), u"7");
         }
+}
+
+TEST_F(FirebirdOnly, ARepeatedTextSeesWhatHasBeenWritten) {
+    connection.Execute(Statement("create table t (idt integer, nome varchar(10))"));
+    data::Connection other(factory());
+    other.Open(data::Engine::Firebird, path());
+    const Statement text("select nome from t where nome like 'A%'");
+    for (const char* expected : {"(none)", "(none)", "(none)"})
+        EXPECT_EQ(one(text), QString::fromLatin1(expected));
+    other.Execute(Statement("insert into t (idt, nome) values (1, 'ANA')"));
+    EXPECT_EQ(one(text), u"ANA");
+    connection.BeginTrans();
+    connection.Execute(Statement("update t set nome = 'ALICE'"));
+    EXPECT_EQ(one(text), u"ALICE") << "its own transaction too";
+    connection.CommitTrans();
+    EXPECT_EQ(one(text), u"ALICE");
 }
 
 TEST_F(FirebirdOnly, TwoProgramsWorkOnOneFileAtOnce) {
