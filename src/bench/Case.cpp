@@ -16,25 +16,25 @@ double median(std::vector<double> figures) {
 
 } // namespace
 
-Outcome Measure(const Case& subject, int rounds) {
+Outcome Measure(const Case& subject) {
     std::vector<double> floor;
     std::vector<double> ours;
     subject.floor();
     subject.ours();
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < subject.rounds; ++round) {
         floor.push_back(subject.floor());
         ours.push_back(subject.ours());
     }
     return {median(floor), median(ours)};
 }
 
-bool MeasureAll(const std::vector<Case>& cases, int rounds, const QString& filter) {
+bool MeasureAll(const std::vector<Case>& cases, const QString& filter) {
     std::printf("%-44s %12s %12s %8s %8s\n", "case", "floor", "ours", "ratio", "limit");
     bool allHold = true;
     for (const Case& subject : cases) {
         if (!subject.name.contains(filter, Qt::CaseInsensitive))
             continue;
-        const Outcome outcome = Measure(subject, rounds);
+        const Outcome outcome = Measure(subject);
         const bool holds = outcome.ratio() <= subject.limitRatio;
         allHold = allHold && holds;
         std::printf("%-44s %12.2f %12.2f %8.2f %8.2f  %s%s\n", qUtf8Printable(subject.name), outcome.floor,

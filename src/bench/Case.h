@@ -14,6 +14,7 @@ struct Case {
     std::function<double()> floor;
     std::function<double()> ours;
     double limitRatio; ///< greatest ours/floor that is still good
+    int rounds = 11;   ///< fewer where one of them takes long
 };
 
 /// The medians of a case.
@@ -24,9 +25,9 @@ struct Outcome {
 };
 
 /// Measures both sides in turns, after one round that only warms up.
-Outcome Measure(const Case& subject, int rounds);
+Outcome Measure(const Case& subject);
 /// Measures the cases whose name contains `filter` and prints a line for each; true when every limit holds.
-bool MeasureAll(const std::vector<Case>& cases, int rounds, const QString& filter);
+bool MeasureAll(const std::vector<Case>& cases, const QString& filter);
 
 /// Microseconds per step that `work` takes for all its `steps`.
 double Microseconds(int steps, const std::function<void()>& work);

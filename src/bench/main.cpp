@@ -1,7 +1,10 @@
 #include "base/RuntimeError.h"
 #include "bench/DataCases.h"
+#include "bench/MaintenanceCases.h"
 #include "bench/RoleCases.h"
 #include "bench/SearchCases.h"
+#include "bench/SqlServerCases.h"
+#include "bench/TradeCases.h"
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
@@ -11,10 +14,25 @@ using namespace vorta;
 
 namespace {
 
-/// Every subject that is measured; a new one adds the maker of its cases.
-constexpr std::vector<bench::Case> (*subjects[])() = {bench::DataCases, bench::RoleCases, bench::SearchCases};
+/// A subject that is measured: the word that its cases' names begin with, and their maker.
+struct Subject {
+    const char* word;
+    std::vector<bench::Case> (*cases)();
+};
+constexpr Subject subjects[] = {{"data:", bench::DataCases},
+                                {"roles:", bench::RoleCases},
+                                {"search:", bench::SearchCases},
+                                {"sqlserver:", bench::SqlServerCases},
+                                {"trade:", bench::TradeCases},
+                                {"maintenance:", bench::MaintenanceCases}};
 
-constexpr int rounds = 11;
+/// Whether one of the subject's cases may be meant. A filter that names a subject spares the others their long set-up.
+bool isMeant(const Subject& meant, const QString& filter) {
+    for (const Subject& subject : subjects)
+        if (filter.startsWith(QLatin1StringView(subject.word), Qt::CaseInsensitive))
+            return &subject == &meant;
+    return true;
+}
 
 } // namespace
 
@@ -27,8 +45,10 @@ int main(int count, char** arguments) {
     qputenv("VORTA_HOME", home.path().toUtf8());
     try {
         bool allHold = true;
-        for (const auto& cases : subjects)
-            allHold = bench::MeasureAll(cases(), rounds, application.arguments().value(1)) && allHold;
+        const QString filter = application.arguments().value(1);
+        for (const Subject& subject : subjects)
+            if (isMeant(subject, filter))
+                allHold = bench::MeasureAll(subject.cases(), filter) && allHold;
         return allHold ? 0 : 1;
     } catch (const RuntimeError& failure) {
         std::fprintf(stderr, "%s\n%s\n", failure.what(), qUtf8Printable(failure.statement()));

@@ -72,7 +72,7 @@ void Binder::screenChanged(screen::Screen&) {
         return;
     window_.setCursor(busy ? Qt::WaitCursor : Qt::ArrowCursor);
     if (busy && window_.isVisible())
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
 }
 
 void Binder::schedule() {

@@ -173,54 +173,53 @@ bool Binding::inputMethod(QInputMethodEvent& input) {
     return true;
 }
 
-std::unique_ptr<Binding> MakeBinding(Binder& binder, screen::Field& field, QWidget& widget) {
-    const auto make = [&]<typename Made, typename OfField, typename OfWidget>() -> std::unique_ptr<Binding> {
-        auto* shown = qobject_cast<OfWidget*>(&widget);
-        auto* typed = dynamic_cast<OfField*>(&field);
-        return shown && typed ? std::make_unique<Made>(binder, *typed, *shown) : nullptr;
-    };
-    std::unique_ptr<Binding> made;
-    const auto tryOne = [&]<typename Made, typename OfField, typename OfWidget>() {
-        if (!made)
-            made = make.template operator()<Made, OfField, OfWidget>();
-    };
+namespace {
+
+/// A binding for these classes of field and widget; none when field or widget are of others.
+template <typename Made, typename OfField, typename OfWidget>
+std::unique_ptr<Binding> made(Binder& binder, screen::Field& field, QWidget& widget) {
+    auto* typed = dynamic_cast<OfField*>(&field);
+    auto* shown = qobject_cast<OfWidget*>(&widget);
+    return typed && shown ? std::make_unique<Made>(binder, *typed, *shown) : nullptr;
+}
+
+std::unique_ptr<Binding> bindingFor(Binder& binder, screen::Field& field, QWidget& widget) {
+    const bool notes = qobject_cast<QPlainTextEdit*>(&widget);
+    const bool open = qobject_cast<QListView*>(&widget);
     switch (field.kind()) {
     case FieldKind::Text:
-        tryOne.operator()<TextBinding, screen::Field, QLineEdit>();
-        tryOne.operator()<NotesBinding, screen::Field, QPlainTextEdit>();
-        break;
+        return notes ? made<NotesBinding, screen::Field, QPlainTextEdit>(binder, field, widget)
+                     : made<TextBinding, screen::Field, QLineEdit>(binder, field, widget);
     case FieldKind::Masked:
-        tryOne.operator()<MaskedBinding, screen::MaskedField, QLineEdit>();
-        break;
+        return made<MaskedBinding, screen::MaskedField, QLineEdit>(binder, field, widget);
     case FieldKind::List:
-        tryOne.operator()<ListBinding, screen::ListField, QComboBox>();
-        tryOne.operator()<OpenListBinding, screen::ListField, QListView>();
-        break;
+        return open ? made<OpenListBinding, screen::ListField, QListView>(binder, field, widget)
+                    : made<ListBinding, screen::ListField, QComboBox>(binder, field, widget);
     case FieldKind::Label:
-        tryOne.operator()<LabelBinding, screen::Field, QLabel>();
-        break;
+        return made<LabelBinding, screen::Field, QLabel>(binder, field, widget);
     case FieldKind::Button:
-        tryOne.operator()<ButtonBinding, screen::Field, QAbstractButton>();
-        break;
+        return made<ButtonBinding, screen::Field, QAbstractButton>(binder, field, widget);
     case FieldKind::Option:
-        tryOne.operator()<OptionBinding, screen::Option, QRadioButton>();
-        break;
+        return made<OptionBinding, screen::Option, QRadioButton>(binder, field, widget);
     case FieldKind::Check:
-        tryOne.operator()<CheckBinding, screen::Check, QCheckBox>();
-        break;
+        return made<CheckBinding, screen::Check, QCheckBox>(binder, field, widget);
     case FieldKind::Picture:
-        tryOne.operator()<PictureBinding, screen::Field, QLabel>();
-        break;
+        return made<PictureBinding, screen::Field, QLabel>(binder, field, widget);
     case FieldKind::Grid:
-        tryOne.operator()<GridBinding, screen::Grid, QTableView>();
-        break;
+        return made<GridBinding, screen::Grid, QTableView>(binder, field, widget);
     case FieldKind::TabStrip:
-        tryOne.operator()<TabBinding, screen::TabStrip, QTabWidget>();
-        break;
+        return made<TabBinding, screen::TabStrip, QTabWidget>(binder, field, widget);
     }
-    if (!made)
+    return nullptr;
+}
+
+} // namespace
+
+std::unique_ptr<Binding> MakeBinding(Binder& binder, screen::Field& field, QWidget& widget) {
+    std::unique_ptr<Binding> binding = bindingFor(binder, field, widget);
+    if (!binding)
         throw RuntimeError(errorNumber::TypeMismatch, QStringLiteral("%1.%2").arg(field.screen().name(), field.name()));
-    return made;
+    return binding;
 }
 
 } // namespace vorta::desktop

@@ -23,6 +23,14 @@ class Style : public QProxyStyle {
             return static_cast<int>(QColor(0xE1, 0xE5, 0xEA).rgb());
         return QProxyStyle::styleHint(hint, option, widget, data);
     }
+
+    /// Cells keep a distance, so that an amount and the text behind it do not run together.
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+        constexpr int cellMargin = 5;
+        return metric == PM_FocusFrameHMargin || metric == PM_HeaderMargin
+                   ? cellMargin
+                   : QProxyStyle::pixelMetric(metric, option, widget);
+    }
 };
 
 struct Translation {

@@ -33,7 +33,9 @@ void DesktopPlatform::showAll() {
 screen::Answer DesktopPlatform::messageBox(const screen::Box& box) {
     showAll();
     const auto shown = MakeMessageBox(box, top());
+    boxes_.push_back(shown.get());
     shown->exec();
+    boxes_.pop_back();
     return AnswerOf(*shown);
 }
 
@@ -47,6 +49,7 @@ void DesktopPlatform::runModal(screen::Screen& screen) {
         loop.quit();
         leaveIfEnded();
     };
+    Termination::listen();
     window.restorePlace();
     window.show();
     window.activateWindow();
@@ -58,9 +61,21 @@ void DesktopPlatform::runModal(screen::Screen& screen) {
 }
 
 void DesktopPlatform::leaveIfEnded() {
-    if (top() && top()->binder().screen().program().hasEnded())
-        for (QEventLoop* loop : loops_)
-            loop->quit();
+    if (!top() || !top()->binder().screen().program().hasEnded())
+        return;
+    for (QDialog* box : boxes_)
+        box->reject();
+    for (QEventLoop* loop : loops_)
+        loop->quit();
+}
+
+/// The system wants the process to end: in order, and without a question that nobody may be there to answer.
+void DesktopPlatform::end() {
+    if (!top())
+        return;
+    screen::Program& program = top()->binder().screen().program();
+    program.dispatch([&] { program.End(); });
+    leaveIfEnded();
 }
 
 void DesktopPlatform::openAddress(const QString& address) {
@@ -72,7 +87,8 @@ void DesktopPlatform::progress(qint64 done, qint64 total) {
         return;
     lastProgress_.start();
     top()->showProgress(done, total);
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    // Only what makes things visible: a handler is still at work.
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
 }
 
 QString DesktopPlatform::home() const {

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "desktop/Termination.h"
 #include "screen/Platform.h"
 
 #include <QElapsedTimer>
 #include <vector>
 
+class QDialog;
 class QEventLoop;
 class QWidget;
 
@@ -29,10 +31,13 @@ class DesktopPlatform : public screen::Platform {
 
   private:
     void showAll();
+    void end();
 
     std::vector<ScreenWindow*> windows_;
     std::vector<QEventLoop*> loops_;
+    std::vector<QDialog*> boxes_;
     QElapsedTimer lastProgress_;
+    Termination termination_{[this] { end(); }};
 };
 
 } // namespace vorta::desktop

@@ -36,19 +36,59 @@ int widthOf(const QWidget& widget, int characters) {
 
 } // namespace
 
+bool EditBinding::mousePressed(QObject*, QMouseEvent&) {
+    const bool there = hasFocus();
+    if (!takeFocus())
+        return true;
+    // A field that selects its text on entering keeps the selection under the click that entered it.
+    return !there && field().selectionLength() > 0;
+}
+
+bool EditBinding::specialPressed(Key key) {
+    if (key == Key::Delete)
+        return false;
+    if (key == Key::Backspace)
+        return filtered(backspaceCode) != backspaceCode;
+    return Binding::specialPressed(key);
+}
+
+bool EditBinding::characterTyped(QChar typed) {
+    const int kept = filtered(typed.unicode());
+    if (kept == typed.unicode())
+        return false;
+    if (kept != 0)
+        insert(QChar(static_cast<char16_t>(kept)));
+    return true;
+}
+
+void EditBinding::tellText(const QString& text, int cursor) {
+    if (binder_.refreshing())
+        return;
+    binder_.act([&] {
+        binder_.user().edited(field(), text);
+        field().select(cursor, 0);
+    });
+}
+
+void EditBinding::tellSelection(int start, int length) {
+    if (!binder_.refreshing() && hasFocus())
+        field().select(start, length);
+}
+
 LineBinding::LineBinding(Binder& binder, screen::Field& field, QWidget& widget, QLineEdit& edit)
-    : Binding(binder, field, widget), edit_(edit) {
+    : EditBinding(binder, field, widget), edit_(edit) {
     if (&edit != &widget)
         edit.installEventFilter(this);
     if (const int characters = charactersOf(field, widget); characters > 0) {
         const bool masked = field.kind() == screen::FieldKind::Masked;
+        const int arrow = &edit == &widget ? 0 : edit.fontMetrics().height() * 2;
         edit.setMinimumWidth(widthOf(edit, masked ? characters : std::min(characters, leastShown)));
-        widget.setMaximumWidth(widthOf(edit, characters + 1) +
-                               (&edit == &widget ? 0 : edit.fontMetrics().height() * 2));
+        widget.setMaximumWidth(widthOf(edit, characters + 1) + arrow);
     }
-    connect(&edit, &QLineEdit::textEdited, this, [this] { edited(); });
-    connect(&edit, &QLineEdit::selectionChanged, this, [this] { tellSelection(); });
-    connect(&edit, &QLineEdit::cursorPositionChanged, this, [this] { tellSelection(); });
+    const auto selected = [this] { tellSelection(selectionStart(), edit_.selectionLength()); };
+    connect(&edit, &QLineEdit::textEdited, this, [this] { tellText(edit_.text(), edit_.cursorPosition()); });
+    connect(&edit, &QLineEdit::selectionChanged, this, selected);
+    connect(&edit, &QLineEdit::cursorPositionChanged, this, selected);
 }
 
 void LineBinding::refresh() {
@@ -74,9 +114,12 @@ void LineBinding::showText() {
         edit_.setMaxLength(limit);
 }
 
+int LineBinding::selectionStart() const {
+    return edit_.hasSelectedText() ? edit_.selectionStart() : edit_.cursorPosition();
+}
+
 void LineBinding::showSelection() {
-    const int start = edit_.hasSelectedText() ? edit_.selectionStart() : edit_.cursorPosition();
-    if (start == field().selectionStart() && edit_.selectionLength() == field().selectionLength())
+    if (selectionStart() == field().selectionStart() && edit_.selectionLength() == field().selectionLength())
         return;
     if (field().selectionLength() > 0) {
         edit_.setSelection(field().selectionStart(), field().selectionLength());
@@ -84,47 +127,6 @@ void LineBinding::showSelection() {
         edit_.deselect();
         edit_.setCursorPosition(field().selectionStart());
     }
-}
-
-void LineBinding::tellSelection() {
-    if (!binder_.refreshing() && hasFocus())
-        field().select(edit_.hasSelectedText() ? edit_.selectionStart() : edit_.cursorPosition(),
-                       edit_.selectionLength());
-}
-
-void LineBinding::edited() {
-    if (binder_.refreshing())
-        return;
-    binder_.act([&] {
-        const int at = edit_.cursorPosition();
-        binder_.user().edited(field(), edit_.text());
-        field().select(at, 0);
-    });
-}
-
-bool LineBinding::mousePressed(QObject*, QMouseEvent&) {
-    const bool there = hasFocus();
-    if (!takeFocus())
-        return true;
-    // A field that selects its text on entering keeps the selection under the click that entered it.
-    return !there && field().selectionLength() > 0;
-}
-
-bool LineBinding::specialPressed(Key key) {
-    if (key == Key::Delete)
-        return false;
-    if (key == Key::Backspace)
-        return filtered(backspaceCode) != backspaceCode;
-    return Binding::specialPressed(key);
-}
-
-bool LineBinding::characterTyped(QChar typed) {
-    const int kept = filtered(typed.unicode());
-    if (kept == typed.unicode())
-        return false;
-    if (kept != 0)
-        edit_.insert(QChar(static_cast<char16_t>(kept)));
-    return true;
 }
 
 MaskedBinding::MaskedBinding(Binder& binder, screen::MaskedField& field, QLineEdit& edit)
@@ -156,11 +158,11 @@ bool MaskedBinding::characterTyped(QChar typed) {
 }
 
 NotesBinding::NotesBinding(Binder& binder, screen::Field& field, QPlainTextEdit& edit)
-    : Binding(binder, field, edit), edit_(edit) {
+    : EditBinding(binder, field, edit), edit_(edit) {
     edit.viewport()->installEventFilter(this);
     connect(&edit, &QPlainTextEdit::textChanged, this, [this] { edited(); });
-    connect(&edit, &QPlainTextEdit::selectionChanged, this, [this] { tellSelection(); });
-    connect(&edit, &QPlainTextEdit::cursorPositionChanged, this, [this] { tellSelection(); });
+    connect(&edit, &QPlainTextEdit::selectionChanged, this, [this] { selected(); });
+    connect(&edit, &QPlainTextEdit::cursorPositionChanged, this, [this] { selected(); });
 }
 
 void NotesBinding::refresh() {
@@ -177,10 +179,9 @@ void NotesBinding::refresh() {
     edit_.setTextCursor(cursor);
 }
 
-void NotesBinding::tellSelection() {
+void NotesBinding::selected() {
     const QTextCursor cursor = edit_.textCursor();
-    if (!binder_.refreshing() && hasFocus())
-        field().select(cursor.selectionStart(), cursor.selectionEnd() - cursor.selectionStart());
+    tellSelection(cursor.selectionStart(), cursor.selectionEnd() - cursor.selectionStart());
 }
 
 /// Takes what is too much off the end of what has just been inserted.
@@ -199,35 +200,7 @@ void NotesBinding::edited() {
     if (binder_.refreshing())
         return;
     cutSurplus();
-    binder_.act([&] {
-        const int at = edit_.textCursor().position();
-        binder_.user().edited(field(), edit_.toPlainText());
-        field().select(at, 0);
-    });
-}
-
-bool NotesBinding::mousePressed(QObject*, QMouseEvent&) {
-    const bool there = hasFocus();
-    if (!takeFocus())
-        return true;
-    return !there && field().selectionLength() > 0;
-}
-
-bool NotesBinding::specialPressed(Key key) {
-    if (key == Key::Delete)
-        return false;
-    if (key == Key::Backspace)
-        return filtered(backspaceCode) != backspaceCode;
-    return Binding::specialPressed(key);
-}
-
-bool NotesBinding::characterTyped(QChar typed) {
-    const int kept = filtered(typed.unicode());
-    if (kept == typed.unicode())
-        return false;
-    if (kept != 0)
-        edit_.insertPlainText(QChar(static_cast<char16_t>(kept)));
-    return true;
+    tellText(edit_.toPlainText(), edit_.textCursor().position());
 }
 
 namespace {

@@ -10,25 +10,40 @@
 
 namespace vorta::desktop {
 
-/// An input of one line. The widget edits by itself, so that undo, word steps and the clipboard are those of the
-/// desktop; each character goes through the field's rules before, each new text to the field behind.
-class LineBinding : public Binding {
+/// An input that the widget edits by itself, so that undo, word steps and the clipboard are those of the desktop; each
+/// character goes through the field's rules before, each new text to the field behind.
+class EditBinding : public Binding {
   public:
-    LineBinding(Binder& binder, screen::Field& field, QWidget& widget, QLineEdit& edit);
-    void refresh() override;
+    using Binding::Binding;
 
   protected:
     bool mousePressed(QObject* watched, QMouseEvent& mouse) override;
     bool specialPressed(screen::Key key) override;
     bool characterTyped(QChar typed) override;
 
+    /// Hands an edited text to the field, with the cursor behind it.
+    void tellText(const QString& text, int cursor);
+    /// Hands the selection to the field.
+    void tellSelection(int start, int length);
+
+    virtual void insert(QChar character) = 0;
+};
+
+/// An input of one line.
+class LineBinding : public EditBinding {
+  public:
+    LineBinding(Binder& binder, screen::Field& field, QWidget& widget, QLineEdit& edit);
+    void refresh() override;
+
+  protected:
+    void insert(QChar character) override { edit_.insert(character); }
+
     QLineEdit& edit_;
 
   private:
+    int selectionStart() const;
     void showText();
     void showSelection();
-    void tellSelection();
-    void edited();
 };
 
 class TextBinding : public LineBinding {
@@ -48,19 +63,17 @@ class MaskedBinding : public LineBinding {
 };
 
 /// A long note of several shown lines.
-class NotesBinding : public Binding {
+class NotesBinding : public EditBinding {
   public:
     NotesBinding(Binder& binder, screen::Field& field, QPlainTextEdit& edit);
     void refresh() override;
 
   protected:
-    bool mousePressed(QObject* watched, QMouseEvent& mouse) override;
-    bool specialPressed(screen::Key key) override;
-    bool characterTyped(QChar typed) override;
+    void insert(QChar character) override { edit_.insertPlainText(character); }
 
   private:
     void edited();
-    void tellSelection();
+    void selected();
     void cutSurplus();
 
     QPlainTextEdit& edit_;

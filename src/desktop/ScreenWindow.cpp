@@ -2,8 +2,11 @@
 
 #include "desktop/Forms.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QProgressBar>
+#include <QScreen>
+#include <QScrollArea>
 #include <QSettings>
 #include <QVBoxLayout>
 
@@ -24,8 +27,19 @@ ScreenWindow::ScreenWindow(screen::Screen& screen, QWidget* parent)
     : QDialog(parent, (parent ? Qt::Dialog : Qt::Window) | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                           Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
       screen_(screen), user_(screen.program()), bar_(new QProgressBar(this)) {
-    auto* form = new QWidget(this);
+    // With large letters or on a small screen a form may be larger than its window can be.
+    auto* room = new QScrollArea(this);
+    room->setFrameShape(QFrame::NoFrame);
+    room->setWidgetResizable(true);
+    room->setFocusPolicy(Qt::NoFocus);
+    auto* form = new QWidget;
+    room->setWidget(form);
     SetUpForm(screen.name(), *form);
+    const QSize drawn = form->size();
+    connect(qApp, &QApplication::focusChanged, this, [room](QWidget*, QWidget* now) {
+        if (now && room->isAncestorOf(now))
+            room->ensureWidgetVisible(now);
+    });
     bar_->setObjectName(QStringLiteral("progresso"));
     bar_->setTextVisible(false);
     bar_->setFixedHeight(barHeight);
@@ -37,11 +51,12 @@ ScreenWindow::ScreenWindow(screen::Screen& screen, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(form);
+    layout->addWidget(room);
     layout->addWidget(bar_);
     binder_ = std::make_unique<Binder>(screen, user_, *form, *this);
     binder_->flush();
-    resize(sizeHint().expandedTo(form->size()));
+    wholeSize_ = form->sizeHint().expandedTo(drawn) + QSize(0, barHeight);
+    resize(wholeSize_.boundedTo(this->screen()->availableSize()));
     setWindowModality(Qt::ApplicationModal);
 }
 

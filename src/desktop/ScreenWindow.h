@@ -18,6 +18,8 @@ class ScreenWindow : public QDialog {
     /// Shows how far long work has come; `total` 0 hides the bar.
     void showProgress(qint64 done, qint64 total);
 
+    /// The size that shows the whole form, whatever screen there is.
+    QSize wholeSize() const { return wholeSize_; }
     /// Goes to where the user left this screen last time.
     void restorePlace();
     void rememberPlace() const;
@@ -34,6 +36,7 @@ class ScreenWindow : public QDialog {
     screen::Screen& screen_;
     screen::User user_;
     QProgressBar* bar_;
+    QSize wholeSize_;
     std::unique_ptr<Binder> binder_;
 };
 

@@ -175,6 +175,18 @@ Statement BridgeDates(const Statement& statement, const DescribeDates& describe)
     return edits.empty() ? statement : statement.edited(edits);
 }
 
+QString Shape(const QString& text) {
+    QString shape;
+    qsizetype copied = 0;
+    for (const SqlToken& token : data::SqlTokens(text)) {
+        if (token.kind != TokenKind::Literal || !token.closed)
+            continue;
+        shape += QStringView(text).sliced(copied, token.start + 1 - copied);
+        copied = token.end() - 1;
+    }
+    return shape += QStringView(text).sliced(copied);
+}
+
 Parameterised TakeIntegers(const Statement& statement) {
     if (statement.values().empty())
         return {};

@@ -28,6 +28,10 @@ using DescribeDates = std::function<std::optional<std::vector<bool>>(const QStri
 /// document or postal code keeps its form.
 data::Statement BridgeDates(const data::Statement& statement, const DescribeDates& describe);
 
+/// The text with every literal emptied. Statements of one shape differ only inside their literals, so the engine takes
+/// the same types at the same places of them.
+QString Shape(const QString& text);
+
 /// A statement whose plain integer values stand aside as parameters.
 struct Parameterised {
     QString text;

@@ -5,7 +5,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
-#include <csignal>
 #include <filesystem>
 #include <mutex>
 
@@ -117,33 +116,8 @@ class Parameters {
     Owned<Firebird::IXpbBuilder> block_;
 };
 
-#ifndef Q_OS_WIN
-/// At its first connection the client library takes the signals that end a process for itself, and the process then
-/// lives on with its connections shut. They keep their old meaning: a closing session ends the program.
-class EndingSignals {
-  public:
-    EndingSignals() {
-        sigaction(SIGTERM, nullptr, &terminate_);
-        sigaction(SIGINT, nullptr, &interrupt_);
-    }
-    ~EndingSignals() {
-        sigaction(SIGTERM, &terminate_, nullptr);
-        sigaction(SIGINT, &interrupt_, nullptr);
-    }
-    EndingSignals(const EndingSignals&) = delete;
-    EndingSignals& operator=(const EndingSignals&) = delete;
-
-  private:
-    struct sigaction terminate_ {};
-    struct sigaction interrupt_ {};
-};
-#endif
-
 template <typename Work>
 auto opening(Work work) {
-#ifndef Q_OS_WIN
-    const EndingSignals kept;
-#endif
     try {
         return work();
     } catch (const Firebird::FbException& failure) {

@@ -6,6 +6,7 @@
 #include "firebird/StatementCache.h"
 
 #include <QDeadlineTimer>
+#include <QHash>
 #include <QSet>
 
 namespace vorta::firebird {
@@ -95,7 +96,8 @@ class FirebirdAdapter : public data::Adapter {
             });
     }
 
-    Runnable prepare(const Statement& statement);
+    /// `isQuery`: asked for rows, so that its very text may come again.
+    Runnable prepare(const Statement& statement, bool isQuery = false);
     std::optional<std::vector<bool>> describeDates(const QString& text);
     void run(const Statement& statement, RowSink* rows);
     void runInsert(const Statement& statement, const QString& table);
@@ -107,7 +109,8 @@ class FirebirdAdapter : public data::Adapter {
     Transaction transaction_;
     StatementCache cache_;
     std::optional<qint64> identity_;
-    QSet<QString> keyless_; ///< tables without a key by the rule `id` and table
+    QHash<QString, std::vector<bool>> dates_; ///< where a date stands, by the shape of the statement
+    QSet<QString> keyless_;                   ///< tables without a key by the rule `id` and table
 };
 
 void FirebirdAdapter::close() {
@@ -115,6 +118,7 @@ void FirebirdAdapter::close() {
         return;
     cache_.clear();
     identity_.reset();
+    dates_.clear();
     keyless_.clear();
     try {
         Status status;
@@ -198,7 +202,7 @@ void FirebirdAdapter::runInsert(const Statement& statement, const QString& table
 }
 
 void FirebirdAdapter::run(const Statement& statement, RowSink* rows) {
-    const Runnable runnable = prepare(statement);
+    const Runnable runnable = prepare(statement, rows != nullptr);
     if (runnable.prepared->answer() == Answer::Rows)
         runnable.prepared->fetch(reading(), rows);
     else
@@ -206,17 +210,26 @@ void FirebirdAdapter::run(const Statement& statement, RowSink* rows) {
 }
 
 std::optional<std::vector<bool>> FirebirdAdapter::describeDates(const QString& text) {
+    const QString shape = Shape(text);
+    if (const auto known = dates_.constFind(shape); known != dates_.constEnd())
+        return *known;
     try {
-        return PreparedStatement(*attachment_, reading(), text).datesAmongParameters();
+        std::vector<bool> dates = PreparedStatement(*attachment_, reading(), text).datesAmongParameters();
+        dates_.insert(shape, dates);
+        return dates;
     } catch (const Firebird::FbException&) {
         return std::nullopt;
     }
 }
 
-FirebirdAdapter::Runnable FirebirdAdapter::prepare(const Statement& statement) {
+FirebirdAdapter::Runnable FirebirdAdapter::prepare(const Statement& statement, bool isQuery) {
     const Statement bridged = BridgeDates(statement, [this](const QString& text) { return describeDates(text); });
-    if (const Parameterised aside = TakeIntegers(bridged); !aside.integers.empty()) {
-        PreparedStatement* const cached = cache_.find(*attachment_, reading(), aside.text);
+    const Parameterised aside = TakeIntegers(bridged);
+    if (isQuery || !aside.integers.empty()) {
+        const bool plain = aside.integers.empty();
+        PreparedStatement* const cached =
+            cache_.find(*attachment_, reading(), plain ? bridged.text() : aside.text,
+                        plain ? StatementCache::Keep::WhenRepeated : StatementCache::Keep::AtOnce);
         if (cached && cached->bind(aside.integers))
             return {cached, nullptr};
     }
@@ -228,6 +241,7 @@ std::optional<qint64> FirebirdAdapter::write(PreparedStatement& prepared, RowSin
     if (prepared.answer() == Answer::Tables) {
         // Statements kept prepared, and the open read transaction, would hold the table that is about to change.
         cache_.clear();
+        dates_.clear();
         keyless_.clear();
         endReading();
     }

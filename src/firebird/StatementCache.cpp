@@ -1,7 +1,5 @@
 #include "firebird/StatementCache.h"
 
-#include <algorithm>
-
 namespace vorta::firebird {
 
 namespace {
@@ -21,17 +19,28 @@ std::unique_ptr<PreparedStatement> make(Firebird::IAttachment& attachment, Fireb
 } // namespace
 
 PreparedStatement* StatementCache::find(Firebird::IAttachment& attachment, Firebird::ITransaction& transaction,
-                                        const QString& text) {
-    const auto known =
-        std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) { return entry.text == text; });
-    if (known != entries_.end()) {
-        entries_.splice(entries_.begin(), entries_, known);
-        return entries_.front().prepared.get();
+                                        const QString& text, Keep keep) {
+    const auto known = byText_.constFind(text);
+    const bool isNew = known == byText_.constEnd();
+    if (isNew)
+        remember(text);
+    else
+        entries_.splice(entries_.begin(), entries_, *known);
+    Entry& entry = entries_.front();
+    if (!entry.tried && (!isNew || keep == Keep::AtOnce)) {
+        entry.tried = true;
+        entry.prepared = make(attachment, transaction, text);
     }
-    entries_.push_front({text, make(attachment, transaction, text)});
-    if (entries_.size() > mostEntries)
+    return entry.prepared.get();
+}
+
+void StatementCache::remember(const QString& text) {
+    if (entries_.size() == mostEntries) {
+        byText_.remove(entries_.back().text);
         entries_.pop_back();
-    return entries_.front().prepared.get();
+    }
+    entries_.push_front({text, nullptr, false});
+    byText_.insert(text, entries_.begin());
 }
 
 } // namespace vorta::firebird

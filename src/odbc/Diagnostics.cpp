@@ -1,8 +1,6 @@
 #include "odbc/Diagnostics.h"
 
-#include <QSqlDriver>
 #include <QSqlError>
-#include <QSqlResult>
 #include <array>
 
 #include <sql.h>
@@ -20,17 +18,14 @@ struct Diagnosis {
 
 /// A statement that meets a lost connection may come back with an unknown error: the connection itself says whether it
 /// is dead.
-bool isDead(const QSqlDatabase& database) {
+bool isDead(SQLHANDLE connection) {
     SQLUINTEGER dead = SQL_CD_FALSE;
-    const QVariant handle = database.driver()->handle();
-    return handle.isValid() &&
-           SQL_SUCCEEDED(SQLGetConnectAttr(*static_cast<const SQLHANDLE*>(handle.constData()), SQL_ATTR_CONNECTION_DEAD,
-                                           &dead, 0, nullptr)) &&
+    return SQL_SUCCEEDED(SQLGetConnectAttr(connection, SQL_ATTR_CONNECTION_DEAD, &dead, 0, nullptr)) &&
            dead == SQL_CD_TRUE;
 }
 
-int numberOf(const Diagnosis& found, const QSqlDatabase& database) {
-    if (found.sqlState.startsWith(u"08") || isDead(database))
+int numberOf(const Diagnosis& found, SQLHANDLE connection) {
+    if (found.sqlState.startsWith(u"08") || isDead(connection))
         return errorNumber::ConnectionFailed;
     if (found.sqlState.startsWith(u"23"))
         return errorNumber::ConstraintViolated;
@@ -57,14 +52,11 @@ bool record(SQLSMALLINT kind, SQLHANDLE handle, SQLSMALLINT number, Diagnosis& f
     return true;
 }
 
-/// The cause is the first record that is more than a warning. Qt's own error keeps no SQLSTATE, so the handle is asked.
-Diagnosis cause(SQLSMALLINT kind, const QVariant& handle, const QSqlError& error) {
-    Diagnosis found{{}, error.nativeErrorCode().section(u';', 0, 0).toInt(), withoutLayers(error.databaseText())};
-    if (!handle.isValid())
-        return found;
+/// The cause is the first record that is more than a warning.
+Diagnosis cause(SQLSMALLINT kind, SQLHANDLE handle) {
+    Diagnosis found;
     Diagnosis next;
-    for (SQLSMALLINT number = 1; record(kind, *static_cast<const SQLHANDLE*>(handle.constData()), number, next);
-         ++number) {
+    for (SQLSMALLINT number = 1; record(kind, handle, number, next); ++number) {
         found = next;
         if (!next.sqlState.startsWith(u"01"))
             break;
@@ -73,8 +65,8 @@ Diagnosis cause(SQLSMALLINT kind, const QVariant& handle, const QSqlError& error
 }
 
 /// Of a lost connection the driver says little ("Unknown error"): the standard words say more.
-RuntimeError failure(const Diagnosis& found, const QSqlDatabase& database, const QString& statement) {
-    const int number = numberOf(found, database);
+RuntimeError failure(const Diagnosis& found, SQLHANDLE connection, const QString& statement) {
+    const int number = numberOf(found, connection);
     const QString words = number == errorNumber::ConnectionFailed ? QString() : found.description;
     return RuntimeError(number, words, found.engineCode, found.sqlState, statement);
 }
@@ -87,12 +79,12 @@ RuntimeError OpenFailure(const QSqlDatabase& database) {
     return RuntimeError(errorNumber::ConnectionFailed, words.section(QStringLiteral(" [FreeTDS]"), 0, 0));
 }
 
-RuntimeError StatementFailure(const QSqlDatabase& database, const QSqlQuery& query, const QString& statement) {
-    return failure(cause(SQL_HANDLE_STMT, query.result()->handle(), query.lastError()), database, statement);
+RuntimeError StatementFailure(void* connection, void* statement, const QString& text) {
+    return failure(cause(SQL_HANDLE_STMT, statement), connection, text);
 }
 
-RuntimeError TransactionFailure(const QSqlDatabase& database) {
-    return failure(cause(SQL_HANDLE_DBC, database.driver()->handle(), database.lastError()), database, {});
+RuntimeError TransactionFailure(void* connection) {
+    return failure(cause(SQL_HANDLE_DBC, connection), connection, {});
 }
 
 } // namespace vorta::odbc

@@ -5,9 +5,11 @@
 #include "odbc/RowReader.h"
 
 #include <QSqlDatabase>
-#include <QSqlError>
-#include <QSqlQuery>
+#include <QSqlDriver>
 #include <atomic>
+
+#include <sql.h>
+#include <sqlext.h>
 
 namespace vorta::odbc {
 
@@ -26,6 +28,11 @@ QString freshName() {
     return QStringLiteral("vorta_odbc_%1").arg(++count);
 }
 
+struct FreeStatement {
+    void operator()(SQLHANDLE statement) const { SQLFreeHandle(SQL_HANDLE_STMT, statement); }
+};
+using Handle = std::unique_ptr<void, FreeStatement>;
+
 class OdbcAdapter final : public Adapter {
   public:
     ~OdbcAdapter() override { disconnect(); }
@@ -42,7 +49,7 @@ class OdbcAdapter final : public Adapter {
             disconnect();
             throw failure;
         }
-        send(sessionSettings);
+        run(sessionSettings);
     }
 
     void close() override { disconnect(); }
@@ -50,37 +57,62 @@ class OdbcAdapter final : public Adapter {
     bool isOpen() const override { return database_.isOpen(); }
 
     void begin() override {
+        requireTransaction(false);
         if (!database_.transaction())
-            throw TransactionFailure(database_);
+            throw TransactionFailure(connection());
         inTransaction_ = true;
     }
 
     void commit() override {
+        requireTransaction(true);
         if (!database_.commit())
-            throw TransactionFailure(database_);
+            throw TransactionFailure(connection());
         inTransaction_ = false;
     }
 
-    void execute(const Statement& statement) override { send(statement.text()); }
+    void execute(const Statement& statement) override {
+        const Handle handle = run(statement.text());
+        SQLRETURN answer = SQL_NO_DATA;
+        while (SQL_SUCCEEDED(answer = SQLMoreResults(handle.get()))) { // an error may stand behind the first result
+        }
+        if (answer != SQL_NO_DATA)
+            throw StatementFailure(connection(), handle.get(), statement.text());
+    }
 
     void query(const Statement& statement, RowSink& rows) override {
-        QSqlQuery query = send(statement.text());
-        RowReader reader(query);
+        const Handle handle = run(statement.text());
+        RowReader reader(handle.get());
         rows.columns(reader.names());
-        while (query.next())
-            if (!reader.send(rows))
-                throw StatementFailure(database_, query, statement.text());
-        if (query.lastError().isValid())
-            throw StatementFailure(database_, query, statement.text());
+        if (!reader.send(rows))
+            throw StatementFailure(connection(), handle.get(), statement.text());
     }
 
   private:
-    QSqlQuery send(const QString& text) {
-        QSqlQuery query(database_);
-        query.setForwardOnly(true);
-        if (!query.exec(text))
-            throw StatementFailure(database_, query, text);
-        return query;
+    /// The driver keeps silent about a second begin and about a commit of nothing.
+    void requireTransaction(bool open) const {
+        if (inTransaction_ != open)
+            throw RuntimeError(errorNumber::StatementRefused,
+                               open ? QStringLiteral("Não há transação aberta nesta conexão")
+                                    : QStringLiteral("Já existe uma transação aberta nesta conexão"));
+    }
+
+    SQLHANDLE connection() const { return *static_cast<const SQLHANDLE*>(database_.driver()->handle().constData()); }
+
+    /// Qt's own query would describe every column four times over and keep no SQLSTATE: statements go to the driver
+    /// directly.
+    Handle run(const QString& text) {
+        if (!database_.isOpen())
+            throw RuntimeError(errorNumber::ConnectionFailed);
+        SQLHANDLE made = SQL_NULL_HANDLE;
+        if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_STMT, connection(), &made)))
+            throw TransactionFailure(connection());
+        Handle handle(made);
+        std::u16string units = text.toStdU16String();
+        const SQLRETURN answer =
+            SQLExecDirectW(made, reinterpret_cast<SQLWCHAR*>(units.data()), static_cast<SQLINTEGER>(units.size()));
+        if (!SQL_SUCCEEDED(answer) && answer != SQL_NO_DATA) // a write that meets no row tells so
+            throw StatementFailure(connection(), made, text);
+        return handle;
     }
 
     void disconnect() {

@@ -3,8 +3,6 @@
 #include "base/RuntimeError.h"
 
 #include <QLocale>
-#include <QSqlRecord>
-#include <QSqlResult>
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -23,7 +21,7 @@ using data::RowSink;
 constexpr size_t usualText = 32768;
 
 struct TypeKind {
-    SQLLEN type;
+    SQLSMALLINT type;
     ValueKind kind;
 };
 /// How the types of columns are read; every other type is a text.
@@ -50,14 +48,15 @@ Decimal toDecimal(std::string_view text) {
 
 } // namespace
 
-RowReader::RowReader(const QSqlQuery& query)
-    : statement_(*static_cast<const SQLHANDLE*>(query.result()->handle().constData())), buffer_(usualText, '\0') {
-    const QSqlRecord record = query.record();
-    for (int column = 0; column < record.count(); ++column) {
-        names_ << record.fieldName(column);
-        SQLLEN type = SQL_UNKNOWN_TYPE;
-        SQLColAttribute(statement_, static_cast<SQLUSMALLINT>(column + 1), SQL_DESC_CONCISE_TYPE, nullptr, 0, nullptr,
-                        &type);
+RowReader::RowReader(void* statement) : statement_(statement), buffer_(usualText, '\0') {
+    SQLSMALLINT count = 0;
+    SQLNumResultCols(statement_, &count);
+    for (SQLSMALLINT column = 1; column <= count; ++column) {
+        std::array<SQLWCHAR, 256> name{};
+        SQLSMALLINT type = SQL_UNKNOWN_TYPE;
+        SQLDescribeColW(statement_, static_cast<SQLUSMALLINT>(column), name.data(),
+                        static_cast<SQLSMALLINT>(name.size()), nullptr, &type, nullptr, nullptr, nullptr);
+        names_ << QString::fromUtf16(reinterpret_cast<const char16_t*>(name.data()));
         const auto known =
             std::find_if(kinds.begin(), kinds.end(), [&](const TypeKind& row) { return row.type == type; });
         kinds_.push_back(known == kinds.end() ? ValueKind::Text : known->kind);
@@ -65,6 +64,14 @@ RowReader::RowReader(const QSqlQuery& query)
 }
 
 bool RowReader::send(RowSink& rows) {
+    SQLRETURN answer = SQL_NO_DATA;
+    while (SQL_SUCCEEDED(answer = SQLFetch(statement_)))
+        if (!sendRow(rows))
+            return false;
+    return answer == SQL_NO_DATA;
+}
+
+bool RowReader::sendRow(RowSink& rows) {
     rows.beginRow();
     for (size_t index = 0; index < kinds_.size(); ++index) {
         const auto column = static_cast<quint16>(index + 1);

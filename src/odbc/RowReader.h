@@ -2,7 +2,7 @@
 
 #include "data/Adapter.h"
 
-#include <QSqlQuery>
+#include <QStringList>
 #include <string>
 #include <vector>
 
@@ -10,18 +10,19 @@ namespace vorta::odbc {
 
 enum class ValueKind { Integer, Exact, Float, Date, Moment, Text };
 
-/// Sends the rows of an executed query to a sink, value by value from the driver's own buffers: by way of `QVariant`
-/// every text would be turned to UTF-16 and back, which doubles the time of a long list.
+/// Sends the rows of an executed statement to a sink, value by value from the driver's own buffers: by way of Qt's
+/// values every text would be turned to UTF-16 and back, which doubles the time of a long list.
 class RowReader {
   public:
-    /// `query` stands on an executed, forward-only result.
-    explicit RowReader(const QSqlQuery& query);
+    /// `statement` is the driver's handle of a statement that has been executed.
+    explicit RowReader(void* statement);
 
     const QStringList& names() const { return names_; }
-    /// Sends the row on which the query stands; false when the driver refuses a value.
+    /// Sends all rows; false when the driver fails on the way.
     bool send(data::RowSink& rows);
 
   private:
+    bool sendRow(data::RowSink& rows);
     bool sendInteger(quint16 column, data::RowSink& rows);
     bool sendExact(quint16 column, data::RowSink& rows);
     bool sendFloat(quint16 column, data::RowSink& rows);

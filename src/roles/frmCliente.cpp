@@ -1,5 +1,6 @@
 #include "roles/frmCliente.h"
 
+#include "base/Format.h"
 #include "base/Text.h"
 #include "shared/Consultas.h"
 #include "shared/Preenchimento.h"
@@ -42,6 +43,13 @@ frmCliente::frmCliente(ContextoExecucao& contexto) : TelaPapel(contexto, PapelCl
 
 void frmCliente::BloqueiaCampos() {
     BloqueiaCampo(txtRowID);
+}
+
+/// The credit limit is stated at every save, and no engine takes an empty text for an amount: a limit that the user has
+/// not typed stays as it is stored.
+void frmCliente::LiberaCampos() {
+    if (Trim(txtLimiCred.text()).isEmpty())
+        txtLimiCred.setText(limiteGravado_);
 }
 
 QString frmCliente::Revenda() const {
@@ -100,8 +108,10 @@ data::Statement frmCliente::MontaUpdate(qint32 id) {
     return EncerraUpdate(comando, id);
 }
 
-/// The credit limit is not shown again: each alteration states it anew.
+/// The credit limit is not shown until an alteration begins.
 void frmCliente::CarregaCampos(const data::Recordset& registro) {
+    const data::Value limite = registro.Fields("limi_cred");
+    limiteGravado_ = FormatAmount(limite.isNull() ? 0 : limite.number());
     MostraDescricao(contexto(), cboTransportadora, registro.Fields("idTRPT"), ConhecidoTransportadora);
     MostraData(mskDtCredencial, registro.Fields("data_cred"));
     cboRevenda.setText(registro.Fields("reve").textOr({}) == u"S" ? sim : nao);

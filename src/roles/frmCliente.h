@@ -27,7 +27,7 @@ class frmCliente : public TelaPapel {
     data::Statement MontaUpdate(qint32 id) override;
     void CarregaCampos(const data::Recordset& registro) override;
     void BloqueiaCampos() override;
-    void LiberaCampos() override {}
+    void LiberaCampos() override;
     void LimpaCampos() override {}
 
   private:
@@ -37,6 +37,8 @@ class frmCliente : public TelaPapel {
     std::optional<QString> ChaveDe(const screen::ListField& lista,
                                    qint32 (*procura)(ContextoExecucao&, const QString&)) const;
     std::optional<QString> ChaveRegime() const;
+
+    QString limiteGravado_ = QStringLiteral("0,00"); ///< of the row on the screen
 };
 
 } // namespace vorta

@@ -37,11 +37,17 @@ void User::settle(Screen& screen) {
     if (!screen.isLoaded())
         return;
     if (screen.takeTabRequest())
-        if (Field* next = screen.nextField(screen.focus()))
-            screen.moveFocus(next);
+        walk(screen, false);
     // A field that was disabled under the user's hands hands the focus to the first of the screen.
     if (screen.isLoaded() && screen.focus() && !screen.focus()->canFocus())
         screen.moveFocus(screen.nextField(nullptr));
+}
+
+/// One step by the keyboard. The text of the field that it reaches is selected, so that typing replaces it.
+void User::walk(Screen& screen, bool backwards) {
+    Field* next = screen.nextField(screen.focus(), backwards);
+    if (next && screen.moveFocus(next) && takesText(*next))
+        next->select(0, static_cast<int>(next->text().size()));
 }
 
 bool User::take(Field& field) {
@@ -141,10 +147,7 @@ void User::key(Field& field, Key key) {
         break;
     case Key::Tab:
     case Key::BackTab:
-        event(field.screen(), [&] {
-            if (Field* next = field.screen().nextField(&field, key == Key::BackTab))
-                field.screen().moveFocus(next);
-        });
+        event(field.screen(), [&] { walk(field.screen(), key == Key::BackTab); });
         break;
     case Key::Backspace:
         if (filterKey(field, backspaceCode) == backspaceCode && field.screen().focus() == &field)

@@ -48,6 +48,7 @@ class User {
   private:
     bool event(Screen& screen, const std::function<void()>& body);
     void settle(Screen& screen);
+    void walk(Screen& screen, bool backwards);
     bool take(Field& field);
     void enter(Field& field);
     void insert(Field& field, QChar character);

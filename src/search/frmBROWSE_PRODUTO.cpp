@@ -199,9 +199,9 @@ void frmBROWSE_PRODUTO::cmdPesquisa_Click() {
     if (produtos.Eof())
         program().MsgBox(QStringLiteral("Nenhum Registro Localizado com esses parâmetros..."));
     for (int linha = 1; !produtos.Eof(); produtos.MoveNext(), ++linha) {
-        if (linha >= std::numeric_limits<qint16>::max())
-            throw RuntimeError(errorNumber::Overflow);
         Flex.AddItem(LinhaProduto(produtos));
+        if (linha == std::numeric_limits<qint16>::max()) // the count of rows is 16 bits wide
+            throw RuntimeError(errorNumber::Overflow);
         contexto_.platform().progress(linha, total);
     }
     contexto_.platform().progress(0, 0);

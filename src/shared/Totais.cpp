@@ -34,7 +34,7 @@ constexpr Saldo saldos[]{
 Recordset AbreSaldos(ContextoExecucao& contexto, qint32 idprod, const QString& codiEmpr) {
     Statement comando("SELECT * From prod_empr Where idprod = ");
     comando << idprod << " and codi_empr='" << codiEmpr << "'";
-    return AbreLeituraComoEscrita(contexto, comando);
+    return AbreLeitura(contexto, comando);
 }
 
 } // namespace
@@ -71,7 +71,7 @@ double QtdeItensPedidoVenda(ContextoExecucao& contexto, qint32 id, qint32 marca)
     Statement comando("SELECT IDPROD, QTDE From PEDI_VEDS_DETA Where idPEDI_VEDS = ");
     comando << id;
     double soma = 0;
-    for (Recordset itens = AbreLeituraComoEscrita(contexto, comando); !itens.Eof(); itens.MoveNext()) {
+    for (Recordset itens = AbreLeitura(contexto, comando); !itens.Eof(); itens.MoveNext()) {
         const data::Value qtde = itens.Fields("Qtde");
         if (qtde.isNull())
             continue;
@@ -85,7 +85,7 @@ double QtdeItensPedidoCompra(ContextoExecucao& contexto, qint32 id) {
     Statement comando("SELECT IDPROD, QTDE From PEDI_COMP_DETA Where idPEDI_COMP = ");
     comando << id;
     double soma = 0;
-    for (Recordset itens = AbreLeituraComoEscrita(contexto, comando); !itens.Eof(); itens.MoveNext())
+    for (Recordset itens = AbreLeitura(contexto, comando); !itens.Eof(); itens.MoveNext())
         soma += numeroOuZero(itens.Fields("Qtde"));
     return soma;
 }

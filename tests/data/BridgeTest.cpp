@@ -98,4 +98,11 @@ TEST(Bridge, IntegersStandAside) {
     EXPECT_TRUE(TakeIntegers(Statement("select 1 from t")).integers.empty());
 }
 
+TEST(Bridge, ShapeIsTheTextWithoutTheContentOfItsLiterals) {
+    EXPECT_EQ(Shape(QStringLiteral("insert into t (a, b) values ('O''NEIL', ?) returning id")),
+              u"insert into t (a, b) values ('', ?) returning id");
+    EXPECT_EQ(Shape(QStringLiteral("select 'a', 'b' from t where c = ''")), u"select '', '' from t where c = ''");
+    EXPECT_EQ(Shape(QStringLiteral("select 1 from t -- 'x'")), u"select 1 from t -- 'x'");
+}
+
 } // namespace vorta::firebird

@@ -6,6 +6,8 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QCoreApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTabBar>
@@ -100,6 +102,41 @@ TEST_P(FormTest, TabsCarryTheCaptionsOfTheScreen) {
                 captions += tabs->tabText(page);
             EXPECT_EQ(plain(captions.join(u'|')), plain(strip->captions().join(u'|')));
         }
+}
+
+namespace {
+
+/// The captions and buttons in sight that have less room than their text needs.
+QStringList clippedTexts(const QWidget& form) {
+    QStringList clipped;
+    for (const QWidget* widget : form.findChildren<QWidget*>()) {
+        const auto* label = qobject_cast<const QLabel*>(widget);
+        const bool text = label || qobject_cast<const QAbstractButton*>(widget);
+        if (text && widget->isVisible() && !isInner(*widget) && widget->width() < widget->sizeHint().width())
+            clipped += widget->objectName();
+    }
+    return clipped;
+}
+
+} // namespace
+
+TEST_P(FormTest, NothingIsClipped) {
+    for (const int points : {9, 14}) {
+        QFont font = form.font();
+        font.setPointSize(points);
+        form.setFont(font);
+        const desktop::Binder binder(tela, registro.user(), form, form);
+        form.resize(form.sizeHint());
+        form.show();
+        for (QTabWidget* tabs : form.findChildren<QTabWidget*>())
+            for (int page = tabs->count() - 1; page >= 0; --page) {
+                tabs->setCurrentIndex(page);
+                QCoreApplication::processEvents();
+                EXPECT_EQ(plain(clippedTexts(form).join(u' ')), "") << "page " << page << " at " << points;
+            }
+        QCoreApplication::processEvents();
+        EXPECT_EQ(plain(clippedTexts(form).join(u' ')), "") << "at " << points;
+    }
 }
 
 /// The page on which a form puts a widget is the page that the screen brings to the front for it.

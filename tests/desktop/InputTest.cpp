@@ -157,6 +157,29 @@ TEST_F(SampleInput, EnteringAFieldMaySelectItsText) {
     });
 }
 
+TEST_F(SampleInput, TabReachesATextWithAllOfItSelected) {
+    tela.txtNome.setText(QStringLiteral("VELHO"));
+    open([&] {
+        put(tela.txtNota);
+        QTest::keyClick(nota, Qt::Key_Backtab, Qt::ShiftModifier);
+        EXPECT_EQ(nome->selectedText(), u"VELHO");
+        QTest::keyClicks(nome, "N");
+        EXPECT_EQ(tela.txtNome.text(), u"N");
+        QTest::keyClick(nome, Qt::Key_Tab);
+        EXPECT_FALSE(nome->hasSelectedText());
+    });
+}
+
+TEST_F(SampleInput, UndoIsTheWidgetsOwn) {
+    open([&] {
+        put(tela.txtNome);
+        QTest::keyClicks(nome, "abc");
+        QTest::keyClick(nome, Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_NE(tela.txtNome.text(), u"abc");
+        EXPECT_EQ(tela.txtNome.text(), nome->text());
+    });
+}
+
 TEST_F(SampleInput, MaskedKeysAreTheFieldsOwn) {
     open([&] {
         put(tela.mskCEP);

@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <csignal>
 #include <gtest/gtest.h>
 #include <stdexcept>
 
@@ -168,6 +169,29 @@ TEST(DesktopPlatform, ARunTimeErrorShowsItsBoxAndEnds) {
     EXPECT_EQ(text, u"Erro 13\n\nTipo incompatível");
     EXPECT_EQ(program.exitCode(), 1);
 }
+
+#ifdef Q_OS_UNIX
+TEST(DesktopPlatform, TheSystemsWishEndsTheProgramInOrder) {
+    desktop::DesktopPlatform platform;
+    screen::Program program(platform);
+    Menu menu(program);
+    int closed = 0;
+    bool wentOn = false;
+    program.onEnd = [&] { ++closed; };
+    menu.cmdSAIR.Click = [&] {
+        program.MsgBox(QStringLiteral("Alguém aí?"));
+        wentOn = true;
+    };
+    later([&] {
+        later([] { std::raise(SIGTERM); });
+        click(platform, "cmdSAIR");
+    });
+    EXPECT_FALSE(program.dispatch([&] { program.ShowModal(menu); }));
+    EXPECT_EQ(closed, 1);
+    EXPECT_FALSE(wentOn);
+    EXPECT_EQ(program.exitCode(), 0);
+}
+#endif
 
 TEST(DesktopPlatform, AScreenKeepsItsPlace) {
     desktop::DesktopPlatform platform;

@@ -23,14 +23,13 @@ LAYERS = {
     "roles": ["shared", "launch", "data", "screen", "base"],
     "maintenance": ["shared", "launch", "data", "screen", "base"],
     "app": ["person", "search", "roles", "maintenance", "firebird", "odbc", "launch", "data", "screen", "base"],
-    "kit": ["firebird", "data", "launch", "shared", "base"],
+    "kit": ["firebird", "data", "base"],
     "robot": ["launch", "data", "screen", "base"],
     "desktop": ["robot", "screen", "base"],
-    "bench": ["kit", "app", "person", "search", "roles", "maintenance", "shared", "firebird", "odbc", "launch", "data", "screen",
-              "base"],
+    "bench": [],
 }
 # The programs put the boxes together and may know all of them.
-PROGRAMS = re.compile(r"[a-z]+/program/")
+PROGRAMS = re.compile(r"(bench|[a-z]+/program)/")
 WINDOW_CLASSES = re.compile(
     r"<(QtGui|QtWidgets)/|<Q(Application|GuiApplication|Widget|Dialog|MessageBox|MainWindow|Pixmap|Image|Icon|Font\w*"
     r"|Color|Palette|Painter|LineEdit|Label|TableView|ComboBox|DesktopServices|Clipboard|\w*Event)>")

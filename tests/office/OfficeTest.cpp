@@ -78,9 +78,8 @@ void takeDown(Colleague& colleague, Deeds& deeds) {
 QStringList includeShared(Colleague& colleague, int persons) {
     QStringList keys;
     for (int person = 1; person <= persons; ++person) {
-        const QStringList answer =
-            colleague.ask({QStringLiteral("include"), QStringLiteral("COMUM %1").arg(person), QStringLiteral("INICIO"),
-                           QString::number(900'000'000 + person)});
+        const QStringList answer = colleague.ask({QStringLiteral("include"), QStringLiteral("COMUM %1").arg(person),
+                                                  QStringLiteral("INICIO"), QString::number(900'000'000 + person)});
         EXPECT_EQ(answer[0], u"included");
         keys += answer.value(1);
     }

@@ -21,7 +21,7 @@ class HistoricoPessoa : public PessoasFixture {
                           {number(11), text("1011"), date(2021, 2, 6), null()}}});
         database.answer(QStringLiteral("pedi_veds_deta.idpedi_veds = 10"),
                         {{u"QTDE"_qs, u"VALO_LIQU"_qs}, {{amount(200), amount(1050)}, {number(1), amount(300)}}});
-        database.answer(QStringLiteral("From PEDI_VEDS_DETA Where idPEDI_VEDS = 10"),
+        database.answer(QStringLiteral("FROM PEDI_VEDS_DETA WHERE IDPEDI_VEDS = 10"),
                         {{u"IDPROD"_qs, u"QTDE"_qs}, {{number(1), amount(250)}, {number(2), null()}}});
         database.answer(QStringLiteral("WHERE IDNFF =77"), {{u"NUME_NFF"_qs}, {{text("000123")}}});
     }

@@ -30,11 +30,11 @@ class RoleAlteration : public PapelTest {
     }
 
     void cliente() {
-        registro(
-            "CLIE", "IDCLIE",
-            {"idtrpt", "data_cred", "reve", "idtipo_clie", "idvend", "idregi_espe_icms", "lime_maxi_conh", "valo_troc"},
-            {test::number(8), test::date(2026, 1, 31), test::text("S"), test::number(3), test::number(9),
-             test::number(2), test::amount(1200), test::amount(98765)});
+        registro("CLIE", "IDCLIE",
+                 {"idtrpt", "data_cred", "reve", "idtipo_clie", "idvend", "idregi_espe_icms", "lime_maxi_conh",
+                  "valo_troc", "limi_cred"},
+                 {test::number(8), test::date(2026, 1, 31), test::text("S"), test::number(3), test::number(9),
+                  test::number(2), test::amount(1200), test::amount(98765), test::amount(500000)});
         base.answer(QStringLiteral("TRPT.IDTRPT ="), {{"NOME_CONH"}, {{test::text("RAPIDO")}}});
         base.answer(QStringLiteral("VEND.IDVEND ="), {{"NOME_CONH"}, {{test::text("ANA")}}});
         base.answer(QStringLiteral("WHERE IDTIPO_CLIE="), {{"desc_tipo_clie"}, {{test::text("OURO")}}});
@@ -59,7 +59,7 @@ TEST_F(RoleAlteration, CustomerLoadsAndSaves) {
         EXPECT_EQ(texto("cboRegimeEspecialICMS"), u"REGIME");
         EXPECT_EQ(texto("txtLimeMaxiConh"), u"12");
         EXPECT_EQ(texto("lblValoTroc"), u"987,65");
-        EXPECT_EQ(texto("txtLimiCred"), u"") << "the limit is stated anew at each alteration";
+        EXPECT_EQ(texto("txtLimiCred"), u"5000,00") << "shown when the alteration begins";
         digita("txtLimiCred", "2000");
     });
     EXPECT_EQ(
@@ -78,11 +78,11 @@ TEST_F(RoleAlteration, CustomerLoadsAndSaves) {
 }
 
 TEST_F(RoleAlteration, CustomerWithNothingUsesZeroAndNull) {
-    registro(
-        "CLIE", "IDCLIE",
-        {"idtrpt", "data_cred", "reve", "idtipo_clie", "idvend", "idregi_espe_icms", "lime_maxi_conh", "valo_troc"},
-        {test::null(), test::null(), test::null(), test::number(0), test::number(0), test::null(), test::null(),
-         test::null()});
+    registro("CLIE", "IDCLIE",
+             {"idtrpt", "data_cred", "reve", "idtipo_clie", "idvend", "idregi_espe_icms", "lime_maxi_conh", "valo_troc",
+              "limi_cred"},
+             {test::null(), test::null(), test::null(), test::number(0), test::number(0), test::null(), test::null(),
+              test::null(), test::null()});
     const QStringList comandos = altera("frmCliente", [&] {
         EXPECT_EQ(texto("cboRevenda"), u"Não");
         EXPECT_EQ(texto("txtLimeMaxiConh"), u"0");

@@ -52,7 +52,7 @@ void PapelTest::registros(const data::Value& desativada) {
         "limi_copr",      "desconto_forn", "cnh0_moto",        "pron_moto", "uf00_pron_moto", "pai0_moto",
         "mae0_moto",      "refe_moto",     "idtrpt",           "reve",      "idtipo_clie",    "idvend",
         "lime_maxi_conh", "valo_troc",     "idregi_espe_icms", "arqt_crea", "deco_add0",      "idbanc",
-        "banc_agen",      "banc_cont"};
+        "banc_agen",      "banc_cont",     "limi_cred"};
     QList<data::Value> valores(colunas.size(), test::null());
     valores[0] = desativada;
     for (const char* tabela : {"CLIE", "FORN", "TRPT", "MOTO", "VEND", "ARQT", "DECO"})

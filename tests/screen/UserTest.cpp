@@ -139,3 +139,28 @@ TEST(User, PicksFromAListThatHasBeenDroppedDown) {
     world.user.pick(world.tela.cboCidade, 0);
     EXPECT_EQ(world.tela.cboCidade.text(), u"OUTRA"_qs);
 }
+
+TEST(User, ReachesATextByTheKeyboardWithAllOfItSelected) {
+    SampleWorld world;
+    world.tela.txtNome.setText(u"VELHO"_qs);
+    world.user.focus(world.tela.mskCEP);
+    world.user.key(world.tela.mskCEP, Key::BackTab);
+    EXPECT_EQ(world.tela.txtNome.selectionLength(), 5);
+    world.user.character(world.tela.txtNome, u'N');
+    EXPECT_EQ(world.tela.txtNome.text(), u"N"_qs);
+}
+
+TEST(User, EnterChoosesTheRowOfAGrid) {
+    SampleWorld world;
+    world.tela.grade.reset({{u"Nome"_qs}});
+    world.tela.grade.AddItem(u"A"_qs);
+    world.user.focus(world.tela.grade);
+    world.tela.events.clear();
+    world.user.key(world.tela.grade, Key::Enter);
+    world.tela.grade.setRow(0);
+    world.user.key(world.tela.grade, Key::Enter);
+    world.tela.grade.setRow(1);
+    world.tela.grade.DblClick = {};
+    world.user.key(world.tela.grade, Key::Enter);
+    EXPECT_EQ(world.tela.events, QStringList({u"double FlexLista"_qs, u"click FlexLista"_qs}));
+}

@@ -85,8 +85,8 @@ TEST(Totais, ItemCountsLeaveNullsOut) {
     EXPECT_DOUBLE_EQ(QtdeItensPedidoVenda(mundo.contexto, 7, 0), 3.5);
     EXPECT_DOUBLE_EQ(QtdeItensPedidoCompra(mundo.contexto, 7), 3.5);
     ASSERT_EQ(mundo.database.sent.size(), 2);
-    EXPECT_EQ(mundo.database.sent[0].toUpper(), u"SELECT IDPROD, QTDE FROM PEDI_VEDS_DETA WHERE IDPEDI_VEDS = 7"_qs);
-    EXPECT_EQ(mundo.database.sent[1].toUpper(), u"SELECT IDPROD, QTDE FROM PEDI_COMP_DETA WHERE IDPEDI_COMP = 7"_qs);
+    EXPECT_EQ(mundo.database.sent[0], u"SELECT IDPROD, QTDE FROM PEDI_VEDS_DETA WHERE IDPEDI_VEDS = 7"_qs);
+    EXPECT_EQ(mundo.database.sent[1], u"SELECT IDPROD, QTDE FROM PEDI_COMP_DETA WHERE IDPEDI_COMP = 7"_qs);
     mundo.database.answer(u"IDPROD='3'"_qs, {{u"idmarc"_qs}, {{number(9)}}});
     EXPECT_DOUBLE_EQ(QtdeItensPedidoVenda(mundo.contexto, 7, 9), 1.5) << "of one brand only";
 }
@@ -97,11 +97,11 @@ TEST(Totais, WhatCanBeSold) {
     EXPECT_EQ(EstoqueDisponivel(mundo.contexto, 7, u"0001"_qs), 0);
     EXPECT_EQ(QtdePedidosAbertos(mundo.contexto, 7, u"0001"_qs), 0);
     for (const QString& enviado : mundo.database.sent)
-        EXPECT_EQ(enviado.toUpper(), u"SELECT * FROM PROD_EMPR WHERE IDPROD = 7 AND CODI_EMPR='0001'"_qs);
+        EXPECT_EQ(enviado, u"SELECT * FROM PROD_EMPR WHERE IDPROD = 7 AND CODI_EMPR='0001'"_qs);
     const QStringList colunas{u"qtde_disp"_qs,      u"qtde_disp_0002"_qs,   u"QTDE_ESTO_COPR"_qs,
                               u"QTDE_ESTO_EMB1"_qs, u"QTDE_ESTO_EMB2"_qs,   u"QTDE_ESTO_EMB3"_qs,
                               u"QTDE_PEDI_ABER"_qs, u"qtde_esto_consig"_qs, u"qtde_esto_demonstr"_qs};
-    mundo.database.answer(u"prod_empr"_qs, {colunas,
+    mundo.database.answer(u"PROD_EMPR"_qs, {colunas,
                                             {{number(1), number(2), number(4), number(8), number(16), number(32),
                                               number(64), number(128), null()}}});
     EXPECT_DOUBLE_EQ(EstoqueDisponivel(mundo.contexto, 7, u"0001"_qs), 63 - 192);

@@ -21,16 +21,20 @@ QString oneLine(QString statement) {
     return statement.replace(u'\n', u' ');
 }
 
-/// Adds the statements of the program that went over the wire: one that the guard has refused did not.
+/// Adds the statements of the program that the server took: one that the guard has refused never came there, and one
+/// that is incomplete (an empty number) was refused there.
 void addTo(const QString& file, const QStringList& sent, const QStringList& wire) {
     if (file.isEmpty())
         return;
     QFile trace(file);
     if (!trace.open(QIODevice::Append))
         throw Failure{u"%1 cannot be written"_qs.arg(file)};
-    const QSet<QString> arrived(wire.begin(), wire.end());
+    QSet<QString> taken;
+    for (qsizetype at = 0; at < wire.size(); ++at)
+        if (!wire.value(at + 1).startsWith(u"-- refused"))
+            taken += wire[at];
     for (const QString& statement : sent)
-        if (arrived.contains(statement))
+        if (taken.contains(statement))
             trace.write(statement.toUtf8() + '\n');
 }
 

@@ -156,6 +156,7 @@ class Connection(threading.Thread):
         try:
             self.session.run(text, answer)
         except SqlError as error:
+            self.server.note(f"-- refused {error.number}")
             answer.error(error)
         self._tell_transaction(open_before, answer)
         answer.finish()
@@ -296,7 +297,7 @@ def options_of(arguments):
     parser.add_argument("--load", action="append", default=[], metavar="FILE", help="rows: a script, or .jsonl")
     parser.add_argument("--language", choices=sorted(DATE_FORMATS), default="us_english", help="of every login")
     parser.add_argument("--collation", choices=sorted(COLLATIONS), default="SQL_Latin1_General_CP1_CI_AS", help="of every text")
-    parser.add_argument("--trace", metavar="FILE", help="every request as it came over the wire")
+    parser.add_argument("--trace", metavar="FILE", help="every request as it came over the wire, a refusal behind it")
     parser.add_argument("--slow", type=float, default=0, metavar="SECONDS", help="before each answer to a batch")
     parser.add_argument("--slow-login", type=float, default=0, metavar="SECONDS", help="before the first answer")
     parser.add_argument("--refuse-login", action="store_true")

@@ -3,6 +3,7 @@
 #include "desktop/DesktopPlatform.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <new>
 
 namespace {
@@ -12,6 +13,13 @@ using vorta::RuntimeError;
 constexpr int outOfMemory = 7;
 constexpr int internalError = 51;
 constexpr int exitUnusable = 2;
+
+[[noreturn]] void withoutDisplay() {
+    std::fputs("pessoas: não há uma tela (display) para abrir as janelas.\n"
+               "Inicie o programa em uma sessão gráfica, ou defina QT_QPA_PLATFORM (por exemplo \"vnc\").\n",
+               stderr);
+    std::_Exit(exitUnusable);
+}
 
 /// Everything that is no run-time error of the register yet becomes one, so that it ends the process in the same order.
 void raiseAsRuntimeError(const std::function<void()>& raise) {
@@ -29,13 +37,15 @@ void raiseAsRuntimeError(const std::function<void()>& raise) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (!vorta::desktop::HasDisplay()) {
-        std::fputs("pessoas: não há uma tela (display) para abrir as janelas.\n"
-                   "Inicie o programa em uma sessão gráfica, ou defina QT_QPA_PLATFORM (por exemplo \"vnc\").\n",
-                   stderr);
-        return exitUnusable;
-    }
+    if (!vorta::desktop::HasDisplay())
+        withoutDisplay();
+    // A display that is named but does not answer makes Qt give up with a fatal message.
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString&) {
+        if (type == QtFatalMsg)
+            withoutDisplay();
+    });
     vorta::desktop::DesktopApplication application(argc, argv);
+    qInstallMessageHandler(nullptr);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() > 2) {
         std::fputs("Uso: pessoas \"usuario^empresa^ambiente^somente_consulta^\"\n", stderr);

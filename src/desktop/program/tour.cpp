@@ -10,6 +10,8 @@
 #include <QDir>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <QTimer>
 #include <cstdio>
 #include <map>
@@ -59,6 +61,8 @@ class Tour : public desktop::DesktopPlatform {
                                                    {QStringLiteral("frmBROWSE_PESSOAS"), &Tour::personSearch},
                                                    {QStringLiteral("frmBROWSE_CEPS"), &Tour::streetSearch},
                                                    {QStringLiteral("frmBROWSE_PRODUTO"), &Tour::productSearch}};
+        // The offscreen platform has a small screen; its pictures need none.
+        top()->resize(top()->wholeSize());
         const auto part = parts.find(screen.name());
         if (part != parts.end())
             (this->*part->second)();
@@ -181,5 +185,8 @@ int main(int argc, char** argv) {
         std::fputs("usage: pessoas-tour FOLDER [LAUNCH STRING]\n", stderr);
         return exitUnusable;
     }
+    // The user's own places of windows are none of the tour's business.
+    const QTemporaryDir settings;
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
     return Tour(arguments[1]).play(arguments.value(2, QStringLiteral("1^1^PRD^False^")));
 }

@@ -8,6 +8,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <future>
 
 /// What only Firebird has: generators, changes of tables beside prepared statements, the engine inside the process, a
 /// server that goes.
@@ -91,11 +92,27 @@ TEST_F(FirebirdOnly, MorePreparedStatementsThanTheCacheHolds) {
     connection.Execute(Statement("create table t (idt integer)"));
     connection.Execute(Statement("insert into t (idt) values (7)"));
     for (int round = 0; round < 2; ++round)
-        for (int i = 0; i < 50; ++i) {
+        for (int i = 0; i < 300; ++i) {
             Statement statement;
             statement << "select idt from t where '" << QString::number(i) << "' <> '' and idt = " << 7;
             ASSERT_EQ(one(statement), u"7");
         }
+}
+
+TEST_F(FirebirdOnly, ARepeatedTextSeesWhatHasBeenWritten) {
+    connection.Execute(Statement("create table t (idt integer, nome varchar(10))"));
+    data::Connection other(factory());
+    other.Open(data::Engine::Firebird, path());
+    const Statement text("select nome from t where nome like 'A%'");
+    for (const char* expected : {"(none)", "(none)", "(none)"})
+        EXPECT_EQ(one(text), QString::fromLatin1(expected));
+    other.Execute(Statement("insert into t (idt, nome) values (1, 'ANA')"));
+    EXPECT_EQ(one(text), u"ANA");
+    connection.BeginTrans();
+    connection.Execute(Statement("update t set nome = 'ALICE'"));
+    EXPECT_EQ(one(text), u"ALICE") << "its own transaction too";
+    connection.CommitTrans();
+    EXPECT_EQ(one(text), u"ALICE");
 }
 
 TEST_F(FirebirdOnly, TwoProgramsWorkOnOneFileAtOnce) {
@@ -105,6 +122,43 @@ TEST_F(FirebirdOnly, TwoProgramsWorkOnOneFileAtOnce) {
     ASSERT_TRUE(peer.waitForFinished(20000));
     EXPECT_EQ(peer.exitCode(), 0) << peer.readAllStandardError().toStdString();
     EXPECT_EQ(one(Statement("select nome from logr")), u"DO OUTRO PROGRAMA");
+}
+
+TEST_F(FirebirdOnly, OfTwoWritesOfOneRowAtOnceBothSucceedAndTheLastStands) {
+    connection.Execute(Statement("insert into logr (nome) values ('ANTES')"));
+    const Statement change("update logr set nome = nome || '+'");
+    for (const bool insideTransaction : {true, false}) {
+        connection.BeginTrans();
+        connection.Execute(change);
+        std::promise<void> ready;
+        std::future<void> colleague = std::async(std::launch::async, [&] {
+            data::Connection other(factory());
+            other.Open(data::Engine::Firebird, path());
+            if (insideTransaction)
+                other.BeginTrans();
+            ready.set_value();
+            other.Execute(change);
+            if (insideTransaction)
+                other.CommitTrans();
+        });
+        ready.get_future().wait();
+        EXPECT_EQ(colleague.wait_for(std::chrono::milliseconds(300)), std::future_status::timeout) << "it has to wait";
+        connection.CommitTrans();
+        EXPECT_NO_THROW(colleague.get());
+    }
+    EXPECT_EQ(one(Statement("select nome from logr")), u"ANTES++++");
+}
+
+TEST_F(FirebirdOnly, ARowThatStaysHeldIsRefusedAfterSomeSeconds) {
+    connection.Execute(Statement("insert into logr (nome) values ('ANTES')"));
+    connection.BeginTrans();
+    connection.Execute(Statement("update logr set nome = 'MEU'"));
+    data::Connection other(factory());
+    other.Open(data::Engine::Firebird, path());
+    EXPECT_EQ(ErrorOf([&] { other.Execute(Statement("update logr set nome = 'DELE'")); }),
+              errorNumber::StatementRefused);
+    connection.CommitTrans();
+    EXPECT_EQ(one(Statement("select nome from logr")), u"MEU");
 }
 
 TEST_F(FirebirdOnly, CharacterOutsideTheRepertoireIsRefused) {

@@ -1,0 +1,158 @@
+#include "maintenance/frmInfoPess.h"
+
+#include "screen/User.h"
+#include "support/World.h"
+
+namespace vorta::test {
+
+namespace {
+
+const QString atualizacao =
+    u"UPDATE PESS SET CODI_MUNI_COML_PESS='%1', CODI_MUNI_ENTG_PESS='%2', CODI_MUNI_COBR_PESS='%3' WHERE (IDPESS=%4)"_qs;
+const QString busca = u"SELECT CODI_MUNI_IBGE FROM MUNI_IBGE WHERE DESC_MUNI_IBGE = '%1' AND UF00_MUNI_IBGE = '%2'"_qs;
+
+} // namespace
+
+/// A register with the statistics screen; five tables without rows until told otherwise.
+struct Mundo : World {
+    Mundo() {
+        RegistraTelasManutencao(contexto);
+        connect();
+        contexto.Ambiente = u"PRD"_qs;
+        contexto.NomeUsuario = u"MARIA"_qs;
+        conta(0, 0, 0, 0, 0);
+    }
+
+    void conta(int pess, int clie, int forn, int vend, int trpt) {
+        const std::pair<const char*, int> tabelas[]{
+            {"PESS", pess}, {"CLIE", clie}, {"FORN", forn}, {"VEND", vend}, {"TRPT", trpt}};
+        for (const auto& [tabela, quantos] : tabelas)
+            database.answer(u"'QT' FROM %1 "_qs.arg(QLatin1StringView(tabela)), {{u"QT"_qs}, {{number(quantos)}}});
+    }
+    void pessoas(const QList<QList<data::Value>>& linhas) {
+        database.answer(u"FROM PESS ORDER BY"_qs,
+                        {{u"IDPESS"_qs, u"CIDA_COML_PESS"_qs, u"UF00_COML_PESS"_qs, u"CIDA_ENTG_PESS"_qs,
+                          u"UF00_ENTG_PESS"_qs, u"CIDA_COBR_PESS"_qs, u"UF00_COBR_PESS"_qs},
+                         linhas});
+    }
+    void municipio(const QString& nome, const QString& uf, const char* codigo) {
+        database.answer(busca.arg(nome, uf), {{u"codi_muni_ibge"_qs}, {{text(codigo)}}});
+    }
+    bool abre(const std::function<void(frmInfoPess&)>& faz) {
+        platform.whenShown(u"frmInfoPess"_qs, [faz](screen::Screen& tela) { faz(static_cast<frmInfoPess&>(tela)); });
+        return run([&] { contexto.MostraTela(u"frmInfoPess"_qs); });
+    }
+    int falha() const { return program.failure() ? program.failure()->number() : 0; }
+
+    screen::User user{program};
+};
+
+class InfoPessTest : public ::testing::Test, protected Mundo {};
+
+TEST_F(InfoPessTest, CountsTheActiveRows) {
+    conta(10, 4, 3, 2, 1);
+    abre([&](frmInfoPess& tela) {
+        EXPECT_EQ(database.sent, (QStringList{u"SELECT COUNT(*) 'QT' FROM PESS WHERE DATA_DESA IS NULL"_qs,
+                                              u"SELECT COUNT(*) 'QT' FROM CLIE WHERE DATA_DESA IS NULL"_qs,
+                                              u"SELECT COUNT(*) 'QT' FROM FORN WHERE DATA_DESA IS NULL"_qs,
+                                              u"SELECT COUNT(*) 'QT' FROM VEND WHERE DATA_DESA IS NULL"_qs,
+                                              u"SELECT COUNT(*) 'QT' FROM TRPT WHERE DATA_DESA IS NULL"_qs}));
+        const screen::Label* descricoes[]{&tela.lblDesc1, &tela.lblDesc2, &tela.lblDesc3, &tela.lblDesc4,
+                                          &tela.lblDesc5};
+        const screen::Label* quantidades[]{&tela.lblQt1, &tela.lblQt2, &tela.lblQt3, &tela.lblQt4, &tela.lblQt5};
+        const char16_t* nomes[]{u"Pessoas", u"Clientes", u"Fornecedores", u"Vendedores", u"Transportadoras"};
+        const char16_t* quantos[]{u"10", u"4", u"3", u"2", u"1"};
+        for (int linha = 0; linha < 5; ++linha) {
+            EXPECT_EQ(descricoes[linha]->text(), QString::fromUtf16(nomes[linha]));
+            EXPECT_EQ(quantidades[linha]->text(), QString::fromUtf16(quantos[linha]));
+            EXPECT_TRUE(descricoes[linha]->visible() && quantidades[linha]->visible());
+        }
+        EXPECT_EQ(tela.caption(), ContextoExecucao::Titulo() + u" (PRD) - Informação de Pessoas (/MARIA)"_qs);
+        EXPECT_EQ(tela.lblDataHora.text(), u"20/11/2026 14:30"_qs);
+        EXPECT_EQ(tela.lblDescSemVinc.text(), u"Sem Vínculo"_qs);
+        EXPECT_EQ(tela.lblQtSemVinc.text(), u"0"_qs);
+        for (const screen::Label* rotulo : {&tela.lblDesc6, &tela.lblQt6, &tela.lblDescSemVinc, &tela.lblQtSemVinc})
+            EXPECT_FALSE(rotulo->visible()) << rotulo->name().toStdString();
+        EXPECT_EQ(tela.lblDesc6.text() + tela.lblQt6.text(), QString());
+    });
+}
+
+TEST_F(InfoPessTest, PersonsWithoutARoleNeverFallBelowZero) {
+    conta(10, 2, 1, 1, 1);
+    abre([](frmInfoPess& tela) { EXPECT_EQ(tela.lblQtSemVinc.text(), u"5"_qs); });
+    conta(3, 2, 1, 1, 1);
+    abre([](frmInfoPess& tela) { EXPECT_EQ(tela.lblQtSemVinc.text(), u"0"_qs); });
+}
+
+TEST_F(InfoPessTest, LooksUpTheCodesOfEveryPerson) {
+    pessoas({{number(1), text("SAO PAULO"), text("SP"), text(" Campinas "), text(" sp "), text("NADA"), text("XX")},
+             {number(2), text("SAO PAULO "), text("SP"), text(""), text(""), text("SAO PAULO"), text("SP")}});
+    municipio(u"SÃO PAULO"_qs, u"SP"_qs, "3550308");
+    municipio(u"CAMPINAS"_qs, u"SP"_qs, "3509502");
+    abre([&](frmInfoPess& tela) {
+        database.sent.clear();
+        user.click(tela.cmdEspecialMun);
+        EXPECT_EQ(database.sent,
+                  (QStringList{u"SELECT * FROM PESS ORDER BY IDPESS"_qs, busca.arg(u"SÃO PAULO"_qs, u"SP"_qs),
+                               busca.arg(u"CAMPINAS"_qs, u"SP"_qs), busca.arg(u"NADA"_qs, u"XX"_qs),
+                               atualizacao.arg(u"3550308"_qs, u"3509502"_qs, u""_qs, u"1"_qs),
+                               busca.arg(u"SAO PAULO"_qs, u"SP"_qs), busca.arg(u""_qs, u""_qs),
+                               busca.arg(u"SÃO PAULO"_qs, u"SP"_qs),
+                               atualizacao.arg(u""_qs, u""_qs, u"3550308"_qs, u"2"_qs)}))
+            << "only the exact name gets its accent back, and no transaction is opened";
+        ASSERT_EQ(platform.boxes.size(), 1u);
+        EXPECT_EQ(platform.boxes[0].text, u"2 registros foram atualizados!"_qs);
+        EXPECT_EQ(platform.boxes[0].title, tela.caption());
+        EXPECT_EQ(platform.boxes[0].icon, screen::Icon::Information);
+        EXPECT_EQ(platform.boxes[0].buttons, screen::Buttons::OK);
+        EXPECT_EQ(platform.progressed, (std::vector<std::pair<qint64, qint64>>{{1, 2}, {2, 2}, {0, 0}}));
+        EXPECT_EQ(tela.pointer(), screen::Pointer::Default);
+        EXPECT_EQ(tela.lblQt1.text(), u"0"_qs) << "nothing counts anew";
+    });
+}
+
+TEST_F(InfoPessTest, AnEmptyRegister) {
+    abre([&](frmInfoPess& tela) { user.click(tela.cmdEspecialMun); });
+    ASSERT_EQ(platform.boxes.size(), 1u);
+    EXPECT_EQ(platform.boxes[0].text, u"0 registros foram atualizados!"_qs);
+    EXPECT_TRUE(database.writes.isEmpty());
+}
+
+TEST_F(InfoPessTest, ANullCityOrStateEndsTheRunBehindThePersonsBefore) {
+    const QList<data::Value> inteira{number(1), text("A"), text("SP"), text("B"), text("SP"), text("C"), text("SP")};
+    for (int coluna = 1; coluna <= 6; ++coluna) {
+        Mundo mundo;
+        SCOPED_TRACE(coluna);
+        QList<data::Value> quebrada = inteira;
+        quebrada[0] = number(2);
+        quebrada[coluna] = null();
+        QList<data::Value> depois = inteira;
+        depois[0] = number(3);
+        mundo.pessoas({inteira, quebrada, depois});
+        mundo.abre([&](frmInfoPess& tela) { mundo.user.click(tela.cmdEspecialMun); });
+        EXPECT_EQ(mundo.falha(), errorNumber::InvalidNull);
+        EXPECT_EQ(mundo.database.writes, QStringList(atualizacao.arg(u""_qs, u""_qs, u""_qs, u"1"_qs)));
+        ASSERT_EQ(mundo.platform.boxes.size(), 1u) << "the box of the error alone";
+        EXPECT_FALSE(mundo.platform.boxes[0].text.contains(u"registros foram atualizados"));
+    }
+}
+
+TEST_F(InfoPessTest, AFailingWriteEndsTheRun) {
+    const QList<data::Value> linha{number(1), text("A"), text("SP"), text("B"), text("SP"), text("C"), text("SP")};
+    pessoas({linha, linha});
+    database.fail(u"UPDATE PESS"_qs, errorNumber::StatementRefused);
+    abre([&](frmInfoPess& tela) { user.click(tela.cmdEspecialMun); });
+    EXPECT_EQ(falha(), errorNumber::StatementRefused);
+    EXPECT_EQ(database.sent.filter(u"UPDATE PESS"_qs).size(), 1);
+    EXPECT_TRUE(database.writes.isEmpty());
+}
+
+TEST_F(InfoPessTest, TheButtonCloses) {
+    abre([&](frmInfoPess& tela) {
+        user.click(tela.cmdSAIR);
+        EXPECT_FALSE(tela.isLoaded());
+    });
+    EXPECT_EQ(falha(), 0);
+}
+
+} // namespace vorta::test
