@@ -8,6 +8,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <cerrno>
 #include <future>
 
 /// What only Firebird has: generators, changes of tables beside prepared statements, the engine inside the process, a
@@ -159,6 +160,14 @@ TEST_F(FirebirdOnly, ARowThatStaysHeldIsRefusedAfterSomeSeconds) {
               errorNumber::StatementRefused);
     connection.CommitTrans();
     EXPECT_EQ(one(Statement("select nome from logr")), u"MEU");
+}
+
+/// Fails by its time limit: the engine would never come back.
+TEST_F(FirebirdOnly, AnInterruptionLeftOverFromASignalDoesNotKeepAConnectionFromClosing) {
+    one(Statement("select mon$page_size from mon$database")); // the tables whose files are opened anew at the close
+    errno = EINTR;
+    connection.Close();
+    EXPECT_FALSE(connection.IsOpen());
 }
 
 TEST_F(FirebirdOnly, CharacterOutsideTheRepertoireIsRefused) {
