@@ -27,6 +27,13 @@ QString FormatDate(const QDate& date) { return date.toString(QStringLiteral("dd/
 
 QString FormatDateTime(const QDateTime& moment) { return moment.toString(QStringLiteral("dd/MM/yyyy HH:mm")); }
 
+QString FormatDayMonthText(const QString& text) {
+    std::optional<QDateTime> day = ParseDate(text);
+    if (!day)
+        day = ParseDate(text + QStringLiteral("/2000"));
+    return day ? day->toString(QStringLiteral("dd/MM")) : text;
+}
+
 QString FormatDateSql(const QDate& date) { return date.toString(QStringLiteral("yyyyMMdd")); }
 
 QString FormatDateSqlSlashes(const QDate& date) { return date.toString(QStringLiteral("yyyy/MM/dd")); }

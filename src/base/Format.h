@@ -17,6 +17,8 @@ QString FormatNumber(double value);
 
 QString FormatDate(const QDate& date);             ///< "dd/mm/yyyy", as screens show it
 QString FormatDateTime(const QDateTime& moment);   ///< "dd/mm/yyyy hh:mm"
+/// "dd/mm" of a stored birthday, whether it holds a year or not and however short; any other text stays as it is.
+QString FormatDayMonthText(const QString& text);
 QString FormatDateSql(const QDate& date);          ///< "yyyymmdd", as most statements carry it
 QString FormatDateSqlSlashes(const QDate& date);   ///< "yyyy/mm/dd", as the architect and decorator statements carry it
 

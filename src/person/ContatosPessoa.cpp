@@ -160,8 +160,9 @@ void CarregaContatos(frmPessoas& tela) {
     data::Recordset registros = AbreLeitura(tela.contexto(), comando);
     for (; !registros.Eof(); registros.MoveNext()) {
         QStringList celulas;
-        for (const char* coluna : {"carg_pess_cont", "nome_pess_cont", "tele_pess_cont", "emai_pess_cont", "DATA_NASC"})
+        for (const char* coluna : {"carg_pess_cont", "nome_pess_cont", "tele_pess_cont", "emai_pess_cont"})
             celulas << registros.Fields(coluna).textOr({});
+        celulas << FormatDayMonthText(registros.Fields("DATA_NASC").textOr({}));
         tela.Flex.AddItem(Linha(celulas));
     }
 }

@@ -198,7 +198,7 @@ class frmPessoas : public screen::Screen, public RotinasPessoa {
     screen::Button cmdINCLUIR{this, "cmdINCLUIR", QStringLiteral("&Incluir")};
     screen::Button cmdALTERAR{this, "cmdALTERAR", QStringLiteral("&Alterar")};
     screen::Button cmdEXCLUIR{this, "cmdEXCLUIR", QStringLiteral("&Desativar")};
-    screen::Button cmdReativar{this, "cmdReativar", QStringLiteral("&Reativar")};
+    screen::Button cmdReativar{this, "cmdReativar", QStringLiteral("Reati&var")};
     screen::Button cmdSALVAR{this, "cmdSALVAR", QStringLiteral("&Salvar")};
     screen::Button cmdIMPRIMIR{this, "cmdIMPRIMIR", QStringLiteral("Impri&mir")};
     screen::Button cmdInfo{this, "cmdInfo", QStringLiteral("In&formações")};

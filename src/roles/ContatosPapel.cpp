@@ -25,15 +25,6 @@ QString NomeColuna(const char* assunto, const TabelaContatos& tabela) {
     return QLatin1StringView(assunto) + tabela.tabela.toString();
 }
 
-/// A stored birthday as the grid shows it. Rows of other programs may hold it in a shorter form.
-QString Aniversario5(const data::Value& valor) {
-    if (valor.isDate())
-        return FormatDate(valor.date().date()).left(5);
-    const QString texto = valor.textOr({});
-    const std::optional<QDateTime> dia = ParseDate(texto + u"/2000"_qs);
-    return dia ? FormatDate(dia->date()).left(5) : texto;
-}
-
 } // namespace
 
 ContatosPapel::ContatosPapel(ContextoExecucao& contexto, screen::Screen& tela, const PapelTela& papel)
@@ -94,7 +85,7 @@ void ContatosPapel::Carrega(const QString& idPapel) {
         QString linha(u'\t');
         for (const char* assunto : {"carg_", "nome_", "tele_", "emai_"})
             linha += registros.Fields(NomeColuna(assunto, tabela_)).textOr({}) + u'\t';
-        Flex.AddItem(linha + Aniversario5(registros.Fields("DATA_NASC")) + u'\t');
+        Flex.AddItem(linha + FormatDayMonthText(registros.Fields("DATA_NASC").textOr({})) + u'\t');
     }
 }
 

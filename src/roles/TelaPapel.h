@@ -28,7 +28,7 @@ class TelaPapel : public screen::Screen {
     screen::Button cmdINCLUIR{this, "cmdINCLUIR", QStringLiteral("&Incluir")};
     screen::Button cmdALTERAR{this, "cmdALTERAR", QStringLiteral("&Alterar")};
     screen::Button cmdEXCLUIR{this, "cmdEXCLUIR", QStringLiteral("&Desativar")};
-    screen::Button cmdReativar{this, "cmdReativar", QStringLiteral("&Reativar")};
+    screen::Button cmdReativar{this, "cmdReativar", QStringLiteral("Reati&var")};
     screen::Button cmdSALVAR{this, "cmdSALVAR", QStringLiteral("&Salvar")};
     screen::Button cmdIMPRIMIR{this, "cmdIMPRIMIR", QStringLiteral("Impri&mir")};
     screen::Button cmdSAIR{this, "cmdSAIR", QStringLiteral("Sai&r")};

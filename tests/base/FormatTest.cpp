@@ -28,6 +28,14 @@ TEST(Format, DatesGoDayFirst) {
     EXPECT_EQ(FormatDateTime(QDateTime(date, QTime(9, 7))), u"05/11/2026 09:07"_qs);
 }
 
+TEST(Format, ABirthdayIsDayAndMonthWhateverFormItWasStoredIn) {
+    EXPECT_EQ(FormatDayMonthText(u"5/3"_qs), u"05/03"_qs);
+    EXPECT_EQ(FormatDayMonthText(u"29/02"_qs), u"29/02"_qs);
+    EXPECT_EQ(FormatDayMonthText(u"05/03/1980"_qs), u"05/03"_qs);
+    EXPECT_EQ(FormatDayMonthText(u"31/02"_qs), u"31/02"_qs);
+    EXPECT_EQ(FormatDayMonthText(u""_qs), u""_qs);
+}
+
 TEST(Format, DatesOfTheCalendarOnly) {
     EXPECT_TRUE(IsDate(u"29/02/2024"_qs));
     EXPECT_FALSE(IsDate(u"29/02/2026"_qs));

@@ -153,4 +153,59 @@ TEST_F(HistoricoPessoa, TheProductListGivesTheCode) {
     EXPECT_EQ(tela.cboProduto.text(), u"P1");
 }
 
+TEST_F(HistoricoPessoa, TheLabelsFollowTheOrderOfTheRows) {
+    Pedidos();
+    database.answer(QStringLiteral("ORDER BY PEDI_VEDS.DATA_PEDI DESC"),
+                    {{u"IDPEDI_VEDS"_qs, u"NUME_PEDI"_qs, u"DATA_PEDI"_qs, u"IDNFF0"_qs},
+                     {{number(11), null(), date(2021, 2, 6), null()}, {number(12), text("1012"), null(), number(99)}}});
+    user.click(tela.opTopDesce);
+    user.click(tela.cmdReprocessaHistClieI);
+    ASSERT_EQ(tela.FlexHistClie.Rows(), 3);
+    EXPECT_EQ(tela.lblPrimeiraCompra.text(), u"06/02/2021");
+    EXPECT_EQ(tela.lblUltimaCompra.text(), u"") << "an order without a date counts as the last one";
+    EXPECT_EQ(tela.FlexHistClie.cell(1, 1), u"") << "an order without a number";
+    EXPECT_EQ(tela.FlexHistClie.cell(2, 5), u"0") << "a note that is gone";
+}
+
+TEST_F(HistoricoPessoa, PurchasesWithTheirStatistics) {
+    database.answer(
+        QStringLiteral("FROM FORN, PEDI_COMP, PESS, USEN WHERE"),
+        {{u"IDPEDI_COMP"_qs, u"DATA_PEDI_COMP"_qs}, {{number(3), date(2020, 5, 1)}, {number(4), date(2020, 6, 1)}}});
+    database.answer(QStringLiteral("pedi_comp_deta.idpedi_comp = 4"),
+                    {{u"QTDE"_qs, u"VALO_LIQU"_qs}, {{number(3), amount(250)}}});
+    database.answer(QStringLiteral("FROM PEDI_COMP_DETA WHERE IDPEDI_COMP = 4"),
+                    {{u"IDPROD"_qs, u"QTDE"_qs}, {{number(1), number(3)}, {number(2), null()}}});
+    CarregaHistoricoPorId(tela);
+    ASSERT_EQ(tela.FlexHistForn.Rows(), 3);
+    const char16_t* linha[] = {u"4", u"4", u"01/06/2020", u"7,50", u"3"};
+    for (int coluna = 0; coluna < 5; ++coluna)
+        EXPECT_EQ(tela.FlexHistForn.cell(2, coluna), QString::fromUtf16(linha[coluna])) << coluna;
+    EXPECT_EQ(tela.lblPrimeiraCompraForn.text(), u"01/05/2020");
+    EXPECT_EQ(tela.lblUltimaCompraForn.text(), u"01/06/2020");
+    EXPECT_EQ(tela.lblQtdeComprasForn.text(), u"2");
+    EXPECT_EQ(tela.lblTotalItensComprasForn.text(), u"3");
+    EXPECT_EQ(tela.lblMontanteComprasForn.text(), u"7,50");
+}
+
+TEST_F(HistoricoPessoa, TheExternalCodeBringsOrdersAndPurchasesOnly) {
+    CarregaHistoricoPorCodigoExterno(tela);
+    ASSERT_EQ(database.sent.size(), 4) << "two role lookups, the orders, the purchases";
+    EXPECT_TRUE(database.sent[1].contains(u"FROM CLIE, PEDI_VEDS, PESS"));
+    EXPECT_TRUE(database.sent[3].contains(u"FROM FORN, PEDI_COMP, PESS, USEN WHERE"));
+}
+
+TEST_F(HistoricoPessoa, ClearingKeepsTheQuotationsLabels) {
+    for (const char* rotulo : {"lblPrimeiraCompra", "lblUltimaCompraForn", "lblQtdeCompras", "lblTotalItensComprasForn",
+                               "lblMontanteCompras", "lblQtdeComprasOS", "lblMontanteComprasOS", "lblPrimeiraCompraII",
+                               "lblMontanteComprasII"})
+        tela.field(QString::fromLatin1(rotulo)).setText(u"x"_qs);
+    LimpaHistorico(tela);
+    const std::pair<const char*, const char16_t*> rotulos[] = {
+        {"lblPrimeiraCompra", u""},         {"lblUltimaCompraForn", u""},    {"lblQtdeCompras", u"0"},
+        {"lblTotalItensComprasForn", u"0"}, {"lblMontanteCompras", u"0,00"}, {"lblQtdeComprasOS", u""},
+        {"lblMontanteComprasOS", u""},      {"lblPrimeiraCompraII", u"x"},   {"lblMontanteComprasII", u"x"}};
+    for (const auto& [rotulo, esperado] : rotulos)
+        EXPECT_EQ(Texto(rotulo), QString::fromUtf16(esperado)) << rotulo;
+}
+
 } // namespace vorta::test
