@@ -8,17 +8,10 @@
 #include <QDeadlineTimer>
 #include <QHash>
 #include <QSet>
-#include <cerrno>
 
 namespace vorta::firebird {
 
 namespace {
-
-/// The engine tells an interrupted file call from a good one by `errno` alone, so a value that an earlier signal has left
-/// there keeps its handling of lock files in an endless loop.
-void forgetInterruption() {
-    errno = 0;
-}
 
 using data::RowSink;
 using data::Statement;
@@ -64,7 +57,6 @@ class FirebirdAdapter : public data::Adapter {
     }
 
     void open(const QString& connectionString, int timeoutSeconds) override {
-        forgetInterruption();
         close();
         attachment_ = Attach(connectionString, timeoutSeconds);
     }
@@ -124,7 +116,6 @@ class FirebirdAdapter : public data::Adapter {
 void FirebirdAdapter::close() {
     if (!attachment_)
         return;
-    forgetInterruption();
     cache_.clear();
     identity_.reset();
     dates_.clear();
