@@ -1,5 +1,6 @@
 #include "base/RuntimeError.h"
 #include "bench/DataCases.h"
+#include "bench/PersonCases.h"
 #include "bench/RoleCases.h"
 #include "bench/SearchCases.h"
 
@@ -12,7 +13,8 @@ using namespace vorta;
 namespace {
 
 /// Every subject that is measured; a new one adds the maker of its cases.
-constexpr std::vector<bench::Case> (*subjects[])() = {bench::DataCases, bench::RoleCases, bench::SearchCases};
+constexpr std::vector<bench::Case> (*subjects[])() = {bench::DataCases, bench::RoleCases, bench::PersonCases,
+                                                      bench::SearchCases};
 
 constexpr int rounds = 11;
 
@@ -32,6 +34,9 @@ int main(int count, char** arguments) {
         return allHold ? 0 : 1;
     } catch (const RuntimeError& failure) {
         std::fprintf(stderr, "%s\n%s\n", failure.what(), qUtf8Printable(failure.statement()));
+        return 2;
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
         return 2;
     }
 }
