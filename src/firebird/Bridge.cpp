@@ -81,11 +81,35 @@ QString dashedDate(QStringView content) {
     return date.isValid() ? date.toString(QStringLiteral("yyyy-MM-dd")) : QString();
 }
 
-std::vector<bool> describeEach(const Statement& statement, const std::vector<Edit>& questions,
-                               const DescribeDates& describe) {
+/// The text without what differs from row to row: `?` for a literal that may be a date, nothing in any other, no
+/// numbers.
+QString shapeOf(const Tokens& tokens, QStringView text, const std::vector<Edit>& questions) {
+    QString shape;
+    shape.reserve(text.size());
+    qsizetype copied = 0;
+    auto question = questions.begin();
+    for (std::size_t i = 0; i < tokens.size(); ++i) {
+        if (!tokens.is(i, TokenKind::Literal) && !tokens.is(i, TokenKind::Number))
+            continue;
+        const bool asked = question != questions.end() && question->start == tokens[i].start;
+        question += asked;
+        shape += text.sliced(copied, tokens[i].start - copied);
+        shape += asked ? u'?' : tokens.is(i, TokenKind::Number) ? u'0' : u'\'';
+        copied = tokens[i].end();
+    }
+    shape += text.sliced(copied);
+    return shape;
+}
+
+std::vector<bool> describeEach(const Statement& statement, const std::vector<Edit>& questions, const QString& shape,
+                               const DescribeDates& describe, KnownDates& known) {
+    if (const std::vector<bool>* said = known.find(shape))
+        return *said;
     if (const auto together = describe(statement.edited(questions).text());
-        together && together->size() == questions.size())
+        together && together->size() == questions.size()) {
+        known.remember(shape, *together);
         return *together;
+    }
     // One of them stands where no parameter can: each is then asked for by itself.
     std::vector<bool> dates;
     for (const Edit& question : questions) {
@@ -152,7 +176,7 @@ Statement ReturningKey(const Statement& statement, const QString& table) {
     return statement.edited(std::span(&clause, 1));
 }
 
-Statement BridgeDates(const Statement& statement, const DescribeDates& describe) {
+Statement BridgeDates(const Statement& statement, const DescribeDates& describe, KnownDates& known) {
     const Tokens tokens(statement);
     std::vector<Edit> questions;
     std::vector<Edit> dates;
@@ -167,7 +191,8 @@ Statement BridgeDates(const Statement& statement, const DescribeDates& describe)
     }
     if (dates.empty())
         return statement;
-    const std::vector<bool> isDate = describeEach(statement, questions, describe);
+    const std::vector<bool> isDate =
+        describeEach(statement, questions, shapeOf(tokens, statement.text(), questions), describe, known);
     std::vector<Edit> edits;
     for (std::size_t i = 0; i < dates.size(); ++i)
         if (isDate[i])

@@ -2,6 +2,7 @@
 
 #include "data/Statement.h"
 
+#include <QHash>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -24,9 +25,28 @@ data::Statement ReturningKey(const data::Statement& statement, const QString& ta
 /// Tells for each `?` of a text whether the engine takes a date there; nothing when the engine cannot describe the
 /// text.
 using DescribeDates = std::function<std::optional<std::vector<bool>>(const QString& text)>;
+/// What the engine has said about dates, by the statement without its values: the rows of a save ask once.
+class KnownDates {
+  public:
+    const std::vector<bool>* find(const QString& shape) const {
+        const auto known = known_.find(shape);
+        return known == known_.end() ? nullptr : &*known;
+    }
+    void remember(const QString& shape, const std::vector<bool>& dates) {
+        if (known_.size() >= mostShapes)
+            known_.clear();
+        known_.insert(shape, dates);
+    }
+    /// After a change of the tables.
+    void clear() { known_.clear(); }
+
+  private:
+    static constexpr qsizetype mostShapes = 64;
+    QHash<QString, std::vector<bool>> known_;
+};
 /// Literals 'yyyymmdd' as 'yyyy-mm-dd', only where the engine itself says that a date stands: an eight-digit phone,
 /// document or postal code keeps its form.
-data::Statement BridgeDates(const data::Statement& statement, const DescribeDates& describe);
+data::Statement BridgeDates(const data::Statement& statement, const DescribeDates& describe, KnownDates& known);
 
 /// A statement whose plain integer values stand aside as parameters.
 struct Parameterised {

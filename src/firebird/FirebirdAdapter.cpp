@@ -72,7 +72,13 @@ class FirebirdAdapter : public data::Adapter {
             });
     }
 
-    Runnable prepare(const Statement& statement);
+    void forgetPrepared() {
+        cache_.clear();
+        repeated_.clear();
+        knownDates_.clear();
+    }
+    /// A query is kept for the case that it comes again.
+    Runnable prepare(const Statement& statement, bool isQuery = false);
     std::optional<std::vector<bool>> describeDates(const QString& text);
     void run(const Statement& statement, RowSink* rows);
     void runInsert(const Statement& statement, const QString& table);
@@ -82,7 +88,9 @@ class FirebirdAdapter : public data::Adapter {
     Handle<Firebird::IAttachment> attachment_;
     Transaction readTransaction_;
     Transaction transaction_;
-    StatementCache cache_;
+    StatementCache cache_;    ///< with parameters
+    StatementCache repeated_; ///< queries without: the next key, the switches of the company
+    KnownDates knownDates_;
     std::optional<qint64> identity_;
     QSet<QString> keyless_; ///< tables without a key by the rule `id` and table
 };
@@ -90,7 +98,7 @@ class FirebirdAdapter : public data::Adapter {
 void FirebirdAdapter::close() {
     if (!attachment_)
         return;
-    cache_.clear();
+    forgetPrepared();
     identity_.reset();
     keyless_.clear();
     try {
@@ -175,7 +183,7 @@ void FirebirdAdapter::runInsert(const Statement& statement, const QString& table
 }
 
 void FirebirdAdapter::run(const Statement& statement, RowSink* rows) {
-    const Runnable runnable = prepare(statement);
+    const Runnable runnable = prepare(statement, rows != nullptr);
     if (runnable.prepared->answer() == Answer::Rows)
         runnable.prepared->fetch(reading(), rows);
     else
@@ -190,12 +198,16 @@ std::optional<std::vector<bool>> FirebirdAdapter::describeDates(const QString& t
     }
 }
 
-FirebirdAdapter::Runnable FirebirdAdapter::prepare(const Statement& statement) {
-    const Statement bridged = BridgeDates(statement, [this](const QString& text) { return describeDates(text); });
+FirebirdAdapter::Runnable FirebirdAdapter::prepare(const Statement& statement, bool isQuery) {
+    const Statement bridged = BridgeDates(
+        statement, [this](const QString& text) { return describeDates(text); }, knownDates_);
     if (const Parameterised aside = TakeIntegers(bridged); !aside.integers.empty()) {
         PreparedStatement* const cached = cache_.find(*attachment_, reading(), aside.text);
         if (cached && cached->bind(aside.integers))
             return {cached, nullptr};
+    } else if (isQuery) {
+        if (PreparedStatement* const kept = repeated_.find(*attachment_, reading(), bridged.text()))
+            return {kept, nullptr};
     }
     auto own = std::make_unique<PreparedStatement>(*attachment_, reading(), bridged.text());
     return {own.get(), std::move(own)};
@@ -204,7 +216,7 @@ FirebirdAdapter::Runnable FirebirdAdapter::prepare(const Statement& statement) {
 std::optional<qint64> FirebirdAdapter::write(PreparedStatement& prepared, RowSink* rows) {
     if (prepared.answer() == Answer::Tables) {
         // Statements kept prepared, and the open read transaction, would hold the table that is about to change.
-        cache_.clear();
+        forgetPrepared();
         keyless_.clear();
         endReading();
     }

@@ -6,11 +6,10 @@
 
 namespace vorta::firebird {
 
-/// The last prepared statements of a connection by their text with `?`; also remembers which texts cannot be prepared
-/// that way.
+/// The last prepared statements of a connection by their text; also remembers which texts cannot be kept prepared.
 class StatementCache {
   public:
-    /// The prepared statement of that text, making it when it is new; none when the engine refuses it with parameters.
+    /// The prepared statement of that text, making it when it is new; none when the engine refuses it.
     PreparedStatement* find(Firebird::IAttachment& attachment, Firebird::ITransaction& transaction,
                             const QString& text);
     /// Forgets all of them: after a change of the tables, and before the connection closes.

@@ -64,7 +64,8 @@ TEST(Bridge, InsertedTable) {
 
 TEST(Bridge, DatesOnlyWhereTheEngineTakesOne) {
     const Statement statement("update t set cep = '20260101', dia = '20260102' where fone = '20260103'");
-    EXPECT_EQ(BridgeDates(statement, datesAt({false, true, false})).text(),
+    KnownDates known;
+    EXPECT_EQ(BridgeDates(statement, datesAt({false, true, false}), known).text(),
               u"update t set cep = '20260101', dia = '2026-01-02' where fone = '20260103'");
 }
 
@@ -73,9 +74,10 @@ TEST(Bridge, NoDateNoQuestion) {
         ADD_FAILURE() << text.toStdString();
         return std::nullopt;
     };
+    KnownDates known;
     for (const Statement& statement : {Statement("update t set a = '2026010', b = '202601011', c = '20261301'"),
                                        Statement("update t set a = 20260101, b = '2026/01/01', c = ''")})
-        EXPECT_EQ(BridgeDates(statement, never), statement);
+        EXPECT_EQ(BridgeDates(statement, never, known), statement);
 }
 
 TEST(Bridge, UndescribedTextIsAskedPieceByPiece) {
@@ -85,7 +87,30 @@ TEST(Bridge, UndescribedTextIsAskedPieceByPiece) {
             return std::nullopt;
         return std::vector{true};
     };
-    EXPECT_EQ(BridgeDates(statement, describe).text(), u"select '20260101' from t where dia = '2026-01-02'");
+    KnownDates known;
+    EXPECT_EQ(BridgeDates(statement, describe, known).text(), u"select '20260101' from t where dia = '2026-01-02'");
+}
+
+TEST(Bridge, RowsOfTheSameShapeAskOnce) {
+    int asked = 0;
+    const auto describe = [&asked](const QString&) {
+        ++asked;
+        return std::optional(std::vector{false, true});
+    };
+    KnownDates known;
+    EXPECT_EQ(BridgeDates(Statement("insert into t values (1, 'a', '20260101', '20260102')"), describe, known).text(),
+              u"insert into t values (1, 'a', '20260101', '2026-01-02')");
+    EXPECT_EQ(
+        BridgeDates(Statement("insert into t values (23, 'b''c', '20260103', '20260104')"), describe, known).text(),
+        u"insert into t values (23, 'b''c', '20260103', '2026-01-04')");
+    EXPECT_EQ(asked, 1);
+    // The other column, or an eight-digit text where there was none, is another question.
+    BridgeDates(Statement("insert into t values (1, '20260101', 'a', '20260102')"), describe, known);
+    BridgeDates(Statement("insert into u values (1, 'a', '20260101', '20260102')"), describe, known);
+    EXPECT_EQ(asked, 3);
+    known.clear();
+    BridgeDates(Statement("insert into t values (1, 'a', '20260101', '20260102')"), describe, known);
+    EXPECT_EQ(asked, 4);
 }
 
 TEST(Bridge, IntegersStandAside) {
