@@ -28,6 +28,7 @@ int main(int count, char** arguments) {
     const QTemporaryDir home;
     qputenv("VORTA_HOME", home.path().toUtf8());
     try {
+        bench::PrintHeader();
         bool allHold = true;
         for (const auto& cases : subjects)
             allHold = bench::MeasureAll(cases(), rounds, application.arguments().value(1)) && allHold;

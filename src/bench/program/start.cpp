@@ -1,12 +1,14 @@
 // One start up to the painted window, in a process of its own:
 //   pessoas-bench-start register LAUNCH-STRING          the register's start screen
 //   pessoas-bench-start bare CONNECTION STATEMENTS      an empty window, and the statements of that file (one a line)
+//   pessoas-bench-start form CONNECTION STATEMENTS      the same, with the register's form in the window and no more
 // Writes "painted" when the window stands painted, and ends.
 
 #include "app/Register.h"
 #include "bench/BareClient.h"
 #include "desktop/DesktopApplication.h"
 #include "desktop/DesktopPlatform.h"
+#include "desktop/Forms.h"
 #include "desktop/ScreenWindow.h"
 #include "firebird/EmbeddedEngine.h"
 
@@ -54,8 +56,12 @@ int startRegister(int argc, char** argv, const char* launchString) {
     return registro.program().exitCode();
 }
 
-int startBare(int argc, char** argv, const char* connection, const char* statements) {
-    QApplication application(argc, argv);
+int startBare(int argc, char** argv, bool withForm, const char* connection, const char* statements) {
+    std::unique_ptr<QApplication> application;
+    if (withForm)
+        application = std::make_unique<desktop::DesktopApplication>(argc, argv);
+    else
+        application = std::make_unique<QApplication>(argc, argv);
     firebird::PrepareEmbeddedEngine();
     bench::BareClient client(QString::fromUtf8(connection));
     QFile list(QString::fromUtf8(statements));
@@ -65,6 +71,8 @@ int startBare(int argc, char** argv, const char* connection, const char* stateme
         client.send(statement);
     QWidget window;
     window.resize(1000, 700);
+    if (withForm)
+        desktop::SetUpForm(Register::startScreen(), window);
     FirstPaint painted([] { QCoreApplication::quit(); });
     window.show();
     return QApplication::exec();
@@ -75,8 +83,9 @@ int startBare(int argc, char** argv, const char* connection, const char* stateme
 int main(int argc, char** argv) {
     if (argc == 3 && std::strcmp(argv[1], "register") == 0)
         return startRegister(argc, argv, argv[2]);
-    if (argc == 4 && std::strcmp(argv[1], "bare") == 0)
-        return startBare(argc, argv, argv[2], argv[3]);
-    std::fputs("usage: pessoas-bench-start register LAUNCH-STRING | bare CONNECTION STATEMENTS\n", stderr);
+    for (const bool withForm : {false, true})
+        if (argc == 4 && std::strcmp(argv[1], withForm ? "form" : "bare") == 0)
+            return startBare(argc, argv, withForm, argv[2], argv[3]);
+    std::fputs("usage: pessoas-bench-start register LAUNCH-STRING | bare|form CONNECTION STATEMENTS\n", stderr);
     return exitUnusable;
 }
