@@ -4,6 +4,7 @@
 
 #include <firebird/Interface.h>
 
+#include <cerrno>
 #include <memory>
 
 /// What every user of the Firebird client interface needs: the library's entry points, handles that let go by
@@ -40,10 +41,12 @@ void EndWith(Handle<Interface>& handle, Ending ending) {
 /// use).
 Firebird::IMaster& Master();
 
-/// A status that throws `Firebird::FbException`; made anew per group of calls.
+/// A status that throws `Firebird::FbException`; made anew per group of calls. The engine repeats some file operations
+/// for as long as `errno` tells of an interruption, its own or not: one left over from a signal would keep it busy for
+/// ever when a connection closes.
 class Status {
   public:
-    Status() : status_(Master().getStatus()), wrapper_(status_.get()) {}
+    Status() : status_(Master().getStatus()), wrapper_(status_.get()) { errno = 0; }
     Firebird::ThrowStatusWrapper* operator&() { return &wrapper_; }
 
   private:

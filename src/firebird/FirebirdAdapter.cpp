@@ -5,6 +5,7 @@
 #include "firebird/EmbeddedEngine.h"
 #include "firebird/StatementCache.h"
 
+#include <QDeadlineTimer>
 #include <QHash>
 #include <QSet>
 #include <cerrno>
@@ -29,6 +30,28 @@ constexpr unsigned char lockSeconds = 4;
 constexpr unsigned char writeBlock[] = {
     isc_tpb_version3, isc_tpb_write, isc_tpb_read_committed, isc_tpb_rec_version, isc_tpb_wait, isc_tpb_lock_timeout, 1,
     lockSeconds};
+
+/// True when a row was changed by somebody else between a statement's reading and its writing of it.
+bool ChangedMeanwhile(const Firebird::FbException& failure) {
+    for (const intptr_t* item = failure.getStatus()->getErrors(); *item != isc_arg_end;
+         item += *item == isc_arg_cstring ? 3 : 2)
+        if (item[0] == isc_arg_gds && item[1] == isc_update_conflict)
+            return true;
+    return false;
+}
+
+/// Runs a writing statement. The engine undoes one that meets a row changed meanwhile; said again, it meets the row as
+/// it stands now, so that of two saves at once both succeed and the last one stands.
+std::optional<qint64> Write(PreparedStatement& prepared, Firebird::ITransaction& transaction, RowSink* rows) {
+    for (const QDeadlineTimer patience(std::chrono::seconds{lockSeconds});;) {
+        try {
+            return prepared.execute(transaction, rows);
+        } catch (const Firebird::FbException& failure) {
+            if (!ChangedMeanwhile(failure) || patience.hasExpired())
+                throw;
+        }
+    }
+}
 
 class FirebirdAdapter : public data::Adapter {
   public:
@@ -232,10 +255,10 @@ std::optional<qint64> FirebirdAdapter::write(PreparedStatement& prepared, RowSin
         endReading();
     }
     if (transaction_)
-        return prepared.execute(*transaction_, rows);
+        return Write(prepared, *transaction_, rows);
     Transaction own = start(writeBlock);
     try {
-        const std::optional<qint64> given = prepared.execute(*own, rows);
+        const std::optional<qint64> given = Write(prepared, *own, rows);
         EndWith(own, [](auto* open) {
             Status status;
             open->commit(&status);

@@ -8,6 +8,8 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <cerrno>
+#include <future>
 
 /// What only Firebird has: generators, changes of tables beside prepared statements, the engine inside the process, a
 /// server that goes.
@@ -121,6 +123,51 @@ TEST_F(FirebirdOnly, TwoProgramsWorkOnOneFileAtOnce) {
     ASSERT_TRUE(peer.waitForFinished(20000));
     EXPECT_EQ(peer.exitCode(), 0) << peer.readAllStandardError().toStdString();
     EXPECT_EQ(one(Statement("select nome from logr")), u"DO OUTRO PROGRAMA");
+}
+
+TEST_F(FirebirdOnly, OfTwoWritesOfOneRowAtOnceBothSucceedAndTheLastStands) {
+    connection.Execute(Statement("insert into logr (nome) values ('ANTES')"));
+    const Statement change("update logr set nome = nome || '+'");
+    for (const bool insideTransaction : {true, false}) {
+        connection.BeginTrans();
+        connection.Execute(change);
+        std::promise<void> ready;
+        std::future<void> colleague = std::async(std::launch::async, [&] {
+            data::Connection other(factory());
+            other.Open(data::Engine::Firebird, path());
+            if (insideTransaction)
+                other.BeginTrans();
+            ready.set_value();
+            other.Execute(change);
+            if (insideTransaction)
+                other.CommitTrans();
+        });
+        ready.get_future().wait();
+        EXPECT_EQ(colleague.wait_for(std::chrono::milliseconds(300)), std::future_status::timeout) << "it has to wait";
+        connection.CommitTrans();
+        EXPECT_NO_THROW(colleague.get());
+    }
+    EXPECT_EQ(one(Statement("select nome from logr")), u"ANTES++++");
+}
+
+TEST_F(FirebirdOnly, ARowThatStaysHeldIsRefusedAfterSomeSeconds) {
+    connection.Execute(Statement("insert into logr (nome) values ('ANTES')"));
+    connection.BeginTrans();
+    connection.Execute(Statement("update logr set nome = 'MEU'"));
+    data::Connection other(factory());
+    other.Open(data::Engine::Firebird, path());
+    EXPECT_EQ(ErrorOf([&] { other.Execute(Statement("update logr set nome = 'DELE'")); }),
+              errorNumber::StatementRefused);
+    connection.CommitTrans();
+    EXPECT_EQ(one(Statement("select nome from logr")), u"MEU");
+}
+
+/// Fails by its time limit: the engine would never come back.
+TEST_F(FirebirdOnly, AnInterruptionLeftOverFromASignalDoesNotKeepAConnectionFromClosing) {
+    one(Statement("select mon$page_size from mon$database")); // the tables whose files are opened anew at the close
+    errno = EINTR;
+    connection.Close();
+    EXPECT_FALSE(connection.IsOpen());
 }
 
 TEST_F(FirebirdOnly, CharacterOutsideTheRepertoireIsRefused) {

@@ -1,0 +1,141 @@
+#include "office/OfficeWork.h"
+
+#include "kit/Documents.h"
+#include "search/frmBROWSE_PESSOAS.h"
+
+namespace vorta::test {
+
+namespace {
+
+const QString savedText = QStringLiteral("Registro Gravado com sucesso!");
+
+/// Numbers of two branches that differ, for a mark: colleagues write different ones.
+std::pair<qsizetype, qsizetype> branchesOf(const QString& mark, qsizetype branches) {
+    const auto first = static_cast<qsizetype>(qHash(mark) % static_cast<size_t>(branches));
+    return {first, (first + 1) % branches};
+}
+
+} // namespace
+
+OfficeWork::OfficeWork(const QString& home, const std::function<void(const QString&)>& tell)
+    : home_(home), tell_(tell), register_(*this) {}
+
+frmPessoas& OfficeWork::person() {
+    return static_cast<frmPessoas&>(register_.context().Tela(Register::startScreen()));
+}
+
+bool OfficeWork::spend(const std::function<void()>& day) {
+    day_ = day;
+    register_.start(QStringLiteral("1^1^PRD^False^"));
+    return flawless_ && !register_.program().failure();
+}
+
+screen::Answer OfficeWork::messageBox(const screen::Box& box) {
+    if (box.text == savedText) {
+        ++saved_;
+        return screen::Answer::OK;
+    }
+    flawless_ = false;
+    tell_(QStringLiteral("error\t") + QString(box.text).replace(u'\n', u' '));
+    return box.buttons == screen::Buttons::OK ? screen::Answer::OK : screen::Answer::No;
+}
+
+void OfficeWork::runModal(screen::Screen& screen) {
+    if (screen.name() == Register::startScreen()) {
+        register_.user().dropDown(person().cboAtividades);
+        branches_ = person().cboAtividades.items();
+        day_();
+    } else {
+        search(screen);
+    }
+    if (!register_.program().hasEnded())
+        screen.Unload();
+}
+
+void OfficeWork::search(screen::Screen& screen) {
+    auto& search = static_cast<frmBROWSE_PESSOAS&>(screen);
+    screen::User& user = register_.user();
+    user.type(search.cboCod, wanted_);
+    user.click(search.cmdPesquisa);
+    for (int row = 1; row < search.Flex.Rows(); ++row)
+        if (search.Flex.cell(row, 2) == wanted_)
+            return user.doubleClickCell(search.Flex, row, 2);
+}
+
+void OfficeWork::pick(screen::ListField& list, const QString& item) {
+    register_.user().dropDown(list);
+    register_.user().pick(list, static_cast<int>(list.items().indexOf(item)));
+}
+
+QString OfficeWork::include(const QString& name, const QString& mark, quint64 document) {
+    screen::User& user = register_.user();
+    frmPessoas& screen = person();
+    user.click(screen.cmdINCLUIR);
+    pick(screen.cboFisJur, QStringLiteral("Física"));
+    QString digits = QString::fromLatin1(kit::Cpf(document));
+    user.type(screen.mskCodigo, digits.remove(u'.').remove(u'-'));
+    user.type(screen.txtDescricao, name);
+    user.type(screen.txtNomeFantasia, name);
+    user.type(screen.txtEndereco, QStringLiteral("Rua da Carga"));
+    user.type(screen.txtBairro, QStringLiteral("Centro"));
+    user.type(screen.mskCEP, QStringLiteral("06010000"));
+    pick(screen.cboUF, QStringLiteral("SP"));
+    user.type(screen.cboCidade, QStringLiteral("Osasco"));
+    user.type(screen.txtFone1, QStringLiteral("11 4000-0001"));
+    fillLists(mark);
+    return save() ? screen.txtRowID.text() : QString();
+}
+
+bool OfficeWork::alter(const QString& id, const QString& mark) {
+    screen::User& user = register_.user();
+    frmPessoas& screen = person();
+    user.type(screen.txtRowID, id);
+    user.click(screen.cmdPesquisar_Cliente);
+    user.click(screen.cmdALTERAR);
+    while (screen.Flex.Rows() > 1 && !register_.program().hasEnded())
+        user.doubleClickCell(screen.Flex, 1, 2);
+    while (screen.FlexAtividades.Rows() > 1 && !register_.program().hasEnded())
+        user.clickCell(screen.FlexAtividades, 1, 1);
+    fillLists(mark);
+    return save();
+}
+
+void OfficeWork::fillLists(const QString& mark) {
+    screen::User& user = register_.user();
+    frmPessoas& screen = person();
+    for (const char* contact : {"A", "B", "C"}) {
+        user.type(screen.cboTipoContato, QStringLiteral("Diretor"));
+        user.type(screen.txtNomeContato, mark + u' ' + QString::fromLatin1(contact));
+        user.click(screen.cmdIncluirContato);
+    }
+    const auto [first, second] = branchesOf(mark, branches_.size());
+    for (const qsizetype branch : {first, second}) {
+        user.type(screen.cboAtividades, branches_[branch]);
+        user.click(screen.cmdIncluirAtividades);
+    }
+    user.type(screen.txtOBSE_PESS_0001, branches_[first]);
+    user.type(screen.txtOBSE_PESS_0002, branches_[second]);
+    user.type(screen.txtOBSE_PESS_0003, mark);
+}
+
+bool OfficeWork::save() {
+    const int before = saved_;
+    register_.user().click(person().cmdSALVAR);
+    return saved_ == before + 1;
+}
+
+QStringList OfficeWork::find(const QString& name) {
+    screen::User& user = register_.user();
+    frmPessoas& screen = person();
+    wanted_ = name;
+    user.type(screen.txtRowID, {});
+    user.type(screen.txtCodPessExterno, {});
+    user.click(screen.cmdPesquisar_Cliente); // the search screen
+    if (screen.txtRowID.text().isEmpty())
+        return {};
+    user.click(screen.cmdPesquisar_Cliente);
+    return {screen.txtRowID.text(), screen.txtOBSE_PESS_0003.text(), QString::number(screen.Flex.Rows() - 1),
+            QString::number(screen.FlexAtividades.Rows() - 1)};
+}
+
+} // namespace vorta::test

@@ -1,0 +1,87 @@
+// A user of the office: office_user HOME. Commands come on the standard input, one a line with tabs between the words,
+// and are answered by one line each; "work" tells every deed on a line of its own before its answer.
+
+#include "office/OfficeWork.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <cstdio>
+#include <iostream>
+#include <string>
+
+namespace {
+
+using vorta::test::OfficeWork;
+
+void tell(const QString& line) {
+    std::printf("%s\n", line.toUtf8().constData());
+    std::fflush(stdout);
+}
+
+/// A clock that all processes of the machine share.
+QString now() {
+    QElapsedTimer timer;
+    timer.start();
+    return QString::number(timer.msecsSinceReference());
+}
+
+void alter(OfficeWork& work, const QString& id, const QString& mark) {
+    const QString begin = now();
+    if (work.alter(id, mark))
+        tell(QStringLiteral("altered\t%1\t%2\t%3\t%4").arg(id, mark, begin, now()));
+    else
+        tell(QStringLiteral("error\tthe alteration of %1 was not saved").arg(id));
+}
+
+void include(OfficeWork& work, const QString& name, const QString& mark, quint64 document) {
+    const QString id = work.include(name, mark, document);
+    if (id.isEmpty())
+        tell(QStringLiteral("error\tthe inclusion of %1 was not saved").arg(name));
+    else
+        tell(QStringLiteral("included\t%1\t%2").arg(id, name));
+}
+
+void find(OfficeWork& work, const QString& name) {
+    tell(QStringList{QStringLiteral("found"), work.find(name).join(u'\t')}.join(u'\t'));
+}
+
+/// Includes a person, finds it, alters one of those that all colleagues alter, and again, without a pause.
+void workFor(OfficeWork& work, int seconds, int number, const QStringList& shared) {
+    constexpr quint64 documentsOfAUser = 100'000;
+    QElapsedTimer time;
+    time.start();
+    for (int round = 1; !time.hasExpired(seconds * 1000LL); ++round) {
+        const QString mark = QStringLiteral("U%1 N%2").arg(number, 2, 10, QChar(u'0')).arg(round);
+        const QString name = QStringLiteral("CARGA ") + mark;
+        include(work, name, mark, static_cast<quint64>(number) * documentsOfAUser + static_cast<quint64>(round));
+        find(work, name);
+        alter(work, shared[(round + number) % shared.size()], mark);
+    }
+    tell(QStringLiteral("done"));
+}
+
+void obey(OfficeWork& work) {
+    tell(QStringLiteral("here"));
+    for (std::string line; std::getline(std::cin, line);) {
+        const QStringList words = QString::fromStdString(line).split(u'\t');
+        if (words[0] == u"include")
+            include(work, words[1], words[2], words[3].toULongLong());
+        else if (words[0] == u"alter")
+            alter(work, words[1], words[2]);
+        else if (words[0] == u"find")
+            find(work, words[1]);
+        else if (words[0] == u"work")
+            workFor(work, words[1].toInt(), words[2].toInt(), words.mid(3));
+    }
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    QCoreApplication application(count, arguments);
+    if (count != 2)
+        return 2;
+    qputenv("VORTA_HOME", arguments[1]);
+    OfficeWork work(QString::fromLocal8Bit(arguments[1]), tell);
+    return work.spend([&] { obey(work); }) ? 0 : 1;
+}
