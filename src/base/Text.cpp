@@ -52,7 +52,8 @@ QString Trim(const QString& text) { return RTrim(LTrim(text)); }
 QString UCase(const QString& text) {
     QString upper = text;
     for (QChar& character : upper)
-        character = character.toUpper();
+        if (const QChar capital = character.toUpper(); inRepertoire(capital))
+            character = capital;
     return upper;
 }
 

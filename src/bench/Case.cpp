@@ -28,8 +28,11 @@ Outcome Measure(const Case& subject) {
     return {median(floor), median(ours)};
 }
 
+void PrintHeader() {
+    std::printf("%-46s %12s %12s %8s %8s\n", "case", "floor", "ours", "ratio", "limit");
+}
+
 bool MeasureAll(const std::vector<Case>& cases, const QString& filter) {
-    std::printf("%-44s %12s %12s %8s %8s\n", "case", "floor", "ours", "ratio", "limit");
     bool allHold = true;
     for (const Case& subject : cases) {
         if (!subject.name.contains(filter, Qt::CaseInsensitive))
@@ -37,7 +40,7 @@ bool MeasureAll(const std::vector<Case>& cases, const QString& filter) {
         const Outcome outcome = Measure(subject);
         const bool holds = outcome.ratio() <= subject.limitRatio;
         allHold = allHold && holds;
-        std::printf("%-44s %12.2f %12.2f %8.2f %8.2f  %s%s\n", qUtf8Printable(subject.name), outcome.floor,
+        std::printf("%-46s %12.2f %12.2f %8.2f %8.2f  %s%s\n", qUtf8Printable(subject.name), outcome.floor,
                     outcome.ours, outcome.ratio(), subject.limitRatio, qUtf8Printable(subject.unit),
                     holds ? "" : "  BROKEN");
         std::fflush(stdout);

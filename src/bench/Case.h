@@ -26,6 +26,8 @@ struct Outcome {
 
 /// Measures both sides in turns, after one round that only warms up.
 Outcome Measure(const Case& subject);
+/// The words above the columns of `MeasureAll`.
+void PrintHeader();
 /// Measures the cases whose name contains `filter` and prints a line for each; true when every limit holds.
 bool MeasureAll(const std::vector<Case>& cases, const QString& filter);
 

@@ -1,6 +1,7 @@
 #include "bench/DataCases.h"
 
 #include "bench/BareClient.h"
+#include "bench/Lazy.h"
 #include "data/Recordset.h"
 #include "firebird/EmbeddedEngine.h"
 #include "firebird/FirebirdAdapter.h"
@@ -64,7 +65,7 @@ class DataBench {
     data::Connection register_;
 };
 
-using Bench = std::shared_ptr<DataBench>;
+using Bench = Lazy<DataBench>;
 
 Statement byKey(int key) {
     Statement statement;
@@ -179,7 +180,7 @@ Case memory(const Bench& bench) {
 } // namespace
 
 std::vector<Case> DataCases() {
-    const Bench bench = std::make_shared<DataBench>();
+    const Bench bench;
     return {reads(bench, "data: statement by key", byKey, 0.5),
             reads(bench, "data: statement by text", byText, 1.5),
             inserts(bench),

@@ -1,6 +1,7 @@
 #include "bench/RoleCases.h"
 
-#include "bench/BareClient.h"
+#include "bench/QuietPlatform.h"
+#include "bench/RecordedWork.h"
 #include "firebird/EmbeddedEngine.h"
 #include "firebird/FirebirdAdapter.h"
 #include "kit/Ddl.h"
@@ -9,7 +10,6 @@
 #include "screen/User.h"
 #include "shared/Vinculos.h"
 
-#include <QRegularExpression>
 #include <QTemporaryDir>
 
 namespace vorta::bench {
@@ -21,27 +21,11 @@ constexpr int openings = 100;
 constexpr int saves = 20;
 constexpr int paintings = 300;
 
-/// Somebody who says yes to everything and works on a screen the moment it is shown.
-class BenchPlatform : public screen::Platform {
+/// Every picture of an indicator is there.
+class PicturePlatform : public QuietPlatform {
   public:
-    screen::Answer messageBox(const screen::Box&) override { return screen::Answer::Yes; }
-    void runModal(screen::Screen& shown) override {
-        if (work)
-            work(shown);
-        shown.Unload();
-    }
-    void openAddress(const QString&) override {}
-    QString home() const override { return {}; }
     bool fileExists(const QString&) const override { return true; }
-
-    std::function<void(screen::Screen&)> work;
 };
-
-/// A statement as the engine takes it without the register's help: days with dashes.
-QByteArray spoken(QString text) {
-    static const QRegularExpression day(QStringLiteral("'(\\d{4})(\\d{2})(\\d{2})'"));
-    return text.replace(day, QStringLiteral("'\\1-\\2-\\3'")).toUtf8();
-}
 
 /// One database, seen by role screens and by the bare client.
 class RoleBench {
@@ -61,15 +45,13 @@ class RoleBench {
     int person(int step) const { return 1 + step % persons; }
 
     void opens(int step) {
-        platform_.work = {};
-        shows(step);
+        shows(step, [](screen::Screen&) {});
     }
     void saves(int step) {
-        platform_.work = [this](screen::Screen& shown) {
+        shows(step, [this](screen::Screen& shown) {
             user_.click(shown.field(QStringLiteral("cmdALTERAR")));
             user_.click(shown.field(QStringLiteral("cmdSALVAR")));
-        };
-        shows(step);
+        });
     }
     void paints(int step) {
         screen::Screen& tela = contexto_.Tela(QStringLiteral("frmPessoas"));
@@ -77,33 +59,21 @@ class RoleBench {
         AtualizaIndicadoresVinculo(contexto_, tela);
     }
 
-    /// The statements of a piece of work, for the bare client.
-    QStringList statementsOf(const std::function<void()>& work) {
-        heard_.clear();
-        listening_ = true;
-        work();
-        listening_ = false;
+    Recorder::Statements statementsOf(const std::function<void()>& work) {
+        const Recorder::Statements sent = recorder_.record(work);
         if (program_.hasEnded())
             throw program_.failure().value_or(RuntimeError(errorNumber::ObjectNotSet));
-        return heard_;
+        return sent;
     }
-
-    void sendsBare(const QStringList& statements) {
-        // A save writes from its first write to its last one in one transaction.
-        const auto isWrite = [](const QString& text) { return !text.startsWith(u"select", Qt::CaseInsensitive); };
-        const auto first = std::find_if(statements.begin(), statements.end(), isWrite);
-        const auto last = std::find_if(statements.rbegin(), statements.rend(), isWrite).base();
-        for (auto text = statements.begin(); text != statements.end(); ++text) {
-            if (text == first)
-                bare_->begin();
-            bare_->send(spoken(*text));
-            if (first != statements.end() && text + 1 == last)
-                bare_->commit();
-        }
-    }
+    void sendsBare(const Recorder::Statements& statements) { Recorder::repeat(*bare_, statements); }
 
   private:
-    void shows(int step) {
+    /// A role screen on which that is done, and which is left then.
+    void shows(int step, const std::function<void(screen::Screen&)>& work) {
+        platform_.onShown = [&work](screen::Screen& shown) {
+            work(shown);
+            shown.Unload();
+        };
         contexto_.IdPessoaVinculo = QString::number(person(step));
         program_.dispatch([this] { contexto_.MostraTela(QStringLiteral("frmFornecedor")); });
     }
@@ -129,49 +99,22 @@ class RoleBench {
     QTemporaryDir folder_;
     QString path_;
     std::unique_ptr<BareClient> bare_;
-    BenchPlatform platform_;
+    PicturePlatform platform_;
     screen::Program program_{platform_};
     screen::User user_{program_};
-    QStringList heard_;
-    bool listening_ = false;
+    Recorder recorder_;
     ContextoExecucao contexto_{program_, [](data::Engine) { return data::MakeFirebirdAdapter(); },
-                               [this](const QString& text) {
-                                   if (listening_)
-                                       heard_ += text;
-                               }};
+                               [this](const QString& text) { recorder_.hear(text); }};
 };
-
-using Bench = std::shared_ptr<RoleBench>;
-
-/// The register's work against the statements that it sends, the same persons in the same order.
-Case work(const Bench& bench, const char* name, const char* unit, int steps, void (RoleBench::*ours)(int),
-          double limit) {
-    auto statements = std::make_shared<std::vector<QStringList>>();
-    return {QString::fromUtf8(name), QString::fromUtf8(unit),
-            [=] {
-                for (int step = static_cast<int>(statements->size()); step < steps; ++step)
-                    statements->push_back(bench->statementsOf([&] { ((*bench).*ours)(step); }));
-                return Microseconds(steps, [&] {
-                    for (const QStringList& sent : *statements)
-                        bench->sendsBare(sent);
-                });
-            },
-            [=] {
-                return Microseconds(steps, [&] {
-                    for (int step = 0; step < steps; ++step)
-                        ((*bench).*ours)(step);
-                });
-            },
-            limit};
-}
 
 } // namespace
 
 std::vector<Case> RoleCases() {
-    const Bench bench = std::make_shared<RoleBench>();
-    return {work(bench, "roles: screen with 20 contacts opened", "us/opening", openings, &RoleBench::opens, 1.3),
-            work(bench, "roles: screen with 20 contacts saved", "us/save", saves, &RoleBench::saves, 1.2),
-            work(bench, "roles: seven indicators", "us/painting", paintings, &RoleBench::paints, 0.5)};
+    const Lazy<RoleBench> bench;
+    return {
+        RecordedWork(bench, "roles: screen with 20 contacts opened", "us/opening", openings, &RoleBench::opens, 1.3),
+        RecordedWork(bench, "roles: screen with 20 contacts saved", "us/save", saves, &RoleBench::saves, 1.2),
+        RecordedWork(bench, "roles: seven indicators", "us/painting", paintings, &RoleBench::paints, 0.5)};
 }
 
 } // namespace vorta::bench

@@ -1,6 +1,7 @@
 #include "base/RuntimeError.h"
 #include "bench/DataCases.h"
 #include "bench/MaintenanceCases.h"
+#include "bench/PersonCases.h"
 #include "bench/RoleCases.h"
 #include "bench/SearchCases.h"
 #include "bench/SqlServerCases.h"
@@ -20,6 +21,7 @@ struct Subject {
     std::vector<bench::Case> (*cases)();
 };
 constexpr Subject subjects[] = {{"data:", bench::DataCases},
+                                {"person:", bench::PersonCases},
                                 {"roles:", bench::RoleCases},
                                 {"search:", bench::SearchCases},
                                 {"sqlserver:", bench::SqlServerCases},
@@ -44,6 +46,7 @@ int main(int count, char** arguments) {
     const QTemporaryDir home;
     qputenv("VORTA_HOME", home.path().toUtf8());
     try {
+        bench::PrintHeader();
         bool allHold = true;
         const QString filter = application.arguments().value(1);
         for (const Subject& subject : subjects)
@@ -52,6 +55,9 @@ int main(int count, char** arguments) {
         return allHold ? 0 : 1;
     } catch (const RuntimeError& failure) {
         std::fprintf(stderr, "%s\n%s\n", failure.what(), qUtf8Printable(failure.statement()));
+        return 2;
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
         return 2;
     }
 }

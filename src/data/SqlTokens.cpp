@@ -16,7 +16,10 @@ bool isDigit(QChar c) {
 
 class Scanner {
   public:
-    explicit Scanner(QStringView text) : text_(text) {}
+    explicit Scanner(QStringView text) : text_(text) {
+        constexpr qsizetype usualLength = 4; // characters of a token and the blank behind it
+        tokens_.reserve(static_cast<std::size_t>(text.size() / usualLength + 1));
+    }
 
     std::vector<SqlToken> run() {
         while (true) {

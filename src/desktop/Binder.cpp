@@ -6,6 +6,7 @@
 #include "screen/Program.h"
 
 #include <QCoreApplication>
+#include <QHash>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QWidget>
@@ -16,8 +17,12 @@ namespace vorta::desktop {
 Binder::Binder(screen::Screen& screen, screen::User& user, QWidget& form, QWidget& window)
     : screen_(screen), user_(user), window_(window), background_(screen::colour::ButtonFace) {
     const QScopedValueRollback guard(refreshing_, true);
+    const QList<QWidget*> all = form.findChildren<QWidget*>();
+    QHash<QString, QWidget*> byName;
+    for (QWidget* widget : all)
+        byName.insert(widget->objectName(), widget);
     for (screen::Field* field : screen.fields())
-        if (auto* widget = form.findChild<QWidget*>(WidgetName(field->name()))) {
+        if (QWidget* widget = byName.value(WidgetName(field->name()))) {
             bindings_.emplace(field, MakeBinding(*this, *field, *widget));
             dirty_ += field;
         }

@@ -95,9 +95,17 @@ std::vector<bool> describeEach(const Statement& statement, const std::vector<Edi
     return dates;
 }
 
+/// `SELECT TOP`, seen without reading the tokens of the rest.
+bool startsWithTop(QStringView text) {
+    constexpr qsizetype select = 6;
+    return text.trimmed().mid(select).trimmed().startsWith(u"top", Qt::CaseInsensitive);
+}
+
 } // namespace
 
 Statement BridgeSyntax(const Statement& statement) {
+    if (!statement.text().contains(u'\'') && !startsWithTop(statement.text()))
+        return statement;
     const Tokens tokens(statement);
     if (!tokens.isWord(0, "select"))
         return statement;
@@ -117,7 +125,8 @@ Statement BridgeSyntax(const Statement& statement) {
 }
 
 std::optional<QString> IdentityColumn(const Statement& statement) {
-    if (!statement.text().contains(u"@@identity", Qt::CaseInsensitive))
+    // Looked at for every query, so the plain character is looked for first.
+    if (!statement.text().contains(u'@') || !statement.text().contains(u"@@identity", Qt::CaseInsensitive))
         return std::nullopt;
     const Tokens tokens(statement);
     if (!tokens.isWord(0, "select") || !tokens.isWord(1, "@@identity"))
@@ -153,6 +162,8 @@ Statement ReturningKey(const Statement& statement, const QString& table) {
 }
 
 Statement BridgeDates(const Statement& statement, const DescribeDates& describe) {
+    if (!statement.text().contains(u'\''))
+        return statement;
     const Tokens tokens(statement);
     std::vector<Edit> questions;
     std::vector<Edit> dates;

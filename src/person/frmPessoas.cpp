@@ -176,6 +176,7 @@ void frmPessoas::cmdINCLUIR_Click() {
         if (contexto_.RetornoPesquisa != u"[OK]")
             return;
     }
+    TrimCamposTexto(*this); // what the clearing leaves from the person before
     PosicionaBotoesEdicao();
     contexto_.ModoTela = QStringLiteral("I");
     LiberaCampos();

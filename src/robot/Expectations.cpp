@@ -53,9 +53,15 @@ void mode(Player& player, Words words) {
     compare(QStringLiteral("mode"), words[0].trimmed(), player.contextToRead().ModoTela.trimmed());
 }
 
+/// A truth of the context may be written in the small letters of the other expectations.
+QString inTheCaseOf(const QString& actual, const QString& expected) {
+    const bool truth = actual == u"True" || actual == u"False";
+    return truth && expected.compare(actual, Qt::CaseInsensitive) == 0 ? actual : expected;
+}
+
 void context(Player& player, Words words) {
-    compare(QStringLiteral("context %1").arg(words[0]), OneLineBreak(words[1]),
-            OneLineBreak(player.contextToRead().Campo(words[0])));
+    const QString actual = OneLineBreak(player.contextToRead().Campo(words[0]));
+    compare(QStringLiteral("context %1").arg(words[0]), inTheCaseOf(actual, OneLineBreak(words[1])), actual);
 }
 
 const char* iconName(Icon icon) {

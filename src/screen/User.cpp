@@ -224,8 +224,13 @@ void User::doubleClickCell(Grid& grid, int row, int col) {
 
 void User::dropDown(ListField& list) {
     event(list.screen(), [&] {
-        if (list.enabled() && list.visible() && take(list))
-            run(list.DropDown);
+        if (!list.enabled() || !list.visible() || !take(list))
+            return;
+        const QString shown = list.text();
+        run(list.DropDown);
+        // A fresh fill takes the text away; a locked field keeps what it shows.
+        if (list.locked())
+            list.setText(shown);
     });
 }
 

@@ -38,6 +38,7 @@ class User {
     void clickCell(Grid& grid, int row, int col);
     void doubleClickCell(Grid& grid, int row, int col);
 
+    /// Shows the items; a locked list keeps its text, whatever its handler fills.
     void dropDown(ListField& list);
     /// Picks an item of a list that has been dropped down.
     void pick(ListField& list, int index);

@@ -176,7 +176,7 @@ void PreencheBancosOuCartoes(ContextoExecucao& contexto, const QString& texto, c
                 << "where data_desa is null ";
         if (comecaComAlgarismo(aparado))
             comando << "and codi_banc like '" << aparado << "%' ";
-        else
+        else if (!aparado.isEmpty())
             comando << "and nome_banc like '%" << aparado << "%' ";
         comando << "order by nome_banc";
         Preenche(contexto, comando, "nome_banc", lista);

@@ -15,6 +15,7 @@ TEST(Text, TrimCutsBlanksOnly) {
 
 TEST(Text, UpperCaseKeepsTheLength) {
     EXPECT_EQ(UCase(u"João ß ÿ"_qs), u"JOÃO ß Ÿ"_qs);
+    EXPECT_EQ(UCase(u"5 µm ƒ œ ž ª"_qs), u"5 µM ƒ Œ Ž ª"_qs);
     EXPECT_EQ(LCase(u"ÀÉÇ"_qs), u"àéç"_qs);
 }
 

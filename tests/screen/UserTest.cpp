@@ -140,6 +140,22 @@ TEST(User, PicksFromAListThatHasBeenDroppedDown) {
     EXPECT_EQ(world.tela.cboCidade.text(), u"OUTRA"_qs);
 }
 
+TEST(User, DropsALockedListDownWithoutHarmToItsText) {
+    SampleWorld world;
+    world.tela.cboCidade.setText(u"OUTRA"_qs);
+    world.tela.cboCidade.DropDown = [&] {
+        world.tela.cboCidade.clear();
+        world.tela.cboCidade.addItem(u"SANTOS"_qs);
+    };
+    world.tela.cboCidade.setLocked(true);
+    world.user.dropDown(world.tela.cboCidade);
+    EXPECT_EQ(world.tela.cboCidade.items(), QStringList{u"SANTOS"_qs});
+    EXPECT_EQ(world.tela.cboCidade.text(), u"OUTRA"_qs);
+    world.tela.cboCidade.setLocked(false);
+    world.user.dropDown(world.tela.cboCidade);
+    EXPECT_EQ(world.tela.cboCidade.text(), QString());
+}
+
 TEST(User, ReachesATextByTheKeyboardWithAllOfItSelected) {
     SampleWorld world;
     world.tela.txtNome.setText(u"VELHO"_qs);

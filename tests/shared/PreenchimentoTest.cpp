@@ -88,7 +88,7 @@ const std::vector<Lista> listas{
      "SELECT NOME_BANC FROM BANC WHERE DATA_DESA IS NULL AND CODI_BANC LIKE '34%' ORDER BY NOME_BANC", "nome_banc"},
     {"PreencheBancosOuCartoes empty",
      [](C& contexto, Tela& tela) { PreencheBancosOuCartoes(contexto, {}, u"TED"_qs, tela.lista); },
-     "SELECT NOME_BANC FROM BANC WHERE DATA_DESA IS NULL AND NOME_BANC LIKE '%%' ORDER BY NOME_BANC", "nome_banc"},
+     "SELECT NOME_BANC FROM BANC WHERE DATA_DESA IS NULL ORDER BY NOME_BANC", "nome_banc"},
     {"PreencheBancosOuCartoes card",
      [](C& contexto, Tela& tela) { PreencheBancosOuCartoes(contexto, u"Vis"_qs, u"CARTAO"_qs, tela.lista); },
      "SELECT NOME_CART FROM CART WHERE DATA_DESA IS NULL AND NOME_CART LIKE '%VIS%' ORDER BY NOME_CART", "nome_cart"},

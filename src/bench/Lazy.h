@@ -1,0 +1,23 @@
+#pragma once
+
+#include <memory>
+
+namespace vorta::bench {
+
+/// What several cases measure on, made when the first of them runs: a filter pays only for what it measures. Copies
+/// share it.
+template <typename World>
+class Lazy {
+  public:
+    World& operator*() const {
+        if (!*world_)
+            *world_ = std::make_unique<World>();
+        return **world_;
+    }
+    World* operator->() const { return &**this; }
+
+  private:
+    std::shared_ptr<std::unique_ptr<World>> world_ = std::make_shared<std::unique_ptr<World>>();
+};
+
+} // namespace vorta::bench
