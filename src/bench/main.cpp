@@ -6,6 +6,7 @@
 #include "bench/SearchCases.h"
 #include "bench/SqlServerCases.h"
 #include "bench/TradeCases.h"
+#include "firebird/EmbeddedEngine.h"
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
@@ -24,7 +25,7 @@ constexpr Subject subjects[] = {{"data:", bench::DataCases},
                                 {"person:", bench::PersonCases},
                                 {"roles:", bench::RoleCases},
                                 {"search:", bench::SearchCases},
-                                {"sqlserver:", bench::SqlServerCases},
+                                {"sql server:", bench::SqlServerCases},
                                 {"trade:", bench::TradeCases},
                                 {"maintenance:", bench::MaintenanceCases}};
 
@@ -45,6 +46,7 @@ int main(int count, char** arguments) {
     // The engine's root of the measured databases goes with the run.
     const QTemporaryDir home;
     qputenv("VORTA_HOME", home.path().toUtf8());
+    firebird::PrepareEmbeddedEngine(home.path());
     try {
         bench::PrintHeader();
         bool allHold = true;
