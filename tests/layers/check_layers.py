@@ -56,7 +56,7 @@ def check_includes(source):
                 used = folder_of(quoted)
                 if used in LAYERS and used != own and used not in LAYERS[own] and not PROGRAMS.match(name):
                     yield f"{name}: {own} must not include {quoted}"
-            elif own != "desktop" and not PROGRAMS.match(name) and WINDOW_CLASSES.match(angled):
+            elif own != "desktop" and WINDOW_CLASSES.match(angled):
                 yield f"{name}: {angled} belongs to desktop"
             elif own != "odbc" and SQL_CLASSES.match(angled):
                 yield f"{name}: {angled} belongs to odbc"
