@@ -6,7 +6,7 @@ packages=(g++ cmake ninja-build git pkg-config
           qt6-base-dev qt6-base-dev-tools libqt6sql6-odbc libqt6svg6 libgl1-mesa-dev
           firebird-dev firebird3.0-server-core firebird3.0-utils firebird3.0-server
           unixodbc-dev tdsodbc freetds-bin
-          libgtest-dev libgmock-dev libbenchmark-dev
+          libgtest-dev libgmock-dev
           xvfb fonts-dejavu-core python3)
 
 as_root() { if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi; }

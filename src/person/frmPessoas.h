@@ -1,7 +1,6 @@
 #pragma once
 
 #include "launch/ContextoExecucao.h"
-#include "person/RotinasPessoa.h"
 #include "screen/Screen.h"
 
 namespace vorta {
@@ -9,16 +8,17 @@ namespace vorta {
 /// The register's start screen: one person with documents, three addresses, phones, contacts, branches, commercial
 /// defaults and history. It stays open until the process ends; every other screen is shown from it. Fields stand in the
 /// order in which the keyboard walks them.
-class frmPessoas : public screen::Screen, public RotinasPessoa {
+class frmPessoas : public screen::Screen {
   public:
     explicit frmPessoas(ContextoExecucao& contexto);
 
     void Load() override;
 
-    void LimpaTela() override;
-    void PosicionaBotoes() override;
-    void BloqueiaCampos() override;
-    void LiberaCampos() override;
+    // The four routines through which every change of state passes.
+    void LimpaTela();       ///< clears the screen
+    void PosicionaBotoes(); ///< buttons of the idle state
+    void BloqueiaCampos();  ///< locks the data fields
+    void LiberaCampos();    ///< frees them for inclusion or alteration
 
     /// Reads the person whose id stands in `txtRowID` into the fields; without a row the screen stays as it was.
     void CarregaPessoa();
