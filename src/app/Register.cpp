@@ -9,16 +9,10 @@
 
 namespace vorta {
 
-namespace {
-
-std::unique_ptr<data::Adapter> MakeAdapter(data::Engine engine) {
-    return engine == data::Engine::Firebird ? data::MakeFirebirdAdapter() : data::MakeOdbcAdapter();
-}
-
-} // namespace
-
 Register::Register(screen::Platform& platform, data::StatementTrace trace)
-    : program_(platform), contexto_(program_, MakeAdapter, std::move(trace)), user_(program_) {
+    : program_(platform), contexto_(
+                              program_, [this](data::Engine engine) { return makeAdapter(engine); }, std::move(trace)),
+      user_(program_) {
     contexto_.RegistraTela(startScreen(),
                            [](ContextoExecucao& contexto) { return std::make_unique<frmPessoas>(contexto); });
     RegistraTelasBusca(contexto_);
@@ -30,12 +24,19 @@ QString Register::startScreen() {
     return QStringLiteral("frmPessoas");
 }
 
+std::unique_ptr<data::Adapter> Register::makeAdapter(data::Engine engine) {
+    return engine == data::Engine::Firebird ? data::MakeFirebirdAdapter(std::exchange(whileOpening_, {}))
+                                            : data::MakeOdbcAdapter();
+}
+
 void Register::start(const QString& launchString) {
+    whileOpening_ = [this] { program_.platform().prepare(contexto_.Tela(startScreen())); };
     program_.dispatch([&] {
         contexto_.LinhaComando = launchString;
         contexto_.MostraTela(startScreen());
         program_.End();
     });
+    program_.platform().dropPrepared();
 }
 
 } // namespace vorta

@@ -23,9 +23,12 @@ class Register {
     static QString startScreen();
 
   private:
+    std::unique_ptr<data::Adapter> makeAdapter(data::Engine engine);
+
     screen::Program program_;
     ContextoExecucao contexto_;
     screen::User user_;
+    std::function<void()> whileOpening_; ///< what is left to do while the first connection is being opened
 };
 
 } // namespace vorta

@@ -6,28 +6,54 @@
 #include "screen/Program.h"
 
 #include <QCoreApplication>
-#include <QHash>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+#include <QTabWidget>
 #include <QWidget>
 #include <algorithm>
 
 namespace vorta::desktop {
 
 Binder::Binder(screen::Screen& screen, screen::User& user, QWidget& form, QWidget& window)
-    : screen_(screen), user_(user), window_(window), background_(screen::colour::ButtonFace) {
-    const QScopedValueRollback guard(refreshing_, true);
-    const QList<QWidget*> all = form.findChildren<QWidget*>();
-    QHash<QString, QWidget*> byName;
-    for (QWidget* widget : all)
-        byName.insert(widget->objectName(), widget);
+    : screen_(screen), user_(user), form_(form), window_(window), background_(screen::colour::ButtonFace) {
     for (screen::Field* field : screen.fields())
-        if (QWidget* widget = byName.value(WidgetName(field->name()))) {
+        fields_.insert(WidgetName(field->name()), field);
+    bind(form);
+    screen.setObserver(this);
+    schedule();
+}
+
+void Binder::bind(const QWidget& part) {
+    const QScopedValueRollback guard(refreshing_, true);
+    for (QWidget* widget : part.findChildren<QWidget*>())
+        if (screen::Field* field = fields_.value(widget->objectName()); field && !binding(*field)) {
             bindings_.emplace(field, MakeBinding(*this, *field, *widget));
             dirty_ += field;
         }
-    screen.setObserver(this);
-    schedule();
+}
+
+void Binder::makePage(QWidget& page) {
+    if (SetUpPage(page))
+        bind(page);
+}
+
+void Binder::complete() {
+    for (const QTabWidget* tabs : form_.findChildren<QTabWidget*>())
+        for (int page = 0; page < tabs->count(); ++page)
+            makePage(*tabs->widget(page));
+    orderTabs();
+    flush();
+}
+
+/// The order of the screen, for helpers that ask the window which field comes next.
+void Binder::orderTabs() {
+    QWidget* before = nullptr;
+    for (const screen::Field* field : screen_.fields())
+        if (const Binding* bound = field->takesFocus() ? binding(*field) : nullptr) {
+            if (before)
+                QWidget::setTabOrder(before, &bound->widget());
+            before = &bound->widget();
+        }
 }
 
 Binder::~Binder() {
@@ -92,9 +118,11 @@ void Binder::flush() {
     if (refreshing_)
         return;
     const QScopedValueRollback guard(refreshing_, true);
-    for (const screen::Field* field : std::exchange(dirty_, {}))
-        if (Binding* shown = binding(*field))
-            shown->refresh();
+    // A page that comes to the front may have to be made, and its fields shown, on the way.
+    while (!dirty_.isEmpty())
+        for (const screen::Field* field : std::exchange(dirty_, {}))
+            if (Binding* shown = binding(*field))
+                shown->refresh();
     if (std::exchange(screenDirty_, false))
         showScreen();
     if (isOpen())

@@ -2,6 +2,7 @@
 
 #include "screen/User.h"
 
+#include <QHash>
 #include <QObject>
 #include <QSet>
 #include <functional>
@@ -26,7 +27,12 @@ class Binder : public QObject, public screen::ScreenObserver {
 
     screen::Screen& screen() const { return screen_; }
     screen::User& user() const { return user_; }
-    /// The binding of a field; none when the form has no widget for it.
+    /// Makes what the first sight of the window did not need: the pages that are not in front, and the tab order. Until
+    /// then a page is made when it comes to the front.
+    void complete();
+    /// Makes a tab page, if that has not happened yet.
+    void makePage(QWidget& page);
+    /// The binding of a field; none when the form has no widget for it, or none yet.
     Binding* binding(const screen::Field& field) const;
 
     /// Runs one event of the user, then shows its consequences and reports the end of the screen, if it has come.
@@ -51,13 +57,17 @@ class Binder : public QObject, public screen::ScreenObserver {
     std::function<void()> onOver;
 
   private:
+    void bind(const QWidget& part);
+    void orderTabs();
     void schedule();
     void showScreen();
     void showFocus();
 
     screen::Screen& screen_;
     screen::User& user_;
+    QWidget& form_;
     QWidget& window_;
+    QHash<QString, screen::Field*> fields_; ///< by the names of their widgets
     std::unordered_map<const screen::Field*, std::unique_ptr<Binding>> bindings_;
     QSet<const screen::Field*> dirty_;
     bool screenDirty_ = true;

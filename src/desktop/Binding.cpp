@@ -68,7 +68,8 @@ Binding::Binding(Binder& binder, screen::Field& field, QWidget& widget)
 
 void Binding::refresh() {
     widget_.setEnabled(field_.enabled());
-    widget_.setVisible(field_.visible());
+    if (widget_.isHidden() == field_.visible())
+        widget_.setVisible(field_.visible());
     if (widget_.toolTip() != field_.toolTip())
         widget_.setToolTip(field_.toolTip());
     if (field_.bold() != widget_.property("shownBold").toBool()) {

@@ -67,7 +67,7 @@ void ButtonBinding::refresh() {
     if (button_.text() != field().text())
         button_.setText(field().text());
     if (std::exchange(icon_, field().picture()) != field().picture())
-        button_.setIcon(QIcon(screen::Platform::localPath(icon_)));
+        button_.setIcon(QPixmap(screen::Platform::localPath(icon_))); // which reads a file once for all its buttons
 }
 
 OptionBinding::OptionBinding(Binder& binder, screen::Option& option, QRadioButton& button)

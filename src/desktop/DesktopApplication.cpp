@@ -1,37 +1,15 @@
 #include "desktop/DesktopApplication.h"
 
+#include "desktop/Style.h"
+
 #include <QLocale>
 #include <QPalette>
-#include <QProxyStyle>
 #include <QTranslator>
 #include <exception>
 
 namespace vorta::desktop {
 
 namespace {
-
-/// The same look on every desktop; the buttons of boxes in the order in which the texts name them.
-class Style : public QProxyStyle {
-  public:
-    Style() : QProxyStyle(QStringLiteral("Fusion")) {}
-
-    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                  QStyleHintReturn* data) const override {
-        if (hint == SH_DialogButtonLayout)
-            return 0; // yes, no, cancel
-        if (hint == SH_Table_GridLineColor)
-            return static_cast<int>(QColor(0xE1, 0xE5, 0xEA).rgb());
-        return QProxyStyle::styleHint(hint, option, widget, data);
-    }
-
-    /// Cells keep a distance, so that an amount and the text behind it do not run together.
-    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
-        constexpr int cellMargin = 5;
-        return metric == PM_FocusFrameHMargin || metric == PM_HeaderMargin
-                   ? cellMargin
-                   : QProxyStyle::pixelMetric(metric, option, widget);
-    }
-};
 
 struct Translation {
     const char* source;

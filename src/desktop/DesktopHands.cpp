@@ -154,6 +154,7 @@ class DesktopHands : public robot::Hands {
         settle();
         windows_.push_back(std::make_unique<ScreenWindow>(screen, windows_.empty() ? nullptr : windows_.back().get()));
         windows_.back()->show();
+        windows_.back()->complete();
         windows_.back()->activateWindow();
         settle();
     }

@@ -39,9 +39,28 @@ screen::Answer DesktopPlatform::messageBox(const screen::Box& box) {
     return AnswerOf(*shown);
 }
 
+DesktopPlatform::DesktopPlatform() = default;
+DesktopPlatform::~DesktopPlatform() = default;
+
+void DesktopPlatform::prepare(screen::Screen& screen) {
+    prepared_ = std::make_unique<ScreenWindow>(screen, top());
+}
+
+void DesktopPlatform::dropPrepared() {
+    prepared_.reset();
+}
+
+std::unique_ptr<ScreenWindow> DesktopPlatform::windowFor(screen::Screen& screen) {
+    if (!prepared_ || &prepared_->binder().screen() != &screen)
+        return std::make_unique<ScreenWindow>(screen, top());
+    prepared_->binder().flush();
+    return std::move(prepared_);
+}
+
 void DesktopPlatform::runModal(screen::Screen& screen) {
     showAll();
-    ScreenWindow window(screen, top());
+    const std::unique_ptr<ScreenWindow> shown = windowFor(screen);
+    ScreenWindow& window = *shown;
     QEventLoop loop;
     windows_.push_back(&window);
     loops_.push_back(&loop);

@@ -17,8 +17,14 @@ class ScreenWindow;
 /// The desktop as the outside world of a register: message boxes, windows, mail program. Wants a `DesktopApplication`.
 class DesktopPlatform : public screen::Platform {
   public:
+    DesktopPlatform();
+    ~DesktopPlatform() override;
+
     screen::Answer messageBox(const screen::Box& box) override;
     void runModal(screen::Screen& screen) override;
+    /// Makes the screen's window.
+    void prepare(screen::Screen& screen) override;
+    void dropPrepared() override;
     void openAddress(const QString& address) override;
     void progress(qint64 done, qint64 total) override;
     /// `VORTA_HOME`, or the system's own place of the installation.
@@ -33,6 +39,9 @@ class DesktopPlatform : public screen::Platform {
     void showAll();
     void end();
 
+    std::unique_ptr<ScreenWindow> windowFor(screen::Screen& screen);
+
+    std::unique_ptr<ScreenWindow> prepared_;
     std::vector<ScreenWindow*> windows_;
     std::vector<QEventLoop*> loops_;
     std::vector<QDialog*> boxes_;

@@ -14,9 +14,22 @@
 #include "ui_frmPessoas.h"
 #include "ui_frmTransportadora.h"
 #include "ui_frmVendedor.h"
+#include "ui_paginaContatos.h"
+#include "ui_paginaEnderecoDeCobranca.h"
+#include "ui_paginaEnderecoDeEntrega.h"
+#include "ui_paginaFiscal.h"
+#include "ui_paginaHistClienteI.h"
+#include "ui_paginaHistClienteIi.h"
+#include "ui_paginaHistClienteOs.h"
+#include "ui_paginaHistFornI.h"
+#include "ui_paginaHistFornIi.h"
+#include "ui_paginaObs.h"
+#include "ui_paginaRamoAtiv.h"
 
+#include <QWidget>
 #include <algorithm>
 #include <array>
+#include <span>
 
 namespace vorta::desktop {
 
@@ -48,6 +61,27 @@ constexpr std::array forms{
     Form{"frmDecorador", setUp<Ui::frmDecorador>},
 };
 
+/// Pages in files of their own, by the name of the widget that their form keeps for them: a start makes only what is
+/// seen.
+constexpr std::array pages{
+    Form{"paginaEnderecoDeEntrega", setUp<Ui::paginaEnderecoDeEntrega>},
+    Form{"paginaEnderecoDeCobranca", setUp<Ui::paginaEnderecoDeCobranca>},
+    Form{"paginaContatos", setUp<Ui::paginaContatos>},
+    Form{"paginaRamoAtiv", setUp<Ui::paginaRamoAtiv>},
+    Form{"paginaObs", setUp<Ui::paginaObs>},
+    Form{"paginaFiscal", setUp<Ui::paginaFiscal>},
+    Form{"paginaHistClienteI", setUp<Ui::paginaHistClienteI>},
+    Form{"paginaHistClienteIi", setUp<Ui::paginaHistClienteIi>},
+    Form{"paginaHistClienteOs", setUp<Ui::paginaHistClienteOs>},
+    Form{"paginaHistFornI", setUp<Ui::paginaHistFornI>},
+    Form{"paginaHistFornIi", setUp<Ui::paginaHistFornIi>},
+};
+
+const Form* find(std::span<const Form> among, const QString& name) {
+    const auto found = std::ranges::find_if(among, [&](const Form& form) { return name == QLatin1String(form.name); });
+    return found == among.end() ? nullptr : &*found;
+}
+
 } // namespace
 
 QStringList FormNames() {
@@ -58,10 +92,17 @@ QStringList FormNames() {
 }
 
 void SetUpForm(const QString& name, QWidget& widget) {
-    const auto found = std::ranges::find_if(forms, [&](const Form& form) { return name == QLatin1String(form.name); });
-    if (found == forms.end())
+    const Form* form = find(forms, name);
+    if (!form)
         throw RuntimeError(errorNumber::ObjectNotSet, QStringLiteral("A tela %1 não tem janela").arg(name));
-    found->setUp(widget);
+    form->setUp(widget);
+}
+
+bool SetUpPage(QWidget& page) {
+    const Form* form = page.layout() ? nullptr : find(pages, page.objectName());
+    if (form)
+        form->setUp(page);
+    return form;
 }
 
 QString WidgetName(const QString& field) {

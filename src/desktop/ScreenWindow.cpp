@@ -8,6 +8,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QSettings>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace vorta::desktop {
@@ -26,16 +27,15 @@ QSettings settings() {
 ScreenWindow::ScreenWindow(screen::Screen& screen, QWidget* parent)
     : QDialog(parent, (parent ? Qt::Dialog : Qt::Window) | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                           Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
-      screen_(screen), user_(screen.program()), bar_(new QProgressBar(this)) {
+      screen_(screen), user_(screen.program()), form_(new QWidget), bar_(new QProgressBar(this)) {
     // With large letters or on a small screen a form may be larger than its window can be.
     auto* room = new QScrollArea(this);
     room->setFrameShape(QFrame::NoFrame);
     room->setWidgetResizable(true);
     room->setFocusPolicy(Qt::NoFocus);
-    auto* form = new QWidget;
-    room->setWidget(form);
-    SetUpForm(screen.name(), *form);
-    const QSize drawn = form->size();
+    room->setWidget(form_);
+    SetUpForm(screen.name(), *form_);
+    drawnSize_ = form_->size();
     connect(qApp, &QApplication::focusChanged, this, [room](QWidget*, QWidget* now) {
         if (now && room->isAncestorOf(now))
             room->ensureWidgetVisible(now);
@@ -53,11 +53,30 @@ ScreenWindow::ScreenWindow(screen::Screen& screen, QWidget* parent)
     layout->setSpacing(0);
     layout->addWidget(room);
     layout->addWidget(bar_);
-    binder_ = std::make_unique<Binder>(screen, user_, *form, *this);
+    binder_ = std::make_unique<Binder>(screen, user_, *form_, *this);
     binder_->flush();
-    wholeSize_ = form->sizeHint().expandedTo(drawn) + QSize(0, barHeight);
+    wholeSize_ = neededSize();
     resize(wholeSize_.boundedTo(this->screen()->availableSize()));
     setWindowModality(Qt::ApplicationModal);
+}
+
+QSize ScreenWindow::neededSize() const {
+    return form_->sizeHint().expandedTo(drawnSize_) + QSize(0, barHeight);
+}
+
+void ScreenWindow::complete() {
+    const QSize room = this->screen()->availableSize();
+    const bool untouched = size() == wholeSize_.boundedTo(room);
+    binder_->complete();
+    wholeSize_ = neededSize();
+    if (untouched)
+        resize(wholeSize_.boundedTo(room));
+}
+
+void ScreenWindow::paintEvent(QPaintEvent* event) {
+    QDialog::paintEvent(event);
+    if (!std::exchange(painted_, true))
+        QTimer::singleShot(0, this, &ScreenWindow::complete);
 }
 
 void ScreenWindow::showProgress(qint64 done, qint64 total) {

@@ -15,6 +15,9 @@ class ScreenWindow : public QDialog {
     ScreenWindow(screen::Screen& screen, QWidget* parent);
 
     Binder& binder() { return *binder_; }
+    /// Makes what the first sight of the window did not need, and grows the window when that needs more room. It
+    /// happens by itself behind the first painting.
+    void complete();
     /// Shows how far long work has come; `total` 0 hides the bar.
     void showProgress(qint64 done, qint64 total);
 
@@ -28,15 +31,21 @@ class ScreenWindow : public QDialog {
     void reject() override {}
 
   protected:
+    void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
   private:
     QString placeKey() const;
 
+    QSize neededSize() const;
+
     screen::Screen& screen_;
     screen::User user_;
+    QWidget* form_;
+    QSize drawnSize_; ///< the size of the form in its file
     QProgressBar* bar_;
     QSize wholeSize_;
+    bool painted_ = false;
     std::unique_ptr<Binder> binder_;
 };
 

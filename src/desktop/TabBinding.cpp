@@ -23,6 +23,8 @@ void TabBinding::refresh() {
     for (int page = 0; page < std::min<int>(tabs_.count(), static_cast<int>(strip_.captions().size())); ++page)
         if (tabs_.tabText(page) != strip_.captions()[page])
             tabs_.setTabText(page, strip_.captions()[page]);
+    if (QWidget* page = tabs_.widget(strip_.current()))
+        binder_.makePage(*page);
     tabs_.setCurrentIndex(strip_.current());
 }
 

@@ -8,6 +8,7 @@
 #include <QDeadlineTimer>
 #include <QHash>
 #include <QSet>
+#include <future>
 
 namespace vorta::firebird {
 
@@ -48,6 +49,7 @@ std::optional<qint64> Write(PreparedStatement& prepared, Firebird::ITransaction&
 
 class FirebirdAdapter : public data::Adapter {
   public:
+    explicit FirebirdAdapter(std::function<void()> meanwhile) : meanwhile_(std::move(meanwhile)) {}
     ~FirebirdAdapter() override {
         try {
             close();
@@ -58,7 +60,15 @@ class FirebirdAdapter : public data::Adapter {
 
     void open(const QString& connectionString, int timeoutSeconds) override {
         close();
-        attachment_ = Attach(connectionString, timeoutSeconds);
+        if (!meanwhile_) {
+            attachment_ = Attach(connectionString, timeoutSeconds);
+            return;
+        }
+        // It sets environment variables, which no other thread may be reading then.
+        PrepareEmbeddedEngine();
+        auto attaching = std::async(std::launch::async, Attach, connectionString, timeoutSeconds);
+        std::exchange(meanwhile_, {})();
+        attachment_ = attaching.get();
     }
     void close() override;
     bool isOpen() const override { return attachment_ != nullptr; }
@@ -104,6 +114,7 @@ class FirebirdAdapter : public data::Adapter {
     std::optional<qint64> write(PreparedStatement& prepared, RowSink* rows);
     void giveIdentity(const QString& column, RowSink& rows) const;
 
+    std::function<void()> meanwhile_;
     Handle<Firebird::IAttachment> attachment_;
     Transaction readTransaction_;
     Transaction transaction_;
@@ -270,8 +281,8 @@ std::optional<qint64> FirebirdAdapter::write(PreparedStatement& prepared, RowSin
 
 namespace vorta::data {
 
-std::unique_ptr<Adapter> MakeFirebirdAdapter() {
-    return std::make_unique<firebird::FirebirdAdapter>();
+std::unique_ptr<Adapter> MakeFirebirdAdapter(std::function<void()> meanwhile) {
+    return std::make_unique<firebird::FirebirdAdapter>(std::move(meanwhile));
 }
 
 } // namespace vorta::data

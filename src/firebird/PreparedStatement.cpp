@@ -33,7 +33,8 @@ PreparedStatement::PreparedStatement(Firebird::IAttachment& attachment, Firebird
     statement_.reset(attachment.prepare(&status, &transaction, static_cast<unsigned>(bytes.size()), bytes.constData(),
                                         SQL_DIALECT_V6, Firebird::IStatement::PREPARE_PREFETCH_METADATA));
     answer_ = answerOf(statement_->getType(&status), statement_->getFlags(&status));
-    describeParameters();
+    if (text.contains(u'?')) // else it has no parameters, and asking costs as much as a row
+        describeParameters();
     if (answer_ == Answer::Rows || answer_ == Answer::OneRow) {
         output_.reset(statement_->getOutputMetadata(&status));
         reader_ = std::make_unique<RowReader>(attachment, *output_);

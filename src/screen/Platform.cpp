@@ -32,6 +32,10 @@ QString decoded(const QByteArray& bytes) {
 
 } // namespace
 
+void Platform::prepare(Screen&) {}
+
+void Platform::dropPrepared() {}
+
 void Platform::progress(qint64, qint64) {}
 
 QDateTime Platform::now() const {

@@ -29,6 +29,10 @@ class Platform {
     virtual Answer messageBox(const Box& box) = 0;
     /// Shows a loaded screen over the active one and returns when it has been unloaded or the program has ended.
     virtual void runModal(Screen& screen) = 0;
+    /// A moment to make what showing this screen will need. It may never be shown.
+    virtual void prepare(Screen& screen);
+    /// Drops what has been prepared and not been used; its screen may be about to go.
+    virtual void dropPrepared();
     /// Hands an address ("mailto:...") to the desktop; the answer is not looked at.
     virtual void openAddress(const QString& address) = 0;
     /// Tells how far long work has come; `total` 0 means that the work is over.

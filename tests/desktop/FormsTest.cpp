@@ -43,6 +43,9 @@ class FormTest : public testing::TestWithParam<std::string> {
   protected:
     FormTest() : tela(registro.context().Tela(QString::fromStdString(GetParam()))) {
         desktop::SetUpForm(tela.name(), form);
+        for (const QTabWidget* tabs : form.findChildren<QTabWidget*>())
+            for (int page = 0; page < tabs->count(); ++page)
+                desktop::SetUpPage(*tabs->widget(page));
     }
 
     TestPlatform platform;
@@ -78,6 +81,7 @@ TEST_P(FormTest, NoNameStandsTwice) {
 }
 
 TEST_P(FormTest, TabOrderIsThatOfTheScreen) {
+    desktop::Binder(tela, registro.user(), form, form).complete();
     QStringList wanted;
     for (const screen::Field* field : tela.fields())
         if (field->takesFocus())

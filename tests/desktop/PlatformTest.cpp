@@ -212,6 +212,37 @@ TEST(DesktopPlatform, AScreenKeepsItsPlace) {
     EXPECT_EQ(found, QSize(555, 444));
 }
 
+TEST(DesktopPlatform, APreparedWindowIsTheOneThatIsShown) {
+    desktop::DesktopPlatform platform;
+    screen::Program program(platform);
+    Menu menu(program);
+    platform.prepare(menu);
+    EXPECT_EQ(platform.top(), nullptr);
+    menu.cmdEspecialMun.setText(u"mudou depois"_qs);
+    QString shown;
+    later([&] {
+        shown = platform.top()->findChild<QAbstractButton*>(u"cmdEspecialMun"_qs)->text();
+        click(platform, "cmdSAIR");
+    });
+    menu.cmdSAIR.Click = [&] { menu.Unload(); };
+    EXPECT_TRUE(program.dispatch([&] { program.ShowModal(menu); }));
+    EXPECT_EQ(shown, u"mudou depois");
+}
+
+TEST(DesktopPlatform, AnotherScreensPreparedWindowStaysBehind) {
+    desktop::DesktopPlatform platform;
+    screen::Program program(platform);
+    Menu shown(program);
+    {
+        Menu gone(program);
+        platform.prepare(gone);
+        later([&] { platform.top()->close(); });
+        EXPECT_TRUE(program.dispatch([&] { program.ShowModal(shown); }));
+        platform.dropPrepared();
+    }
+    EXPECT_FALSE(shown.isLoaded());
+}
+
 TEST(DesktopPlatform, LongWorkShowsHourglassAndBar) {
     desktop::DesktopPlatform platform;
     screen::Program program(platform);

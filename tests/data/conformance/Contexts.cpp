@@ -49,7 +49,7 @@ std::vector<Statement> sqlServerTables() {
 EngineContext embeddedFirebird() {
     return {.name = "FirebirdEmbedded",
             .engine = Engine::Firebird,
-            .adapter = data::MakeFirebirdAdapter,
+            .adapter = [] { return data::MakeFirebirdAdapter(); },
             .connectionString =
                 [] {
                     const QString text =
@@ -72,7 +72,7 @@ EngineContext embeddedFirebird() {
 EngineContext firebirdServer() {
     return {.name = "FirebirdServer",
             .engine = Engine::Firebird,
-            .adapter = data::MakeFirebirdAdapter,
+            .adapter = [] { return data::MakeFirebirdAdapter(); },
             .connectionString =
                 [] {
                     const QString text = FirebirdServer::shared().connectionString(QStringLiteral("server.fdb"));

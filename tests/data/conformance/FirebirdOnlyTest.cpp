@@ -56,6 +56,29 @@ TEST_F(FirebirdOnly, GeneratorsMoveOutsideAndInsideTransactions) {
               u"(none)");
 }
 
+TEST_F(FirebirdOnly, TheTimeOfTheFirstOpeningIsUsed) {
+    int times = 0;
+    const auto adapter = data::MakeFirebirdAdapter([&] { ++times; });
+    adapter->open(path(), 0);
+    EXPECT_EQ(times, 1);
+    EXPECT_TRUE(adapter->isOpen());
+    adapter->execute(Statement("insert into logr (nome) values ('a')"));
+    adapter->open(path(), 0);
+    EXPECT_EQ(times, 1);
+    adapter->close();
+    EXPECT_EQ(one(Statement("select count(*) from logr")), u"1");
+}
+
+TEST_F(FirebirdOnly, WhatIsDoneMeanwhileMayFailAndSoMayTheOpening) {
+    const auto failing = data::MakeFirebirdAdapter([] { throw RuntimeError(errorNumber::ObjectNotSet, u"x"_qs); });
+    EXPECT_EQ(ErrorOf([&] { failing->open(path(), 0); }), errorNumber::ObjectNotSet);
+    EXPECT_FALSE(failing->isOpen());
+    int times = 0;
+    const auto nowhere = data::MakeFirebirdAdapter([&] { ++times; });
+    EXPECT_EQ(ErrorOf([&] { nowhere->open(folder.filePath(u"none.fdb"_qs), 0); }), errorNumber::ConnectionFailed);
+    EXPECT_EQ(times, 1);
+}
+
 TEST_F(FirebirdOnly, NewDatabaseHasTheRegistersSettings) {
     EXPECT_EQ(one(Statement("select mon$page_size from mon$database")), u"16384");
     EXPECT_EQ(one(Statement("select mon$forced_writes from mon$database")), u"1");

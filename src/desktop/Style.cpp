@@ -1,0 +1,83 @@
+#include "desktop/Style.h"
+
+#include <QPainter>
+#include <QStyleOption>
+#include <array>
+
+namespace vorta::desktop {
+
+namespace {
+
+constexpr int outlineDarkness = 145; ///< per cent, as `QColor::darker` counts
+constexpr int disabledDarkness = 118;
+constexpr int restingDarkness = 104;
+constexpr int pressedDarkness = 118;
+
+QColor outlineOf(const QStyleOption& option) {
+    if (option.state.testFlag(QStyle::State_HasFocus))
+        return option.palette.color(QPalette::Active, QPalette::Highlight);
+    const QColor around = option.palette.color(QPalette::Window);
+    return around.darker(option.state.testFlag(QStyle::State_Enabled) ? outlineDarkness : disabledDarkness);
+}
+
+/// Four lines that leave the corners out.
+void drawFrame(QPainter& painter, const QRect& around, const QColor& colour) {
+    const QRect rect = around.adjusted(0, 0, -1, -1);
+    const std::array sides{
+        QLine(rect.left() + 1, rect.top(), rect.right() - 1, rect.top()),
+        QLine(rect.left() + 1, rect.bottom() + 1, rect.right() - 1, rect.bottom() + 1),
+        QLine(rect.left(), rect.top() + 1, rect.left(), rect.bottom()),
+        QLine(rect.right() + 1, rect.top() + 1, rect.right() + 1, rect.bottom()),
+    };
+    painter.setPen(colour);
+    painter.drawLines(sides.data(), static_cast<int>(sides.size()));
+}
+
+QColor faceOf(const QStyleOption& option) {
+    const QColor face = option.palette.color(QPalette::Button);
+    if (option.state & (QStyle::State_Sunken | QStyle::State_On))
+        return face.darker(pressedDarkness);
+    const bool hovered = option.state.testFlag(QStyle::State_MouseOver);
+    return option.state.testFlag(QStyle::State_Enabled) && !hovered ? face.darker(restingDarkness) : face;
+}
+
+void drawButton(QPainter& painter, const QStyleOption& option) {
+    painter.fillRect(option.rect.adjusted(1, 1, -1, -1), faceOf(option));
+    drawFrame(painter, option.rect, outlineOf(option));
+}
+
+} // namespace
+
+Style::Style() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* data) const {
+    if (hint == SH_DialogButtonLayout)
+        return 0; // yes, no, cancel
+    if (hint == SH_Table_GridLineColor)
+        return static_cast<int>(QColor(0xE1, 0xE5, 0xEA).rgb());
+    return QProxyStyle::styleHint(hint, option, widget, data);
+}
+
+/// Cells keep a distance, so that an amount and the text behind it do not run together.
+int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+    constexpr int cellMargin = 5;
+    return metric == PM_FocusFrameHMargin || metric == PM_HeaderMargin
+               ? cellMargin
+               : QProxyStyle::pixelMetric(metric, option, widget);
+}
+
+void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                          const QWidget* widget) const {
+    switch (element) {
+    case PE_FrameLineEdit:
+        drawFrame(*painter, option->rect, outlineOf(*option));
+        break;
+    case PE_PanelButtonCommand:
+        drawButton(*painter, *option);
+        break;
+    default:
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+}
+
+} // namespace vorta::desktop

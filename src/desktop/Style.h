@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace vorta::desktop {
+
+/// The look of the windows, the same on every desktop: Fusion with flat fields and buttons, which also paint several
+/// times as fast as its rounded ones.
+class Style : public QProxyStyle {
+  public:
+    Style();
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override;
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+};
+
+} // namespace vorta::desktop
