@@ -1,6 +1,8 @@
 #include "desktop/Forms.h"
 #include "app/Register.h"
 #include "desktop/Binder.h"
+#include "desktop/Binding.h"
+#include "desktop/WidgetLook.h"
 #include "support/TestPlatform.h"
 
 #include <QAbstractButton>
@@ -56,6 +58,41 @@ TEST_P(FormTest, EveryFieldHasItsWidget) {
         EXPECT_TRUE(form.findChild<QWidget*>(desktop::WidgetName(field->name()))) << plain(field->name());
     // A widget that cannot show its field's kind is refused here.
     EXPECT_NO_THROW(desktop::Binder(tela, registro.user(), form, form));
+}
+
+namespace {
+
+/// What the widgets of a screen show otherwise than the screen says, one a line.
+std::string disagreements(const screen::Screen& tela, const desktop::Binder& binder) {
+    QStringList found;
+    for (const screen::Field* field : tela.fields())
+        for (const char* property : {"text", "enabled", "visible", "locked", "maxlength", "tooltip", "background",
+                                     "foreground", "bold", "picture"}) {
+            const robot::Question question{QLatin1String(property)};
+            const auto seen = desktop::LookAt(binder.binding(*field)->widget(), *field, question);
+            if (seen && *seen != robot::Look(*field, question))
+                found += QStringLiteral("%1 %2 %3").arg(field->name(), question.property, *seen);
+        }
+    return plain(found.join(u'\n'));
+}
+
+} // namespace
+
+/// What a form brings along (captions, limits, fonts) must not stand against the screen.
+TEST_P(FormTest, EveryFieldLooksAsItsScreenSays) {
+    desktop::Binder binder(tela, registro.user(), form, form);
+    binder.flush();
+    EXPECT_EQ(disagreements(tela, binder), "");
+    for (const screen::Colour colour : {screen::colour::Red, screen::colour::Locked, screen::colour::ButtonFace}) {
+        for (screen::Field* field : tela.fields()) {
+            field->setLocked(!field->locked());
+            field->setEnabled(!field->enabled());
+            field->setBackground(colour);
+            field->setForeground(colour);
+        }
+        binder.flush();
+        EXPECT_EQ(disagreements(tela, binder), "") << colour;
+    }
 }
 
 TEST_P(FormTest, EveryNamedInputHasItsField) {
