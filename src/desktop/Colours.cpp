@@ -65,11 +65,11 @@ QColor ColourOf(screen::Colour colour) {
 void ApplyColours(QWidget& widget, FieldKind kind, screen::Colour background, screen::Colour foreground) {
     const Roles roles = rolesOf(kind);
     QPalette palette = QApplication::palette(&widget);
-    const bool painted = !roles.letsThrough || background != screen::colour::ButtonFace;
-    if (painted)
+    const bool ownColour = background != screen::colour::ButtonFace;
+    if (ownColour || roles.ground == QPalette::Base)
         palette.setColor(roles.ground, ColourOf(background));
     if (roles.letsThrough)
-        widget.setAutoFillBackground(painted);
+        widget.setAutoFillBackground(ownColour);
     if (foreground != screen::colour::WindowText)
         palette.setColor(roles.text, ColourOf(foreground));
     else if (roles.text == QPalette::Text)

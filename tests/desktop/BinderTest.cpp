@@ -247,7 +247,7 @@ TEST_F(SampleBinder, EveryKindOfFieldIsPaintedInItsColour) {
                                                                ativo, grade->viewport(), foto}) {
             const QImage shown = widget->grab().toImage();
             EXPECT_EQ(shown.pixelColor(shown.width() * 3 / 4, shown.height() * 3 / 4), QColor(Qt::red))
-                << widget->objectName().toStdString();
+                << widget->objectName();
         }
     });
 }

@@ -35,10 +35,6 @@ bool isNamedInput(const QWidget& widget) {
     return input && !isInner(widget);
 }
 
-std::string plain(const QString& text) {
-    return text.toStdString();
-}
-
 } // namespace
 
 class FormTest : public testing::TestWithParam<std::string> {
@@ -55,7 +51,7 @@ class FormTest : public testing::TestWithParam<std::string> {
 
 TEST_P(FormTest, EveryFieldHasItsWidget) {
     for (const screen::Field* field : tela.fields())
-        EXPECT_TRUE(form.findChild<QWidget*>(desktop::WidgetName(field->name()))) << plain(field->name());
+        EXPECT_TRUE(form.findChild<QWidget*>(desktop::WidgetName(field->name()))) << field->name();
     // A widget that cannot show its field's kind is refused here.
     EXPECT_NO_THROW(desktop::Binder(tela, registro.user(), form, form));
 }
@@ -63,7 +59,7 @@ TEST_P(FormTest, EveryFieldHasItsWidget) {
 namespace {
 
 /// What the widgets of a screen show otherwise than the screen says, one a line.
-std::string disagreements(const screen::Screen& tela, const desktop::Binder& binder) {
+QString disagreements(const screen::Screen& tela, const desktop::Binder& binder) {
     QStringList found;
     for (const screen::Field* field : tela.fields())
         for (const char* property : {"text", "enabled", "visible", "locked", "maxlength", "tooltip", "background",
@@ -73,7 +69,7 @@ std::string disagreements(const screen::Screen& tela, const desktop::Binder& bin
             if (seen && *seen != robot::Look(*field, question))
                 found += QStringLiteral("%1 %2 %3").arg(field->name(), question.property, *seen);
         }
-    return plain(found.join(u'\n'));
+    return found.join(u'\n');
 }
 
 } // namespace
@@ -101,7 +97,7 @@ TEST_P(FormTest, EveryNamedInputHasItsField) {
         names += desktop::WidgetName(field->name());
     for (const QWidget* widget : form.findChildren<QWidget*>())
         if (isNamedInput(*widget))
-            EXPECT_TRUE(names.contains(widget->objectName())) << plain(widget->objectName());
+            EXPECT_TRUE(names.contains(widget->objectName())) << widget->objectName();
 }
 
 TEST_P(FormTest, NoNameStandsTwice) {
@@ -109,7 +105,7 @@ TEST_P(FormTest, NoNameStandsTwice) {
     for (const QWidget* widget : form.findChildren<QWidget*>()) {
         if (isInner(*widget))
             continue;
-        EXPECT_FALSE(seen.contains(widget->objectName())) << plain(widget->objectName());
+        EXPECT_FALSE(seen.contains(widget->objectName())) << widget->objectName();
         seen += widget->objectName();
     }
 }
@@ -126,7 +122,7 @@ TEST_P(FormTest, TabOrderIsThatOfTheScreen) {
     // The chain is a ring: it may be entered at any place.
     if (const qsizetype first = found.indexOf(wanted.value(0)); first > 0)
         found = found.mid(first) + found.first(first);
-    EXPECT_EQ(plain(found.join(u' ')), plain(wanted.join(u' ')));
+    EXPECT_EQ(found.join(u' '), wanted.join(u' '));
 }
 
 TEST_P(FormTest, TabsCarryTheCaptionsOfTheScreen) {
@@ -137,7 +133,7 @@ TEST_P(FormTest, TabsCarryTheCaptionsOfTheScreen) {
             QStringList captions;
             for (int page = 0; page < tabs->count(); ++page)
                 captions += tabs->tabText(page);
-            EXPECT_EQ(plain(captions.join(u'|')), plain(strip->captions().join(u'|')));
+            EXPECT_EQ(captions.join(u'|'), strip->captions().join(u'|'));
         }
 }
 
@@ -169,10 +165,10 @@ TEST_P(FormTest, NothingIsClipped) {
             for (int page = tabs->count() - 1; page >= 0; --page) {
                 tabs->setCurrentIndex(page);
                 QCoreApplication::processEvents();
-                EXPECT_EQ(plain(clippedTexts(form).join(u' ')), "") << "page " << page << " at " << points;
+                EXPECT_EQ(clippedTexts(form).join(u' '), "") << "page " << page << " at " << points;
             }
         QCoreApplication::processEvents();
-        EXPECT_EQ(plain(clippedTexts(form).join(u' ')), "") << "at " << points;
+        EXPECT_EQ(clippedTexts(form).join(u' '), "") << "at " << points;
     }
 }
 
@@ -187,11 +183,10 @@ TEST_P(FormTest, FieldsStandOnTheirPages) {
                 tabs = around;
                 page = around->indexOf(const_cast<QWidget*>(child));
             }
-        EXPECT_EQ(plain(field->strip() ? field->strip()->name() : QString()),
-                  plain(tabs ? tabs->objectName() : QString()))
-            << plain(field->name());
+        EXPECT_EQ(field->strip() ? field->strip()->name() : QString(), tabs ? tabs->objectName() : QString())
+            << field->name();
         if (tabs && field->strip())
-            EXPECT_EQ(field->page(), page) << plain(field->name());
+            EXPECT_EQ(field->page(), page) << field->name();
     }
 }
 
@@ -205,7 +200,7 @@ QStringList registeredScreens() {
 std::vector<std::string> screenNames() {
     std::vector<std::string> names;
     for (const QString& name : registeredScreens())
-        names.push_back(plain(name));
+        names.push_back(name.toStdString());
     return names;
 }
 
@@ -219,7 +214,7 @@ TEST(Forms, EveryFormHasItsScreen) {
     QStringList screens = registeredScreens();
     forms.sort();
     screens.sort();
-    EXPECT_EQ(plain(forms.join(u' ')), plain(screens.join(u' ')));
+    EXPECT_EQ(forms.join(u' '), screens.join(u' '));
 }
 
 } // namespace vorta::test

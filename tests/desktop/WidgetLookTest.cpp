@@ -167,8 +167,8 @@ TEST_P(AWidget, isLookedAtByItself) {
         QStringLiteral("x.roteiro"), u"launch \"\"\n"_qs + expectation + u"click lblNomeEmpresa\n"_qs + expectation);
     const auto verdict = robot::Player(scenario, stage, desktop::MakeDesktopHands).play();
     ASSERT_TRUE(verdict);
-    EXPECT_EQ(verdict->line, 4) << verdict->message.toStdString();
-    EXPECT_TRUE(verdict->message.contains(u"in the window")) << verdict->message.toStdString();
+    EXPECT_EQ(verdict->line, 4) << verdict->message;
+    EXPECT_TRUE(verdict->message.contains(u"in the window")) << verdict->message;
 }
 
 constexpr Disagreement disagreements[] = {

@@ -36,11 +36,3 @@ inline int errorOf(const std::function<void()>& body) {
 }
 
 } // namespace vorta::test
-
-/// Failures show the text itself, not its bytes.
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
-inline void PrintTo(const QStringList& texts, std::ostream* out) {
-    *out << texts.join(u'\n').toStdString();
-}

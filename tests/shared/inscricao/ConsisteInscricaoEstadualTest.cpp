@@ -60,8 +60,7 @@ void expectEveryOtherCheckDigitRefused(const char* uf, const QString& bare) {
             QString wrong = bare;
             wrong[place] = digit;
             if (wrong != bare) {
-                EXPECT_EQ(code(uf, wrong), 1)
-                    << uf << " " << wrong.toStdString() << " instead of " << bare.toStdString();
+                EXPECT_EQ(code(uf, wrong), 1) << uf << " " << wrong << " instead of " << bare;
             }
         }
 }
@@ -73,7 +72,7 @@ TEST(ConsisteInscricaoEstadual, PublishedNumbersAreRightMaskedAndBare) {
         EXPECT_EQ(code(uf, masked), 0) << uf << " " << masked;
         QString bare = QString::fromLatin1(masked);
         bare.remove(u'.').remove(u'-').remove(u'/').remove(u' ');
-        EXPECT_EQ(code(uf, bare), 0) << uf << " " << bare.toStdString();
+        EXPECT_EQ(code(uf, bare), 0) << uf << " " << bare;
     }
 }
 
@@ -138,7 +137,7 @@ TEST(ConsisteInscricaoEstadual, NoCheckDigitsSaveAPrefixThatTheStateDoesNotIssue
     for (const auto& [uf, body] : withoutDigits)
         for (int ending = 0; ending < 100; ++ending) {
             const QString number = QString::fromLatin1(body) + QString::number(ending).rightJustified(2, u'0');
-            EXPECT_EQ(code(uf, number), 1) << uf << " " << number.toStdString();
+            EXPECT_EQ(code(uf, number), 1) << uf << " " << number;
         }
 }
 
