@@ -1,6 +1,7 @@
 #pragma once
 
 #include "launch/ContextoExecucao.h"
+#include "support/ErrorOf.h"
 #include "support/FakeDatabase.h"
 #include "support/TestPlatform.h"
 
@@ -24,15 +25,5 @@ struct World {
     /// One event; false when it ended the program.
     bool run(const std::function<void()>& event) { return program.dispatch(event); }
 };
-
-/// The number of the run-time error that the body raises, 0 for none.
-inline int errorOf(const std::function<void()>& body) {
-    try {
-        body();
-    } catch (const RuntimeError& error) {
-        return error.number();
-    }
-    return 0;
-}
 
 } // namespace vorta::test
