@@ -103,9 +103,10 @@ Case wholeRegister(const Bench& bench) {
 }
 
 /// The same texts, one after the other, as the role filter sends them.
-Case customers(const Bench& bench, const QString& beginning) {
+Case customers(const Bench& bench, const QString& name, const QString& beginning, int rounds = 11) {
     const auto texts = std::make_shared<Recorder::Statements>();
-    return {QStringLiteral("search: customers that begin with \"%1\"").arg(beginning), QStringLiteral("us/statement"),
+    return {name,
+            QStringLiteral("us/statement"),
             [bench, beginning, texts] {
                 if (texts->isEmpty())
                     *texts = bench->statementsOf(bench->searched.opInicialCom, beginning, bench->searched.opCliente);
@@ -116,7 +117,8 @@ Case customers(const Bench& bench, const QString& beginning) {
                     bench->find(bench->searched.opInicialCom, beginning, bench->searched.opCliente);
                 });
             },
-            0.5};
+            0.5,
+            rounds};
 }
 
 Case byBeginning(const Bench& bench) {
@@ -174,8 +176,9 @@ Case streets(const Bench& bench) {
 std::vector<Case> SearchCases() {
     const Bench bench;
     return {wholeRegister(bench),
-            customers(bench, QStringLiteral("A")),
-            customers(bench, QStringLiteral("MARIA")),
+            customers(bench, QStringLiteral("search: customers that begin with \"A\""), QStringLiteral("A")),
+            customers(bench, QStringLiteral("search: customers that begin with \"MARIA\""), QStringLiteral("MARIA")),
+            customers(bench, QStringLiteral("search: customers of the whole register"), {}, 5),
             byBeginning(bench),
             memory(bench),
             grid(bench),

@@ -20,6 +20,7 @@ constexpr int buttonText = 18;
 struct Roles {
     QPalette::ColorRole ground;
     QPalette::ColorRole text;
+    bool letsThrough; ///< shows the ground of the window unless it has a colour of its own
 };
 
 Roles rolesOf(FieldKind kind) {
@@ -28,11 +29,14 @@ Roles rolesOf(FieldKind kind) {
     case FieldKind::Masked:
     case FieldKind::List:
     case FieldKind::Grid:
-        return {QPalette::Base, QPalette::Text};
+        return {QPalette::Base, QPalette::Text, false};
     case FieldKind::Button:
-        return {QPalette::Button, QPalette::ButtonText};
+        return {QPalette::Button, QPalette::ButtonText, false};
+    case FieldKind::Option:
+    case FieldKind::Check:
+        return {QPalette::Button, QPalette::WindowText, true};
     default:
-        return {QPalette::Window, QPalette::WindowText};
+        return {QPalette::Window, QPalette::WindowText, true};
     }
 }
 
@@ -61,11 +65,11 @@ QColor ColourOf(screen::Colour colour) {
 void ApplyColours(QWidget& widget, FieldKind kind, screen::Colour background, screen::Colour foreground) {
     const Roles roles = rolesOf(kind);
     QPalette palette = QApplication::palette(&widget);
-    if (background != screen::colour::ButtonFace) {
+    const bool ownColour = background != screen::colour::ButtonFace;
+    if (ownColour || roles.ground == QPalette::Base)
         palette.setColor(roles.ground, ColourOf(background));
-        if (roles.ground == QPalette::Window)
-            widget.setAutoFillBackground(true);
-    }
+    if (roles.letsThrough)
+        widget.setAutoFillBackground(ownColour);
     if (foreground != screen::colour::WindowText)
         palette.setColor(roles.text, ColourOf(foreground));
     else if (roles.text == QPalette::Text)

@@ -4,17 +4,15 @@
 #include "desktop/DesktopApplication.h"
 #include "desktop/MessageBox.h"
 #include "desktop/ScreenWindow.h"
+#include "desktop/WidgetLook.h"
 #include "screen/Program.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QLabel>
-#include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
-#include <QPlainTextEdit>
 #include <QPointer>
 #include <QStyleOptionComboBox>
 #include <QTabBar>
@@ -26,7 +24,6 @@ namespace vorta::desktop {
 
 namespace {
 
-using robot::Question;
 using screen::Field;
 using screen::FieldKind;
 using screen::Key;
@@ -84,61 +81,6 @@ int codeOf(Key key, int function) {
         break;
     }
     return Qt::Key_F1 + function - 1;
-}
-
-QString told(bool value) {
-    return value ? QStringLiteral("true") : QStringLiteral("false");
-}
-
-std::optional<QString> shownText(const QWidget& widget) {
-    if (const auto* edit = qobject_cast<const QLineEdit*>(&widget))
-        return edit->text();
-    if (const auto* notes = qobject_cast<const QPlainTextEdit*>(&widget))
-        return notes->toPlainText();
-    if (const auto* combo = qobject_cast<const QComboBox*>(&widget))
-        return combo->currentText();
-    if (const auto* label = qobject_cast<const QLabel*>(&widget))
-        return label->text();
-    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
-        return button->text();
-    return {};
-}
-
-std::optional<QString> shownLock(const QWidget& widget) {
-    if (const auto* edit = qobject_cast<const QLineEdit*>(&widget))
-        return told(edit->isReadOnly());
-    if (const auto* notes = qobject_cast<const QPlainTextEdit*>(&widget))
-        return told(notes->isReadOnly());
-    if (const auto* combo = qobject_cast<const QComboBox*>(&widget))
-        return told(combo->lineEdit()->isReadOnly());
-    return {};
-}
-
-std::optional<QString> shownItems(const QWidget& widget, const Question& question) {
-    const QAbstractItemModel* items = nullptr;
-    if (const auto* combo = qobject_cast<const QComboBox*>(&widget))
-        items = combo->model();
-    else if (const auto* view = qobject_cast<const QListView*>(&widget))
-        items = view->model();
-    if (!items)
-        return {};
-    return question.property == u"items" ? QString::number(items->rowCount())
-                                         : items->index(question.row, 0).data().toString();
-}
-
-std::optional<QString> shownCells(const QWidget& widget, const Question& question) {
-    const auto* view = qobject_cast<const QTableView*>(&widget);
-    if (!view)
-        return {};
-    const QAbstractItemModel& rows = *view->model();
-    if (question.property == u"rows")
-        return QString::number(rows.rowCount() + 1);
-    if (question.property == u"cols")
-        return QString::number(rows.columnCount());
-    if (question.property == u"row")
-        return QString::number(view->currentIndex().row() + 1);
-    return question.row == 0 ? rows.headerData(question.col, Qt::Horizontal).toString()
-                             : rows.index(question.row - 1, question.col).data().toString();
 }
 
 class DesktopHands : public robot::Hands {
@@ -272,7 +214,11 @@ class DesktopHands : public robot::Hands {
         settle();
     }
 
-    std::optional<QString> seen(Field& field, const Question& question) override;
+    std::optional<QString> seen(Field& field, const robot::Question& question) override {
+        settle();
+        const QWidget* widget = widgetOf(field);
+        return widget ? LookAt(*widget, field, question) : std::nullopt;
+    }
 
     std::optional<QString> seenCaption(screen::Screen& screen) override {
         settle();
@@ -369,34 +315,6 @@ class DesktopHands : public robot::Hands {
     std::unique_ptr<DesktopApplication> application_;
     std::vector<std::unique_ptr<ScreenWindow>> windows_;
 };
-
-std::optional<QString> DesktopHands::seen(Field& field, const Question& question) {
-    settle();
-    const QWidget* widget = widgetOf(field);
-    if (!widget)
-        return {};
-    const QString& property = question.property;
-    if (property == u"text")
-        return shownText(*widget);
-    if (property == u"enabled")
-        return told(widget->isEnabled());
-    if (property == u"visible")
-        return told(!widget->isHidden());
-    if (property == u"locked")
-        return shownLock(*widget);
-    if (property == u"tooltip")
-        return widget->toolTip();
-    if (property == u"bold")
-        return field.kind() == FieldKind::Label ? std::nullopt : std::optional(told(widget->font().bold()));
-    if (property == u"checked")
-        if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
-            return told(button->isChecked());
-    if (property == u"items" || property == u"item")
-        return shownItems(*widget, question);
-    if (property == u"rows" || property == u"cols" || property == u"row" || property == u"cell")
-        return shownCells(*widget, question);
-    return {};
-}
 
 } // namespace
 

@@ -61,6 +61,7 @@ ScreenWindow::ScreenWindow(screen::Screen& screen, QWidget* parent)
 }
 
 QSize ScreenWindow::neededSize() const {
+    form_->layout()->activate(); // else parts of it still know what they needed before
     return form_->sizeHint().expandedTo(drawnSize_) + QSize(0, barHeight);
 }
 

@@ -1,155 +1,82 @@
 #include "roles/PapelTela.h"
 
-#include "base/Format.h"
-
 namespace vorta {
 
 namespace {
 
-constexpr PapelTela cliente{.tela = "frmCliente",
-                            .sufixo = " - Cadastro de Clientes ",
-                            .rotuloId = "lblRowIdCliente",
-                            .primeiroCampo = "cboRevenda",
-                            .tabela = "Clie",
-                            .chave = "idClie",
-                            .chaveBusca = "idclie",
-                            .colunaBusca = "idClie",
-                            .selecao = Selecao::PelaPessoa,
-                            .gerador = data::Piece("GEN_CLIE"),
-                            .contatos = TabelaContatos{"clie_cont", "idclie", data::Piece("GEN_CLIE_CONT")},
-                            .confereCodigo = true,
-                            .preencheCredencial = true,
-                            .limpaDesativacao = false,
-                            .limpaAposGravar = false,
-                            .entradaConferida = true,
-                            .dataComando = FormatDateSql};
+/// Customer, supplier and carrier have a credential.
+constexpr RegrasPapel credenciado{.selecao = Selecao::PelaPessoa,
+                                  .confereCodigo = true,
+                                  .preencheCredencial = true,
+                                  .limpaDesativacao = false,
+                                  .limpaAposGravar = false,
+                                  .entradaConferida = true};
 
-constexpr PapelTela fornecedor{.tela = "frmFornecedor",
-                               .sufixo = " - Cadastro de Fornecedor ",
-                               .rotuloId = "lblRowIdFornecedor",
-                               .primeiroCampo = "mskDtCredencial",
-                               .tabela = "forn",
-                               .chave = "idforn",
-                               .chaveBusca = "forn.idforn",
-                               .colunaBusca = "idForn",
-                               .selecao = Selecao::PelaPessoa,
-                               .gerador = data::Piece("GEN_FORN"),
-                               .contatos = TabelaContatos{"forn_cont", "idforn", data::Piece("GEN_FORN_CONT")},
-                               .confereCodigo = true,
-                               .preencheCredencial = true,
-                               .limpaDesativacao = false,
-                               .limpaAposGravar = false,
-                               .entradaConferida = true,
-                               .dataComando = FormatDateSql};
+/// Driver and salesperson work for the company.
+constexpr RegrasPapel empregado{.exigePessoa = false, .armadilhaIncluir = true, .gradeAntiga = GradeAntiga::SemGrade};
 
-constexpr PapelTela transportadora{.tela = "frmTransportadora",
-                                   .sufixo = " - Cadastro de Transportadora ",
-                                   .rotuloId = "lblRowIdTransportadora",
-                                   .primeiroCampo = "mskDtCredencial",
-                                   .tabela = "trpt",
-                                   .chave = "idtrpt",
-                                   .chaveBusca = "idtrpt",
-                                   .colunaBusca = "idTRPT",
-                                   .selecao = Selecao::PelaPessoa,
-                                   .gerador = data::Piece("GEN_TRPT"),
-                                   .contatos = TabelaContatos{"trpt_cont", "idtrpt", data::Piece("GEN_TRPT_CONT")},
-                                   .confereCodigo = true,
-                                   .preencheCredencial = true,
-                                   .limpaDesativacao = false,
-                                   .limpaAposGravar = false,
-                                   .entradaConferida = true,
-                                   .armadilhaSalvar = true,
-                                   .dataComando = FormatDateSql};
+/// Architect and decorator earn commissions.
+constexpr RegrasPapel comissionado{.conferePessoaAtiva = false,
+                                   .armadilhaIncluir = true,
+                                   .atualizaPessoas = false,
+                                   .gradeAntiga = GradeAntiga::NosContatos,
+                                   .dataComando = FormatDateSqlSlashes};
 
-constexpr PapelTela motorista{.tela = "frmMotorista",
-                              .sufixo = " - Cadastro de Motorista ",
-                              .rotuloId = "lblRowIdMotorista",
-                              .primeiroCampo = "mskDtAdmissao",
-                              .tabela = "Moto",
-                              .chave = "idMoto",
-                              .chaveBusca = "idmoto",
-                              .colunaBusca = "idMoto",
-                              .gerador = data::Piece("GEN_MOTO"),
-                              .chaveNova = ChaveNova::Perguntada,
-                              .colunaPess = data::Piece("idMOTO"),
-                              .exigePessoa = false,
-                              .armadilhaIncluir = true,
-                              .armadilhaSalvar = true,
-                              .gradeAntiga = GradeAntiga::SemGrade,
-                              .dataComando = FormatDateSql};
-
-constexpr PapelTela vendedor{.tela = "frmVendedor",
-                             .sufixo = " - Cadastro de Vendedores ",
-                             .rotuloId = "lblRowIdVendedor",
-                             .primeiroCampo = "mskDtAdmissao",
-                             .tabela = "Vend",
-                             .chave = "idVend",
-                             .chaveBusca = "idvend",
-                             .colunaBusca = "idvend",
-                             .gerador = data::Piece("GEN_VEND"),
-                             .chaveNova = ChaveNova::Dispensada,
-                             .exigePessoa = false,
-                             .armadilhaIncluir = true,
-                             .armadilhaSalvar = true,
-                             .gradeAntiga = GradeAntiga::SemGrade,
-                             .dataComando = FormatDateSql};
-
-constexpr PapelTela arquiteto{.tela = "frmArquiteto",
-                              .sufixo = " - Cadastro de Arquitetos ",
-                              .rotuloId = "lblRowidArquiteto",
-                              .primeiroCampo = "mskDtAdmissao",
-                              .tabela = "arqt",
-                              .chave = "idArqt",
-                              .chaveBusca = "arqt.idArqt",
-                              .colunaBusca = "idArqt",
-                              .chaveNova = ChaveNova::Perguntada,
-                              .colunaPess = data::Piece("idARQT"),
-                              .contatos = TabelaContatos{"arqt_cont", "idArqt", std::nullopt},
-                              .conferePessoaAtiva = false,
-                              .armadilhaIncluir = true,
-                              .atualizaPessoas = false,
-                              .gradeAntiga = GradeAntiga::NosContatos,
-                              .dataComando = FormatDateSqlSlashes};
-
-constexpr PapelTela decorador{.tela = "frmDecorador",
-                              .sufixo = " - Cadastro de Decoradores ",
-                              .rotuloId = "lblRowIdDecorador",
-                              .primeiroCampo = "mskDtAdmissao",
-                              .tabela = "deco",
-                              .chave = "iddeco",
-                              .chaveBusca = "deco.iddeco",
-                              .colunaBusca = "idDeco",
-                              .chaveNova = ChaveNova::Perguntada,
-                              .colunaPess = data::Piece("idDECO"),
-                              .contatos = TabelaContatos{"deco_cont", "iddeco", std::nullopt},
-                              .conferePessoaAtiva = false,
-                              .armadilhaIncluir = true,
-                              .atualizaPessoas = false,
-                              .gradeAntiga = GradeAntiga::NosContatos,
-                              .dataComando = FormatDateSqlSlashes};
+using data::Piece;
 
 } // namespace
 
-const PapelTela& PapelCliente() {
-    return cliente;
-}
-const PapelTela& PapelFornecedor() {
-    return fornecedor;
-}
-const PapelTela& PapelTransportadora() {
-    return transportadora;
-}
-const PapelTela& PapelMotorista() {
-    return motorista;
-}
-const PapelTela& PapelVendedor() {
-    return vendedor;
-}
-const PapelTela& PapelArquiteto() {
-    return arquiteto;
-}
-const PapelTela& PapelDecorador() {
-    return decorador;
-}
+constinit const PapelTela papelCliente{credenciado,
+                                       {"frmCliente", " - Cadastro de Clientes ", "lblRowIdCliente", "cboRevenda"},
+                                       {"Clie", "idClie", "idclie", "idClie"},
+                                       {Piece("GEN_CLIE"), ChaveNova::PorGerador},
+                                       ErroNoSalvar::Encerra,
+                                       TabelaContatos{"clie_cont", "idclie", Piece("GEN_CLIE_CONT")}};
+
+constinit const PapelTela papelFornecedor{
+    credenciado,
+    {"frmFornecedor", " - Cadastro de Fornecedor ", "lblRowIdFornecedor", "mskDtCredencial"},
+    {"forn", "idforn", "forn.idforn", "idForn"},
+    {Piece("GEN_FORN"), ChaveNova::PorGerador},
+    ErroNoSalvar::Encerra,
+    TabelaContatos{"forn_cont", "idforn", Piece("GEN_FORN_CONT")}};
+
+constinit const PapelTela papelTransportadora{
+    credenciado,
+    {"frmTransportadora", " - Cadastro de Transportadora ", "lblRowIdTransportadora", "mskDtCredencial"},
+    {"trpt", "idtrpt", "idtrpt", "idTRPT"},
+    {Piece("GEN_TRPT"), ChaveNova::PorGerador},
+    ErroNoSalvar::PedeRollback,
+    TabelaContatos{"trpt_cont", "idtrpt", Piece("GEN_TRPT_CONT")}};
+
+constinit const PapelTela papelMotorista{
+    empregado,
+    {"frmMotorista", " - Cadastro de Motorista ", "lblRowIdMotorista", "mskDtAdmissao"},
+    {"Moto", "idMoto", "idmoto", "idMoto"},
+    {Piece("GEN_MOTO"), ChaveNova::Perguntada, Piece("idMOTO")},
+    ErroNoSalvar::PedeRollback};
+
+constinit const PapelTela papelVendedor{
+    empregado,
+    {"frmVendedor", " - Cadastro de Vendedores ", "lblRowIdVendedor", "mskDtAdmissao"},
+    {"Vend", "idVend", "idvend", "idvend"},
+    {Piece("GEN_VEND"), ChaveNova::Dispensada},
+    ErroNoSalvar::PedeRollback};
+
+constinit const PapelTela papelArquiteto{
+    comissionado,
+    {"frmArquiteto", " - Cadastro de Arquitetos ", "lblRowidArquiteto", "mskDtAdmissao"},
+    {"arqt", "idArqt", "arqt.idArqt", "idArqt"},
+    {{}, ChaveNova::Perguntada, Piece("idARQT")},
+    ErroNoSalvar::Encerra,
+    TabelaContatos{"arqt_cont", "idArqt", {}}};
+
+constinit const PapelTela papelDecorador{
+    comissionado,
+    {"frmDecorador", " - Cadastro de Decoradores ", "lblRowIdDecorador", "mskDtAdmissao"},
+    {"deco", "iddeco", "deco.iddeco", "idDeco"},
+    {{}, ChaveNova::Perguntada, Piece("idDECO")},
+    ErroNoSalvar::Encerra,
+    TabelaContatos{"deco_cont", "iddeco", {}}};
 
 } // namespace vorta

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Format.h"
 #include "data/Statement.h"
 
 #include <QDate>
@@ -27,6 +28,12 @@ enum class GradeAntiga {
     NosContatos ///< its rows take the place of the contacts
 };
 
+/// What an error in the save does.
+enum class ErroNoSalvar {
+    Encerra,     ///< ends the program as any run-time error
+    PedeRollback ///< asks the connection for the operation "Rollback" first
+};
+
 /// A contact table of a role. Its columns are named after the table.
 struct TabelaContatos {
     data::Piece tabela;
@@ -34,21 +41,9 @@ struct TabelaContatos {
     std::optional<data::Piece> gerador; ///< none where the database fills the key
 };
 
-/// One role screen for the frame that all seven share.
-struct PapelTela {
-    const char* tela;
-    const char* sufixo;   ///< behind the register's title in the title bar
-    const char* rotuloId; ///< label with the id of the role row
-    const char* primeiroCampo;
-    data::Piece tabela;
-    data::Piece chave;
-    data::Piece chaveBusca;  ///< the key as the search for a person's row names it
-    const char* colunaBusca; ///< the key in the search's result
+/// What a role screen does; screens of one kin do the same.
+struct RegrasPapel {
     Selecao selecao = Selecao::PeloRegistro;
-    std::optional<data::Piece> gerador = {};
-    ChaveNova chaveNova = ChaveNova::PorGerador;
-    std::optional<data::Piece> colunaPess = {}; ///< back-reference in `PESS` that the screen keeps by itself
-    std::optional<TabelaContatos> contatos = {};
     bool conferePessoaAtiva = true;  ///< a deactivated person must be reactivated before its role
     bool exigePessoa = true;         ///< the save refuses a screen without a person
     bool confereCodigo = false;      ///< an inclusion looks the person's id up among the customers
@@ -57,18 +52,46 @@ struct PapelTela {
     bool limpaAposGravar = true;
     bool entradaConferida = false; ///< contact names go to capitals and birthdays are checked on leaving
     bool armadilhaIncluir = false; ///< an error in the inclusion shows its box and the program goes on
-    bool armadilhaSalvar = false;  ///< an error in the save goes through the operation "Rollback"
     bool atualizaPessoas = true;   ///< closing refreshes the role buttons of the person screen
     GradeAntiga gradeAntiga = GradeAntiga::Nenhuma;
-    QString (*dataComando)(const QDate&) = nullptr; ///< form of dates in the inserts and updates of the save
+    QString (*dataComando)(const QDate&) = FormatDateSql; ///< form of dates in the inserts and updates of the save
 };
 
-const PapelTela& PapelCliente();
-const PapelTela& PapelFornecedor();
-const PapelTela& PapelTransportadora();
-const PapelTela& PapelMotorista();
-const PapelTela& PapelVendedor();
-const PapelTela& PapelArquiteto();
-const PapelTela& PapelDecorador();
+/// What a role screen and its parts are called.
+struct NomesTela {
+    const char* tela;
+    const char* sufixo;   ///< behind the register's title in the title bar
+    const char* rotuloId; ///< label with the id of the role row
+    const char* primeiroCampo;
+};
+
+/// The table of a role and the names of its key.
+struct TabelaPapel {
+    data::Piece tabela;
+    data::Piece chave;
+    data::Piece chaveBusca;  ///< the key as the search for a person's row names it
+    const char* colunaBusca; ///< the key in the search's result
+};
+
+/// What becomes of the key of a new row.
+struct ChavePapel {
+    std::optional<data::Piece> gerador;
+    ChaveNova chaveNova;
+    std::optional<data::Piece> colunaPess = {}; ///< back-reference in `PESS` that the screen keeps by itself
+};
+
+/// One role screen for the frame that all seven share.
+struct PapelTela : RegrasPapel, NomesTela, TabelaPapel, ChavePapel {
+    ErroNoSalvar erroNoSalvar;
+    std::optional<TabelaContatos> contatos = {};
+};
+
+extern const PapelTela papelCliente;
+extern const PapelTela papelFornecedor;
+extern const PapelTela papelTransportadora;
+extern const PapelTela papelMotorista;
+extern const PapelTela papelVendedor;
+extern const PapelTela papelArquiteto;
+extern const PapelTela papelDecorador;
 
 } // namespace vorta

@@ -21,13 +21,13 @@ void Registra(ContextoExecucao& contexto, const PapelTela& papel) {
 } // namespace
 
 void RegistraTelasPapeis(ContextoExecucao& contexto) {
-    Registra<frmCliente>(contexto, PapelCliente());
-    Registra<frmFornecedor>(contexto, PapelFornecedor());
-    Registra<frmTransportadora>(contexto, PapelTransportadora());
-    Registra<frmMotorista>(contexto, PapelMotorista());
-    Registra<frmVendedor>(contexto, PapelVendedor());
-    Registra<frmArquiteto>(contexto, PapelArquiteto());
-    Registra<frmDecorador>(contexto, PapelDecorador());
+    Registra<frmCliente>(contexto, papelCliente);
+    Registra<frmFornecedor>(contexto, papelFornecedor);
+    Registra<frmTransportadora>(contexto, papelTransportadora);
+    Registra<frmMotorista>(contexto, papelMotorista);
+    Registra<frmVendedor>(contexto, papelVendedor);
+    Registra<frmArquiteto>(contexto, papelArquiteto);
+    Registra<frmDecorador>(contexto, papelDecorador);
 }
 
 } // namespace vorta

@@ -361,7 +361,7 @@ void TelaPapel::Grava(const std::function<void()>& passos) {
         passos();
         conexao.CommitTrans();
     } catch (const RuntimeError&) {
-        if (!papel_.armadilhaSalvar)
+        if (papel_.erroNoSalvar == ErroNoSalvar::Encerra)
             throw;
         // A connection has no operation of this name: the program ends here and the transaction dies with the
         // connection.

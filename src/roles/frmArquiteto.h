@@ -8,7 +8,7 @@ namespace vorta {
 class frmArquiteto : public TelaComissionado {
   public:
     explicit frmArquiteto(ContextoExecucao& contexto)
-        : TelaComissionado(contexto, PapelArquiteto(), {"txtCREA", "arqt_crea"}) {}
+        : TelaComissionado(contexto, papelArquiteto, {"txtCREA", "arqt_crea"}) {}
 };
 
 } // namespace vorta

@@ -22,7 +22,7 @@ void MostraDescricao(ContextoExecucao& contexto, screen::Field& campo, const dat
 
 } // namespace
 
-frmCliente::frmCliente(ContextoExecucao& contexto) : TelaPapel(contexto, PapelCliente()) {
+frmCliente::frmCliente(ContextoExecucao& contexto) : TelaPapel(contexto, papelCliente) {
     for (screen::Field* campo : std::initializer_list<screen::Field*>{
              &cboRevenda, &txtLimiCred, &cboTipoCli, &cboTransportadora, &mskDtCredencial, &cboVendedor,
              &txtLimeMaxiConh, &cboRegimeEspecialICMS})

@@ -8,7 +8,7 @@ namespace vorta {
 class frmDecorador : public TelaComissionado {
   public:
     explicit frmDecorador(ContextoExecucao& contexto)
-        : TelaComissionado(contexto, PapelDecorador(), {"txtADD", "deco_add0"}) {}
+        : TelaComissionado(contexto, papelDecorador, {"txtADD", "deco_add0"}) {}
 };
 
 } // namespace vorta

@@ -19,7 +19,7 @@ void TeclaNumerica(int& tecla) {
 
 } // namespace
 
-frmFornecedor::frmFornecedor(ContextoExecucao& contexto) : TelaPapel(contexto, PapelFornecedor()) {
+frmFornecedor::frmFornecedor(ContextoExecucao& contexto) : TelaPapel(contexto, papelFornecedor) {
     Registro({&mskDtCredencial}, {&txtLimiCred, &txtDescontoFornecedor});
     Contatos(contatos);
     DataCredencial(mskDtCredencial);

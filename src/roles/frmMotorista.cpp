@@ -29,7 +29,7 @@ screen::Field& CampoDe(const screen::Screen& tela, const ColunaTexto& texto) {
 
 } // namespace
 
-frmMotorista::frmMotorista(ContextoExecucao& contexto) : TelaPapel(contexto, PapelMotorista()) {
+frmMotorista::frmMotorista(ContextoExecucao& contexto) : TelaPapel(contexto, papelMotorista) {
     Registro({&mskDtAdmissao, &txtCNH, &txtProntuario, &cboUF_Emitente, &txtPai0Moto, &txtMae0Moto, &txtRefeMoto});
     mskDtAdmissao.selectsOnFocus = true;
     mskDtAdmissao.LostFocus = [this] {

@@ -2,7 +2,7 @@
 
 namespace vorta {
 
-frmTransportadora::frmTransportadora(ContextoExecucao& contexto) : TelaPapel(contexto, PapelTransportadora()) {
+frmTransportadora::frmTransportadora(ContextoExecucao& contexto) : TelaPapel(contexto, papelTransportadora) {
     Registro({&mskDtCredencial});
     Contatos(contatos);
     DataCredencial(mskDtCredencial);

@@ -2,7 +2,7 @@
 
 namespace vorta {
 
-frmVendedor::frmVendedor(ContextoExecucao& contexto) : TelaPapel(contexto, PapelVendedor()) {
+frmVendedor::frmVendedor(ContextoExecucao& contexto) : TelaPapel(contexto, papelVendedor) {
     Registro({&mskDtAdmissao}, {&txtSalFixo, &txtPercPool, &txtPercIndi});
     mskDtAdmissao.selectsOnFocus = true;
     for (screen::Field* valor : {&txtSalFixo, &txtPercPool, &txtPercIndi})

@@ -1,5 +1,5 @@
-#include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "base/RuntimeError.h"
 
 #include <gtest/gtest.h>
 
@@ -65,7 +65,7 @@ TEST(Text, BooleansAreWordsOrNumbers) {
     EXPECT_TRUE(ToBoolean(u"1"_qs));
     EXPECT_FALSE(ToBoolean(u"0"_qs));
     for (const QString& text : {u""_qs, u"."_qs, u"talvez"_qs})
-        EXPECT_THROW(ToBoolean(text), RuntimeError) << text.toStdString();
+        EXPECT_THROW(ToBoolean(text), RuntimeError) << text;
 }
 
 TEST(Text, RepertoireIsWindows1252) {

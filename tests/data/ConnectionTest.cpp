@@ -1,7 +1,7 @@
 #include "data/Connection.h"
 
-#include "base/RuntimeError.h"
 #include "data/Recordset.h"
+#include "support/ErrorOf.h"
 #include "support/FailingStatements.h"
 #include "support/FakeDatabase.h"
 
@@ -11,15 +11,7 @@ namespace vorta::data {
 
 namespace {
 
-template <typename Work>
-int errorOf(Work work) {
-    try {
-        work();
-        return 0;
-    } catch (const RuntimeError& failure) {
-        return failure.number();
-    }
-}
+using test::errorOf;
 
 Statement withValue(const char* value) {
     Statement statement;

@@ -38,7 +38,7 @@ TEST(QualifiedColumns, OthersStayAsTheyAre) {
           Statement("select idclie"), Statement("select clie.idpess as idclie from clie, pess"),
           Statement("select idclie from pess"),
           Statement("select idclie from pess where exists (select 1 from clie, pess)"), Statement("")})
-        EXPECT_EQ(QualifyRoleKeys(statement), statement) << statement.text().toStdString();
+        EXPECT_EQ(QualifyRoleKeys(statement), statement) << statement.text();
 }
 
 TEST(QualifiedColumns, OnlyTheSelectListIsTouched) {

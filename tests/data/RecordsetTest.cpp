@@ -1,6 +1,6 @@
 #include "data/Recordset.h"
 
-#include "base/RuntimeError.h"
+#include "support/ErrorOf.h"
 #include "support/FakeDatabase.h"
 
 #include <gtest/gtest.h>
@@ -9,15 +9,7 @@ namespace vorta::data {
 
 namespace {
 
-template <typename Work>
-int errorOf(Work work) {
-    try {
-        work();
-        return 0;
-    } catch (const RuntimeError& failure) {
-        return failure.number();
-    }
-}
+using test::errorOf;
 
 class RecordsetTest : public testing::Test {
   protected:

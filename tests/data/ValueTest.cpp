@@ -1,6 +1,6 @@
 #include "data/Value.h"
 
-#include "base/RuntimeError.h"
+#include "support/ErrorOf.h"
 
 #include <gtest/gtest.h>
 
@@ -8,15 +8,7 @@ namespace vorta::data {
 
 namespace {
 
-template <typename Work>
-int errorOf(Work work) {
-    try {
-        work();
-        return 0;
-    } catch (const RuntimeError& failure) {
-        return failure.number();
-    }
-}
+using test::errorOf;
 
 Value decimal(qint64 unscaled, int scale) {
     return Decimal{unscaled, scale};

@@ -237,6 +237,21 @@ TEST_F(SampleBinder, AButtonShowsItsPicture) {
     QFile::remove(path);
 }
 
+/// On the pixels: the ground of an option is another part of its palette than that of a label.
+TEST_F(SampleBinder, EveryKindOfFieldIsPaintedInItsColour) {
+    tela.Flex.reset({{QStringLiteral("Nome")}});
+    for (screen::Field* field : tela.fields())
+        field->setBackground(screen::colour::Red);
+    open([&] {
+        for (QWidget* widget : std::initializer_list<QWidget*>{titulo, nome, nota, cep, cidade->lineEdit(), log, sim,
+                                                               ativo, grade->viewport(), foto}) {
+            const QImage shown = widget->grab().toImage();
+            EXPECT_EQ(shown.pixelColor(shown.width() * 3 / 4, shown.height() * 3 / 4), QColor(Qt::red))
+                << widget->objectName();
+        }
+    });
+}
+
 TEST_F(SampleBinder, TheEndOfTheScreenIsReportedOnce) {
     int over = 0;
     open([&] {

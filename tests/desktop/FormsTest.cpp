@@ -1,6 +1,8 @@
 #include "desktop/Forms.h"
 #include "app/Register.h"
 #include "desktop/Binder.h"
+#include "desktop/Binding.h"
+#include "desktop/WidgetLook.h"
 #include "support/TestPlatform.h"
 
 #include <QAbstractButton>
@@ -33,10 +35,6 @@ bool isNamedInput(const QWidget& widget) {
     return input && !isInner(widget);
 }
 
-std::string plain(const QString& text) {
-    return text.toStdString();
-}
-
 } // namespace
 
 class FormTest : public testing::TestWithParam<std::string> {
@@ -56,9 +54,44 @@ class FormTest : public testing::TestWithParam<std::string> {
 
 TEST_P(FormTest, EveryFieldHasItsWidget) {
     for (const screen::Field* field : tela.fields())
-        EXPECT_TRUE(form.findChild<QWidget*>(desktop::WidgetName(field->name()))) << plain(field->name());
+        EXPECT_TRUE(form.findChild<QWidget*>(desktop::WidgetName(field->name()))) << field->name();
     // A widget that cannot show its field's kind is refused here.
     EXPECT_NO_THROW(desktop::Binder(tela, registro.user(), form, form));
+}
+
+namespace {
+
+/// What the widgets of a screen show otherwise than the screen says, one a line.
+QString disagreements(const screen::Screen& tela, const desktop::Binder& binder) {
+    QStringList found;
+    for (const screen::Field* field : tela.fields())
+        for (const char* property : {"text", "enabled", "visible", "locked", "maxlength", "tooltip", "background",
+                                     "foreground", "bold", "picture"}) {
+            const robot::Question question{QLatin1String(property)};
+            const auto seen = desktop::LookAt(binder.binding(*field)->widget(), *field, question);
+            if (seen && *seen != robot::Look(*field, question))
+                found += QStringLiteral("%1 %2 %3").arg(field->name(), question.property, *seen);
+        }
+    return found.join(u'\n');
+}
+
+} // namespace
+
+/// What a form brings along (captions, limits, fonts) must not stand against the screen.
+TEST_P(FormTest, EveryFieldLooksAsItsScreenSays) {
+    desktop::Binder binder(tela, registro.user(), form, form);
+    binder.flush();
+    EXPECT_EQ(disagreements(tela, binder), "");
+    for (const screen::Colour colour : {screen::colour::Red, screen::colour::Locked, screen::colour::ButtonFace}) {
+        for (screen::Field* field : tela.fields()) {
+            field->setLocked(!field->locked());
+            field->setEnabled(!field->enabled());
+            field->setBackground(colour);
+            field->setForeground(colour);
+        }
+        binder.flush();
+        EXPECT_EQ(disagreements(tela, binder), "") << colour;
+    }
 }
 
 TEST_P(FormTest, EveryNamedInputHasItsField) {
@@ -67,7 +100,7 @@ TEST_P(FormTest, EveryNamedInputHasItsField) {
         names += desktop::WidgetName(field->name());
     for (const QWidget* widget : form.findChildren<QWidget*>())
         if (isNamedInput(*widget))
-            EXPECT_TRUE(names.contains(widget->objectName())) << plain(widget->objectName());
+            EXPECT_TRUE(names.contains(widget->objectName())) << widget->objectName();
 }
 
 TEST_P(FormTest, NoNameStandsTwice) {
@@ -75,7 +108,7 @@ TEST_P(FormTest, NoNameStandsTwice) {
     for (const QWidget* widget : form.findChildren<QWidget*>()) {
         if (isInner(*widget))
             continue;
-        EXPECT_FALSE(seen.contains(widget->objectName())) << plain(widget->objectName());
+        EXPECT_FALSE(seen.contains(widget->objectName())) << widget->objectName();
         seen += widget->objectName();
     }
 }
@@ -93,7 +126,7 @@ TEST_P(FormTest, TabOrderIsThatOfTheScreen) {
     // The chain is a ring: it may be entered at any place.
     if (const qsizetype first = found.indexOf(wanted.value(0)); first > 0)
         found = found.mid(first) + found.first(first);
-    EXPECT_EQ(plain(found.join(u' ')), plain(wanted.join(u' ')));
+    EXPECT_EQ(found.join(u' '), wanted.join(u' '));
 }
 
 TEST_P(FormTest, TabsCarryTheCaptionsOfTheScreen) {
@@ -104,7 +137,7 @@ TEST_P(FormTest, TabsCarryTheCaptionsOfTheScreen) {
             QStringList captions;
             for (int page = 0; page < tabs->count(); ++page)
                 captions += tabs->tabText(page);
-            EXPECT_EQ(plain(captions.join(u'|')), plain(strip->captions().join(u'|')));
+            EXPECT_EQ(captions.join(u'|'), strip->captions().join(u'|'));
         }
 }
 
@@ -136,10 +169,10 @@ TEST_P(FormTest, NothingIsClipped) {
             for (int page = tabs->count() - 1; page >= 0; --page) {
                 tabs->setCurrentIndex(page);
                 QCoreApplication::processEvents();
-                EXPECT_EQ(plain(clippedTexts(form).join(u' ')), "") << "page " << page << " at " << points;
+                EXPECT_EQ(clippedTexts(form).join(u' '), "") << "page " << page << " at " << points;
             }
         QCoreApplication::processEvents();
-        EXPECT_EQ(plain(clippedTexts(form).join(u' ')), "") << "at " << points;
+        EXPECT_EQ(clippedTexts(form).join(u' '), "") << "at " << points;
     }
 }
 
@@ -154,11 +187,10 @@ TEST_P(FormTest, FieldsStandOnTheirPages) {
                 tabs = around;
                 page = around->indexOf(const_cast<QWidget*>(child));
             }
-        EXPECT_EQ(plain(field->strip() ? field->strip()->name() : QString()),
-                  plain(tabs ? tabs->objectName() : QString()))
-            << plain(field->name());
+        EXPECT_EQ(field->strip() ? field->strip()->name() : QString(), tabs ? tabs->objectName() : QString())
+            << field->name();
         if (tabs && field->strip())
-            EXPECT_EQ(field->page(), page) << plain(field->name());
+            EXPECT_EQ(field->page(), page) << field->name();
     }
 }
 
@@ -172,7 +204,7 @@ QStringList registeredScreens() {
 std::vector<std::string> screenNames() {
     std::vector<std::string> names;
     for (const QString& name : registeredScreens())
-        names.push_back(plain(name));
+        names.push_back(name.toStdString());
     return names;
 }
 
@@ -186,7 +218,7 @@ TEST(Forms, EveryFormHasItsScreen) {
     QStringList screens = registeredScreens();
     forms.sort();
     screens.sort();
-    EXPECT_EQ(plain(forms.join(u' ')), plain(screens.join(u' ')));
+    EXPECT_EQ(forms.join(u' '), screens.join(u' '));
 }
 
 } // namespace vorta::test

@@ -83,7 +83,7 @@ TEST(Create, generators_stand_at_zero) {
     for (const kit::Table& table : kit::Tables())
         if (!table.generator.isEmpty()) {
             EXPECT_EQ(loader.number(QStringLiteral("SELECT GEN_ID(%1, 0) FROM RDB$DATABASE").arg(table.generator)), 0)
-                << table.generator.toStdString();
+                << table.generator;
         }
 }
 
@@ -122,7 +122,7 @@ TEST(Create, postal_codes_have_a_street_with_all_its_parts) {
 TEST(Create, pictures_are_bitmaps) {
     for (const QString& name : {kit::LinkedPicture(), kit::UnlinkedPicture(), kit::NoPhotoPicture()}) {
         QFile picture(Installed::plain().layout().images() + name);
-        ASSERT_TRUE(picture.open(QIODevice::ReadOnly)) << name.toStdString();
+        ASSERT_TRUE(picture.open(QIODevice::ReadOnly)) << name;
         const QByteArray bytes = picture.readAll();
         EXPECT_TRUE(bytes.startsWith("BM"));
         quint32 size = 0;
@@ -185,13 +185,13 @@ TEST(Demonstration, the_register_goes_on_behind_its_keys) {
             const QString key = table.columns.front().name;
             EXPECT_EQ(loader.number(QStringLiteral("SELECT GEN_ID(%1, 0) FROM RDB$DATABASE").arg(table.generator)),
                       loader.number(QStringLiteral("SELECT MAX(%1) FROM %2").arg(key, table.name)))
-                << table.name.toStdString();
+                << table.name;
         }
 }
 
 TEST(Demonstration, it_stays_out_of_history_and_development) {
     for (const kit::Environment& environment : kit::Environments().sliced(1)) {
         kit::Loader loader(Installed::demonstration().layout().base(environment.base));
-        EXPECT_EQ(count(loader, "SELECT COUNT(*) FROM PESS"), 0) << environment.name.toStdString();
+        EXPECT_EQ(count(loader, "SELECT COUNT(*) FROM PESS"), 0) << environment.name;
     }
 }

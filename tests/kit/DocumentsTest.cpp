@@ -15,8 +15,8 @@ TEST(Documents, thousands_of_numbers_pass_the_checks_and_differ) {
         EXPECT_EQ(cpf.size(), 14);
         EXPECT_EQ(cnpj.size(), 18);
         seen << kit::Cpf(number) << kit::Cnpj(number);
-        EXPECT_TRUE(ValidaCPF(cpf)) << cpf.toStdString();
-        EXPECT_TRUE(ValidaCNPJ(cnpj)) << cnpj.toStdString();
+        EXPECT_TRUE(ValidaCPF(cpf)) << cpf;
+        EXPECT_TRUE(ValidaCNPJ(cnpj)) << cnpj;
     }
     EXPECT_EQ(seen.size(), 10000);
 }

@@ -37,8 +37,8 @@ QByteArray digest(const Installed& installed) {
 
 TEST(People, the_same_seed_makes_the_same_persons_and_another_one_others) {
     const Installed first(people(400, 9)), second(people(400, 9)), other(people(400, 10));
-    EXPECT_EQ(digest(first).toStdString(), digest(second).toStdString());
-    EXPECT_NE(digest(first).toStdString(), digest(other).toStdString());
+    EXPECT_EQ(digest(first), digest(second));
+    EXPECT_NE(digest(first), digest(other));
 }
 
 TEST(People, they_are_as_many_as_asked_with_documents_that_pass_and_differ) {
@@ -48,10 +48,9 @@ TEST(People, they_are_as_many_as_asked_with_documents_that_pass_and_differ) {
     EXPECT_EQ(rows.size(), 1500u);
     for (const QStringList& row : rows) {
         QString document = row[1];
-        EXPECT_TRUE(row[0] == u"J" ? ValidaCNPJ(document) : ValidaCPF(document)) << row[1].toStdString();
+        EXPECT_TRUE(row[0] == u"J" ? ValidaCNPJ(document) : ValidaCPF(document)) << row[1];
         if (row[0] == u"J") {
-            EXPECT_EQ(ConsisteInscricaoEstadual(row[2], row[3]), 0)
-                << row[2].toStdString() << ' ' << row[3].toStdString();
+            EXPECT_EQ(ConsisteInscricaoEstadual(row[2], row[3]), 0) << row[2] << ' ' << row[3];
         }
     }
     EXPECT_EQ(loader.number(QStringLiteral("SELECT COUNT(DISTINCT CPF0_CNPJ) FROM PESS")), 1500);

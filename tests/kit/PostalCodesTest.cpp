@@ -64,11 +64,11 @@ TEST_F(PostalCodes, mistakes_name_their_lines_and_nothing_is_loaded) {
                             "04000005\tRua\tR\tNova\tCentro\t\tSP\n"),
               0);
     EXPECT_EQ(mistakes_.all, 5);
-    EXPECT_EQ(mistakes_.lines.join(u'\n').toStdString(), "linha 2: o CEP [0400000] não tem oito dígitos\n"
-                                                         "linha 4: esperados 7 campos separados por tabulação, há 6\n"
-                                                         "linha 5: falta o logradouro\n"
-                                                         "linha 6: a UF [XX] não existe\n"
-                                                         "linha 7: falta a cidade");
+    EXPECT_EQ(mistakes_.lines.join(u'\n'), "linha 2: o CEP [0400000] não tem oito dígitos\n"
+                                           "linha 4: esperados 7 campos separados por tabulação, há 6\n"
+                                           "linha 5: falta o logradouro\n"
+                                           "linha 6: a UF [XX] não existe\n"
+                                           "linha 7: falta a cidade");
     EXPECT_EQ(streets(), before);
 }
 

@@ -44,12 +44,12 @@ TEST(Program, creates_checks_and_refuses_a_second_time) {
     const QString home = folder.filePath(QStringLiteral("vorta"));
     const Outcome created = run({QStringLiteral("create"), QStringLiteral("--home"), home, QStringLiteral("--people"),
                                  QStringLiteral("25"), QStringLiteral("--seed"), QStringLiteral("5")});
-    EXPECT_EQ(created.code, 0) << created.error.toStdString();
+    EXPECT_EQ(created.code, 0) << created.error;
     const Outcome checked = run({QStringLiteral("check"), QStringLiteral("--home"), home});
-    EXPECT_EQ(checked.code, 0) << checked.out.toStdString();
+    EXPECT_EQ(checked.code, 0) << checked.out;
     const Outcome again = run({QStringLiteral("create"), QStringLiteral("--home"), home});
     EXPECT_EQ(again.code, 1);
-    EXPECT_EQ(again.error.toStdString(), "Já existe uma instalação em " + home.toStdString() + "; nada foi alterado\n");
+    EXPECT_EQ(again.error, u"Já existe uma instalação em "_qs + home + u"; nada foi alterado\n"_qs);
     EXPECT_EQ(run({QStringLiteral("check"), QStringLiteral("--home"), home}).code, 0);
 }
 
@@ -101,6 +101,6 @@ TEST(Program, a_list_of_postal_codes_with_mistakes_ends_in_1) {
     installed.write(QStringLiteral("lista.tsv"), "cep\ttipo\tabreviatura\tlogradouro\tbairro\tcidade\tuf\n"
                                                  "04000000\tRua\tR\tAlegre\tCentro\tCampinas\tSP\n");
     const Outcome loaded = run({QStringLiteral("cep"), QStringLiteral("--home"), installed.home(), list});
-    EXPECT_EQ(loaded.code, 0) << loaded.error.toStdString();
+    EXPECT_EQ(loaded.code, 0) << loaded.error;
     EXPECT_EQ(loaded.out, QStringLiteral("1 logradouros carregados\n"));
 }

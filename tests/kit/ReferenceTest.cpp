@@ -32,7 +32,7 @@ TEST(Reference, the_tables_have_the_rows_that_the_country_has) {
                                           {QStringLiteral("Banc"), 463},
                                           {QStringLiteral("tipo_clie"), 3}};
     for (auto count = counts.begin(); count != counts.end(); ++count)
-        EXPECT_EQ(qsizetype(kit::ReadReference(count.key()).rows.size()), count.value()) << count.key().toStdString();
+        EXPECT_EQ(qsizetype(kit::ReadReference(count.key()).rows.size()), count.value()) << count.key();
 }
 
 TEST(Reference, municipal_codes_follow_their_check_digit_but_for_the_nine_known_exceptions) {
@@ -45,7 +45,7 @@ TEST(Reference, municipal_codes_follow_their_check_digit_but_for_the_nine_known_
             exceptions << row[0];
     }
     EXPECT_EQ(codes.size(), 5571);
-    EXPECT_EQ(exceptions.size(), 9) << exceptions.join(u' ').toStdString();
+    EXPECT_EQ(exceptions.size(), 9) << exceptions.join(u' ');
 }
 
 TEST(Reference, every_state_has_municipalities_and_one_prefix) {
@@ -70,11 +70,11 @@ TEST(Reference, every_text_fits_its_column_and_the_repertoire_of_the_data) {
         const kit::ReferenceTable data = kit::ReadReference(QString::fromLatin1(name));
         const kit::Table& table = *kit::FindTable(QString::fromLatin1(name));
         for (const QStringList& row : data.rows) {
-            ASSERT_EQ(row.size(), data.columns.size()) << name << ": " << row.join(u'|').toStdString();
+            ASSERT_EQ(row.size(), data.columns.size()) << name << ": " << row.join(u'|');
             for (qsizetype i = 0; i < row.size(); ++i) {
                 ASSERT_NE(table.column(data.columns[i]), nullptr) << name;
-                EXPECT_LE(row[i].size(), table.column(data.columns[i])->length) << row[i].toStdString();
-                EXPECT_TRUE(InRepertoire(row[i])) << row[i].toStdString();
+                EXPECT_LE(row[i].size(), table.column(data.columns[i])->length) << row[i];
+                EXPECT_TRUE(InRepertoire(row[i])) << row[i];
                 EXPECT_EQ(row[i], row[i].trimmed());
             }
         }
@@ -92,13 +92,13 @@ TEST(Reference, what_other_tables_point_at_is_there) {
     for (const QStringList& row : rowsOf("cole"))
         collections.insert(row[0]);
     for (const QStringList& row : rowsOf("cidades"))
-        EXPECT_TRUE(towns.contains(row[0] + u'/' + row[1])) << row[0].toStdString();
+        EXPECT_TRUE(towns.contains(row[0] + u'/' + row[1])) << row[0];
     for (const QStringList& row : rowsOf("ruas"))
-        EXPECT_TRUE(towns.contains(row[5] + u'/' + row[6])) << row[5].toStdString();
+        EXPECT_TRUE(towns.contains(row[5] + u'/' + row[6])) << row[5];
     for (const QStringList& row : rowsOf("ramos"))
-        EXPECT_TRUE(activities.contains(row[1])) << row[1].toStdString();
+        EXPECT_TRUE(activities.contains(row[1])) << row[1];
     for (const QStringList& row : rowsOf("produtos")) {
-        EXPECT_TRUE(types.contains(row[3])) << row[3].toStdString();
-        EXPECT_TRUE(row[4].isEmpty() || collections.contains(row[4])) << row[4].toStdString();
+        EXPECT_TRUE(types.contains(row[3])) << row[3];
+        EXPECT_TRUE(row[4].isEmpty() || collections.contains(row[4])) << row[4];
     }
 }

@@ -24,7 +24,7 @@ TEST(Relocate, a_copy_leads_to_itself_alone) {
         EXPECT_TRUE(content(copy, file).contains(copy.home())) << file;
     }
     for (const kit::Finding& finding : kit::CheckInstallation(copy.home()))
-        EXPECT_TRUE(finding.right) << finding.words.toStdString();
+        EXPECT_TRUE(finding.right) << finding.words;
 }
 
 TEST(Relocate, rights_stay_as_they_were) {

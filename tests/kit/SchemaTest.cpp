@@ -14,8 +14,8 @@ TEST(Schema, a_main_table_begins_with_its_key_and_has_only_one) {
         qsizetype keys = 0;
         for (const kit::Column& column : table.columns)
             keys += column.kind == Kind::Key;
-        EXPECT_EQ(keys, table.base == Base::Main ? 1 : 0) << table.name.toStdString();
-        EXPECT_EQ(table.hasKey(), table.base == Base::Main) << table.name.toStdString();
+        EXPECT_EQ(keys, table.base == Base::Main ? 1 : 0) << table.name;
+        EXPECT_EQ(table.hasKey(), table.base == Base::Main) << table.name;
         if (table.hasKey()) {
             EXPECT_EQ(table.columns.front().name.toLower(), QStringLiteral("id") + table.name.toLower());
         }
@@ -26,11 +26,11 @@ TEST(Schema, no_name_appears_twice_and_every_name_fits_the_engine) {
     constexpr qsizetype longestName = 31;
     QSet<QString> tables;
     for (const kit::Table& table : kit::Tables()) {
-        EXPECT_FALSE(tables.contains(table.name.toUpper())) << table.name.toStdString();
+        EXPECT_FALSE(tables.contains(table.name.toUpper())) << table.name;
         tables.insert(table.name.toUpper());
         QSet<QString> columns;
         for (const kit::Column& column : table.columns) {
-            EXPECT_FALSE(columns.contains(column.name.toUpper())) << column.name.toStdString();
+            EXPECT_FALSE(columns.contains(column.name.toUpper())) << column.name;
             EXPECT_LE(column.name.size(), longestName);
             columns.insert(column.name.toUpper());
         }
@@ -40,9 +40,9 @@ TEST(Schema, no_name_appears_twice_and_every_name_fits_the_engine) {
 TEST(Schema, every_index_names_columns_that_are_there) {
     for (const kit::Index& index : kit::Indexes()) {
         const kit::Table* table = kit::FindTable(index.table);
-        ASSERT_NE(table, nullptr) << index.table.toStdString();
+        ASSERT_NE(table, nullptr) << index.table;
         for (const QString& column : index.columns.split(QStringLiteral(", ")))
-            EXPECT_NE(table->column(column), nullptr) << index.table.toStdString() << '.' << column.toStdString();
+            EXPECT_NE(table->column(column), nullptr) << index.table << '.' << column;
     }
 }
 
@@ -52,7 +52,7 @@ TEST(Schema, the_generators_of_the_register_are_there) {
         if (!table.generator.isEmpty() && !table.filledByDatabase)
             generators << table.generator;
     generators.sort();
-    EXPECT_EQ(generators.join(u' ').toStdString(),
+    EXPECT_EQ(generators.join(u' '),
               "GEN_CLIE GEN_CLIE_CONT GEN_FORN GEN_FORN_CONT GEN_MOTO GEN_PESS GEN_PESS_ATIV GEN_PESS_CONT GEN_TRPT "
               "GEN_TRPT_CONT GEN_VEND");
 }

@@ -13,7 +13,7 @@ TEST(Server, an_embedded_base_moves_to_a_server_with_all_that_is_in_it) {
     const QString connection = test::MoveToServer(installed, server);
 
     for (const kit::Finding& finding : kit::CheckInstallation(installed.home()))
-        EXPECT_TRUE(finding.right) << finding.words.toStdString();
+        EXPECT_TRUE(finding.right) << finding.words;
     kit::Loader moved(connection), original(Installed::demonstration().production());
     for (const char* query : {"SELECT COUNT(*) FROM PESS", "SELECT SUM(QTDE * VALO_LIQU) FROM PEDI_VEDS_DETA",
                               "SELECT GEN_ID(GEN_PESS, 0) FROM RDB$DATABASE",

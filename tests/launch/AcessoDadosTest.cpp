@@ -103,12 +103,12 @@ TEST(AcessoDados, ASchemePaintsByKind) {
     EXPECT_EQ(tela.rotulo.foreground(), 255);
     for (const screen::Field* campo :
          std::initializer_list<screen::Field*>{&tela.rotulo, &tela.botao, &tela.texto, &tela.caixa, &tela.opcao})
-        EXPECT_EQ(campo->background(), 12632256) << campo->name().toStdString();
+        EXPECT_EQ(campo->background(), 12632256) << campo->name();
     for (const screen::Field* campo :
          std::initializer_list<screen::Field*>{&tela.botao, &tela.texto, &tela.caixa, &tela.opcao})
-        EXPECT_EQ(campo->foreground(), screen::colour::WindowText) << campo->name().toStdString();
+        EXPECT_EQ(campo->foreground(), screen::colour::WindowText) << campo->name();
     for (const screen::Field* campo : std::initializer_list<screen::Field*>{&tela.mascara, &tela.lista, &tela.grade})
-        EXPECT_EQ(campo->background(), screen::colour::Free) << campo->name().toStdString();
+        EXPECT_EQ(campo->background(), screen::colour::Free) << campo->name();
 }
 
 TEST(AcessoDados, ClosingTheMainConnection) {

@@ -20,7 +20,7 @@ struct RealFiles : TestPlatform {
     QStringList readLines(const QString& path, int most) const override { return Platform::readLines(path, most); }
     void write(const QString& name, const QByteArray& bytes) const {
         QFile file(dir.filePath(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << name.toStdString();
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << name;
         file.write(bytes);
     }
 };

@@ -72,7 +72,7 @@ TEST_F(InfoPessTest, CountsTheActiveRows) {
         EXPECT_EQ(tela.lblDescSemVinc.text(), u"Sem Vínculo"_qs);
         EXPECT_EQ(tela.lblQtSemVinc.text(), u"0"_qs);
         for (const screen::Label* rotulo : {&tela.lblDesc6, &tela.lblQt6, &tela.lblDescSemVinc, &tela.lblQtSemVinc})
-            EXPECT_FALSE(rotulo->visible()) << rotulo->name().toStdString();
+            EXPECT_FALSE(rotulo->visible()) << rotulo->name();
         EXPECT_EQ(tela.lblDesc6.text() + tela.lblQt6.text(), QString());
     });
 }

@@ -57,7 +57,7 @@ struct Deeds {
 void takeDown(Colleague& colleague, Deeds& deeds) {
     for (QStringList line = colleague.hear(); line[0] != u"done"; line = colleague.hear()) {
         if (line[0] == u"included") {
-            EXPECT_FALSE(deeds.included.contains(line[1])) << "the same key twice: " << line[1].toStdString();
+            EXPECT_FALSE(deeds.included.contains(line[1])) << "the same key twice: " << line[1];
             deeds.included[line[1]] = line[2];
         } else if (line[0] == u"altered") {
             ++deeds.alterations;
@@ -69,7 +69,7 @@ void takeDown(Colleague& colleague, Deeds& deeds) {
             EXPECT_EQ(deeds.included.value(line[1]), QStringLiteral("CARGA ") + line[2]);
             EXPECT_EQ(line[3] + u'/' + line[4], QStringLiteral("3/2"));
         } else {
-            ADD_FAILURE() << line.join(u' ').toStdString();
+            ADD_FAILURE() << line.join(u' ');
         }
     }
 }
@@ -114,15 +114,15 @@ void expectWhole(const QString& connection, const Deeds& deeds) {
         standing[row[0]] = row[1];
     EXPECT_EQ(standing, deeds.included);
     for (const QStringList& row : base.rows(QString::fromLatin1(halfSaved)))
-        ADD_FAILURE() << "half saved: " << row.join(u' ').toStdString();
+        ADD_FAILURE() << "half saved: " << row.join(u' ');
     for (const QString& key : deeds.altered.keys()) {
         const QString mark = base.rows(QStringLiteral("SELECT OBSE_PESS_0003 FROM PESS WHERE IDPESS=") + key)[0][0];
         const std::vector<Alteration>& alterations = deeds.altered[key];
         const auto last = std::find_if(alterations.begin(), alterations.end(),
                                        [&](const Alteration& alteration) { return alteration.mark == mark; });
-        ASSERT_NE(last, alterations.end()) << mark.toStdString();
+        ASSERT_NE(last, alterations.end()) << mark;
         for (const Alteration& other : alterations)
-            EXPECT_LE(other.begin, last->end) << "a later alteration was lost: " << other.mark.toStdString();
+            EXPECT_LE(other.begin, last->end) << "a later alteration was lost: " << other.mark;
     }
     for (const char* table : {"PESS", "PESS_CONT", "PESS_ATIV"})
         EXPECT_EQ(base.number(

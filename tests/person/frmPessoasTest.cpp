@@ -13,10 +13,10 @@ TEST_F(TelaPessoas, IdleTakesTheTwoSearchKeysOnly) {
         const bool chave = campo == &tela.txtRowID || campo == &tela.txtCodPessExterno;
         const bool filtro = campo == &tela.txtVrTOP || campo == &tela.cboProduto;
         if (entrada && !filtro) {
-            EXPECT_EQ(campo->locked(), !chave) << campo->name().toStdString();
+            EXPECT_EQ(campo->locked(), !chave) << campo->name();
         }
         if (campo->kind() == screen::FieldKind::Masked) {
-            EXPECT_FALSE(campo->enabled()) << campo->name().toStdString();
+            EXPECT_FALSE(campo->enabled()) << campo->name();
         }
     }
     EXPECT_EQ(tela.txtRowID.background(), branco);
@@ -30,7 +30,7 @@ TEST_F(TelaPessoas, ReadOnlyUsersKeepSearchAndExit) {
     tela.PosicionaBotoes();
     for (const screen::Button* botao : {&tela.cmdINCLUIR, &tela.cmdALTERAR, &tela.cmdEXCLUIR, &tela.cmdReativar,
                                         &tela.cmdSALVAR, &tela.cmdPESQUISAR, &tela.cmdIMPRIMIR})
-        EXPECT_FALSE(botao->enabled()) << botao->name().toStdString();
+        EXPECT_FALSE(botao->enabled()) << botao->name();
     EXPECT_TRUE(tela.cmdSAIR.enabled());
     EXPECT_TRUE(tela.cmdPesquisar_Cliente.enabled());
 }

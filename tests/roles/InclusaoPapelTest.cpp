@@ -115,7 +115,7 @@ TEST_F(RoleInclusion, CustomerWithAnUnknownRegimeCarriesEmptyText) {
                     .contains("IDVEND, LIME_MAXI_CONH, IDREGI_ESPE_ICMS, DATA_INCL, USER_INCL) VALUES ('5', 'N', "
                               "'0.00', '0', '20261120', "
                               "'0', '0', '', '20261120', '7')"))
-        << comandos.join('\n').toStdString();
+        << comandos.join('\n');
 }
 
 TEST_F(RoleInclusion, SupplierOnFirebird) {

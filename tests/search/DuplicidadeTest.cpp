@@ -85,7 +85,7 @@ TEST_F(DuplicidadeTest, DocumentsThatCountAsNotGiven) {
             tela.mskCodigo.setText(vazio);
             esquece();
             user.click(tela.cmdPesquisa);
-            EXPECT_EQ(enviados("CPF0_CNPJ").size(), 0) << vazio.toStdString();
+            EXPECT_EQ(enviados("CPF0_CNPJ").size(), 0) << vazio;
         }
         user.click(tela.Option1);
         user.type(tela.mskCodigo, u"00000000000000"_qs);

@@ -130,14 +130,14 @@ TEST_F(PlanoBusca, BeginningAndWholeFieldUseTheIndex) {
         const QString indice = indiceDe(caso.coluna);
         const QString usado = plano(comando);
         ASSERT_FALSE(indice.isEmpty()) << caso.coluna;
-        EXPECT_TRUE(usado.contains(indice)) << comando.toStdString() << "\n" << usado.toStdString();
-        EXPECT_FALSE(usado.contains(u"NATURAL")) << usado.toStdString();
+        EXPECT_TRUE(usado.contains(indice)) << comando << "\n" << usado;
+        EXPECT_FALSE(usado.contains(u"NATURAL")) << usado;
     }
 }
 
 TEST_F(PlanoBusca, ATextAnywhereWalksTheIndexOfItsOrder) {
     const QString usado = plano(consulta(&Tela::opNome, &Tela::opQualquerParte, "nome"));
-    EXPECT_TRUE(usado.contains(u"ORDER "_qs + indiceDe("NOME_PESS"))) << usado.toStdString();
+    EXPECT_TRUE(usado.contains(u"ORDER "_qs + indiceDe("NOME_PESS"))) << usado;
 }
 
 } // namespace vorta::test

@@ -180,8 +180,8 @@ TEST_F(RetornoPessoasTest, RoleWordPresetsOneOption) {
         abreBusca([&, opcao = QString::fromLatin1(opcao)](Tela& tela) {
             for (const QString& papel : papeis) {
                 auto& campo = static_cast<screen::Option&>(tela.field(papel));
-                EXPECT_EQ(campo.enabled(), papel == opcao) << papel.toStdString();
-                EXPECT_EQ(campo.value(), papel == opcao) << papel.toStdString();
+                EXPECT_EQ(campo.enabled(), papel == opcao) << papel;
+                EXPECT_EQ(campo.value(), papel == opcao) << papel;
             }
         });
     }

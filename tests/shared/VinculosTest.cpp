@@ -90,7 +90,7 @@ TEST(Vinculos, EachRoleIsAskedInItsOrderAndShown) {
     AtualizaIndicadoresVinculo(mundo.contexto, tela);
     QStringList tabelas;
     for (const QString& enviado : mundo.database.sent) {
-        EXPECT_TRUE(enviado.endsWith(u" WHERE IDPESS = 7 AND DATA_DESA IS NULL")) << enviado.toStdString();
+        EXPECT_TRUE(enviado.endsWith(u" WHERE IDPESS = 7 AND DATA_DESA IS NULL")) << enviado;
         tabelas += enviado.section(u' ', 3, 3);
     }
     EXPECT_EQ(tabelas,

@@ -14,7 +14,7 @@ Answer TestPlatform::messageBox(const screen::Box& box) {
     if (box.buttons == screen::Buttons::OK)
         return Answer::OK;
     if (answers.empty()) {
-        ADD_FAILURE() << "unexpected question: " << box.text.toStdString();
+        ADD_FAILURE() << "unexpected question: " << box.text;
         return Answer::No;
     }
     const Answer answer = answers.front();
@@ -32,7 +32,9 @@ void TestPlatform::runModal(screen::Screen& screen) {
         screen.Unload();
 }
 
-bool TestPlatform::fileExists(const QString& path) const { return everyFileExists || files.contains(localPath(path)); }
+bool TestPlatform::fileExists(const QString& path) const {
+    return everyFileExists || files.contains(localPath(path));
+}
 
 QStringList TestPlatform::readLines(const QString& path, int most) const {
     if (path.isEmpty())

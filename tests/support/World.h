@@ -1,6 +1,7 @@
 #pragma once
 
 #include "launch/ContextoExecucao.h"
+#include "support/ErrorOf.h"
 #include "support/FakeDatabase.h"
 #include "support/TestPlatform.h"
 
@@ -25,22 +26,4 @@ struct World {
     bool run(const std::function<void()>& event) { return program.dispatch(event); }
 };
 
-/// The number of the run-time error that the body raises, 0 for none.
-inline int errorOf(const std::function<void()>& body) {
-    try {
-        body();
-    } catch (const RuntimeError& error) {
-        return error.number();
-    }
-    return 0;
-}
-
 } // namespace vorta::test
-
-/// Failures show the text itself, not its bytes.
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
-inline void PrintTo(const QStringList& texts, std::ostream* out) {
-    *out << texts.join(u'\n').toStdString();
-}

@@ -73,7 +73,7 @@ TEST_F(TheProgram, printsAResultLineForEachFileAndTheirNumbers) {
 
 TEST_F(TheProgram, endsWithZeroWhenAllPassed) {
     const Outcome run = RunProgram({write("açúcar.roteiro", "launch \"\"\nexpect ended\n")}, home());
-    EXPECT_EQ(run.status, 0) << run.printed.toStdString();
+    EXPECT_EQ(run.status, 0) << run.printed;
     EXPECT_EQ(run.complaint, QString());
 }
 
@@ -81,13 +81,13 @@ TEST_F(TheProgram, playsEveryFileOnAFreshCopy) {
     const QString file = write("copia.roteiro", "sql \"INSERT INTO PESS (IDPESS, NOME_PESS) VALUES (1, 'A')\"\n"
                                                 "expect query \"SELECT COUNT(*) FROM PESS\" \"1\"\n");
     const Outcome run = RunProgram({homeSwitch, home(), file, file});
-    EXPECT_EQ(run.status, 0) << run.printed.toStdString();
+    EXPECT_EQ(run.status, 0) << run.printed;
 }
 
 TEST_F(TheProgram, tracesTheStatementsOfAllFiles) {
     const QString file = write("rastro.roteiro", "sql \"DELETE FROM PESS\"\nlaunch \"98^99^PRD^False^\"\n");
     const Outcome run = RunProgram({homeSwitch, home(), QStringLiteral("--trace"), path("rastro"), file, file});
-    EXPECT_EQ(run.status, 0) << run.printed.toStdString();
+    EXPECT_EQ(run.status, 0) << run.printed;
     const QString trace = ContentOf(path("rastro"));
     EXPECT_EQ(trace.count(QStringLiteral("SELECT * FROM USEN WHERE IDUSEN=98\n")), 2);
     EXPECT_FALSE(trace.contains(QStringLiteral("DELETE")));
@@ -97,7 +97,7 @@ TEST_F(TheProgram, playsTheSameFileOnRealWindows) {
     const QString file = write("janela.roteiro", "launch \"1^1^PRD^False^\"\nclick cmdINCLUIR\ntype txtNumero \"12\"\n"
                                                  "expect txtNumero text \"12\"\nexpect focus txtNumero\n");
     const Outcome run = RunProgram({homeSwitch, home(), QStringLiteral("--desktop"), file});
-    EXPECT_EQ(run.status, 0) << run.printed.toStdString();
+    EXPECT_EQ(run.status, 0) << run.printed;
 }
 
 TEST_F(TheProgram, refusesUnusableArguments) {
@@ -108,7 +108,7 @@ TEST_F(TheProgram, refusesUnusableArguments) {
           QStringList{path("nenhum.roteiro")}, QStringList{good, path("nenhum.roteiro")}, QStringList{latin},
           QStringList{good, QStringLiteral("--trace"), path("no/such/file")}}) {
         const Outcome run = RunProgram(arguments, home());
-        EXPECT_EQ(run.status, 2) << arguments.join(u' ').toStdString();
+        EXPECT_EQ(run.status, 2) << arguments.join(u' ');
         EXPECT_EQ(run.printed, QString());
         EXPECT_FALSE(run.complaint.isEmpty());
     }

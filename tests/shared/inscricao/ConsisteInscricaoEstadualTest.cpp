@@ -24,7 +24,9 @@ struct Published {
     const char* masked;
 };
 
-/// The numbers with which the states explain their own rules, and numbers that their public look-up knows.
+/// The numbers with which the states explain their own rules, and numbers that their public look-up knows. Where a
+/// state gives its rule without an example: decrees of the Amazonas name companies by the numbers of AM; those of ES
+/// and MS and the last three of SC are what free tax libraries check themselves with.
 const std::vector<Published> published = {
     {"AC", "01.004.823/001-12"},  {"AL", "240000048"},        {"AP", "03.012.345-9"},     {"BA", "123456-63"},
     {"BA", "612345-57"},          {"BA", "1234567-48"},       {"BA", "1623456-51"},       {"BA", "1000003-06"},
@@ -41,7 +43,10 @@ const std::vector<Published> published = {
     {"RR", "24006153-6"},         {"RR", "24007356-2"},       {"RR", "24005467-4"},       {"RR", "24004145-5"},
     {"RR", "24001340-7"},         {"RS", "224/3658792"},      {"RS", "468/0001479"},      {"SC", "251.040.852"},
     {"SE", "27123456-3"},         {"SP", "110.042.490.114"},  {"SP", "P-01100424.3/002"}, {"TO", "29 01 022783 6"},
-    {"TO", "32034106890"},        {"TO", "29.022783-6"},
+    {"TO", "32034106890"},        {"TO", "29.022783-6"},      {"AM", "06.301.154-9"},     {"AM", "06.201.470-6"},
+    {"AM", "06.300.351-1"},       {"AM", "06.300.263-9"},     {"AM", "06.201.285-1"},     {"ES", "082376123"},
+    {"ES", "082106029"},          {"ES", "082585300"},        {"MS", "283370645"},        {"MS", "283235560"},
+    {"MS", "283267089"},          {"SC", "255830696"},        {"SC", "252625080"},        {"SC", "251130487"},
 };
 
 /// Which places of a bare number hold its check digits, 0-based.
@@ -60,8 +65,7 @@ void expectEveryOtherCheckDigitRefused(const char* uf, const QString& bare) {
             QString wrong = bare;
             wrong[place] = digit;
             if (wrong != bare) {
-                EXPECT_EQ(code(uf, wrong), 1)
-                    << uf << " " << wrong.toStdString() << " instead of " << bare.toStdString();
+                EXPECT_EQ(code(uf, wrong), 1) << uf << " " << wrong << " instead of " << bare;
             }
         }
 }
@@ -73,7 +77,7 @@ TEST(ConsisteInscricaoEstadual, PublishedNumbersAreRightMaskedAndBare) {
         EXPECT_EQ(code(uf, masked), 0) << uf << " " << masked;
         QString bare = QString::fromLatin1(masked);
         bare.remove(u'.').remove(u'-').remove(u'/').remove(u' ');
-        EXPECT_EQ(code(uf, bare), 0) << uf << " " << bare.toStdString();
+        EXPECT_EQ(code(uf, bare), 0) << uf << " " << bare;
     }
 }
 
@@ -138,7 +142,7 @@ TEST(ConsisteInscricaoEstadual, NoCheckDigitsSaveAPrefixThatTheStateDoesNotIssue
     for (const auto& [uf, body] : withoutDigits)
         for (int ending = 0; ending < 100; ++ending) {
             const QString number = QString::fromLatin1(body) + QString::number(ending).rightJustified(2, u'0');
-            EXPECT_EQ(code(uf, number), 1) << uf << " " << number.toStdString();
+            EXPECT_EQ(code(uf, number), 1) << uf << " " << number;
         }
 }
 
