@@ -16,6 +16,7 @@
 
 #include <array>
 #include <filesystem>
+#include <future>
 
 namespace vorta::kit {
 
@@ -85,11 +86,22 @@ void copyBase(const QString& from, const QString& to) {
         throw RuntimeError(pathRefused, QStringLiteral("Não foi possível gravar %1").arg(to));
 }
 
-void finish(const QString& file, Base base) {
-    {
+/// The engine builds one index at a time for a connection, so two of them take the statements in turns.
+void createIndexes(const QString& file, Base base) {
+    const QStringList all = IndexStatements(data::Engine::Firebird, base);
+    const auto build = [&](qsizetype first) {
         Loader loader(file);
-        define(loader, IndexStatements(data::Engine::Firebird, base));
-    }
+        for (qsizetype at = first; at < all.size(); at += 2)
+            loader.run(all[at]);
+        loader.commit();
+    };
+    std::future<void> others = std::async(std::launch::async, build, 1);
+    build(0);
+    others.get();
+}
+
+void finish(const QString& file, Base base) {
+    createIndexes(file, base);
     firebird::SetForcedWrites(file, true);
 }
 
