@@ -10,8 +10,9 @@ namespace {
 
 constexpr int outlineDarkness = 145; ///< per cent, as `QColor::darker` counts
 constexpr int disabledDarkness = 118;
-constexpr int restingDarkness = 104;
-constexpr int pressedDarkness = 118;
+constexpr int hoveredLightness = 104;
+constexpr int pressedDarkness = 114;
+constexpr int shadeDarkness = 110;
 
 QColor outlineOf(const QStyleOption& option) {
     if (option.state.testFlag(QStyle::State_HasFocus))
@@ -21,13 +22,13 @@ QColor outlineOf(const QStyleOption& option) {
 }
 
 /// Four lines that leave the corners out.
-void drawFrame(QPainter& painter, const QRect& around, const QColor& colour) {
-    const QRect rect = around.adjusted(0, 0, -1, -1);
+void drawFrame(QPainter& painter, const QRect& rect, const QColor& colour) {
+    const QRect inner = rect.adjusted(1, 1, -1, -1);
     const std::array sides{
-        QLine(rect.left() + 1, rect.top(), rect.right() - 1, rect.top()),
-        QLine(rect.left() + 1, rect.bottom() + 1, rect.right() - 1, rect.bottom() + 1),
-        QLine(rect.left(), rect.top() + 1, rect.left(), rect.bottom()),
-        QLine(rect.right() + 1, rect.top() + 1, rect.right() + 1, rect.bottom()),
+        QLine(inner.left(), rect.top(), inner.right(), rect.top()),
+        QLine(inner.left(), rect.bottom(), inner.right(), rect.bottom()),
+        QLine(rect.left(), inner.top(), rect.left(), inner.bottom()),
+        QLine(rect.right(), inner.top(), rect.right(), inner.bottom()),
     };
     painter.setPen(colour);
     painter.drawLines(sides.data(), static_cast<int>(sides.size()));
@@ -38,11 +39,16 @@ QColor faceOf(const QStyleOption& option) {
     if (option.state & (QStyle::State_Sunken | QStyle::State_On))
         return face.darker(pressedDarkness);
     const bool hovered = option.state.testFlag(QStyle::State_MouseOver);
-    return option.state.testFlag(QStyle::State_Enabled) && !hovered ? face.darker(restingDarkness) : face;
+    return hovered && option.state.testFlag(QStyle::State_Enabled) ? face.lighter(hoveredLightness) : face;
 }
 
+/// A shade along the lower edge tells a button from a field that is locked.
 void drawButton(QPainter& painter, const QStyleOption& option) {
-    painter.fillRect(option.rect.adjusted(1, 1, -1, -1), faceOf(option));
+    const QRect inner = option.rect.adjusted(1, 1, -1, -1);
+    const QColor face = faceOf(option);
+    painter.fillRect(inner, face);
+    if (option.state.testFlag(QStyle::State_Enabled) && !option.state.testFlag(QStyle::State_Sunken))
+        painter.fillRect(inner.adjusted(0, inner.height() - 2, 0, 0), face.darker(shadeDarkness));
     drawFrame(painter, option.rect, outlineOf(option));
 }
 
