@@ -22,12 +22,17 @@ class Cast {
 /// The databases of an installation, as a scenario names them.
 enum class Base { Main, History, Development, PostalCode };
 
+/// The database that a launch works on: that of its environment.
+Base BaseOfLaunch(const QString& launchString, const QString& home);
+
 /// What a scenario stands on: an installation of its own, the program, and a look at the databases beside the program.
 class Stage {
   public:
     virtual ~Stage() = default;
     /// Root of the installation, without a closing separator.
     virtual QString home() const = 0;
+    /// The engine that the program works on.
+    virtual data::Engine engine() const = 0;
     virtual std::unique_ptr<Cast> cast(screen::Platform& platform, data::StatementTrace trace) = 0;
     /// Runs a statement by a connection of its own and commits it; raises the engine's error.
     virtual void execute(Base base, const QString& statement) = 0;

@@ -236,7 +236,7 @@ class Text:
 
     def assign(self, value, session):
         text = value if isinstance(value, str) else str(value)
-        if not self.wide:
+        if not self.wide and not text.isascii():
             text = text.encode("cp1252", "replace").decode("cp1252")
         if len(text) > self.length:
             if text[self.length :].strip(" "):

@@ -1,4 +1,6 @@
-#include "conformance/FirebirdServer.h"
+#include "servers/FirebirdServer.h"
+
+#include "servers/OwnProcess.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -11,7 +13,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-namespace vorta::test {
+namespace vorta::servers {
 
 namespace {
 
@@ -22,7 +24,7 @@ const QString password = QStringLiteral("segredo1");
 constexpr int waitMilliseconds = 20000;
 
 [[noreturn]] void fail(const QString& reason) {
-    throw std::runtime_error("the Firebird server of the test cannot be had: " + reason.toStdString());
+    throw std::runtime_error("the Firebird server cannot be had: " + reason.toStdString());
 }
 
 sockaddr_in loopback(int port) {
@@ -69,6 +71,7 @@ FirebirdServer::FirebirdServer() : port_(freePort()) {
     environment.insert(QStringLiteral("FIREBIRD"), folder_.path());
     environment.insert(QStringLiteral("FIREBIRD_LOCK"), folder_.path());
     process_.setProcessEnvironment(environment);
+    EndWithStarter(process_);
     makeUser();
     start();
 }
@@ -77,14 +80,9 @@ FirebirdServer::~FirebirdServer() {
     kill();
 }
 
-FirebirdServer& FirebirdServer::shared() {
-    static FirebirdServer server;
-    return server;
-}
-
 QString FirebirdServer::connectionString(const QString& file) const {
-    return QStringLiteral("Server=127.0.0.1;Port=%1;UID=SYSDBA;PWD=%2;Database=%3")
-        .arg(QString::number(port_), password, folder_.filePath(file));
+    return QStringLiteral("server=127.0.0.1;port=%1;database=%2;user=SYSDBA;password=%3")
+        .arg(QString::number(port_), QDir(folder_.path()).filePath(file), password);
 }
 
 void FirebirdServer::kill() {
@@ -125,4 +123,4 @@ void FirebirdServer::start() {
             fail(serverProgram + QStringLiteral(" does not answer: ") + QString::fromUtf8(process_.readAll()));
 }
 
-} // namespace vorta::test
+} // namespace vorta::servers
