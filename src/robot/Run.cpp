@@ -48,8 +48,6 @@ void tell(int pipe, char kind, const QByteArray& text) {
 using Part = std::function<std::optional<Verdict>(int pipe)>;
 
 [[noreturn]] void doInChild(int pipe, const Part& part) {
-    for (const int signal : endings)
-        std::signal(signal, SIG_DFL);
     const auto verdict = [&]() -> std::optional<Verdict> {
         try {
             return part(pipe);
@@ -124,6 +122,9 @@ std::optional<Verdict> playApart(const Scenario& scenario, const PlayOne& play) 
     if (!copy.isValid())
         return Verdict{0, QStringLiteral("no room for a copy of the installation")};
     return doApart([&](int pipe) {
+        // A scenario may be interrupted, the clearing behind it not.
+        for (const int signal : endings)
+            std::signal(signal, SIG_DFL);
         return play(scenario, copy.path(), [pipe](int line) {
             ::alarm(secondsForACommand);
             tell(pipe, reached, QByteArray::number(line));

@@ -1,15 +1,14 @@
 #include "servers/FirebirdServer.h"
 
-#include "servers/OwnProcess.h"
-
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QStandardPaths>
 #include <QThread>
 #include <arpa/inet.h>
+#include <csignal>
 #include <netinet/in.h>
 #include <stdexcept>
+#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -71,7 +70,8 @@ FirebirdServer::FirebirdServer() : port_(freePort()) {
     environment.insert(QStringLiteral("FIREBIRD"), folder_.path());
     environment.insert(QStringLiteral("FIREBIRD_LOCK"), folder_.path());
     process_.setProcessEnvironment(environment);
-    EndWithStarter(process_);
+    // The system kills it when this process ends, also by a crash.
+    process_.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
     makeUser();
     start();
 }

@@ -46,7 +46,7 @@ def blind_to_accents():
 
 
 def without_accents(text):
-    return "".join(c for c in unicodedata.normalize("NFD", text) if not unicodedata.combining(c))
+    return text if text.isascii() else "".join(c for c in unicodedata.normalize("NFD", text) if not unicodedata.combining(c))
 
 
 @functools.lru_cache(maxsize=200_000)

@@ -14,7 +14,6 @@ namespace {
 
 using data::Engine;
 
-constexpr int secondsToOpen = 15;
 /// The engine takes no more rows in one INSERT.
 constexpr int rowsOfAnInsert = 1000;
 

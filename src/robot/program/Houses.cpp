@@ -1,12 +1,13 @@
 #include "robot/program/Houses.h"
 
 #include "launch/EngineTags.h"
+#include "robot/program/Application.h"
 #include "robot/program/GivenSqlServer.h"
 #include "robot/program/OwnSqlServer.h"
 #include "robot/program/ServedInstallation.h"
 #include "robot/program/SqlServerStage.h"
 
-#include <QCoreApplication>
+#include <QFile>
 #include <algorithm>
 #include <array>
 
@@ -55,6 +56,8 @@ class OwnSqlServerHouse : public House {
     explicit OwnSqlServerHouse(const Options& options)
         : home_(options.home), tag_(tagOf(options)), wire_(options.wire) {
         servers::TdsServer::require();
+        if (!wire_.isEmpty() && !QFile(wire_).open(QIODevice::WriteOnly))
+            throw Failure{QStringLiteral("%1 cannot be written").arg(wire_)};
     }
     std::unique_ptr<Stage> stage(const QString& copy) const override {
         return std::make_unique<SqlServerStage>(home_, copy, std::make_unique<OwnSqlServer>(copy, wire_), tag_);
@@ -84,10 +87,7 @@ class GivenSqlServerHouse : public House {
     /// The driver needs an application, and the processes of the scenarios make their own.
     void withDatabase(void (GivenSqlServer::*work)()) const {
         WorkApart([&] {
-            int count = 1;
-            char name[] = "pessoas-roteiro";
-            char* names[] = {name, nullptr};
-            const QCoreApplication application(count, names);
+            const Application application;
             GivenSqlServer database(server_);
             (database.*work)();
         });
@@ -129,7 +129,7 @@ std::unique_ptr<House> OpenHouse(const Options& options) {
         return options.engine == QLatin1StringView(known.name);
     });
     if (row == engines.end())
-        throw Failure{QStringLiteral("no engine %1").arg(options.engine)};
+        throw Failure{QStringLiteral("no engine %1; there are embedded, server and sqlserver").arg(options.engine)};
     try {
         return row->make(options);
     } catch (const std::exception& error) {

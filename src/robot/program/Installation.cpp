@@ -20,7 +20,6 @@ namespace vorta::robot {
 
 namespace {
 
-constexpr int secondsToOpen = 15;
 constexpr qint16 tagField = 5;
 constexpr qint16 connectionField = 6;
 

@@ -53,6 +53,9 @@ class Installation : public Stage {
     std::map<Base, std::unique_ptr<data::Adapter>> connections_;
 };
 
+/// How long a connection beside the program may take to open.
+constexpr int secondsToOpen = 15;
+
 /// A statement of a scenario, in which no value is to be looked for.
 data::Statement AsOneText(const QString& text);
 

@@ -12,7 +12,6 @@ namespace vorta::robot {
 
 namespace {
 
-constexpr int secondsToOpen = 15;
 constexpr int keyGivenToIdentity = 544;
 
 /// Collects the rows of a table.

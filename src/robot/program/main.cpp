@@ -6,10 +6,10 @@
 #include "robot/ModelHands.h"
 #include "robot/Player.h"
 #include "robot/Run.h"
+#include "robot/program/Application.h"
 #include "robot/program/Houses.h"
 #include "robot/program/Installation.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QLoggingCategory>
 #include <clocale>
@@ -44,12 +44,9 @@ std::optional<Verdict> playOne(const Options& options, const House& house, const
     // Windows make an application of their own, and say much that no scenario is about.
     qputenv("XDG_RUNTIME_DIR", copy.toUtf8());
     QLoggingCategory::setFilterRules(QStringLiteral("*.warning=false"));
-    int count = 1;
-    char name[] = "pessoas-roteiro";
-    char* names[] = {name, nullptr};
-    std::optional<QCoreApplication> application;
+    std::optional<Application> application;
     if (!options.desktop)
-        application.emplace(count, names);
+        application.emplace();
     QFile trace(options.trace);
     if (!options.trace.isEmpty() && !trace.open(QIODevice::Append))
         throw Failure{QStringLiteral("%1 cannot be written").arg(options.trace)};
