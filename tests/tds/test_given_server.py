@@ -5,9 +5,11 @@ test_given_server.py PLAYER INSTALLATION SCENARIOS_FOLDER"""
 
 import os
 import re
+import signal
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 
 from server_process import HERE, ServerProcess
@@ -31,9 +33,12 @@ class GivenServer(unittest.TestCase):
         self.addCleanup(self.server.__exit__)
         self.given = f"server=127.0.0.1,{self.server.port};uid=vorta;pwd=vorta;database=VORTA"
 
-    def play(self, *arguments, server=None):
-        command = [PLAYER, "--engine", "sqlserver", "--home", HOME, "--server", server or self.given, *arguments]
-        return subprocess.run(command, capture_output=True, text=True, timeout=300)
+    @staticmethod
+    def command(server):
+        return [PLAYER, "--engine", "sqlserver", "--home", HOME, "--server", server]
+
+    def play(self, file, server=None):
+        return subprocess.run([*self.command(server or self.given), file], capture_output=True, text=True, timeout=300)
 
     def named(self, words):
         """The tables that statements of a kind have named, in their order."""
@@ -60,6 +65,16 @@ class GivenServer(unittest.TestCase):
         played = self.play(self.failing)
         self.assertEqual(played.returncode, 1, played.stderr)
         self.assertIn(':3: expected rows "OUTRO", was "FICA"', played.stdout)
+        self.assertNothingStays()
+
+    def test_a_run_that_is_told_to_end_leaves_no_table(self):
+        with subprocess.Popen([*self.command(self.given), *[self.failing] * 50], stdout=subprocess.PIPE, text=True) as player:
+            self.assertIn(self.failing, player.stdout.readline())
+            time.sleep(0.5)  # into the next scenario
+            player.send_signal(signal.SIGTERM)
+            lines = player.stdout.read().splitlines()
+        self.assertEqual(player.returncode, 1)
+        self.assertLess(len(lines), 50)
         self.assertNothingStays()
 
     def test_a_database_with_a_table_of_somebody_else_is_not_touched(self):

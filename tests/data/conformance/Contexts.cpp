@@ -72,8 +72,7 @@ EngineContext embeddedFirebird() {
                 },
             .tables = firebirdTables(),
             .afterwards = {},
-            .keyMayBeGiven = true,
-            .searchIgnoresAccents = true};
+            .keyMayBeGiven = true};
 }
 
 EngineContext firebirdServer() {
@@ -96,8 +95,7 @@ EngineContext firebirdServer() {
                 },
             .tables = firebirdTables(),
             .afterwards = {},
-            .keyMayBeGiven = true,
-            .searchIgnoresAccents = true};
+            .keyMayBeGiven = true};
 }
 
 EngineContext sqlServer(const QString& connectionString) {
@@ -111,8 +109,7 @@ EngineContext sqlServer(const QString& connectionString) {
         .tables = sqlServerTables(),
         .afterwards = {Statement("drop table pess"), Statement("drop table clie"), Statement("drop table arqt"),
                        Statement("drop table logr")},
-        .keyMayBeGiven = false,
-        .searchIgnoresAccents = false};
+        .keyMayBeGiven = false};
 }
 
 /// The connection strings of the engines that this run has used, by name.

@@ -173,7 +173,11 @@ TEST_F(TheProgram, playsLinesOfEachTagOfSqlServer) {
 
 TEST_F(TheProgram, takesItsServerAlongWhenItIsKilled) {
     const QString file = write("longo.roteiro", "launch \"1^1^PRD^False^\"\n");
+    const QTemporaryDir leftovers; // nobody is there any more to remove them
     QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("TMPDIR"), leftovers.path());
+    process.setProcessEnvironment(environment);
     process.start(QStringLiteral(ROTEIRO),
                   QStringList{homeSwitch, home(), engineSwitch, server} + QStringList(1000, file));
     ASSERT_TRUE(process.waitForReadyRead());
