@@ -22,9 +22,6 @@ class Cast {
 /// The databases of an installation, as a scenario names them.
 enum class Base { Main, History, Development, PostalCode };
 
-/// The database that a launch works on: that of its environment.
-Base BaseOfLaunch(const QString& launchString, const QString& home);
-
 /// What a scenario stands on: an installation of its own, the program, and a look at the databases beside the program.
 class Stage {
   public:

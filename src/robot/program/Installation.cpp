@@ -6,6 +6,7 @@
 #include "kit/Relocate.h"
 #include "launch/CampoDelimitado.h"
 #include "launch/EngineTags.h"
+#include "robot/Player.h"
 #include "robot/RowText.h"
 #include "robot/Scenario.h"
 #include "robot/program/RegisterCast.h"
