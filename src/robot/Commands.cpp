@@ -293,6 +293,31 @@ void expect(Player& player, Words words) {
     RunExpectation(player, words);
 }
 
+struct EngineName {
+    const char* name;
+    data::Engine engine;
+};
+
+constexpr std::array engineNames{
+    EngineName{"firebird", data::Engine::Firebird},
+    EngineName{"sqlserver", data::Engine::SqlServer},
+};
+
+/// The row of a command; a failure for an unknown one and for too few or too many words.
+const CommandRow& rowOf(const QStringList& words);
+
+/// A command for one engine, where the engines differ. On the others it must be a command all the same.
+void only(Player& player, Words words) {
+    const auto found = std::find_if(engineNames.begin(), engineNames.end(),
+                                    [&](const EngineName& row) { return words[0] == QLatin1StringView(row.name); });
+    if (found == engineNames.end())
+        throw Failure{QStringLiteral("expected the engine firebird or sqlserver, was %1").arg(words[0])};
+    const QStringList command = words.mid(1);
+    rowOf(command);
+    if (found->engine == player.stage().engine())
+        RunCommand(player, command);
+}
+
 constexpr std::array commands{
     CommandRow{"today", 1, 2, "today yyyy-mm-dd [hh:mm]", Phase::Any, today},
     CommandRow{"sql", 1, 1, "sql \"statement\"", Phase::Any, sql},
@@ -316,7 +341,19 @@ constexpr std::array commands{
     CommandRow{"answer", 1, 1, "answer \"Sim\"", Phase::Any, answer},
     CommandRow{"forget", 0, 0, "forget", Phase::Any, forget},
     CommandRow{"expect", 1, 99, "expect ...", Phase::Any, expect},
+    CommandRow{"only", 2, 99, "only ENGINE COMMAND", Phase::Any, only},
 };
+
+const CommandRow& rowOf(const QStringList& words) {
+    const auto found = std::find_if(commands.begin(), commands.end(),
+                                    [&](const CommandRow& row) { return words[0] == QLatin1StringView(row.name); });
+    if (found == commands.end())
+        throw Failure{QStringLiteral("expected a command, was the unknown word %1").arg(words[0])};
+    if (words.size() <= found->least || words.size() > found->most + 1)
+        throw Failure{QStringLiteral("expected %1, there were %2 words")
+                          .arg(QLatin1StringView(found->usage), QString::number(words.size()))};
+    return *found;
+}
 
 } // namespace
 
@@ -331,17 +368,10 @@ int NumberWord(const QString& word) {
 void RunCommand(Player& player, const QStringList& words) {
     if (words[0] == brokenLine)
         throw Failure{QStringLiteral("expected a command, %1").arg(words[1])};
-    const auto found = std::find_if(commands.begin(), commands.end(),
-                                    [&](const CommandRow& row) { return words[0] == QLatin1StringView(row.name); });
-    if (found == commands.end())
-        throw Failure{QStringLiteral("expected a command, was the unknown word %1").arg(words[0])};
-    const QStringList rest = words.mid(1);
-    if (rest.size() < found->least || rest.size() > found->most)
-        throw Failure{QStringLiteral("expected %1, there were %2 words")
-                          .arg(QLatin1StringView(found->usage), QString::number(words.size()))};
-    if (found->phase == Phase::Running)
+    const CommandRow& row = rowOf(words);
+    if (row.phase == Phase::Running)
         player.activeScreen();
-    found->run(player, rest);
+    row.run(player, words.mid(1));
 }
 
 } // namespace vorta::robot

@@ -2,6 +2,7 @@
 
 #include "robot/Commands.h"
 
+#include <QFileInfo>
 #include <array>
 
 namespace vorta::robot {
@@ -37,6 +38,16 @@ bool offers(Buttons buttons, Answer answer) {
 }
 
 } // namespace
+
+Base BaseOfLaunch(const QString& launchString, const QString& home) {
+    // The marker file makes every launch one of the production environment.
+    if (QFileInfo::exists(home + QStringLiteral("/config/ORBALUX.txt")))
+        return Base::Main;
+    const QString environment = launchString.section(u'^', 2, 2);
+    if (environment == u"HIST")
+        return Base::History;
+    return environment == u"DEV" ? Base::Development : Base::Main;
+}
 
 Player::Player(const Scenario& scenario, Stage& stage, HandsFactory hands, data::StatementTrace trace)
     : scenario_(scenario), stage_(stage), makeHands_(std::move(hands)), trace_(std::move(trace)) {}
@@ -150,21 +161,16 @@ void Player::chooseTabsOf(const Field& field) {
 }
 
 Base Player::mainBase() const {
-    // The marker file makes every launch one of the production environment.
-    if (fileExists(home() + QStringLiteral("/config/ORBALUX.txt")))
-        return Base::Main;
-    QString environment;
+    QString launchString;
     for (size_t at = 0; at < scenario_.commands.size(); ++at) {
         const QStringList& words = scenario_.commands[at].words;
         if (words.size() != 2 || words[0] != u"launch")
             continue;
-        environment = words[1].section(u'^', 2, 2);
+        launchString = words[1];
         if (isRunning() ? at + 1 >= launchedAt_ : at + 1 >= next_)
             break;
     }
-    if (environment == u"HIST")
-        return Base::History;
-    return environment == u"DEV" ? Base::Development : Base::Main;
+    return BaseOfLaunch(launchString, home());
 }
 
 Answer Player::messageBox(const Box& box) {

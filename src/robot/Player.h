@@ -102,6 +102,8 @@ class Player : public screen::Platform {
     std::optional<QDateTime> clock_;
 };
 
+/// The database that a launch works on in the installation `home`: that of its environment.
+Base BaseOfLaunch(const QString& launchString, const QString& home);
 /// A text as it stands in a scenario file, with its quotes and escapes.
 QString Quoted(const QString& text);
 /// The text with every line break written "\n".

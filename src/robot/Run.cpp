@@ -3,6 +3,8 @@
 #include "robot/Player.h"
 
 #include <QTemporaryDir>
+#include <algorithm>
+#include <array>
 #include <csignal>
 #include <cstdio>
 #include <sys/wait.h>
@@ -20,6 +22,18 @@ constexpr char passed = 'P';
 /// More than the longest wait for a server.
 constexpr unsigned secondsForACommand = 450;
 
+/// The wishes that a run should end. It does so behind a scenario, so that nothing of it stays anywhere.
+constexpr std::array endings{SIGINT, SIGTERM};
+volatile std::sig_atomic_t ending = 0;
+
+void noteEndings() {
+    struct sigaction action {};
+    action.sa_handler = [](int signal) { ending = signal; };
+    action.sa_flags = SA_RESTART;
+    for (const int signal : endings)
+        ::sigaction(signal, &action, nullptr);
+}
+
 void tell(int pipe, char kind, const QByteArray& text) {
     const QByteArray message = kind + text + '\0';
     for (qsizetype sent = 0; sent < message.size();) {
@@ -30,13 +44,13 @@ void tell(int pipe, char kind, const QByteArray& text) {
     }
 }
 
-[[noreturn]] void playInChild(int pipe, const Scenario& scenario, const QString& copy, const PlayOne& play) {
+/// What a process of its own does; it may tell the pipe which lines it reaches.
+using Part = std::function<std::optional<Verdict>(int pipe)>;
+
+[[noreturn]] void doInChild(int pipe, const Part& part) {
     const auto verdict = [&]() -> std::optional<Verdict> {
         try {
-            return play(scenario, copy, [pipe](int line) {
-                ::alarm(secondsForACommand);
-                tell(pipe, reached, QByteArray::number(line));
-            });
+            return part(pipe);
         } catch (const Failure& failure) {
             return Verdict{0, failure.message};
         } catch (const std::exception& error) {
@@ -83,18 +97,17 @@ std::optional<Verdict> verdictOf(const QByteArray& messages, int status) {
     return Verdict{line, endOf(status)};
 }
 
-std::optional<Verdict> playApart(const Scenario& scenario, const PlayOne& play) {
-    const QTemporaryDir copy;
+std::optional<Verdict> doApart(const Part& part) {
     int ends[2];
-    if (!copy.isValid() || ::pipe(ends) != 0)
-        return Verdict{0, QStringLiteral("no room for a copy of the installation")};
+    if (::pipe(ends) != 0)
+        return Verdict{0, QStringLiteral("no pipe for the process of the scenario")};
     std::fflush(nullptr);
     const pid_t child = ::fork();
     if (child < 0)
         return Verdict{0, QStringLiteral("no process for the scenario")};
     if (child == 0) {
         ::close(ends[0]);
-        playInChild(ends[1], scenario, copy.path(), play);
+        doInChild(ends[1], part);
     }
     ::close(ends[1]);
     const QByteArray messages = readAll(ends[0]);
@@ -104,10 +117,37 @@ std::optional<Verdict> playApart(const Scenario& scenario, const PlayOne& play) 
     return verdictOf(messages, status);
 }
 
+std::optional<Verdict> playApart(const Scenario& scenario, const PlayOne& play) {
+    const QTemporaryDir copy;
+    if (!copy.isValid())
+        return Verdict{0, QStringLiteral("no room for a copy of the installation")};
+    return doApart([&](int pipe) {
+        // A scenario may be interrupted, the clearing behind it not.
+        for (const int signal : endings)
+            std::signal(signal, SIG_DFL);
+        return play(scenario, copy.path(), [pipe](int line) {
+            ::alarm(secondsForACommand);
+            tell(pipe, reached, QByteArray::number(line));
+        });
+    });
+}
+
+struct ValueOption {
+    const char* name;
+    QString Options::*place;
+};
+
+constexpr std::array withValue{
+    ValueOption{"--home", &Options::home},     ValueOption{"--engine", &Options::engine},
+    ValueOption{"--server", &Options::server}, ValueOption{"--tag", &Options::tag},
+    ValueOption{"--wire", &Options::wire},     ValueOption{"--trace", &Options::trace},
+};
+
 } // namespace
 
 Options Options::parse(const QStringList& arguments, const QString& defaultHome) {
-    Options options{.home = defaultHome, .trace = {}, .desktop = false, .files = {}};
+    Options options;
+    options.home = defaultHome;
     for (qsizetype at = 0; at < arguments.size(); ++at) {
         const QString& argument = arguments[at];
         const auto next = [&] {
@@ -115,10 +155,11 @@ Options Options::parse(const QStringList& arguments, const QString& defaultHome)
                 throw Failure{QStringLiteral("%1 needs a value").arg(argument)};
             return arguments[at];
         };
-        if (argument == u"--home")
-            options.home = next();
-        else if (argument == u"--trace")
-            options.trace = next();
+        const auto named = std::find_if(withValue.begin(), withValue.end(), [&](const ValueOption& row) {
+            return argument == QLatin1StringView(row.name);
+        });
+        if (named != withValue.end())
+            options.*named->place = next();
         else if (argument == u"--desktop")
             options.desktop = true;
         else if (argument.startsWith(u"--"))
@@ -131,9 +172,14 @@ Options Options::parse(const QStringList& arguments, const QString& defaultHome)
     return options;
 }
 
-int RunAll(const std::vector<Scenario>& scenarios, const PlayOne& play) {
+int RunAll(const std::vector<Scenario>& scenarios, const PlayOne& play, const std::function<void()>& behindEach) {
+    noteEndings();
     int failures = 0;
+    int played = 0;
     for (const Scenario& scenario : scenarios) {
+        if (ending)
+            break;
+        ++played;
         const QByteArray file = scenario.file.toUtf8();
         if (const auto verdict = playApart(scenario, play)) {
             ++failures;
@@ -144,9 +190,19 @@ int RunAll(const std::vector<Scenario>& scenarios, const PlayOne& play) {
             std::printf("ok %s\n", file.constData());
         }
         std::fflush(stdout);
+        behindEach();
     }
-    std::printf("%d passed, %d failed\n", static_cast<int>(scenarios.size()) - failures, failures);
-    return failures == 0 ? 0 : 1;
+    std::printf("%d passed, %d failed\n", played - failures, failures);
+    return failures == 0 && !ending ? 0 : 1;
+}
+
+void WorkApart(const std::function<void()>& work) {
+    const auto verdict = doApart([&](int) {
+        work();
+        return std::optional<Verdict>();
+    });
+    if (verdict)
+        throw Failure{verdict->message};
 }
 
 } // namespace vorta::robot

@@ -12,7 +12,11 @@ struct Verdict;
 /// The arguments of the program.
 struct Options {
     QString home;
-    QString trace; ///< file for the statements; empty for none
+    QString engine = QStringLiteral("embedded"); ///< what the installation's databases stand on
+    QString server; ///< connection string of a given SQL Server; empty for one of the player's own
+    QString tag;    ///< engine tag of the lines for SQL Server; null for the usual one
+    QString wire;   ///< file for what the test server hears; empty for none
+    QString trace;  ///< file for the statements; empty for none
     bool desktop = false;
     QStringList files;
 
@@ -26,7 +30,11 @@ using PlayOne =
     std::function<std::optional<Verdict>(const Scenario&, const QString& copy, const std::function<void(int)>& atLine)>;
 
 /// Plays every scenario in a process and a folder of its own, so that a scenario that crashes the program fails alone,
-/// and prints the result lines. Gives the exit status: 0 when all passed, 1 when one failed.
-int RunAll(const std::vector<Scenario>& scenarios, const PlayOne& play);
+/// and prints the result lines; `behindEach` clears up behind every scenario, in this process. Gives the exit status: 0
+/// when all passed, 1 when one failed or SIGINT or SIGTERM has stopped the run behind a scenario.
+int RunAll(const std::vector<Scenario>& scenarios, const PlayOne& play, const std::function<void()>& behindEach);
+
+/// Works in a process of its own; raises `Failure` with its words when it fails.
+void WorkApart(const std::function<void()>& work);
 
 } // namespace vorta::robot

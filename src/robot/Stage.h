@@ -28,6 +28,8 @@ class Stage {
     virtual ~Stage() = default;
     /// Root of the installation, without a closing separator.
     virtual QString home() const = 0;
+    /// The engine that the program works on.
+    virtual data::Engine engine() const = 0;
     virtual std::unique_ptr<Cast> cast(screen::Platform& platform, data::StatementTrace trace) = 0;
     /// Runs a statement by a connection of its own and commits it; raises the engine's error.
     virtual void execute(Base base, const QString& statement) = 0;

@@ -26,7 +26,7 @@ void gbak(const Installed& installed, const QStringList& arguments) {
 
 } // namespace
 
-QString MoveToServer(const Installed& installed, const FirebirdServer& server) {
+QString MoveToServer(const Installed& installed, const servers::FirebirdServer& server) {
     const QString connection = server.connectionString(QStringLiteral("pessoas.fdb"));
     const firebird::ConnectionText there = firebird::ReadConnectionText(connection);
     gbak(installed, {QStringLiteral("-b"), QStringLiteral("-user"), QStringLiteral("SYSDBA"),

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "conformance/FirebirdServer.h"
 #include "kit/Installed.h"
+#include "servers/FirebirdServer.h"
 
 namespace vorta::test {
 
 /// The road of docs/servidor.md: production is backed up here and restored there, the line of "server.ini" changes, and
 /// the local file goes, so that whatever is read afterwards comes from the server. Gives the connection string; throws
 /// `std::runtime_error` when a tool refuses.
-QString MoveToServer(const Installed& installed, const FirebirdServer& server);
+QString MoveToServer(const Installed& installed, const servers::FirebirdServer& server);
 
 } // namespace vorta::test

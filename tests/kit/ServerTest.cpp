@@ -9,7 +9,7 @@ using test::Installed;
 
 TEST(Server, an_embedded_base_moves_to_a_server_with_all_that_is_in_it) {
     const Installed installed = Installed::copyOf(Installed::demonstration());
-    const test::FirebirdServer server;
+    const servers::FirebirdServer server;
     const QString connection = test::MoveToServer(installed, server);
 
     for (const kit::Finding& finding : kit::CheckInstallation(installed.home()))

@@ -142,7 +142,7 @@ TEST(Office, twenty_users_of_a_server_lose_nothing) {
     constexpr int users = 20;
     constexpr int sharedPersons = 10;
     const Installed installed = Installed::copyOf(Installed::demonstration());
-    const test::FirebirdServer server;
+    const servers::FirebirdServer server;
     const QString connection = test::MoveToServer(installed, server);
 
     Office office = open(installed.home(), users);

@@ -103,12 +103,18 @@ constexpr Played passing[] = {
     {"startsAgainBehindAnEnd", "close\nlaunch \"2\"\nexpect caption \"Um (2)\"", ""},
     {"answersWhileItCloses",
      "click cmdImagem1(0)\nanswer \"Sim\"\nclose\nexpect box \"Sai?\" buttons YesNo\nexpect ended", ""},
+    {"playsACommandForItsEngine", "only firebird type txtNome \"ana\"\nexpect txtNome text \"ana\"", ""},
+    {"passesACommandForAnotherEngine", "only sqlserver expect txtNome text \"x\"\nexpect txtNome text \"\"", ""},
     {"leavesAField", "type txtNome \"a\"\nleave\npress Tab\nexpect focus txtNome", ""},
     {"doesNotClickWhenTheFocusStays", "focus txtPreso\nclick cmdAvisa\nexpect nobox\nexpect focus txtPreso", ""},
 };
 
 constexpr Played failing[] = {
     {"unknownCommand", "clique cmdSAIR", "2: expected a command, was the unknown word clique"},
+    {"unknownEngine", "only oracle leave", "2: expected the engine firebird or sqlserver, was oracle"},
+    {"unknownCommandForAnotherEngine", "only sqlserver clique cmdSAIR",
+     "2: expected a command, was the unknown word clique"},
+    {"failureForOneEngine", "only firebird expect txtNome text \"x\"", "2: expected txtNome text \"x\", was \"\""},
     {"unknownField", "open frmDois\nclick cmdNada", "3: expected a field cmdNada, screen frmDois has txtDois cmdVolta"},
     {"fieldOfAScreenBelow", "click cmdAbre\nexpect txtNome text \"\"",
      "3: expected a field txtNome, screen frmDois has txtDois cmdVolta"},

@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <csignal>
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 namespace vorta::robot {
@@ -11,12 +12,13 @@ namespace vorta::robot {
 namespace {
 
 /// Plays scenarios named by their files and gives what was printed, with the exit status in front.
-QString Printed(const QStringList& files, const PlayOne& play) {
+QString Printed(
+    const QStringList& files, const PlayOne& play, const std::function<void()>& behindEach = [] {}) {
     std::vector<Scenario> scenarios;
     for (const QString& file : files)
         scenarios.push_back({file, {}});
     testing::internal::CaptureStdout();
-    const int status = RunAll(scenarios, play);
+    const int status = RunAll(scenarios, play, behindEach);
     return QString::number(status) + u'\n' + QString::fromStdString(testing::internal::GetCapturedStdout());
 }
 
@@ -55,6 +57,49 @@ TEST(ARun, goesOnBehindAScenarioThatCrashes) {
     EXPECT_EQ(Printed({a, b}, play),
               QStringLiteral("1\nnot ok a.roteiro:3: expected a running program, it crashed with "
                              "signal 9\nok b.roteiro\n1 passed, 1 failed\n"));
+}
+
+TEST(ARun, clearsUpBehindEveryScenarioInItsOwnProcess) {
+    const PlayOne play = [](const Scenario& scenario, const QString&, const auto&) -> std::optional<Verdict> {
+        if (scenario.file == a)
+            std::raise(SIGKILL);
+        return Verdict{1, QStringLiteral("no")};
+    };
+    int cleared = 0;
+    Printed({a, b}, play, [&] { ++cleared; });
+    EXPECT_EQ(cleared, 2);
+}
+
+TEST(ARun, stopsBehindAScenarioWhenItIsToEnd) {
+    const auto passed = [](const Scenario&, const QString&, const auto&) { return std::optional<Verdict>(); };
+    int cleared = 0;
+    const auto run = [&] {
+        return Printed({a, b}, passed, [&] {
+            ++cleared;
+            std::raise(SIGTERM);
+        });
+    };
+    // The wish stays with the process, so another one makes it.
+    EXPECT_EXIT(
+        {
+            const QString printed = run();
+            const bool right = printed == u"1\nok a.roteiro\n1 passed, 0 failed\n" && cleared == 1;
+            std::exit(right ? 0 : 1);
+        },
+        testing::ExitedWithCode(0), "");
+}
+
+TEST(ARun, worksApart) {
+    int here = 0;
+    WorkApart([&] { here = 1; });
+    EXPECT_EQ(here, 0);
+    try {
+        WorkApart([] { throw Failure{QStringLiteral("nothing there")}; });
+        FAIL() << "the failure stayed there";
+    } catch (const Failure& failure) {
+        EXPECT_EQ(failure.message, u"nothing there");
+    }
+    EXPECT_THROW(WorkApart([] { std::raise(SIGKILL); }), Failure);
 }
 
 TEST(ARun, endsACommandThatNeverEnds) {

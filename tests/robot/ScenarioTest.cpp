@@ -71,10 +71,17 @@ TEST(ScenarioFile, mayBeginWithAByteOrderMark) {
 }
 
 TEST(Arguments, areTakenApart) {
-    const QStringList arguments = QStringLiteral("--home /h --desktop --trace t a.roteiro b.roteiro").split(u' ');
+    const QStringList arguments =
+        QStringLiteral("--home /h --desktop --trace t --engine sqlserver --tag MSSQL --server s --wire w a.roteiro "
+                       "b.roteiro")
+            .split(u' ');
     const Options options = Options::parse(arguments, QStringLiteral("/opt/vorta"));
     EXPECT_EQ(options.home, QStringLiteral("/h"));
     EXPECT_EQ(options.trace, QStringLiteral("t"));
+    EXPECT_EQ(options.engine, QStringLiteral("sqlserver"));
+    EXPECT_EQ(options.tag, QStringLiteral("MSSQL"));
+    EXPECT_EQ(options.server, QStringLiteral("s"));
+    EXPECT_EQ(options.wire, QStringLiteral("w"));
     EXPECT_TRUE(options.desktop);
     EXPECT_EQ(options.files, (QStringList{QStringLiteral("a.roteiro"), QStringLiteral("b.roteiro")}));
 }

@@ -9,6 +9,7 @@ namespace vorta::test {
 class TestStage : public robot::Stage {
   public:
     QString home() const override { return home_; }
+    data::Engine engine() const override { return data::Engine::Firebird; }
     std::unique_ptr<robot::Cast> cast(screen::Platform& platform, data::StatementTrace trace) override;
     void execute(robot::Base base, const QString& statement) override;
     QString query(robot::Base base, const QString& statement) override;

@@ -3,7 +3,7 @@
 #include "base/RuntimeError.h"
 #include "launch/EngineTags.h"
 #include "odbc/ConnectionKeys.h"
-#include "tds/TdsServer.h"
+#include "servers/TdsServer.h"
 
 #include <QElapsedTimer>
 #include <gtest/gtest.h>
@@ -18,6 +18,7 @@ using data::MakeOdbcAdapter;
 using data::Statement;
 using data::Value;
 using odbc::OdbcConnectionString;
+using servers::TdsServer;
 
 constexpr int patience = 10;
 

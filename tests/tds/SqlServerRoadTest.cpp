@@ -2,8 +2,8 @@
 #include "launch/AcessoDados.h"
 #include "launch/ConectaServidor.h"
 #include "odbc/OdbcAdapter.h"
+#include "servers/TdsServer.h"
 #include "support/TestPlatform.h"
-#include "tds/TdsServer.h"
 
 #include <gtest/gtest.h>
 
@@ -14,6 +14,7 @@ namespace {
 
 using data::Recordset;
 using data::Statement;
+using servers::TdsServer;
 
 class SqlServerRoad : public testing::Test {
   protected:

@@ -1,55 +1,73 @@
-"""Plays the register's scenarios against the SQL Server side, then has every statement that they sent parsed as T-SQL by an independent
-parser: play_scenarios.py PLAYER INSTALLATION NODE_MODULES SCENARIOS_FOLDER
+"""Plays the register's scenarios on SQL Server: play_scenarios.py PLAYER INSTALLATION SCENARIOS_FOLDER [OPTION...]
 
-A scenario that names the embedded engine's own texts (its generators, an insert with its key) or its configuration lines says nothing
-about this side and is left out, and so are the few of LEFT_OUT."""
+--modules NODE_MODULES  afterwards has every statement that they sent and the server took parsed as T-SQL by an independent parser
+--only REGEX            plays the files whose paths match
+--least N               fails when fewer are found, as a check that the search for them works
+Any other option is the player's: --tag TAG, --desktop, --server 'server=...;uid=...;pwd=...;database=...'."""
 
+import argparse
 import os
 import re
 import subprocess
 import sys
+import tempfile
 
 from server_process import HERE
 
-OTHER_ENGINE = re.compile(r"gen_id|RDB\$|FIREBIRD|\.ini\b|expect sql \"INSERT INTO \w+ \(ID", re.I)
-LEFT_OUT = {
-    "linhas_demais.roteiro": "a list of 32,768 rows, each with lookups: minutes on a server written in Python",
-    "busca_texto_longo_no_indice.roteiro": "a text longer than the keys of Firebird's index",
-    "environments_have_bases_of_their_own.roteiro": "the history base, which does not move to the server",
+LEFT_OUT_ON_A_GIVEN_SERVER = {
+    "launch/environments_have_bases_of_their_own": "one database has room for one environment",
 }
-LEAST = 80
 
 
-def scenarios(folder):
+def scenarios(folder, pattern, left_out):
     for place, _, names in sorted(os.walk(folder)):
         for name in sorted(names):
-            path = os.path.join(place, name)
-            if name in LEFT_OUT or not name.endswith(".roteiro"):
-                continue
-            if not OTHER_ENGINE.search(open(path, encoding="utf-8").read()):
-                yield path
+            path, extension = os.path.splitext(os.path.relpath(os.path.join(place, name), folder))
+            if extension == ".roteiro" and path not in left_out and re.search(pattern, path):
+                yield path + extension
+
+
+def taken(wire):
+    """The statements that a server has got and not refused."""
+    with open(wire, encoding="utf-8") as file:
+        lines = file.read().split("\n")
+    return {line for line, next_line in zip(lines, lines[1:]) if not next_line.startswith("-- refused")}
+
+
+def for_the_parser(trace, wire):
+    on_the_wire, found = taken(wire), {}
+    with open(trace, encoding="utf-8") as file:
+        for line in file.read().split("\n"):
+            statement = line.replace("\\n", " ")
+            if statement in on_the_wire:
+                found.setdefault(re.sub(r"\d+", "0", statement), statement)  # those that differ in digits alone are one to a parser
+    return sorted(found.values())
 
 
 def main():
-    player, home, modules, folder = sys.argv[1:]
-    files, trace = list(scenarios(folder)), os.path.join(home, "sqlserver_trace.sql")
-    if len(files) < LEAST:
+    parser = argparse.ArgumentParser(usage=__doc__)
+    parser.add_argument("player")
+    parser.add_argument("home")
+    parser.add_argument("folder")
+    parser.add_argument("--modules")
+    parser.add_argument("--only", default="")
+    parser.add_argument("--least", type=int, default=1)
+    options, of_the_player = parser.parse_known_args()
+
+    files = list(scenarios(options.folder, options.only, LEFT_OUT_ON_A_GIVEN_SERVER if "--server" in of_the_player else {}))
+    if len(files) < options.least:
         sys.exit(f"only {len(files)} scenarios found")
-    # Two players side by side: most of their time they wait for their servers.
-    parts = [f"{trace}.{number}" for number in range(2)]
-    for part in parts:
-        open(part, "w").close()
-    playing = [subprocess.Popen([player, "--home", home, "--trace", part, *files[n :: len(parts)]]) for n, part in enumerate(parts)]
-    failed = any([player.wait() for player in playing])
-    statements = {}
-    for part in parts:
-        with open(part, encoding="utf-8") as file:
-            for line in file:
-                statements.setdefault(re.sub(r"\d+", "0", line), line)  # those that differ in digits alone are one to a parser
-    with open(trace, "w", encoding="utf-8") as file:
-        file.writelines(sorted(statements.values()))
-    refused = subprocess.run(["node", os.path.join(HERE, "parse_transactsql.js"), modules, trace]).returncode
-    sys.exit("scenarios failed on the SQL Server side" if failed else refused)
+    command = [os.path.abspath(options.player), "--engine", "sqlserver", "--home", os.path.abspath(options.home), *of_the_player]
+    with tempfile.TemporaryDirectory() as folder:
+        trace, wire, statements = (os.path.join(folder, name) for name in ("trace", "wire", "statements"))
+        if options.modules:
+            command += ["--trace", trace, "--wire", wire]
+        status = subprocess.run(command + files, cwd=options.folder).returncode
+        if status or not options.modules:
+            sys.exit(status)
+        with open(statements, "w", encoding="utf-8") as file:
+            file.writelines(statement + "\n" for statement in for_the_parser(trace, wire))
+        sys.exit(subprocess.run(["node", os.path.join(HERE, "parse_transactsql.js"), options.modules, statements]).returncode)
 
 
 if __name__ == "__main__":

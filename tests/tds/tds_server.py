@@ -218,7 +218,7 @@ class Server:
         self.options = options
         use_collation(options.collation)
         self.bases = {name.lower(): Base(name, folder) for name in options.database}
-        self.trace = open(options.trace, "w", encoding="utf-8") if options.trace else None
+        self.trace = open(options.trace, "a", encoding="utf-8") if options.trace else None
         self.lock, self.statements = threading.Lock(), 0
         for name in options.ddl + options.load:
             self._load(name)

@@ -86,6 +86,21 @@ class TransactSql(unittest.TestCase):
         self.rows("INSERT INTO EMPR_CNFG (NOME_PARA) VALUES ('Y')")
         self.assertEqual(self.rows("SELECT @@IDENTITY AS 'MAXROWID'"), [(None,)])
 
+    def test_identity_begins_anew_where_it_is_told(self):
+        self.rows("CREATE TABLE NOVA (idNOVA integer identity(1,1) not null, NOME varchar(10))")
+        insert, keys = "INSERT INTO NOVA (NOME) VALUES ('A')", "SELECT idNOVA FROM NOVA ORDER BY idNOVA"
+        self.rows("DBCC CHECKIDENT ('NOVA', RESEED, 7)")
+        self.rows(insert)
+        self.assertEqual(self.rows(keys), [(7,)], "no row was there before")
+        self.rows("DBCC CHECKIDENT (NOVA, RESEED, 20)")
+        self.rows(insert)
+        self.assertEqual(self.rows(keys), [(7,), (21,)])
+        self.rows("DELETE FROM NOVA")
+        self.rows("DBCC CHECKIDENT ('NOVA', RESEED, 3)")
+        self.rows(insert)
+        self.assertEqual(self.rows(keys), [(4,)], "a row was there once")
+        self.assertRefused(208, "DBCC CHECKIDENT ('NADA', RESEED, 3)")
+
     def test_identity_takes_no_value_of_its_own(self):
         self.assertRefused(544, "INSERT INTO PESS (idPESS, NOME_PESS) VALUES (9, 'X')")
 

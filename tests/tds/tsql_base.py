@@ -34,6 +34,11 @@ class Base:
             self.identities[table.name] = self.identities.get(table.name, 0) + 1
             return self.identities[table.name]
 
+    def reseed(self, table, value):
+        """A table that never had a row takes the number itself as its next key, any other the one behind it."""
+        with self.lock:
+            self.identities[table.name] = value if table.name in self.identities else value - 1
+
     def identity_given(self, table, value):
         with self.lock:
             self.identities[table.name] = max(self.identities.get(table.name, 0), value)
@@ -407,6 +412,20 @@ class Session:
         table = self.base.table(reader.table())
         self._write(f"DROP TABLE {quoted(table.name)}")
         del self.base.tables[table.name.lower()]
+        self.base.identities.pop(table.name, None)
+        answer.done(0, None)
+
+    def _run_dbcc(self, tokens, answer):
+        reader = Reader(tokens)
+        reader.next()
+        reader.expect("checkident")
+        name, mode, number = split(reader.group())
+        table = self.base.table(name[0].value if name[0].kind == "text" else name[0].name)
+        if len(mode) != 1 or not mode[0].is_word("reseed") or len(number) != 1 or number[0].kind != "number":
+            raise syntax_error(mode[0])
+        if table.identity is None:
+            raise SqlError(7997, f"'{table.name}' does not contain an identity column.")
+        self.base.reseed(table, int(number[0].text))
         answer.done(0, None)
 
     # --- settings and transactions -------------------------------------------------------------------------------------------------

@@ -46,7 +46,7 @@ def blind_to_accents():
 
 
 def without_accents(text):
-    return "".join(c for c in unicodedata.normalize("NFD", text) if not unicodedata.combining(c))
+    return text if text.isascii() else "".join(c for c in unicodedata.normalize("NFD", text) if not unicodedata.combining(c))
 
 
 @functools.lru_cache(maxsize=200_000)
@@ -236,7 +236,7 @@ class Text:
 
     def assign(self, value, session):
         text = value if isinstance(value, str) else str(value)
-        if not self.wide:
+        if not self.wide and not text.isascii():
             text = text.encode("cp1252", "replace").decode("cp1252")
         if len(text) > self.length:
             if text[self.length :].strip(" "):

@@ -1,13 +1,18 @@
 #include "robot/program/Installation.h"
 
+#include "base/RuntimeError.h"
 #include "firebird/ConnectionText.h"
+#include "firebird/FirebirdAdapter.h"
 #include "kit/Relocate.h"
 #include "launch/CampoDelimitado.h"
 #include "launch/EngineTags.h"
+#include "robot/Player.h"
 #include "robot/RowText.h"
 #include "robot/Scenario.h"
+#include "robot/program/RegisterCast.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <filesystem>
@@ -16,15 +21,11 @@ namespace vorta::robot {
 
 namespace {
 
-constexpr int secondsToOpen = 15;
 constexpr qint16 tagField = 5;
 constexpr qint16 connectionField = 6;
 
-data::Statement asOneText(const QString& text) {
-    data::Statement statement;
-    statement += text;
-    return statement;
-}
+const QString serverFile = QStringLiteral("server.ini");
+const QString postalCodeFile = QStringLiteral("server_cep.ini");
 
 /// Links are followed, so that nothing in the copy is shared, and everything in it may be written.
 void copyTree(const QString& from, const QString& to) {
@@ -39,67 +40,114 @@ void copyTree(const QString& from, const QString& to) {
     }
 }
 
-/// A scenario may write into a database only when it has been copied with the rest.
-void requireInside(const QString& home, const QString& connection) {
-    const firebird::ConnectionText text = firebird::ReadConnectionText(connection);
-    if (!text.embedded || !QDir::cleanPath(text.database).startsWith(QDir::cleanPath(home) + u'/'))
-        throw Failure{QStringLiteral("the database %1 lies outside the installation").arg(text.database)};
+bool isFirebird(const QString& tag) {
+    const EngineTag* found = FindEngineTag(tag);
+    return found && found->engine == data::Engine::Firebird;
 }
 
 } // namespace
 
-bool Installation::isOne(const QString& home) {
-    return QFileInfo(home + QStringLiteral("/config/server.ini")).isFile();
+data::Statement AsOneText(const QString& text) {
+    data::Statement statement;
+    statement += text;
+    return statement;
 }
 
-Installation::Installation(const QString& home, const QString& copy, data::AdapterFactory adapters, CastFactory cast)
-    : home_(copy), adapters_(std::move(adapters)), cast_(std::move(cast)) {
+bool Installation::isOne(const QString& home) {
+    return QFileInfo(home + QStringLiteral("/config/") + serverFile).isFile();
+}
+
+Installation::Installation(const QString& home, const QString& copy) : home_(copy) {
     if (!isOne(home))
         throw Failure{QStringLiteral("%1 holds no installation").arg(home)};
     copyTree(home, copy);
     kit::Relocate(copy);
-    learnConnections(QStringLiteral("/config/server.ini"), {Base::Main, Base::History, Base::Development});
-    learnConnections(QStringLiteral("/config/server_cep.ini"), {Base::PostalCode});
+    learnFiles(serverFile, {Base::Main, Base::History, Base::Development});
+    learnFiles(postalCodeFile, {Base::PostalCode});
 }
 
-void Installation::learnConnections(const QString& file, std::initializer_list<Base> bases) {
-    QFile source(home_ + file);
+void Installation::learnFiles(const QString& file, std::initializer_list<Base> bases) {
+    QFile source(home_ + QStringLiteral("/config/") + file);
     if (!source.open(QIODevice::ReadOnly))
         return;
     for (const Base base : bases) {
         QString line = QString::fromUtf8(source.readLine()).trimmed();
-        const EngineTag* tag = FindEngineTag(CampoDelimitado(tagField, line));
-        if (!tag || tag->engine != data::Engine::Firebird)
+        if (!isFirebird(CampoDelimitado(tagField, line)))
             continue;
-        strings_[base] = CampoDelimitado(connectionField, line);
-        requireInside(home_, strings_[base]);
+        const QString connection = CampoDelimitado(connectionField, line);
+        const std::optional<QString> own = ownFile(connection);
+        // A scenario may write into a database only when it has been copied with the rest.
+        if (!own)
+            throw Failure{QStringLiteral("the database %1 lies outside the installation").arg(connection)};
+        files_[base] = *own;
     }
 }
 
+/// The file that a connection string opens in this process, when it lies inside the copy.
+std::optional<QString> Installation::ownFile(const QString& connection) const {
+    try {
+        const firebird::ConnectionText text = firebird::ReadConnectionText(connection);
+        const QString file = QDir::cleanPath(text.database);
+        if (text.embedded && file.startsWith(QDir::cleanPath(home_) + u'/'))
+            return file;
+    } catch (const RuntimeError&) {
+        // A string without a database opens nothing.
+    }
+    return std::nullopt;
+}
+
+void Installation::redirect(const Redirection& redirected) const {
+    QDirIterator files(home_, {serverFile, postalCodeFile}, QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        QFile file(files.next());
+        if (!file.open(QIODevice::ReadWrite))
+            throw Failure{QStringLiteral("%1 cannot be written").arg(file.fileName())};
+        QByteArrayList lines = file.readAll().split('\n');
+        for (QByteArray& line : lines)
+            line = redirectedLine(line, redirected);
+        file.resize(0);
+        file.write(lines.join('\n'));
+    }
+}
+
+QByteArray Installation::redirectedLine(const QByteArray& line, const Redirection& redirected) const {
+    const QStringList fields = QString::fromUtf8(line).split(u'^');
+    if (fields.size() < connectionField || !isFirebird(fields[tagField - 1]))
+        return line;
+    const std::optional<QString> file = ownFile(fields[connectionField - 1]);
+    return file ? redirected(fields, *file).join(u'^').toUtf8() : line;
+}
+
 std::unique_ptr<Cast> Installation::cast(screen::Platform& platform, data::StatementTrace trace) {
-    return cast_(platform, std::move(trace));
+    return std::make_unique<RegisterCast>(platform, std::move(trace), [this](const QString& launchString) {
+        beforeStart(BaseOfLaunch(launchString, home_));
+    });
+}
+
+QString Installation::connectionTo(const QString& file) const {
+    return QStringLiteral("database=%1;user=SYSDBA").arg(file);
 }
 
 data::Adapter& Installation::connection(Base base) {
     std::unique_ptr<data::Adapter>& adapter = connections_[base];
     if (adapter)
         return *adapter;
-    const auto known = strings_.find(base);
-    if (known == strings_.end())
+    const auto known = files_.find(base);
+    if (known == files_.end())
         throw Failure{QStringLiteral("expected an embedded database in the configuration, there is none")};
-    auto opened = adapters_(data::Engine::Firebird);
-    opened->open(known->second, secondsToOpen);
+    auto opened = data::MakeFirebirdAdapter();
+    opened->open(connectionTo(known->second), secondsToOpen);
     adapter = std::move(opened);
     return *adapter;
 }
 
 void Installation::execute(Base base, const QString& statement) {
-    connection(base).execute(asOneText(statement));
+    connection(base).execute(AsOneText(statement));
 }
 
 QString Installation::query(Base base, const QString& statement) {
     RowText rows;
-    connection(base).query(asOneText(statement), rows);
+    connection(base).query(AsOneText(statement), rows);
     return rows.text();
 }
 

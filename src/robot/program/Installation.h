@@ -3,23 +3,23 @@
 #include "data/Adapter.h"
 #include "robot/Stage.h"
 
+#include <functional>
 #include <map>
+#include <optional>
 
 namespace vorta::robot {
 
-/// Makes the program of a stage.
-using CastFactory = std::function<std::unique_ptr<Cast>(screen::Platform& platform, data::StatementTrace trace)>;
-
 /// A copy of an installation for one scenario, with connections to its databases beside the program's own. They use the
 /// engine's adapter directly: a scenario's statement is one text whose origin is known, so no guard has to look for
-/// values in it.
+/// values in it. As it stands the copy plays on the embedded engine; the other engines change what they must.
 class Installation : public Stage {
   public:
-    /// Copies the installation in `home` into the empty folder `copy`. Raises `Failure` when `home` is none, or when it
-    /// is not of the embedded engine, whose databases are the only ones that can be copied.
-    Installation(const QString& home, const QString& copy, data::AdapterFactory adapters, CastFactory cast);
+    /// Copies the installation in `home` into the empty folder `copy`. Raises `Failure` when `home` is none, or when a
+    /// database of its configuration is not a file of it, which are the only ones that can be copied.
+    Installation(const QString& home, const QString& copy);
 
     QString home() const override { return home_; }
+    data::Engine engine() const override { return data::Engine::Firebird; }
     std::unique_ptr<Cast> cast(screen::Platform& platform, data::StatementTrace trace) override;
     void execute(Base base, const QString& statement) override;
     QString query(Base base, const QString& statement) override;
@@ -27,15 +27,36 @@ class Installation : public Stage {
     /// True for a folder that holds an installation.
     static bool isOne(const QString& home);
 
-  private:
-    void learnConnections(const QString& file, std::initializer_list<Base> bases);
+  protected:
+    /// Comes in front of each start of the program, with the main database that it will open.
+    virtual void beforeStart(Base) {}
+    /// The connection string for a database file of the copy.
+    virtual QString connectionTo(const QString& file) const;
+    /// The connection beside the program, made at its first use; a failure when the configuration names no such base.
     data::Adapter& connection(Base base);
+    void close(Base base) { connections_.erase(base); }
+
+    /// The database files that the configuration of the installation names.
+    const std::map<Base, QString>& files() const { return files_; }
+    /// Writes every line of a "server.ini" or "server_cep.ini" of the copy that opens one of its database files anew:
+    /// as the fields that `redirected` makes of its own.
+    using Redirection = std::function<QStringList(QStringList fields, const QString& file)>;
+    void redirect(const Redirection& redirected) const;
+
+  private:
+    void learnFiles(const QString& file, std::initializer_list<Base> bases);
+    std::optional<QString> ownFile(const QString& connection) const;
+    QByteArray redirectedLine(const QByteArray& line, const Redirection& redirected) const;
 
     QString home_;
-    data::AdapterFactory adapters_;
-    CastFactory cast_;
-    std::map<Base, QString> strings_;
+    std::map<Base, QString> files_;
     std::map<Base, std::unique_ptr<data::Adapter>> connections_;
 };
+
+/// How long a connection beside the program may take to open.
+constexpr int secondsToOpen = 15;
+
+/// A statement of a scenario, in which no value is to be looked for.
+data::Statement AsOneText(const QString& text);
 
 } // namespace vorta::robot

@@ -1,15 +1,15 @@
-// Plays scenario files: pessoas-roteiro [--home DIR] [--desktop] [--trace FILE] FILE...
+// Plays scenario files: pessoas-roteiro [--home DIR] [--engine embedded|server|sqlserver] [--desktop] [--trace FILE]
+// FILE...
 
-#include "app/Register.h"
 #include "desktop/DesktopHands.h"
 #include "firebird/EmbeddedEngine.h"
-#include "firebird/FirebirdAdapter.h"
 #include "robot/ModelHands.h"
 #include "robot/Player.h"
 #include "robot/Run.h"
+#include "robot/program/Application.h"
+#include "robot/program/Houses.h"
 #include "robot/program/Installation.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QLoggingCategory>
 #include <clocale>
@@ -21,19 +21,6 @@ using namespace vorta;
 using namespace vorta::robot;
 
 constexpr int unusable = 2;
-
-class RegisterCast : public Cast {
-  public:
-    RegisterCast(screen::Platform& platform, data::StatementTrace trace) : register_(platform, std::move(trace)) {}
-
-    screen::Program& program() override { return register_.program(); }
-    ContextoExecucao& context() override { return register_.context(); }
-    screen::User& user() override { return register_.user(); }
-    void start(const QString& launchString) override { register_.start(launchString); }
-
-  private:
-    Register register_;
-};
 
 HandsFactory handsOf(const Options& options) {
     if (options.desktop)
@@ -52,29 +39,22 @@ data::StatementTrace traceInto(QFile& file) {
     };
 }
 
-std::optional<Verdict> playOne(const Options& options, const Scenario& scenario, const QString& copy,
-                               const std::function<void(int)>& atLine) {
+std::optional<Verdict> playOne(const Options& options, const House& house, const Scenario& scenario,
+                               const QString& copy, const std::function<void(int)>& atLine) {
     // Windows make an application of their own, and say much that no scenario is about.
     qputenv("XDG_RUNTIME_DIR", copy.toUtf8());
     QLoggingCategory::setFilterRules(QStringLiteral("*.warning=false"));
-    int count = 1;
-    char name[] = "pessoas-roteiro";
-    char* names[] = {name, nullptr};
-    std::optional<QCoreApplication> application;
+    std::optional<Application> application;
     if (!options.desktop)
-        application.emplace(count, names);
+        application.emplace();
     QFile trace(options.trace);
     if (!options.trace.isEmpty() && !trace.open(QIODevice::Append))
         throw Failure{QStringLiteral("%1 cannot be written").arg(options.trace)};
-    Installation installation(
-        options.home, copy, [](data::Engine) { return data::MakeFirebirdAdapter(); },
-        [](screen::Platform& platform, data::StatementTrace statements) {
-            return std::make_unique<RegisterCast>(platform, std::move(statements));
-        });
+    const std::unique_ptr<Stage> stage = house.stage(copy);
     // The engine's root lies in the copy; this process opens no other installation.
     qputenv("VORTA_HOME", copy.toUtf8());
     firebird::PrepareEmbeddedEngine(copy);
-    Player player(scenario, installation, handsOf(options), traceInto(trace));
+    Player player(scenario, *stage, handsOf(options), traceInto(trace));
     player.onLine = atLine;
     return player.play();
 }
@@ -90,10 +70,13 @@ int run(const QStringList& arguments) {
     if (!options.trace.isEmpty() && !trace.open(QIODevice::WriteOnly))
         throw Failure{QStringLiteral("%1 cannot be written").arg(options.trace)};
     trace.close();
-    return RunAll(scenarios,
-                  [&](const Scenario& scenario, const QString& copy, const std::function<void(int)>& atLine) {
-                      return playOne(options, scenario, copy, atLine);
-                  });
+    const std::unique_ptr<House> house = OpenHouse(options);
+    return RunAll(
+        scenarios,
+        [&](const Scenario& scenario, const QString& copy, const std::function<void(int)>& atLine) {
+            return playOne(options, *house, scenario, copy, atLine);
+        },
+        [&] { house->clear(); });
 }
 
 } // namespace

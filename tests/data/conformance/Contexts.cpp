@@ -1,11 +1,11 @@
 #include "conformance/Contexts.h"
 
 #include "base/RuntimeError.h"
-#include "conformance/FirebirdServer.h"
 #include "data/Recordset.h"
 #include "firebird/EmbeddedEngine.h"
 #include "firebird/FirebirdAdapter.h"
 #include "odbc/OdbcAdapter.h"
+#include "servers/FirebirdServer.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -18,11 +18,18 @@ namespace {
 
 using data::Engine;
 using data::Statement;
+using servers::FirebirdServer;
 
 /// The folder of this process's databases, gone with it.
 const QTemporaryDir& folder() {
     static const QTemporaryDir made;
     return made;
+}
+
+/// The Firebird server of this run, started at its first use.
+const FirebirdServer& server() {
+    static const FirebirdServer started;
+    return started;
 }
 
 std::vector<Statement> firebirdTables() {
@@ -65,8 +72,7 @@ EngineContext embeddedFirebird() {
                 },
             .tables = firebirdTables(),
             .afterwards = {},
-            .keyMayBeGiven = true,
-            .searchIgnoresAccents = true};
+            .keyMayBeGiven = true};
 }
 
 EngineContext firebirdServer() {
@@ -75,22 +81,21 @@ EngineContext firebirdServer() {
             .adapter = [] { return data::MakeFirebirdAdapter(); },
             .connectionString =
                 [] {
-                    const QString text = FirebirdServer::shared().connectionString(QStringLiteral("server.fdb"));
+                    const QString text = server().connectionString(QStringLiteral("server.fdb"));
                     firebird::CreateDatabase(text);
                     return text;
                 },
             .unusable =
                 [] {
-                    const FirebirdServer& server = FirebirdServer::shared();
-                    return QStringList{server.connectionString(QStringLiteral("missing.fdb")),
-                                       server.connectionString(QStringLiteral("server.fdb")) +
-                                           QStringLiteral(";PWD=wrong"),
+                    const FirebirdServer& shared = server();
+                    return QStringList{shared.connectionString(QStringLiteral("missing.fdb")),
+                                       shared.connectionString(QStringLiteral("server.fdb")) +
+                                           QStringLiteral(";password=wrong"),
                                        QStringLiteral("Server=127.0.0.1;Port=1;Database=/x.fdb;UID=A;PWD=B")};
                 },
             .tables = firebirdTables(),
             .afterwards = {},
-            .keyMayBeGiven = true,
-            .searchIgnoresAccents = true};
+            .keyMayBeGiven = true};
 }
 
 EngineContext sqlServer(const QString& connectionString) {
@@ -104,8 +109,7 @@ EngineContext sqlServer(const QString& connectionString) {
         .tables = sqlServerTables(),
         .afterwards = {Statement("drop table pess"), Statement("drop table clie"), Statement("drop table arqt"),
                        Statement("drop table logr")},
-        .keyMayBeGiven = false,
-        .searchIgnoresAccents = false};
+        .keyMayBeGiven = false};
 }
 
 /// The connection strings of the engines that this run has used, by name.

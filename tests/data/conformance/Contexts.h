@@ -28,8 +28,6 @@ struct EngineContext {
     std::vector<data::Statement> afterwards;
     /// An insert that leaves the key to the database must not name it on one engine; on others it may be given too.
     bool keyMayBeGiven;
-    /// Whether a search without accents finds accented text: a matter of the database's collation.
-    bool searchIgnoresAccents;
 };
 
 /// All engines of this run.

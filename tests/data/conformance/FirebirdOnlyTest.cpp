@@ -1,10 +1,10 @@
 #include "base/RuntimeError.h"
 #include "conformance/Contexts.h"
-#include "conformance/FirebirdServer.h"
 #include "conformance/Peer.h"
 #include "data/Recordset.h"
 #include "firebird/EmbeddedEngine.h"
 #include "firebird/FirebirdAdapter.h"
+#include "servers/FirebirdServer.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -218,7 +218,7 @@ TEST_F(FirebirdOnly, BrokenFileDoesNotOpen) {
 }
 
 TEST(FirebirdServerLost, StatementThatMeetsItTellsTheConnection) {
-    FirebirdServer server;
+    servers::FirebirdServer server;
     const QString text = server.connectionString(QStringLiteral("lost.fdb"));
     firebird::CreateDatabase(text);
     data::Connection connection([](data::Engine) { return data::MakeFirebirdAdapter(); });

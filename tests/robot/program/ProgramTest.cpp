@@ -1,8 +1,10 @@
 // The program that plays scenarios, from outside: arguments, result lines, exit status, the installation it works on.
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QThread>
 #include <gtest/gtest.h>
 
 namespace vorta::robot {
@@ -24,6 +26,31 @@ Outcome RunProgram(const QStringList& arguments, const QString& homeOfEnvironmen
     process.waitForFinished();
     return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
             QString::fromUtf8(process.readAllStandardError())};
+}
+
+/// The processes of a name that a process has started.
+QStringList ChildrenOf(qint64 process, const QByteArray& name) {
+    const QString proc = QStringLiteral("/proc/");
+    QFile children(proc + QStringLiteral("%1/task/%1/children").arg(process));
+    QStringList found;
+    if (children.open(QIODevice::ReadOnly))
+        for (const QByteArray& child : children.readAll().split(' ')) {
+            QFile comm(proc + QString::fromLatin1(child) + QStringLiteral("/comm"));
+            if (comm.open(QIODevice::ReadOnly) && comm.readAll().trimmed() == name)
+                found += QString::fromLatin1(child);
+        }
+    return found;
+}
+
+/// True when the process has ended within the time that a busy machine may need; one that nobody has buried yet has no
+/// root any more.
+bool EndsSoon(const QString& process) {
+    constexpr int patience = 10'000;
+    QElapsedTimer waited;
+    for (waited.start(); !waited.hasExpired(patience); QThread::msleep(20))
+        if (!QFile::exists(QStringLiteral("/proc/%1/root/").arg(process)))
+            return true;
+    return false;
 }
 
 QString ContentOf(const QString& path) {
@@ -59,6 +86,9 @@ class TheProgram : public testing::Test {
 };
 
 const QString homeSwitch = QStringLiteral("--home");
+const QString engineSwitch = QStringLiteral("--engine");
+const QString server = QStringLiteral("server");
+const QString sqlServer = QStringLiteral("sqlserver");
 
 } // namespace
 
@@ -100,13 +130,75 @@ TEST_F(TheProgram, playsTheSameFileOnRealWindows) {
     EXPECT_EQ(run.status, 0) << run.printed;
 }
 
+TEST_F(TheProgram, playsOverTheWireOfAServer) {
+    const QString file = write(
+        "servidor.roteiro", "expect query \"SELECT RDB$GET_CONTEXT('SYSTEM', 'NETWORK_PROTOCOL') FROM RDB$DATABASE\" "
+                            "\"TCPv4\"\n"
+                            "expect cepquery \"SELECT RDB$GET_CONTEXT('SYSTEM', 'NETWORK_PROTOCOL') FROM "
+                            "RDB$DATABASE\" \"TCPv4\"\n"
+                            "file config/server.ini \"srv^^^^FIREBIRD^{home}/base/pessoas.fdb^False^\"\n"
+                            "launch \"1^1^PRD^False^\"\n"
+                            "expect context Servidor \"srv\"\n"
+                            "expect query \"SELECT MON$REMOTE_PROTOCOL FROM MON$ATTACHMENTS WHERE MON$SYSTEM_FLAG = "
+                            "0\" \"TCPv4\\nTCPv4\"\n");
+    const Outcome run = RunProgram({homeSwitch, home(), engineSwitch, server, file});
+    EXPECT_EQ(run.status, 0) << run.printed.toStdString() << run.complaint.toStdString();
+    EXPECT_EQ(RunProgram({homeSwitch, home(), file}).status, 1) << "an embedded base has no wire";
+}
+
+TEST_F(TheProgram, playsLinesOfEachTagOfSqlServer) {
+    constexpr struct {
+        const char* given;
+        const char* line;
+        const char* postalCodeLine; ///< its file knows two of the tags
+    } tags[] = {{"", "MS-SQL", "MS-SQL"},
+                {"MS-SQL", "MS-SQL", "MS-SQL"},
+                {"MSSQL", "MSSQL", "MSSQL"},
+                {"MS-SQL2005WEB", "MS-SQL2005WEB", "MS-SQL"},
+                {"MS-SQL2008WEB", "MS-SQL2008WEB", "MS-SQL"},
+                {"MS-SQL-REMOTO", "MS-SQL-REMOTO", "MS-SQL"}};
+    for (const auto& tag : tags) {
+        const QString text = QStringLiteral("launch \"1^1^PRD^False^\"\nexpect context TipoBanco \"%1\"\n"
+                                            "expect query \"SELECT DB_NAME()\" \"VORTA\"\nopen frmBROWSE_CEPS\n"
+                                            "type txtCEP \"00000000\"\nclick cmdPesquisa\n"
+                                            "expect context TipoBanco \"%2\"\n"
+                                            "expect cepquery \"SELECT DB_NAME()\" \"CEP\"\n")
+                                 .arg(QString::fromLatin1(tag.line), QString::fromLatin1(tag.postalCodeLine));
+        const QString file = write("etiqueta.roteiro", text.toUtf8().constData());
+        const Outcome run = RunProgram({homeSwitch, home(), engineSwitch, sqlServer, QStringLiteral("--tag"),
+                                        QString::fromLatin1(tag.given), file});
+        EXPECT_EQ(run.status, 0) << tag.given << run.printed.toStdString() << run.complaint.toStdString();
+    }
+}
+
+TEST_F(TheProgram, takesItsServerAlongWhenItIsKilled) {
+    const QString file = write("longo.roteiro", "launch \"1^1^PRD^False^\"\n");
+    const QTemporaryDir leftovers; // nobody is there any more to remove them
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("TMPDIR"), leftovers.path());
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(ROTEIRO),
+                  QStringList{homeSwitch, home(), engineSwitch, server} + QStringList(1000, file));
+    ASSERT_TRUE(process.waitForReadyRead());
+    const QStringList servers = ChildrenOf(process.processId(), "firebird");
+    ASSERT_EQ(servers.size(), 1);
+    process.kill();
+    process.waitForFinished();
+    EXPECT_TRUE(EndsSoon(servers[0]));
+}
+
 TEST_F(TheProgram, refusesUnusableArguments) {
     const QString good = write("bom.roteiro", "");
     const QString latin = write("latino.roteiro", "# \xE7\n");
     for (const QStringList& arguments :
          {QStringList{}, QStringList{good, QStringLiteral("--nada")}, QStringList{good, homeSwitch},
           QStringList{path("nenhum.roteiro")}, QStringList{good, path("nenhum.roteiro")}, QStringList{latin},
-          QStringList{good, QStringLiteral("--trace"), path("no/such/file")}}) {
+          QStringList{good, QStringLiteral("--trace"), path("no/such/file")}, QStringList{good, engineSwitch},
+          QStringList{good, engineSwitch, QStringLiteral("oracle")},
+          QStringList{good, QStringLiteral("--tag"), QStringLiteral("MS-SQL")},
+          QStringList{good, engineSwitch, sqlServer, QStringLiteral("--tag"), QStringLiteral("FIREBIRD")},
+          QStringList{good, engineSwitch, sqlServer, QStringLiteral("--server"), QStringLiteral("server=x")}}) {
         const Outcome run = RunProgram(arguments, home());
         EXPECT_EQ(run.status, 2) << arguments.join(u' ');
         EXPECT_EQ(run.printed, QString());

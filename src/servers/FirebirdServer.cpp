@@ -1,17 +1,18 @@
-#include "conformance/FirebirdServer.h"
+#include "servers/FirebirdServer.h"
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QStandardPaths>
 #include <QThread>
 #include <arpa/inet.h>
+#include <csignal>
 #include <netinet/in.h>
 #include <stdexcept>
+#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
-namespace vorta::test {
+namespace vorta::servers {
 
 namespace {
 
@@ -22,7 +23,7 @@ const QString password = QStringLiteral("segredo1");
 constexpr int waitMilliseconds = 20000;
 
 [[noreturn]] void fail(const QString& reason) {
-    throw std::runtime_error("the Firebird server of the test cannot be had: " + reason.toStdString());
+    throw std::runtime_error("the Firebird server cannot be had: " + reason.toStdString());
 }
 
 sockaddr_in loopback(int port) {
@@ -69,6 +70,8 @@ FirebirdServer::FirebirdServer() : port_(freePort()) {
     environment.insert(QStringLiteral("FIREBIRD"), folder_.path());
     environment.insert(QStringLiteral("FIREBIRD_LOCK"), folder_.path());
     process_.setProcessEnvironment(environment);
+    // The system kills it when this process ends, also by a crash.
+    process_.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
     makeUser();
     start();
 }
@@ -77,14 +80,9 @@ FirebirdServer::~FirebirdServer() {
     kill();
 }
 
-FirebirdServer& FirebirdServer::shared() {
-    static FirebirdServer server;
-    return server;
-}
-
 QString FirebirdServer::connectionString(const QString& file) const {
-    return QStringLiteral("Server=127.0.0.1;Port=%1;UID=SYSDBA;PWD=%2;Database=%3")
-        .arg(QString::number(port_), password, folder_.filePath(file));
+    return QStringLiteral("server=127.0.0.1;port=%1;database=%2;user=SYSDBA;password=%3")
+        .arg(QString::number(port_), QDir(folder_.path()).filePath(file), password);
 }
 
 void FirebirdServer::kill() {
@@ -125,4 +123,4 @@ void FirebirdServer::start() {
             fail(serverProgram + QStringLiteral(" does not answer: ") + QString::fromUtf8(process_.readAll()));
 }
 
-} // namespace vorta::test
+} // namespace vorta::servers

@@ -3,20 +3,18 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-namespace vorta::test {
+namespace vorta::servers {
 
-/// A Firebird server of this test's own: a child process on a free port of the loopback address, with its root, its
-/// users and its databases in a temporary folder. It ends with the object.
+/// A Firebird server of this run's own: a child process on a free port of the loopback address, with its root and its
+/// users in a temporary folder. It ends with the object, or with this process.
 class FirebirdServer {
   public:
     /// Starts it and waits until it answers; throws `std::runtime_error` with the reason when it does not come up.
     FirebirdServer();
     ~FirebirdServer();
 
-    /// The one that the shared suite uses, started at its first use.
-    static FirebirdServer& shared();
-
-    /// The connection string of a database file in the server's folder.
+    /// The connection string of a database file, for the one user that there is; a relative path begins in the server's
+    /// folder.
     QString connectionString(const QString& file) const;
     /// Ends the server as a power cut would.
     void kill();
@@ -31,4 +29,4 @@ class FirebirdServer {
     QProcess process_;
 };
 
-} // namespace vorta::test
+} // namespace vorta::servers

@@ -1,9 +1,9 @@
-#include "tds/TdsServer.h"
+#include "servers/TdsServer.h"
 
 #include <QFile>
 #include <stdexcept>
 
-namespace vorta::test {
+namespace vorta::servers {
 
 namespace {
 
@@ -17,6 +17,12 @@ QString here(const char* file) {
 
 QStringList TdsServer::sample() {
     return {u"--ddl"_qs, here("schema.sql"), u"--load"_qs, here("rows.sql")};
+}
+
+void TdsServer::require() {
+    for (const QString& needed : {QStringLiteral(TDS_PYTHON), here("tds_server.py")})
+        if (!QFile::exists(needed))
+            throw std::runtime_error("the test server cannot be had: there is no " + needed.toStdString());
 }
 
 TdsServer::TdsServer(const QStringList& options, const QStringList& content) {
@@ -49,4 +55,4 @@ QStringList TdsServer::trace() const {
     return QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
 }
 
-} // namespace vorta::test
+} // namespace vorta::servers

@@ -4,15 +4,18 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-namespace vorta::test {
+namespace vorta::servers {
 
-/// The test server of the SQL Server side, running for the length of a test.
+/// The server of tests/tds, which stands for SQL Server; it ends with the object, or with this process.
 class TdsServer {
   public:
-    /// `options` as tds_server.py takes them, `content` its tables and rows; throws when it does not start.
+    /// `options` as tds_server.py takes them, `content` its tables and rows; throws `std::runtime_error` when it does
+    /// not start.
     explicit TdsServer(const QStringList& options = {}, const QStringList& content = sample());
     ~TdsServer();
 
+    /// Throws `std::runtime_error` when there is no such server on this machine.
+    static void require();
     /// The tables of schema.sql and the rows of rows.sql.
     static QStringList sample();
 
@@ -30,4 +33,4 @@ class TdsServer {
     int port_ = 0;
 };
 
-} // namespace vorta::test
+} // namespace vorta::servers
