@@ -117,6 +117,7 @@ class OneScreenStage : public robot::Stage {
         picture.save(image());
     }
     QString home() const override { return folder_.path(); }
+    data::Engine engine() const override { return data::Engine::Firebird; }
     std::unique_ptr<robot::Cast> cast(screen::Platform& platform, data::StatementTrace) override {
         return std::make_unique<OneScreen>(platform, database_, row_, image());
     }
