@@ -63,13 +63,13 @@ void MaskedField::setText(const QString& text) {
     }
     QString digits;
     std::copy_if(text.begin(), text.end(), std::back_inserter(digits), isDigit);
-    if (digits.isEmpty() || digits.size() > mask_.count(place)) {
+    if (digits.size() != mask_.count(place)) {
         storeText(text);
         return;
     }
     QString poured = blank();
     qsizetype next = 0;
-    for (qsizetype at = 0; at < mask_.size() && next < digits.size(); ++at)
+    for (qsizetype at = 0; at < mask_.size(); ++at)
         if (mask_[at] == place)
             poured[at] = digits[next++];
     storeText(poured);

@@ -19,8 +19,8 @@ class MaskedField : public Field {
     /// True when the text is empty or holds nothing but prompts and literals.
     bool isBlank() const;
 
-    /// A text that fits the mask is shown as it is; another has its digits poured into the places, and is shown raw
-    /// when it has none or more than there are places. The empty text gives the blank form.
+    /// A text that fits the mask is shown as it is; another has its digits poured into the places when they are as many,
+    /// else it is shown raw, as poured it would be another number. The empty text gives the blank form.
     void setText(const QString& text) override;
 
     /// Editing by keys, at the selection: a digit fills the next place, a literal typed where it stands is passed over,
