@@ -293,10 +293,9 @@ void LimpaHistorico(frmPessoas& tela) {
         estatistica.itens->setText(QStringLiteral("0"));
         estatistica.montante.setText(FormatAmount(0));
     }
-    for (const Estatistica& estatistica : {EstatisticaOrcamentos(tela), EstatisticaOS(tela)})
-        for (Label* rotulo :
-             {&estatistica.primeira, &estatistica.ultima, &estatistica.documentos, &estatistica.montante})
-            rotulo->setText({});
+    const Estatistica servicos = EstatisticaOS(tela);
+    for (Label* rotulo : {&servicos.primeira, &servicos.ultima, &servicos.documentos, &servicos.montante})
+        rotulo->setText({});
 }
 
 void CarregaHistoricoPorId(frmPessoas& tela) {
