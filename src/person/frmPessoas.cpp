@@ -171,12 +171,12 @@ void frmPessoas::AbandonaOperacao() {
 
 void frmPessoas::cmdINCLUIR_Click() {
     LimpaTela();
+    TrimCamposTexto(*this); // what the clearing leaves from the person before
     if (ChecaEntrada(contexto_)) {
         contexto_.MostraTela(QStringLiteral("frmPESSOAS_INCL"));
         if (contexto_.RetornoPesquisa != u"[OK]")
             return;
     }
-    TrimCamposTexto(*this); // what the clearing leaves from the person before
     PosicionaBotoesEdicao();
     contexto_.ModoTela = QStringLiteral("I");
     LiberaCampos();

@@ -13,11 +13,17 @@ namespace {
 const QString sim = QStringLiteral("Sim");
 const QString nao = QStringLiteral("Não");
 
-/// A key of another table in its description; null and 0 stand for none.
+/// A key of another table in its description; null stands for none.
 void MostraDescricao(ContextoExecucao& contexto, screen::Field& campo, const data::Value& chave,
                      QString (*descreve)(ContextoExecucao&, const QString&)) {
-    const bool nenhuma = chave.isNull() || chave.toInt32() == 0;
-    campo.setText(nenhuma ? QString() : descreve(contexto, chave.text()));
+    campo.setText(chave.isNull() ? QString() : descreve(contexto, chave.text()));
+}
+
+/// The same for keys of which 0 stands for none too.
+void MostraDescricaoSemZero(ContextoExecucao& contexto, screen::Field& campo, const data::Value& chave,
+                            QString (*descreve)(ContextoExecucao&, const QString&)) {
+    const bool zero = !chave.isNull() && chave.toInt32() == 0;
+    MostraDescricao(contexto, campo, zero ? data::Value() : chave, descreve);
 }
 
 } // namespace
@@ -116,8 +122,9 @@ void frmCliente::CarregaCampos(const data::Recordset& registro) {
     MostraData(mskDtCredencial, registro.Fields("data_cred"));
     cboRevenda.setText(registro.Fields("reve").textOr({}) == u"S" ? sim : nao);
     MostraDescricao(contexto(), cboTipoCli, registro.Fields("idtipo_clie"), DescricaoTipoCliente);
-    MostraDescricao(contexto(), cboVendedor, registro.Fields("idvend"), ConhecidoVendedor);
-    MostraDescricao(contexto(), cboRegimeEspecialICMS, registro.Fields("idregi_espe_icms"), DescricaoRegimeEspecial);
+    MostraDescricaoSemZero(contexto(), cboVendedor, registro.Fields("idvend"), ConhecidoVendedor);
+    MostraDescricaoSemZero(contexto(), cboRegimeEspecialICMS, registro.Fields("idregi_espe_icms"),
+                           DescricaoRegimeEspecial);
     Mostra(txtLimeMaxiConh, registro.Fields("lime_maxi_conh"), u"0"_qs);
     MostraValor(lblValoTroc, registro.Fields("valo_troc"), u"0"_qs);
 }

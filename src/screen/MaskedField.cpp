@@ -42,9 +42,11 @@ void MaskedField::setMask(const QString& mask) {
 }
 
 bool MaskedField::fits(const QString& text) const {
-    if (text.size() != mask_.size())
-        return false;
-    for (qsizetype at = 0; at < mask_.size(); ++at) {
+    return text.size() == mask_.size() && follows(text);
+}
+
+bool MaskedField::follows(const QString& text) const {
+    for (qsizetype at = 0; at < std::min(text.size(), mask_.size()); ++at) {
         const bool matches = mask_[at] == place ? isDigit(text[at]) || text[at] == prompt : text[at] == mask_[at];
         if (!matches)
             return false;
@@ -63,16 +65,23 @@ void MaskedField::setText(const QString& text) {
     }
     QString digits;
     std::copy_if(text.begin(), text.end(), std::back_inserter(digits), isDigit);
-    if (digits.size() != mask_.count(place)) {
-        storeText(text);
-        return;
-    }
-    QString poured = blank();
+    storeText(canPour(text, digits) ? poured(digits) : text);
+}
+
+bool MaskedField::canPour(const QString& text, const QString& digits) const {
+    const qsizetype places = mask_.count(place);
+    if (digits.isEmpty() || digits.size() >= places)
+        return digits.size() == places;
+    return digits.size() == text.size() || follows(text);
+}
+
+QString MaskedField::poured(const QString& digits) const {
+    QString form = blank();
     qsizetype next = 0;
-    for (qsizetype at = 0; at < mask_.size(); ++at)
+    for (qsizetype at = 0; at < mask_.size() && next < digits.size(); ++at)
         if (mask_[at] == place)
-            poured[at] = digits[next++];
-    storeText(poured);
+            form[at] = digits[next++];
+    return form;
 }
 
 void MaskedField::clearSelected() {

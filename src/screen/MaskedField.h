@@ -19,8 +19,9 @@ class MaskedField : public Field {
     /// True when the text is empty or holds nothing but prompts and literals.
     bool isBlank() const;
 
-    /// A text that fits the mask is shown as it is; another has its digits poured into the places when they are as many,
-    /// else it is shown raw, as poured it would be another number. The empty text gives the blank form.
+    /// A text that fits the mask is shown as it is. Another has its digits poured into the places: when they are as
+    /// many, or fewer in a text of digits alone or one that begins as the mask does. Any other is shown raw, as it is
+    /// of another form and poured would be another value. The empty text gives the blank form.
     void setText(const QString& text) override;
 
     /// Editing by keys, at the selection: a digit fills the next place, a literal typed where it stands is passed over,
@@ -32,6 +33,10 @@ class MaskedField : public Field {
   private:
     QString blankOf(const QString& mask) const;
     bool fits(const QString& text) const;
+    /// True when the text has what the mask has at each place, as far as both go.
+    bool follows(const QString& text) const;
+    bool canPour(const QString& text, const QString& digits) const;
+    QString poured(const QString& digits) const;
     void clearSelected();
 
     QString mask_;
