@@ -4,6 +4,7 @@
 #include "desktop/Binder.h"
 
 #include <QClipboard>
+#include <QCompleter>
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -205,8 +206,17 @@ void NotesBinding::edited() {
 
 namespace {
 
+/// Makes a list editable. One that does so by itself takes a completer, which none needs and which is slow to make; an
+/// edit that has one already spares it.
 QLineEdit& editOf(QComboBox& combo) {
-    combo.setEditable(true);
+    if (!combo.isEditable()) {
+        static QCompleter spared;
+        auto* edit = new QLineEdit(&combo);
+        QWidget::setTabOrder(&combo, edit);
+        edit->setCompleter(&spared);
+        combo.setLineEdit(edit);
+        combo.setCompleter(nullptr);
+    }
     return *combo.lineEdit();
 }
 
