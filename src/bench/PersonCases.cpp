@@ -117,8 +117,12 @@ using Bench = Lazy<PersonBench>;
 
 /// The register's start against a window, an attachment and the same statements with nothing of the register.
 Case start(const Bench& bench, const char* name, const char* window) {
-    return {QString::fromUtf8(name), QStringLiteral("ms"), [=] { return bench->startsBare(window); },
-            [=] { return bench->startsRegister(); }, 1.5, starts};
+    return {QString::fromUtf8(name),
+            QStringLiteral("ms"),
+            [=] { return bench->startsBare(window); },
+            [=] { return bench->startsRegister(); },
+            1.5,
+            starts};
 }
 
 } // namespace
