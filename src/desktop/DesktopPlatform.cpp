@@ -45,6 +45,10 @@ DesktopPlatform::~DesktopPlatform() = default;
 
 void DesktopPlatform::prepare(screen::Screen& screen) {
     prepared_ = std::make_unique<ScreenWindow>(screen, top());
+    for (const QWidget* widget : prepared_->findChildren<QWidget*>())
+        widget->ensurePolished();
+    // What the widgets have to tell each other since they were made is told now.
+    QCoreApplication::sendPostedEvents();
     // The first picture, whatever it is, makes the toolkit load all that it has for pictures.
     QImage::fromData(QByteArrayLiteral("BM"));
 }
