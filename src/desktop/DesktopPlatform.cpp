@@ -35,7 +35,9 @@ screen::Answer DesktopPlatform::messageBox(const screen::Box& box) {
     showAll();
     const auto shown = MakeMessageBox(box, top());
     boxes_.push_back(shown.get());
-    shown->exec();
+    Termination::listen();
+    if (!endWanted_)
+        shown->exec();
     boxes_.pop_back();
     return AnswerOf(*shown);
 }
@@ -79,6 +81,8 @@ void DesktopPlatform::runModal(screen::Screen& screen) {
     window.restorePlace();
     window.show();
     window.activateWindow();
+    if (endWanted_)
+        end();
     if (window.binder().isOpen())
         loop.exec();
     window.rememberPlace();
@@ -97,8 +101,13 @@ void DesktopPlatform::leaveIfEnded() {
 
 /// The system wants the process to end: in order, and without a question that nobody may be there to answer.
 void DesktopPlatform::end() {
-    if (!top())
+    if (!top()) {
+        // Nothing stands yet but a box of the launch; the first window, should one still come, ends at once.
+        endWanted_ = true;
+        for (QDialog* box : boxes_)
+            box->reject();
         return;
+    }
     screen::Program& program = top()->binder().screen().program();
     program.dispatch([&] { program.End(); });
     leaveIfEnded();

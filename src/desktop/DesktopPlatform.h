@@ -46,6 +46,7 @@ class DesktopPlatform : public screen::Platform {
     std::vector<QEventLoop*> loops_;
     std::vector<QDialog*> boxes_;
     QElapsedTimer lastProgress_;
+    bool endWanted_ = false; ///< told to end before there was a window
     Termination termination_{[this] { end(); }};
 };
 

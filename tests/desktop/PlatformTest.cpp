@@ -191,6 +191,23 @@ TEST(DesktopPlatform, TheSystemsWishEndsTheProgramInOrder) {
     EXPECT_FALSE(wentOn);
     EXPECT_EQ(program.exitCode(), 0);
 }
+
+TEST(DesktopPlatform, TheSystemsWishEndsALaunchThatIsStuckInABox) {
+    desktop::DesktopPlatform platform;
+    screen::Program program(platform);
+    Menu menu(program);
+    bool loaded = false;
+    later([] { std::raise(SIGTERM); });
+    EXPECT_FALSE(program.dispatch([&] {
+        program.MsgBox(QStringLiteral("O Servidor não está respondendo."));
+        program.MsgBox(QStringLiteral("Ainda não."));
+        program.ShowModal(menu);
+        loaded = true;
+    }));
+    EXPECT_FALSE(loaded);
+    EXPECT_TRUE(program.hasEnded());
+    EXPECT_EQ(program.exitCode(), 0);
+}
 #endif
 
 TEST(DesktopPlatform, AScreenKeepsItsPlace) {
