@@ -13,13 +13,6 @@ const QStringList colunasLogr{u"CEP8_LOGR"_qs, u"NOME_LOGR"_qs, u"UF00_LOGR"_qs,
 const QString arquivoCep = QStringLiteral("/vorta/config/server_cep.ini");
 const QString titulo = QStringLiteral("ERP VORTA - Nexoria - Release 2015.07.24");
 
-QStringList linhaDo(const screen::Grid& grid, int linha) {
-    QStringList celulas;
-    for (int coluna = 0; coluna < grid.Cols(); ++coluna)
-        celulas += grid.cell(linha, coluna);
-    return celulas;
-}
-
 } // namespace
 
 class BuscaCepTest : public BuscaTest {

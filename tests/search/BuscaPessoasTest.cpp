@@ -19,13 +19,6 @@ QList<data::Value> pessoa(qint64 id, const char* nome, data::Value clie = {}) {
             null(),          null()};
 }
 
-QStringList linhaDo(const screen::Grid& grid, int linha) {
-    QStringList celulas;
-    for (int coluna = 0; coluna < grid.Cols(); ++coluna)
-        celulas += grid.cell(linha, coluna);
-    return celulas;
-}
-
 } // namespace
 
 class BuscaPessoasTest : public BuscaTest {

@@ -45,13 +45,6 @@ QList<data::Value> produto(qint64 id, const char* codigo, const char* descricao)
             text("SET"),  text("COR"),    text("EST"),     text("PRA"),       text("TIPO")};
 }
 
-QStringList linhaDo(const screen::Grid& grid, int linha) {
-    QStringList celulas;
-    for (int coluna = 0; coluna < grid.Cols(); ++coluna)
-        celulas += grid.cell(linha, coluna);
-    return celulas;
-}
-
 } // namespace
 
 class BuscaProdutoTest : public BuscaTest {

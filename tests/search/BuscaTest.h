@@ -41,6 +41,14 @@ class TelaQueChama : public screen::Screen {
     screen::ListField cboPais_Entg{this, "cboPais_Entg"};
 };
 
+/// The cells of a row, from the left.
+inline QStringList linhaDo(const screen::Grid& grid, int linha) {
+    QStringList celulas;
+    for (int coluna = 0; coluna < grid.Cols(); ++coluna)
+        celulas += grid.cell(linha, coluna);
+    return celulas;
+}
+
 /// A register with the search screens, a calling screen `frmPessoas` and a database that answers what it is told.
 class BuscaTest : public testing::Test {
   protected:
