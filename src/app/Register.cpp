@@ -1,5 +1,6 @@
 #include "app/Register.h"
 
+#include "base/Literals.h"
 #include "firebird/FirebirdAdapter.h"
 #include "maintenance/frmInfoPess.h"
 #include "odbc/OdbcAdapter.h"
@@ -21,7 +22,7 @@ Register::Register(screen::Platform& platform, data::StatementTrace trace)
 }
 
 QString Register::startScreen() {
-    return QStringLiteral("frmPessoas");
+    return u"frmPessoas"_s;
 }
 
 std::unique_ptr<data::Adapter> Register::makeAdapter(data::Engine engine) {

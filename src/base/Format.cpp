@@ -1,5 +1,6 @@
 #include "base/Format.h"
 
+#include "base/Literals.h"
 #include "base/Text.h"
 
 #include <QRegularExpression>
@@ -9,7 +10,9 @@ namespace vorta {
 
 namespace {
 
-QString withComma(QString number) { return number.replace(u'.', u','); }
+QString withComma(QString number) {
+    return number.replace(u'.', u',');
+}
 
 } // namespace
 
@@ -19,28 +22,40 @@ QString FormatAmount(double value) {
     return withComma(value < 0 && cents > 0 ? u'-' + text : text);
 }
 
-QString FormatAmountText(const QString& text) { return IsNumeric(text) ? FormatAmount(ToNumber(text)) : text; }
+QString FormatAmountText(const QString& text) {
+    return IsNumeric(text) ? FormatAmount(ToNumber(text)) : text;
+}
 
-QString FormatNumber(double value) { return withComma(QString::number(value, 'g', 15)); }
+QString FormatNumber(double value) {
+    return withComma(QString::number(value, 'g', 15));
+}
 
-QString FormatDate(const QDate& date) { return date.toString(QStringLiteral("dd/MM/yyyy")); }
+QString FormatDate(const QDate& date) {
+    return date.toString(u"dd/MM/yyyy"_s);
+}
 
-QString FormatDateTime(const QDateTime& moment) { return moment.toString(QStringLiteral("dd/MM/yyyy HH:mm")); }
+QString FormatDateTime(const QDateTime& moment) {
+    return moment.toString(u"dd/MM/yyyy HH:mm"_s);
+}
 
 QString FormatDayMonthText(const QString& text) {
     std::optional<QDateTime> day = ParseDate(text);
     if (!day)
-        day = ParseDate(text + QStringLiteral("/2000"));
-    return day ? day->toString(QStringLiteral("dd/MM")) : text;
+        day = ParseDate(text + u"/2000"_s);
+    return day ? day->toString(u"dd/MM"_s) : text;
 }
 
-QString FormatDateSql(const QDate& date) { return date.toString(QStringLiteral("yyyyMMdd")); }
+QString FormatDateSql(const QDate& date) {
+    return date.toString(u"yyyyMMdd"_s);
+}
 
-QString FormatDateSqlSlashes(const QDate& date) { return date.toString(QStringLiteral("yyyy/MM/dd")); }
+QString FormatDateSqlSlashes(const QDate& date) {
+    return date.toString(u"yyyy/MM/dd"_s);
+}
 
 std::optional<QDateTime> ParseDate(const QString& text) {
     static const QRegularExpression form(
-        QStringLiteral("^(\\d{1,2})[/.-](\\d{1,2})[/.-](\\d{4}|\\d{2})(?: +(\\d{1,2}):(\\d{2})(?::(\\d{2}))?)?$"));
+        u"^(\\d{1,2})[/.-](\\d{1,2})[/.-](\\d{4}|\\d{2})(?: +(\\d{1,2}):(\\d{2})(?::(\\d{2}))?)?$"_s);
     const QRegularExpressionMatch match = form.match(Trim(text));
     if (!match.hasMatch())
         return std::nullopt;
@@ -56,6 +71,8 @@ std::optional<QDateTime> ParseDate(const QString& text) {
     return QDateTime(date, time);
 }
 
-bool IsDate(const QString& text) { return ParseDate(text).has_value(); }
+bool IsDate(const QString& text) {
+    return ParseDate(text).has_value();
+}
 
 } // namespace vorta

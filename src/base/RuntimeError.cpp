@@ -1,5 +1,7 @@
 #include "base/RuntimeError.h"
 
+#include "base/Literals.h"
+
 #include <array>
 
 namespace vorta {
@@ -33,7 +35,7 @@ QString wordsOf(int number, const QString& description) {
     for (const StandardWords& row : standardWords)
         if (row.number == number)
             return QString::fromUtf8(row.words);
-    return QStringLiteral("Erro em tempo de execução");
+    return u"Erro em tempo de execução"_s;
 }
 
 } // namespace
@@ -43,6 +45,6 @@ RuntimeError::RuntimeError(int number, const QString& description) : RuntimeErro
 RuntimeError::RuntimeError(int number, const QString& description, int engineCode, const QString& sqlState,
                            const QString& statement)
     : number_(number), description_(wordsOf(number, description)), engineCode_(engineCode), sqlState_(sqlState),
-      statement_(statement), utf8_((QString::number(number_) + QStringLiteral(" - ") + description_).toUtf8()) {}
+      statement_(statement), utf8_((QString::number(number_) + u" - "_s + description_).toUtf8()) {}
 
 } // namespace vorta

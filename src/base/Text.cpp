@@ -14,9 +14,9 @@ namespace {
 constexpr QChar blank = u' ';
 
 /// Code points that Windows-1252 holds in 0x80..0x9F.
-constexpr std::array<char16_t, 27> upperControls{0x20AC, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030,
-                                                 0x0160, 0x2039, 0x0152, 0x017D, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-                                                 0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x017E, 0x0178};
+constexpr std::array<char16_t, 27> upperControls{
+    0x20AC, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x017D, 0x2018,
+    0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x017E, 0x0178};
 
 bool inRepertoire(QChar character) {
     const char16_t code = character.unicode();
@@ -47,7 +47,9 @@ QString RTrim(const QString& text) {
     return text.left(end);
 }
 
-QString Trim(const QString& text) { return RTrim(LTrim(text)); }
+QString Trim(const QString& text) {
+    return RTrim(LTrim(text));
+}
 
 QString UCase(const QString& text) {
     QString upper = text;
@@ -70,7 +72,9 @@ QString Mid(const QString& text, int start, int count) {
     return text.mid(start - 1, count);
 }
 
-QString Left(const QString& text, int count) { return text.left(std::max(count, 0)); }
+QString Left(const QString& text, int count) {
+    return text.left(std::max(count, 0));
+}
 
 double Val(const QString& text) {
     QString number;
@@ -151,7 +155,9 @@ bool ToBoolean(const QString& text) {
     return ToNumber(word) != 0;
 }
 
-bool InRepertoire(const QString& text) { return std::all_of(text.begin(), text.end(), inRepertoire); }
+bool InRepertoire(const QString& text) {
+    return std::all_of(text.begin(), text.end(), inRepertoire);
+}
 
 QString OnlyRepertoire(const QString& text) {
     QString kept;

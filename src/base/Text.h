@@ -10,8 +10,8 @@ QString Trim(const QString& text);
 QString RTrim(const QString& text);
 QString LTrim(const QString& text);
 
-/// Upper case character by character: the length never changes, so "ß" stays "ß". A letter whose capital the data cannot
-/// hold ("µ", "ƒ") stays as well.
+/// Upper case character by character: the length never changes, so "ß" stays "ß". A letter whose capital the data
+/// cannot hold ("µ", "ƒ") stays as well.
 QString UCase(const QString& text);
 QString LCase(const QString& text);
 

@@ -1,5 +1,6 @@
 #include "bench/DataCases.h"
 
+#include "base/Literals.h"
 #include "bench/BareClient.h"
 #include "bench/Lazy.h"
 #include "data/Recordset.h"
@@ -21,12 +22,12 @@ constexpr int statements = 2000;
 constexpr int writes = 200;
 
 const QByteArray everyPerson = "select * from pess";
-const QString microseconds = QStringLiteral("us/statement");
+const QString microseconds = u"us/statement"_s;
 
 /// One database, seen by the register's connection and by the bare client.
 class DataBench {
   public:
-    DataBench() : path_(folder_.filePath(QStringLiteral("bench.fdb"))), register_(adapters()) {
+    DataBench() : path_(folder_.filePath(u"bench.fdb"_s)), register_(adapters()) {
         firebird::CreateDatabase(path_);
         bare_ = std::make_unique<BareClient>(path_);
         fill();
@@ -82,7 +83,7 @@ Statement byText(int key) {
 Statement insertion(int key) {
     Statement statement;
     statement << "insert into grav (idgrav, nome, data_incl) values (" << key << ", '" << QString::number(key) << "', '"
-              << QStringLiteral("2026/11/20") << "')";
+              << u"2026/11/20"_s << "')";
     return statement;
 }
 
@@ -108,7 +109,7 @@ Case reads(const Bench& bench, const char* name, Statement (*make)(int), double 
 }
 
 Case inserts(const Bench& bench) {
-    return {QStringLiteral("data: inserts of one transaction"), microseconds,
+    return {u"data: inserts of one transaction"_s, microseconds,
             [bench] {
                 return Microseconds(writes, [&] {
                     bench->bare().begin();
@@ -129,7 +130,7 @@ Case inserts(const Bench& bench) {
 }
 
 Case fetch(const Bench& bench) {
-    return {QStringLiteral("data: 100,000 rows of 15 columns fetched"), QStringLiteral("us/row"),
+    return {u"data: 100,000 rows of 15 columns fetched"_s, u"us/row"_s,
             [bench] { return Microseconds(persons, [&] { bench->bare().send(everyPerson); }); },
             [bench] {
                 return Microseconds(persons, [&] {
@@ -141,7 +142,7 @@ Case fetch(const Bench& bench) {
 }
 
 Case fetchAndRead(const Bench& bench) {
-    return {QStringLiteral("data: 100,000 rows fetched, 4 columns read"), QStringLiteral("us/row"),
+    return {u"data: 100,000 rows fetched, 4 columns read"_s, u"us/row"_s,
             [bench] { return Microseconds(persons, [&] { bench->bare().send(everyPerson); }); },
             [bench] {
                 return Microseconds(persons, [&] {
@@ -163,7 +164,7 @@ double allocatedBytes() {
 }
 
 Case memory(const Bench& bench) {
-    return {QStringLiteral("data: memory of 100,000 rows"), QStringLiteral("bytes/row"),
+    return {u"data: memory of 100,000 rows"_s, u"bytes/row"_s,
             [bench] {
                 const BareClient::Volume volume = bench->bare().volume(everyPerson);
                 return static_cast<double>(volume.bytes) / static_cast<double>(volume.rows);

@@ -1,5 +1,6 @@
 #include "bench/MaintenanceCases.h"
 
+#include "base/Literals.h"
 #include "bench/ScreenBench.h"
 #include "maintenance/frmInfoPess.h"
 
@@ -55,8 +56,8 @@ struct MaintenanceBench : ScreenBench {
 
 Case memory(const std::shared_ptr<MaintenanceBench>& bench) {
     constexpr double allowed = 16;
-    return {QStringLiteral("maintenance: memory added by the run"),
-            QStringLiteral("bytes/person"),
+    return {u"maintenance: memory added by the run"_s,
+            u"bytes/person"_s,
             [] { return allowed; },
             [bench] { return bench->growth(); },
             1.0,
@@ -70,8 +71,8 @@ std::vector<Case> MaintenanceCases() {
     const int wanted = qEnvironmentVariableIntValue("PESSOAS_BENCH_PERSONS", &given);
     const auto bench = std::make_shared<MaintenanceBench>(given ? wanted : usualPersons);
     return {bench->work(
-                QStringLiteral("maintenance: municipal codes of %1 persons").arg(bench->persons),
-                QStringLiteral("us/person"), bench->persons, [bench] { bench->run(); }, 0.8, rounds),
+                u"maintenance: municipal codes of %1 persons"_s.arg(bench->persons), u"us/person"_s, bench->persons,
+                [bench] { bench->run(); }, 0.8, rounds),
             memory(bench)};
 }
 

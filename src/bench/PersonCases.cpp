@@ -1,5 +1,6 @@
 #include "bench/PersonCases.h"
 
+#include "base/Literals.h"
 #include "bench/QuietPlatform.h"
 #include "bench/RecordedWork.h"
 #include "firebird/EmbeddedEngine.h"
@@ -22,7 +23,7 @@ constexpr int loads = 100;
 constexpr int saves = 20;
 constexpr int starts = 41; ///< rounds: nothing varies as much as the start of a process
 
-const QString launchString = QStringLiteral("1^1^PRD^False^");
+const QString launchString = u"1^1^PRD^False^"_s;
 
 /// An installation with its person screen, idle after the launch, on one side and the bare client on the other.
 class PersonBench {
@@ -56,12 +57,12 @@ class PersonBench {
 
     /// Milliseconds until a program of its own has painted its window: a "bare" one or one with the "form".
     double startsBare(const char* window) {
-        const QString list = folder_.filePath(QStringLiteral("inicio.sql"));
+        const QString list = folder_.filePath(u"inicio.sql"_s);
         if (QFile file(list); !file.exists() && file.open(QIODevice::WriteOnly))
             file.write(atStart_.join('\n'));
         return starts({QString::fromLatin1(window), contexto_.StringConexaoFirebird, list});
     }
-    double startsRegister() { return starts({QStringLiteral("register"), launchString}); }
+    double startsRegister() { return starts({u"register"_s, launchString}); }
 
   private:
     void act(const std::function<void()>& event) {
@@ -87,13 +88,13 @@ class PersonBench {
     double starts(const QStringList& arguments) {
         QProcess started;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("VORTA_HOME"), folder_.path());
-        environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder_.path());
-        if (!environment.contains(QStringLiteral("QT_QPA_PLATFORM")))
-            environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        environment.insert(u"VORTA_HOME"_s, folder_.path());
+        environment.insert(u"XDG_CONFIG_HOME"_s, folder_.path());
+        if (!environment.contains(u"QT_QPA_PLATFORM"_s))
+            environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
         started.setProcessEnvironment(environment);
         const double milliseconds = Microseconds(1000, [&] {
-            started.start(QCoreApplication::applicationDirPath() + QStringLiteral("/pessoas-bench-start"), arguments);
+            started.start(QCoreApplication::applicationDirPath() + u"/pessoas-bench-start"_s, arguments);
             started.waitForReadyRead();
         });
         started.waitForFinished();
@@ -118,7 +119,7 @@ using Bench = Lazy<PersonBench>;
 /// The register's start against a window, an attachment and the same statements with nothing of the register.
 Case start(const Bench& bench, const char* name, const char* window) {
     return {QString::fromUtf8(name),
-            QStringLiteral("ms"),
+            u"ms"_s,
             [=] { return bench->startsBare(window); },
             [=] { return bench->startsRegister(); },
             1.5,

@@ -1,5 +1,6 @@
 #include "bench/Recorder.h"
 
+#include "base/Literals.h"
 #include "data/QualifiedColumns.h"
 #include "firebird/Bridge.h"
 
@@ -12,11 +13,11 @@ namespace vorta::bench {
 namespace {
 
 QByteArray spoken(const QString& text) {
-    static const QRegularExpression day(QStringLiteral("'(\\d{4})(\\d{2})(\\d{2})'"));
+    static const QRegularExpression day(u"'(\\d{4})(\\d{2})(\\d{2})'"_s);
     data::Statement statement;
     statement += text;
     QString bridged = firebird::BridgeSyntax(data::QualifyRoleKeys(statement)).text();
-    return bridged.replace(day, QStringLiteral("'\\1-\\2-\\3'")).toUtf8();
+    return bridged.replace(day, u"'\\1-\\2-\\3'"_s).toUtf8();
 }
 
 bool isWrite(const QByteArray& text) {

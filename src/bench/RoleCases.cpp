@@ -1,5 +1,6 @@
 #include "bench/RoleCases.h"
 
+#include "base/Literals.h"
 #include "bench/QuietPlatform.h"
 #include "bench/RecordedWork.h"
 #include "firebird/EmbeddedEngine.h"
@@ -30,14 +31,14 @@ class PicturePlatform : public QuietPlatform {
 /// One database, seen by role screens and by the bare client.
 class RoleBench {
   public:
-    RoleBench() : path_(folder_.filePath(QStringLiteral("roles.fdb"))) {
+    RoleBench() : path_(folder_.filePath(u"roles.fdb"_s)) {
         firebird::CreateDatabase(path_);
         bare_ = std::make_unique<BareClient>(path_);
         fill();
-        contexto_.RegistraTela(QStringLiteral("frmPessoas"),
+        contexto_.RegistraTela(u"frmPessoas"_s,
                                [](ContextoExecucao& owner) { return std::make_unique<frmPessoas>(owner); });
         RegistraTelasPapeis(contexto_);
-        contexto_.TipoBanco = QStringLiteral("FIREBIRD");
+        contexto_.TipoBanco = u"FIREBIRD"_s;
         contexto_.ConexaoPrincipal = contexto_.novaConexao();
         contexto_.ConexaoPrincipal->Open(data::Engine::Firebird, path_);
     }
@@ -49,13 +50,13 @@ class RoleBench {
     }
     void saves(int step) {
         shows(step, [this](screen::Screen& shown) {
-            user_.click(shown.field(QStringLiteral("cmdALTERAR")));
-            user_.click(shown.field(QStringLiteral("cmdSALVAR")));
+            user_.click(shown.field(u"cmdALTERAR"_s));
+            user_.click(shown.field(u"cmdSALVAR"_s));
         });
     }
     void paints(int step) {
-        screen::Screen& tela = contexto_.Tela(QStringLiteral("frmPessoas"));
-        tela.field(QStringLiteral("txtRowID")).setText(QString::number(person(step)));
+        screen::Screen& tela = contexto_.Tela(u"frmPessoas"_s);
+        tela.field(u"txtRowID"_s).setText(QString::number(person(step)));
         AtualizaIndicadoresVinculo(contexto_, tela);
     }
 
@@ -75,7 +76,7 @@ class RoleBench {
             shown.Unload();
         };
         contexto_.IdPessoaVinculo = QString::number(person(step));
-        program_.dispatch([this] { contexto_.MostraTela(QStringLiteral("frmFornecedor")); });
+        program_.dispatch([this] { contexto_.MostraTela(u"frmFornecedor"_s); });
     }
 
     void fill() {

@@ -1,5 +1,6 @@
 #include "bench/ScreenBench.h"
 
+#include "base/Literals.h"
 #include "firebird/EmbeddedEngine.h"
 #include "kit/Create.h"
 #include "launch/ConectaServidor.h"
@@ -9,8 +10,8 @@ namespace vorta::bench {
 ScreenBench::ScreenBench(int persons) {
     firebird::PrepareEmbeddedEngine(folder_.path());
     kit::CreateInstallation(folder_.path(), {.people = persons});
-    firebird::SetForcedWrites(folder_.filePath(QStringLiteral("base/pessoas.fdb")), false);
-    contexto.Ambiente = QStringLiteral("PRD");
+    firebird::SetForcedWrites(folder_.filePath(u"base/pessoas.fdb"_s), false);
+    contexto.Ambiente = u"PRD"_s;
     ConectaServidor(contexto);
     bare = std::make_unique<BareClient>(contexto.StringConexaoFirebird);
 }

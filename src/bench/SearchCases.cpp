@@ -1,5 +1,6 @@
 #include "bench/SearchCases.h"
 
+#include "base/Literals.h"
 #include "bench/Lazy.h"
 #include "bench/QuietPlatform.h"
 #include "bench/Recorder.h"
@@ -36,7 +37,7 @@ class SearchBench {
     SearchBench() {
         firebird::PrepareEmbeddedEngine(home());
         kit::CreateInstallation(home(), {.people = persons});
-        contexto.Ambiente = QStringLiteral("PRD");
+        contexto.Ambiente = u"PRD"_s;
         ConectaServidor(contexto);
         bare = std::make_unique<BareClient>(contexto.StringConexaoFirebird);
         people = static_cast<int>(bare->volume(everyPerson).rows);
@@ -93,7 +94,7 @@ class SearchBench {
 using Bench = Lazy<SearchBench>;
 
 Case wholeRegister(const Bench& bench) {
-    return {QStringLiteral("search: whole register into the grid"), QStringLiteral("us/person"),
+    return {u"search: whole register into the grid"_s, u"us/person"_s,
             [bench] { return Microseconds(bench->people, [&] { bench->bare->send(everyPerson); }); },
             [bench] {
                 return Microseconds(bench->people,
@@ -106,7 +107,7 @@ Case wholeRegister(const Bench& bench) {
 Case customers(const Bench& bench, const QString& name, const QString& beginning, int rounds = 11) {
     const auto texts = std::make_shared<Recorder::Statements>();
     return {name,
-            QStringLiteral("us/statement"),
+            u"us/statement"_s,
             [bench, beginning, texts] {
                 if (texts->isEmpty())
                     *texts = bench->statementsOf(bench->searched.opInicialCom, beginning, bench->searched.opCliente);
@@ -122,10 +123,10 @@ Case customers(const Bench& bench, const QString& name, const QString& beginning
 }
 
 Case byBeginning(const Bench& bench) {
-    const QString beginning = QStringLiteral("MARIA A");
+    const QString beginning = u"MARIA A"_s;
     const auto texts = std::make_shared<Recorder::Statements>();
     constexpr int thousand = 1000;
-    return {QStringLiteral("search: names that begin with a text"), QStringLiteral("ms"),
+    return {u"search: names that begin with a text"_s, u"ms"_s,
             [bench, beginning, texts] {
                 if (texts->isEmpty())
                     *texts = bench->statementsOf(bench->searched.opInicialCom, beginning, bench->searched.opTodos);
@@ -141,7 +142,7 @@ Case byBeginning(const Bench& bench) {
 /// Here the floor is what a person may take.
 Case memory(const Bench& bench) {
     constexpr double allowed = 1024;
-    return {QStringLiteral("search: memory of a search"), QStringLiteral("bytes/person"), [] { return allowed; },
+    return {u"search: memory of a search"_s, u"bytes/person"_s, [] { return allowed; },
             [bench] {
                 bench->searched.MontaGridPessoas();
                 const double before = allocatedBytes();
@@ -156,7 +157,7 @@ Case memory(const Bench& bench) {
 
 Case grid(const Bench& bench) {
     constexpr double allowed = 250;
-    return {QStringLiteral("search: memory of the grid"), QStringLiteral("bytes/person"), [] { return allowed; },
+    return {u"search: memory of the grid"_s, u"bytes/person"_s, [] { return allowed; },
             [bench] {
                 const int found = bench->find(bench->searched.opQualquerParte, {}, bench->searched.opTodos);
                 return static_cast<double>(bench->searched.Flex.bytesUsed()) / found;
@@ -166,7 +167,7 @@ Case grid(const Bench& bench) {
 
 /// Ten times the streets must not take more for each of them.
 Case streets(const Bench& bench) {
-    return {QStringLiteral("search: postal codes, 5000 streets against 500"), QStringLiteral("us/street"),
+    return {u"search: postal codes, 5000 streets against 500"_s, u"us/street"_s,
             [bench] { return bench->microsecondsPerStreet("MEDIDA CURTA", shortStreets); },
             [bench] { return bench->microsecondsPerStreet("MEDIDA LONGA", longStreets); }, 1.5};
 }
@@ -176,9 +177,9 @@ Case streets(const Bench& bench) {
 std::vector<Case> SearchCases() {
     const Bench bench;
     return {wholeRegister(bench),
-            customers(bench, QStringLiteral("search: customers that begin with \"A\""), QStringLiteral("A")),
-            customers(bench, QStringLiteral("search: customers that begin with \"MARIA\""), QStringLiteral("MARIA")),
-            customers(bench, QStringLiteral("search: customers of the whole register"), {}, 5),
+            customers(bench, u"search: customers that begin with \"A\""_s, u"A"_s),
+            customers(bench, u"search: customers that begin with \"MARIA\""_s, u"MARIA"_s),
+            customers(bench, u"search: customers of the whole register"_s, {}, 5),
             byBeginning(bench),
             memory(bench),
             grid(bench),

@@ -1,5 +1,6 @@
 #include "bench/SqlServerCases.h"
 
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "data/Connection.h"
 #include "data/Recordset.h"
@@ -121,7 +122,7 @@ class SqlServerBench {
 using Bench = std::shared_ptr<SqlServerBench>;
 
 Case byKey(const Bench& bench) {
-    return {QStringLiteral("sql server: statement by key"), QStringLiteral("us/statement"),
+    return {u"sql server: statement by key"_s, u"us/statement"_s,
             [bench] {
                 return Microseconds(statements, [&] {
                     for (int i = 0; i < statements; ++i)
@@ -141,7 +142,7 @@ Case byKey(const Bench& bench) {
 }
 
 Case fetch(const Bench& bench) {
-    return {QStringLiteral("sql server: 100,000 rows of 10 columns fetched"), QStringLiteral("us/row"),
+    return {u"sql server: 100,000 rows of 10 columns fetched"_s, u"us/row"_s,
             [bench] { return Microseconds(rowsOfTable, [&] { bench->bare.send(everyRow); }); },
             [bench] {
                 return Microseconds(rowsOfTable, [&] {

@@ -1,5 +1,6 @@
 #include "bench/TradeCases.h"
 
+#include "base/Literals.h"
 #include "bench/ScreenBench.h"
 #include "person/HistoricoPessoa.h"
 #include "person/frmPessoas.h"
@@ -59,8 +60,8 @@ struct TradeBench : ScreenBench {
         bare->send("execute block as declare n varchar(31); begin for select rdb$index_name from rdb$indices "
                    "where coalesce(rdb$system_flag, 0) = 0 into :n do execute statement 'set statistics index ' || n; "
                    "end");
-        pessoa.txtRowID.setText(QStringLiteral("9000001"));
-        produtos.lblCodiEmpresa.setText(QStringLiteral("0099"));
+        pessoa.txtRowID.setText(u"9000001"_s);
+        produtos.lblCodiEmpresa.setText(u"0099"_s);
         produtos.Option1.setValue(true);
     }
 
@@ -89,11 +90,11 @@ struct TradeBench : ScreenBench {
 std::vector<Case> TradeCases() {
     const auto bench = std::make_shared<TradeBench>();
     return {bench->work(
-                QStringLiteral("trade: history of 2,000 orders, all tabs"), QStringLiteral("us/order"), orders,
-                [bench] { bench->history(); }, 0.5, rounds),
+                u"trade: history of 2,000 orders, all tabs"_s, u"us/order"_s, orders, [bench] { bench->history(); },
+                0.5, rounds),
             bench->work(
-                QStringLiteral("trade: search of 20,000 products"), QStringLiteral("us/product"), products,
-                [bench] { bench->search(); }, 0.5, rounds)};
+                u"trade: search of 20,000 products"_s, u"us/product"_s, products, [bench] { bench->search(); }, 0.5,
+                rounds)};
 }
 
 } // namespace vorta::bench

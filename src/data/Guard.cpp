@@ -1,5 +1,6 @@
 #include "data/Guard.h"
 
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "data/SqlTokens.h"
 
@@ -11,8 +12,8 @@ namespace {
 
 [[noreturn]] void refuse(const Statement& statement, QStringView near) {
     constexpr int syntaxError = -104;
-    throw RuntimeError(errorNumber::StatementRefused, QStringLiteral("Incorrect syntax near '%1'.").arg(near.left(60)),
-                       syntaxError, QStringLiteral("42000"), statement.text());
+    throw RuntimeError(errorNumber::StatementRefused, u"Incorrect syntax near '%1'."_s.arg(near.left(60)), syntaxError,
+                       u"42000"_s, statement.text());
 }
 
 /// An apostrophe typed alone ends a literal; two in a row stand for one inside it. A value whose apostrophes all come

@@ -1,5 +1,6 @@
 #include "desktop/Binding.h"
 
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "desktop/Binder.h"
 #include "desktop/ButtonBindings.h"
@@ -219,7 +220,7 @@ std::unique_ptr<Binding> bindingFor(Binder& binder, screen::Field& field, QWidge
 std::unique_ptr<Binding> MakeBinding(Binder& binder, screen::Field& field, QWidget& widget) {
     std::unique_ptr<Binding> binding = bindingFor(binder, field, widget);
     if (!binding)
-        throw RuntimeError(errorNumber::TypeMismatch, QStringLiteral("%1.%2").arg(field.screen().name(), field.name()));
+        throw RuntimeError(errorNumber::TypeMismatch, u"%1.%2"_s.arg(field.screen().name(), field.name()));
     return binding;
 }
 

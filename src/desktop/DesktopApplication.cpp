@@ -1,5 +1,6 @@
 #include "desktop/DesktopApplication.h"
 
+#include "base/Literals.h"
 #include "desktop/Style.h"
 
 #include <QLocale>
@@ -53,7 +54,7 @@ QPalette colours() {
 } // namespace
 
 DesktopApplication::DesktopApplication(int& argc, char** argv) : QApplication(argc, argv) {
-    setApplicationName(QStringLiteral("pessoas"));
+    setApplicationName(u"pessoas"_s);
     setApplicationDisplayName({});
     QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
     setStyle(new Style);

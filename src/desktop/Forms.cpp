@@ -1,5 +1,6 @@
 #include "desktop/Forms.h"
 
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "ui_frmArquiteto.h"
 #include "ui_frmBROWSE_CEPS.h"
@@ -94,7 +95,7 @@ QStringList FormNames() {
 void SetUpForm(const QString& name, QWidget& widget) {
     const Form* form = find(forms, name);
     if (!form)
-        throw RuntimeError(errorNumber::ObjectNotSet, QStringLiteral("A tela %1 não tem janela").arg(name));
+        throw RuntimeError(errorNumber::ObjectNotSet, u"A tela %1 não tem janela"_s.arg(name));
     form->setUp(widget);
 }
 

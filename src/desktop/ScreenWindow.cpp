@@ -1,5 +1,6 @@
 #include "desktop/ScreenWindow.h"
 
+#include "base/Literals.h"
 #include "desktop/Forms.h"
 
 #include <QApplication>
@@ -19,7 +20,7 @@ constexpr int barHeight = 4;
 constexpr int barSteps = 1000;
 
 QSettings settings() {
-    return QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("vorta"), QStringLiteral("pessoas"));
+    return QSettings(QSettings::IniFormat, QSettings::UserScope, u"vorta"_s, u"pessoas"_s);
 }
 
 } // namespace
@@ -40,7 +41,7 @@ ScreenWindow::ScreenWindow(screen::Screen& screen, QWidget* parent)
         if (now && room->isAncestorOf(now))
             room->ensureWidgetVisible(now);
     });
-    bar_->setObjectName(QStringLiteral("progresso"));
+    bar_->setObjectName(u"progresso"_s);
     bar_->setTextVisible(false);
     bar_->setFixedHeight(barHeight);
     bar_->setRange(0, barSteps);
@@ -87,7 +88,7 @@ void ScreenWindow::showProgress(qint64 done, qint64 total) {
 }
 
 QString ScreenWindow::placeKey() const {
-    return QStringLiteral("janelas/") + screen_.name();
+    return u"janelas/"_s + screen_.name();
 }
 
 void ScreenWindow::restorePlace() {

@@ -1,5 +1,7 @@
 #include "desktop/Style.h"
 
+#include "base/Literals.h"
+
 #include <QPainter>
 #include <QStyleOption>
 #include <array>
@@ -54,7 +56,7 @@ void drawButton(QPainter& painter, const QStyleOption& option) {
 
 } // namespace
 
-Style::Style() : QProxyStyle(QStringLiteral("Fusion")) {}
+Style::Style() : QProxyStyle(u"Fusion"_s) {}
 
 int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* data) const {
     if (hint == SH_DialogButtonLayout)

@@ -1,5 +1,6 @@
 #include "desktop/WidgetLook.h"
 
+#include "base/Literals.h"
 #include "desktop/Colours.h"
 #include "screen/MaskedField.h"
 #include "screen/Platform.h"
@@ -36,7 +37,7 @@ using Q = const Question&;
 constexpr int noLimit = 32767; ///< what a line that takes any length says
 
 QString told(bool value) {
-    return value ? QStringLiteral("true") : QStringLiteral("false");
+    return value ? u"true"_s : u"false"_s;
 }
 
 /// The line in which a text is shown and edited; none for a widget without one.
@@ -168,7 +169,7 @@ Seen picture(W widget, F field, Q) {
     }
     if (shown == asked)
         return QFileInfo(path).fileName();
-    return shown.isNull() ? QStringLiteral("no picture") : QStringLiteral("another picture");
+    return shown.isNull() ? u"no picture"_s : u"another picture"_s;
 }
 
 Seen items(W widget, F, Q question) {

@@ -1,5 +1,6 @@
 #include "firebird/Bridge.h"
 
+#include "base/Literals.h"
 #include "data/SqlTokens.h"
 
 #include <QDate>
@@ -69,7 +70,7 @@ bool isAlias(const Tokens& tokens, std::size_t i) {
 }
 
 QString quotedName(QStringView content) {
-    return u'"' + content.toString().replace(QStringLiteral("''"), QStringLiteral("'")) + u'"';
+    return u'"' + content.toString().replace(u"''"_s, u"'"_s) + u'"';
 }
 
 /// Both forms of the date at a literal: none unless it is eight digits that are a date of the calendar.
@@ -77,8 +78,8 @@ QString dashedDate(QStringView content) {
     if (content.size() != 8 ||
         !std::all_of(content.begin(), content.end(), [](QChar c) { return c >= u'0' && c <= u'9'; }))
         return {};
-    const QDate date = QDate::fromString(content.toString(), QStringLiteral("yyyyMMdd"));
-    return date.isValid() ? date.toString(QStringLiteral("yyyy-MM-dd")) : QString();
+    const QDate date = QDate::fromString(content.toString(), u"yyyyMMdd"_s);
+    return date.isValid() ? date.toString(u"yyyy-MM-dd"_s) : QString();
 }
 
 std::vector<bool> describeEach(const Statement& statement, const std::vector<Edit>& questions,
@@ -111,7 +112,7 @@ Statement BridgeSyntax(const Statement& statement) {
         return statement;
     std::vector<Edit> edits;
     if (tokens.isWord(1, "top") && tokens.is(2, TokenKind::Number))
-        edits.push_back({tokens[1].start, tokens[1].length, QStringLiteral("FIRST")});
+        edits.push_back({tokens[1].start, tokens[1].length, u"FIRST"_s});
     int depth = 0;
     for (std::size_t i = 1; i < tokens.size() && !(depth == 0 && tokens.isWord(i, "from")); ++i) {
         if (tokens.isSymbol(i, u'('))
@@ -157,7 +158,7 @@ std::optional<QString> InsertedTable(const Statement& statement) {
 }
 
 Statement ReturningKey(const Statement& statement, const QString& table) {
-    const Edit clause{statement.text().size(), 0, QStringLiteral(" RETURNING id") + table};
+    const Edit clause{statement.text().size(), 0, u" RETURNING id"_s + table};
     return statement.edited(std::span(&clause, 1));
 }
 
@@ -173,7 +174,7 @@ Statement BridgeDates(const Statement& statement, const DescribeDates& describe)
         const QString date = dashedDate(tokens.content(i));
         if (date.isEmpty())
             continue;
-        questions.push_back({tokens[i].start, tokens[i].length, QStringLiteral("?")});
+        questions.push_back({tokens[i].start, tokens[i].length, u"?"_s});
         dates.push_back({tokens[i].start, tokens[i].length, u'\'' + date + u'\''});
     }
     if (dates.empty())
@@ -215,7 +216,7 @@ Parameterised TakeIntegers(const Statement& statement) {
         const qint64 integer = text.sliced(span.start, span.length).toLongLong(&whole);
         if (!whole)
             continue;
-        edits.push_back({span.start, span.length, QStringLiteral("?")});
+        edits.push_back({span.start, span.length, u"?"_s});
         taken.integers.push_back(integer);
     }
     if (!edits.empty())

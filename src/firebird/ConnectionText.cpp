@@ -1,5 +1,6 @@
 #include "firebird/ConnectionText.h"
 
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 
 #include <QMap>
@@ -67,7 +68,7 @@ ConnectionText ReadConnectionText(const QString& text) {
 #endif
         // The file's permissions decide who may open it here; the engine only wants a name with full rights.
         if (read.user.isEmpty())
-            read.user = QStringLiteral("SYSDBA");
+            read.user = u"SYSDBA"_s;
     }
     return read;
 }

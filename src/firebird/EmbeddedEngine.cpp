@@ -1,5 +1,6 @@
 #include "firebird/EmbeddedEngine.h"
 
+#include "base/Literals.h"
 #include "firebird/ConnectionText.h"
 
 #include <QDir>
@@ -54,11 +55,11 @@ QFileInfo characterSetsModule() {
 /// engine is.
 void copyCharacterSets(const QDir& root) {
     const QFileInfo module = characterSetsModule();
-    const QFileInfo copy(root.filePath(QStringLiteral("intl/libfbintl.so")));
+    const QFileInfo copy(root.filePath(u"intl/libfbintl.so"_s));
     if (!module.exists() ||
         (copy.exists() && copy.size() == module.size() && copy.lastModified() >= module.lastModified()))
         return;
-    root.mkpath(QStringLiteral("intl"));
+    root.mkpath(u"intl"_s);
     QFile content(module.filePath());
     if (content.open(QIODevice::ReadOnly))
         writeFile(copy.filePath(), content.readAll());
@@ -76,11 +77,11 @@ void shareWithGroup(const QString& folder) {
 
 void prepare(const QString& givenHome) {
     const QString home = !givenHome.isEmpty() ? givenHome : qEnvironmentVariable("VORTA_HOME", standardHome);
-    const QDir root(QDir(home).absoluteFilePath(QStringLiteral("firebird")));
-    const QString lock = root.filePath(QStringLiteral("lock"));
+    const QDir root(QDir(home).absoluteFilePath(u"firebird"_s));
+    const QString lock = root.filePath(u"lock"_s);
     if (!QFile::exists(lock) && root.mkpath(lock))
         shareWithGroup(lock);
-    const QString file = root.filePath(QStringLiteral("firebird.conf"));
+    const QString file = root.filePath(u"firebird.conf"_s);
     if (!QFile::exists(file))
         writeFile(file, configuration);
 #ifndef Q_OS_WIN
@@ -96,7 +97,7 @@ class Parameters {
     explicit Parameters(const ConnectionText& text)
         : block_(Master().getUtilInterface()->getXpbBuilder(&status_, Firebird::IXpbBuilder::DPB, nullptr, 0)) {
         add(isc_dpb_utf8_filename);
-        add(isc_dpb_lc_ctype, QStringLiteral("UTF8"));
+        add(isc_dpb_lc_ctype, u"UTF8"_s);
         add(isc_dpb_sql_dialect, SQL_DIALECT_V6);
         add(isc_dpb_user_name, text.user);
         add(isc_dpb_password, text.password);
@@ -162,9 +163,8 @@ void CreateDatabase(const QString& connectionString, const DatabaseOptions& opti
         Status status;
         Handle<Firebird::IAttachment> database(provider()->createDatabase(&status, text.database.toUtf8().constData(),
                                                                           parameters.length(), parameters.bytes()));
-        const QByteArray collation = QStringLiteral("ALTER CHARACTER SET %1 SET DEFAULT COLLATION %2")
-                                         .arg(options.characterSet, options.collation)
-                                         .toUtf8();
+        const QByteArray collation =
+            u"ALTER CHARACTER SET %1 SET DEFAULT COLLATION %2"_s.arg(options.characterSet, options.collation).toUtf8();
         Handle<Firebird::ITransaction> transaction(database->startTransaction(&status, 0, nullptr));
         database->execute(&status, transaction.get(), 0, collation.constData(), SQL_DIALECT_V6, nullptr, nullptr,
                           nullptr, nullptr);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Literals.h"
 #include "firebird/Client.h"
 
 #include <QString>
@@ -16,8 +17,8 @@ void PrepareEmbeddedEngine(const QString& home = {});
 /// accents finds.
 struct DatabaseOptions {
     int pageSize = 16384;
-    QString characterSet = QStringLiteral("WIN1252");
-    QString collation = QStringLiteral("WIN_PTBR");
+    QString characterSet = u"WIN1252"_s;
+    QString collation = u"WIN_PTBR"_s;
     bool forcedWrites = true; ///< off only while a new base is filled
 };
 

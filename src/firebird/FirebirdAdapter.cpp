@@ -1,5 +1,6 @@
 #include "firebird/FirebirdAdapter.h"
 
+#include "base/Literals.h"
 #include "firebird/Bridge.h"
 #include "firebird/Client.h"
 #include "firebird/EmbeddedEngine.h"
@@ -147,14 +148,13 @@ void FirebirdAdapter::close() {
 
 void FirebirdAdapter::begin() {
     if (transaction_)
-        throw RuntimeError(errorNumber::StatementRefused,
-                           QStringLiteral("Já existe uma transação aberta nesta conexão"));
+        throw RuntimeError(errorNumber::StatementRefused, u"Já existe uma transação aberta nesta conexão"_s);
     Translated({}, [&] { transaction_ = start(writeBlock); });
 }
 
 void FirebirdAdapter::commit() {
     if (!transaction_)
-        throw RuntimeError(errorNumber::StatementRefused, QStringLiteral("Não há transação aberta nesta conexão"));
+        throw RuntimeError(errorNumber::StatementRefused, u"Não há transação aberta nesta conexão"_s);
     Translated({}, [&] {
         EndWith(transaction_, [](auto* open) {
             Status status;

@@ -1,5 +1,7 @@
 #include "firebird/RowReader.h"
 
+#include "base/Literals.h"
+
 #include <cstring>
 
 namespace vorta::firebird {
@@ -122,7 +124,7 @@ void RowReader::give(const Column& column, Firebird::ITransaction& transaction, 
         return rows.date(QDateTime(dayOf(stamp.timestamp_date), timeOf(stamp.timestamp_time), Qt::UTC));
     }
     case SQL_TYPE_TIME:
-        return rows.text(timeOf(read<ISC_TIME>(column)).toString(QStringLiteral("hh:mm:ss")).toStdString());
+        return rows.text(timeOf(read<ISC_TIME>(column)).toString(u"hh:mm:ss"_s).toStdString());
     case SQL_BOOLEAN:
         return rows.integer(read<unsigned char>(column) != 0 ? 1 : 0);
     case SQL_BLOB:

@@ -1,5 +1,6 @@
 #include "kit/ConfigFiles.h"
 
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "kit/Loader.h"
 #include "kit/Relocate.h"
@@ -25,11 +26,11 @@ void writeFile(const QString& path, const QString& text, QFile::Permissions perm
     const bool written = file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.setPermissions(permissions) &&
                          file.write(bytes) == bytes.size() && file.flush();
     if (!written)
-        throw RuntimeError(pathRefused, QStringLiteral("Não foi possível gravar %1: %2").arg(path, file.errorString()));
+        throw RuntimeError(pathRefused, u"Não foi possível gravar %1: %2"_s.arg(path, file.errorString()));
 }
 
 QString serverLine(const Layout& layout, const QString& base) {
-    return QStringLiteral("LOCAL^%1^SYSDBA^^FIREBIRD^database=%2;user=SYSDBA^False^\n").arg(base, layout.base(base));
+    return u"LOCAL^%1^SYSDBA^^FIREBIRD^database=%2;user=SYSDBA^False^\n"_s.arg(base, layout.base(base));
 }
 
 QString pathsLine(const Layout& layout) {
@@ -45,12 +46,12 @@ QString pathsLine(const Layout& layout) {
                              layout.pages(),
                              {},
                              {}};
-    return fields.join(u'^') + QStringLiteral("^\n");
+    return fields.join(u'^') + u"^\n"_s;
 }
 
 /// The text of the file with its old home replaced, wherever a path begins with it.
 QString moved(QString text, const QString& from, const QString& to) {
-    for (const QString& before : {QStringLiteral("^"), QStringLiteral("="), QStringLiteral(":")})
+    for (const QString& before : {u"^"_s, u"="_s, u":"_s})
         text.replace(before + from + u'/', before + to + u'/');
     if (text.startsWith(from + u'/'))
         text.replace(0, from.size(), to);
@@ -62,9 +63,8 @@ QString moved(QString text, const QString& from, const QString& to) {
 Layout::Layout(const QString& given) : home(QDir::cleanPath(QDir(given).absolutePath())) {}
 
 const QList<Environment>& Environments() {
-    static const QList<Environment> all{{QStringLiteral("PRD"), QStringLiteral("pessoas")},
-                                        {QStringLiteral("HIST"), QStringLiteral("historico")},
-                                        {QStringLiteral("DEV"), QStringLiteral("desenvolvimento")}};
+    static const QList<Environment> all{
+        {u"PRD"_s, u"pessoas"_s}, {u"HIST"_s, u"historico"_s}, {u"DEV"_s, u"desenvolvimento"_s}};
     return all;
 }
 
@@ -72,10 +72,10 @@ void WriteConfigFiles(const Layout& layout) {
     QString servers;
     for (const Environment& environment : Environments())
         servers += serverLine(layout, environment.base);
-    writeFile(layout.config(QStringLiteral("server_aplic.ini")), layout.home + QStringLiteral("/^^\n"), everybodyReads);
-    writeFile(layout.config(QStringLiteral("server.ini")), servers, ownerAndGroup);
-    writeFile(layout.config(QStringLiteral("server_cep.ini")), serverLine(layout, PostalCodeBase()), ownerAndGroup);
-    writeFile(layout.config(QStringLiteral("paths.ini")), pathsLine(layout), everybodyReads);
+    writeFile(layout.config(u"server_aplic.ini"_s), layout.home + u"/^^\n"_s, everybodyReads);
+    writeFile(layout.config(u"server.ini"_s), servers, ownerAndGroup);
+    writeFile(layout.config(u"server_cep.ini"_s), serverLine(layout, PostalCodeBase()), ownerAndGroup);
+    writeFile(layout.config(u"paths.ini"_s), pathsLine(layout), everybodyReads);
 }
 
 QStringList FieldsOf(const QString& line) {
@@ -110,9 +110,9 @@ ServerLine::ServerLine(const QString& line) {
 
 void Relocate(const QString& given) {
     const Layout layout(given);
-    const std::optional<QStringList> root = LinesOf(layout.config(QStringLiteral("server_aplic.ini")));
+    const std::optional<QStringList> root = LinesOf(layout.config(u"server_aplic.ini"_s));
     if (!root)
-        throw RuntimeError(errorNumber::FileNotFound, QStringLiteral("%1 não contém uma instalação").arg(layout.home));
+        throw RuntimeError(errorNumber::FileNotFound, u"%1 não contém uma instalação"_s.arg(layout.home));
     const QStringList fields = FieldsOf(root->value(0));
     const QString old = QDir::cleanPath(fields.value(0).trimmed() + fields.value(1).trimmed());
     if (old.isEmpty() || old == layout.home)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/Literals.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -13,12 +15,12 @@ struct Layout {
     explicit Layout(const QString& home);
     QString home;
 
-    QString config(const QString& file) const { return home + QStringLiteral("/config/") + file; }
-    QString bases() const { return home + QStringLiteral("/base/"); }
-    QString base(const QString& name) const { return bases() + name + QStringLiteral(".fdb"); }
-    QString images() const { return home + QStringLiteral("/imagens/"); }
-    QString largeImages() const { return home + QStringLiteral("/imagens/detalhe/"); }
-    QString pages() const { return home + QStringLiteral("/paginas/"); }
+    QString config(const QString& file) const { return home + u"/config/"_s + file; }
+    QString bases() const { return home + u"/base/"_s; }
+    QString base(const QString& name) const { return bases() + name + u".fdb"_s; }
+    QString images() const { return home + u"/imagens/"_s; }
+    QString largeImages() const { return home + u"/imagens/detalhe/"_s; }
+    QString pages() const { return home + u"/paginas/"_s; }
 };
 
 /// An environment of the register: its line of "server.ini" and the name of its database file.
@@ -28,21 +30,21 @@ struct Environment {
 };
 const QList<Environment>& Environments();
 inline QString PostalCodeBase() {
-    return QStringLiteral("cep");
+    return u"cep"_s;
 }
 
 /// Pictures that the screens ask for by name, and what a product picture's name ends in.
 inline QString LinkedPicture() {
-    return QStringLiteral("comvinculo.bmp");
+    return u"comvinculo.bmp"_s;
 }
 inline QString UnlinkedPicture() {
-    return QStringLiteral("semvinculo.bmp");
+    return u"semvinculo.bmp"_s;
 }
 inline QString NoPhotoPicture() {
-    return QStringLiteral("semfoto.bmp");
+    return u"semfoto.bmp"_s;
 }
 inline QString PictureSuffix() {
-    return QStringLiteral(".bmp");
+    return u".bmp"_s;
 }
 
 /// Writes the four configuration files for embedded databases; 75 when one cannot be written. "server.ini" and
@@ -59,7 +61,7 @@ struct ServerLine {
     QString connection; ///< Firebird's own connection string
     QString keepsAccents;
     bool complete = false; ///< all seven fields are there
-    bool isFirebird() const { return engine == QStringLiteral("FIREBIRD"); }
+    bool isFirebird() const { return engine == u"FIREBIRD"_s; }
 };
 /// The lines of a configuration file, UTF-8 or Windows-1252; nothing when it cannot be read.
 std::optional<QStringList> LinesOf(const QString& path);

@@ -1,5 +1,6 @@
 #include "kit/Create.h"
 
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "firebird/EmbeddedEngine.h"
 #include "kit/ConfigFiles.h"
@@ -31,22 +32,20 @@ constexpr std::array ownFolders{"config", "base", "imagens", "paginas"};
 void refuseExisting(const Layout& layout) {
     for (const char* folder : ownFolders)
         if (QFile::exists(layout.home + u'/' + QLatin1StringView(folder)))
-            throw RuntimeError(alreadyThere,
-                               QStringLiteral("Já existe uma instalação em %1; nada foi alterado").arg(layout.home));
+            throw RuntimeError(alreadyThere, u"Já existe uma instalação em %1; nada foi alterado"_s.arg(layout.home));
     if (layout.home.contains(u'^') || layout.home.contains(u';') || layout.home.contains(u'='))
-        throw RuntimeError(pathRefused,
-                           QStringLiteral("O caminho %1 não pode conter os caracteres ^ ; =").arg(layout.home));
+        throw RuntimeError(pathRefused, u"O caminho %1 não pode conter os caracteres ^ ; ="_s.arg(layout.home));
 }
 
 void makeFolder(const QString& path) {
     if (!QDir().mkpath(path))
-        throw RuntimeError(pathRefused, QStringLiteral("Não foi possível criar a pasta %1").arg(path));
+        throw RuntimeError(pathRefused, u"Não foi possível criar a pasta %1"_s.arg(path));
 }
 
 void writePicture(const QString& path, const QByteArray& bitmap) {
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bitmap) != bitmap.size())
-        throw RuntimeError(pathRefused, QStringLiteral("Não foi possível gravar %1: %2").arg(path, file.errorString()));
+        throw RuntimeError(pathRefused, u"Não foi possível gravar %1: %2"_s.arg(path, file.errorString()));
 }
 
 /// Folders that a failed creation takes away again.
@@ -83,7 +82,7 @@ void createEmpty(const QString& file, Base base) {
 
 void copyBase(const QString& from, const QString& to) {
     if (!QFile::copy(from, to))
-        throw RuntimeError(pathRefused, QStringLiteral("Não foi possível gravar %1").arg(to));
+        throw RuntimeError(pathRefused, u"Não foi possível gravar %1"_s.arg(to));
 }
 
 /// The engine builds one index at a time for a connection, so two of them take the statements in turns.
@@ -120,7 +119,7 @@ void createMainBases(const Layout& layout, const Contents& contents, const Progr
 
     LoadDemonstration(layout, production, contents, progress);
     if (progress)
-        progress(QStringLiteral("índices"), 0, 0);
+        progress(u"índices"_s, 0, 0);
     finish(production, Base::Main);
 }
 

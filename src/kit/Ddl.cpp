@@ -1,5 +1,7 @@
 #include "kit/Ddl.h"
 
+#include "base/Literals.h"
+
 #include <QMap>
 
 namespace vorta::kit {
@@ -11,16 +13,15 @@ using data::Engine;
 QString typeOf(Engine engine, const Column& column) {
     switch (column.kind) {
     case Kind::Key:
-        return engine == Engine::Firebird ? QStringLiteral("INTEGER NOT NULL")
-                                          : QStringLiteral("INTEGER IDENTITY(1,1) NOT NULL");
+        return engine == Engine::Firebird ? u"INTEGER NOT NULL"_s : u"INTEGER IDENTITY(1,1) NOT NULL"_s;
     case Kind::Integer:
-        return QStringLiteral("INTEGER");
+        return u"INTEGER"_s;
     case Kind::Amount:
-        return QStringLiteral("DECIMAL(15,2)");
+        return u"DECIMAL(15,2)"_s;
     case Kind::Date:
-        return QStringLiteral("DATE");
+        return u"DATE"_s;
     case Kind::Text:
-        return QStringLiteral("VARCHAR(%1)").arg(column.length);
+        return u"VARCHAR(%1)"_s.arg(column.length);
     }
     return {};
 }
@@ -28,26 +29,26 @@ QString typeOf(Engine engine, const Column& column) {
 QString tableStatement(Engine engine, const Table& table) {
     QStringList lines;
     for (const Column& column : table.columns)
-        lines << QStringLiteral("    %1 %2").arg(column.name, typeOf(engine, column));
-    return QStringLiteral("CREATE TABLE %1 (\n%2\n)").arg(table.name, lines.join(QStringLiteral(",\n")));
+        lines << u"    %1 %2"_s.arg(column.name, typeOf(engine, column));
+    return u"CREATE TABLE %1 (\n%2\n)"_s.arg(table.name, lines.join(u",\n"_s));
 }
 
 QString keyTrigger(const Table& table) {
-    return QStringLiteral("CREATE TRIGGER %1_KEY FOR %1 ACTIVE BEFORE INSERT POSITION 0 AS\nBEGIN\n"
-                          "    IF (NEW.%2 IS NULL) THEN NEW.%2 = GEN_ID(%3, 1);\nEND")
-        .arg(table.name, table.columns.front().name, table.generator);
+    return u"CREATE TRIGGER %1_KEY FOR %1 ACTIVE BEFORE INSERT POSITION 0 AS\nBEGIN\n"
+           "    IF (NEW.%2 IS NULL) THEN NEW.%2 = GEN_ID(%3, 1);\nEND"_s.arg(table.name, table.columns.front().name,
+                                                                             table.generator);
 }
 
 QString scriptOf(Engine engine, Base base, const QString& title) {
     const bool firebird = engine == Engine::Firebird;
-    const QString end = firebird ? QStringLiteral(";\n\n") : QStringLiteral(";\nGO\n\n");
-    QString text = QStringLiteral("-- %1\n\n").arg(title);
+    const QString end = firebird ? u";\n\n"_s : u";\nGO\n\n"_s;
+    QString text = u"-- %1\n\n"_s.arg(title);
     for (const QString& statement : TableStatements(engine, base)) {
-        const bool trigger = statement.startsWith(QStringLiteral("CREATE TRIGGER"));
-        text += trigger ? QStringLiteral("SET TERM ^;\n%1^\nSET TERM ;^\n\n").arg(statement) : statement + end;
+        const bool trigger = statement.startsWith(u"CREATE TRIGGER"_s);
+        text += trigger ? u"SET TERM ^;\n%1^\nSET TERM ;^\n\n"_s.arg(statement) : statement + end;
     }
     for (const QString& statement : IndexStatements(engine, base))
-        text += statement + (firebird ? QStringLiteral(";\n") : QStringLiteral(";\nGO\n"));
+        text += statement + (firebird ? u";\n"_s : u";\nGO\n"_s);
     return text + u'\n';
 }
 
@@ -61,7 +62,7 @@ QStringList TableStatements(Engine engine, Base base) {
         statements << tableStatement(engine, table);
         if (engine != Engine::Firebird || table.generator.isEmpty())
             continue;
-        statements << QStringLiteral("CREATE SEQUENCE %1").arg(table.generator);
+        statements << u"CREATE SEQUENCE %1"_s.arg(table.generator);
         if (table.filledByDatabase)
             statements << keyTrigger(table);
     }
@@ -75,24 +76,22 @@ QStringList IndexStatements(Engine, Base base) {
         const Table* table = FindTable(index.table);
         if (!table || table->base != base)
             continue;
-        statements << QStringLiteral("CREATE INDEX %1_IX%2 ON %1 (%3)")
-                          .arg(table->name)
-                          .arg(++numbers[table->name])
-                          .arg(index.columns);
+        statements
+            << u"CREATE INDEX %1_IX%2 ON %1 (%3)"_s.arg(table->name).arg(++numbers[table->name]).arg(index.columns);
     }
     return statements;
 }
 
 QString Script(Engine engine) {
     const QString head = engine == Engine::Firebird
-                             ? QStringLiteral("-- Firebird 3. Create each database with PAGE_SIZE 16384 and DEFAULT "
-                                              "CHARACTER SET WIN1252 COLLATION WIN_PTBR,\n"
-                                              "-- so that a search without accents or capitals finds.\n\n")
-                             : QStringLiteral("-- SQL Server. Create each database with COLLATE Latin1_General_CI_AI, "
-                                              "so that a search without accents or\n"
-                                              "-- capitals finds. Rows are numbered by the database.\n\n");
-    return head + scriptOf(engine, Base::Main, QStringLiteral("Main database: one for each environment.")) +
-           scriptOf(engine, Base::PostalCode, QStringLiteral("Postal-code database."));
+                             ? u"-- Firebird 3. Create each database with PAGE_SIZE 16384 and DEFAULT "
+                               "CHARACTER SET WIN1252 COLLATION WIN_PTBR,\n"
+                               "-- so that a search without accents or capitals finds.\n\n"_s
+                             : u"-- SQL Server. Create each database with COLLATE Latin1_General_CI_AI, "
+                               "so that a search without accents or\n"
+                               "-- capitals finds. Rows are numbered by the database.\n\n"_s;
+    return head + scriptOf(engine, Base::Main, u"Main database: one for each environment."_s) +
+           scriptOf(engine, Base::PostalCode, u"Postal-code database."_s);
 }
 
 } // namespace vorta::kit

@@ -1,5 +1,6 @@
 #include "kit/Demonstration.h"
 
+#include "base/Literals.h"
 #include "kit/People.h"
 #include "kit/Trade.h"
 
@@ -32,7 +33,7 @@ void writePeople(Loader& loader, Keys& keys, const std::vector<Product>& product
 /// hangs on them. Both invent the same persons, which costs little and keeps every key in its place.
 void writePeopleTogether(const QString& base, const std::vector<Product>& products, const Contents& contents,
                          const Progress& progress) {
-    const Table* const persons = FindTable(QStringLiteral("PESS"));
+    const Table* const persons = FindTable(u"PESS"_s);
     Loader loader(base, [persons](const Table& table) { return &table == persons; });
     Loader restLoader(base, [persons](const Table& table) { return &table != persons; });
     Keys keys(loader), restKeys(restLoader); // both before the first row

@@ -1,5 +1,6 @@
 #include "kit/Loader.h"
 
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "data/Value.h"
@@ -76,8 +77,7 @@ class TextRows : public data::RowSink {
 
 QByteArray ToWindows1252(const QString& text) {
     if (!InRepertoire(text))
-        throw RuntimeError(errorNumber::TypeMismatch,
-                           QStringLiteral("O texto [%1] tem caracteres fora do Windows-1252").arg(text));
+        throw RuntimeError(errorNumber::TypeMismatch, u"O texto [%1] tem caracteres fora do Windows-1252"_s.arg(text));
     QByteArray bytes(text.size(), Qt::Uninitialized);
     for (qsizetype i = 0; i < text.size(); ++i) {
         const char16_t unit = text[i].unicode();
@@ -169,9 +169,8 @@ RowLoader::RowLoader(Loader& loader, const Table& table, const QStringList& colu
     if (names.isEmpty())
         for (const Column& column : table.columns)
             names << column.name;
-    const QString text = QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
-                             .arg(table.name, names.join(QStringLiteral(", ")),
-                                  QStringList(names.size(), QStringLiteral("?")).join(u','));
+    const QString text = u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(table.name, names.join(u", "_s),
+                                                                  QStringList(names.size(), u"?"_s).join(u','));
     Translated(text, [&] {
         Status status;
         const QByteArray bytes = text.toUtf8();
@@ -184,7 +183,7 @@ RowLoader::RowLoader(Loader& loader, const Table& table, const QStringList& colu
             const Column* column = table.column(names[i]);
             if (!column)
                 throw RuntimeError(errorNumber::NoSuchColumn,
-                                   QStringLiteral("A tabela %1 não tem a coluna %2").arg(table.name, names[i]));
+                                   u"A tabela %1 não tem a coluna %2"_s.arg(table.name, names[i]));
             const NativeForm form = nativeForm(*column);
             builder->setType(&status, i, form.type | 1u);
             builder->setLength(&status, i, form.length);
@@ -211,12 +210,12 @@ void RowLoader::setNull(const Slot& slot, bool null) {
 
 RowLoader::Slot& RowLoader::next(Kind kind) {
     if (position_ >= slots_.size())
-        throw RuntimeError(errorNumber::TypeMismatch, QStringLiteral("Há mais valores do que colunas"));
+        throw RuntimeError(errorNumber::TypeMismatch, u"Há mais valores do que colunas"_s);
     Slot& slot = slots_[position_++];
     const Kind own = slot.column.kind == Kind::Key ? Kind::Integer : slot.column.kind;
     if (own != kind)
         throw RuntimeError(errorNumber::TypeMismatch,
-                           QStringLiteral("A coluna %1 recebe um valor de outro tipo").arg(slot.column.name));
+                           u"A coluna %1 recebe um valor de outro tipo"_s.arg(slot.column.name));
     setNull(slot, false);
     return slot;
 }
@@ -256,14 +255,14 @@ RowLoader& RowLoader::operator<<(const QString& text) {
 
 RowLoader& RowLoader::operator<<(std::nullptr_t) {
     if (position_ >= slots_.size())
-        throw RuntimeError(errorNumber::TypeMismatch, QStringLiteral("Há mais valores do que colunas"));
+        throw RuntimeError(errorNumber::TypeMismatch, u"Há mais valores do que colunas"_s);
     setNull(slots_[position_++], true);
     return *this;
 }
 
 void RowLoader::send() {
     if (position_ != slots_.size())
-        throw RuntimeError(errorNumber::TypeMismatch, QStringLiteral("Faltam valores para a linha"));
+        throw RuntimeError(errorNumber::TypeMismatch, u"Faltam valores para a linha"_s);
     position_ = 0;
     if (dropped_) {
         ++sent_;

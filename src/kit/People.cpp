@@ -1,5 +1,6 @@
 #include "kit/People.h"
 
+#include "base/Literals.h"
 #include "kit/Documents.h"
 
 namespace vorta::kit {
@@ -82,7 +83,7 @@ void People::write(qint64 first, qint64 count, const Progress& progress) {
         writeRoles(random, person, roles);
         const qint64 done = number - first + 1;
         if (progress && (done % progressStep == 0 || done == count))
-            progress(QStringLiteral("pessoas"), done, count);
+            progress(u"pessoas"_s, done, count);
     }
 }
 

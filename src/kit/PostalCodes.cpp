@@ -1,5 +1,6 @@
 #include "kit/PostalCodes.h"
 
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "kit/ConfigFiles.h"
@@ -25,7 +26,7 @@ constexpr std::array<const char*, FieldCount> titles{"cep",    "tipo",   "abrevi
 
 QSet<QString> states() {
     QSet<QString> codes;
-    for (const QStringList& row : ReadReference(QStringLiteral("UF00")).rows)
+    for (const QStringList& row : ReadReference(u"UF00"_s).rows)
         codes.insert(row.front());
     return codes;
 }
@@ -60,7 +61,7 @@ class ListReader {
   private:
     void mistake(qint64 line, const QString& words) {
         if (mistakes_.lines.size() < mostReported)
-            mistakes_.lines << QStringLiteral("linha %1: %2").arg(line).arg(words);
+            mistakes_.lines << u"linha %1: %2"_s.arg(line).arg(words);
         ++mistakes_.all;
     }
 
@@ -68,16 +69,16 @@ class ListReader {
         if (line.startsWith(QChar(0xFEFF)))
             line.remove(0, 1);
         if (line.trimmed().toLower() != titleLine())
-            mistake(1, QStringLiteral("a primeira linha deve trazer os títulos, separados por tabulação: %1")
-                           .arg(titleLine().replace(u'\t', u' ')));
+            mistake(1, u"a primeira linha deve trazer os títulos, separados por tabulação: %1"_s.arg(
+                           titleLine().replace(u'\t', u' ')));
     }
 
     void readLine(qint64 number, const QString& line) {
         QStringList fields = line.split(u'\t');
         if (fields.size() != FieldCount)
-            return mistake(number, QStringLiteral("esperados %1 campos separados por tabulação, há %2")
-                                       .arg(int(FieldCount))
-                                       .arg(fields.size()));
+            return mistake(
+                number,
+                u"esperados %1 campos separados por tabulação, há %2"_s.arg(int(FieldCount)).arg(fields.size()));
         for (QString& field : fields)
             field = field.trimmed();
         if (fields[Cep].size() == cepDigits + 1 && fields[Cep][5] == u'-')
@@ -95,16 +96,16 @@ class ListReader {
             fields[Cep].size() == cepDigits &&
             std::all_of(fields[Cep].begin(), fields[Cep].end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
         if (!digits)
-            return QStringLiteral("o CEP [%1] não tem oito dígitos").arg(fields[Cep]);
+            return u"o CEP [%1] não tem oito dígitos"_s.arg(fields[Cep]);
         if (fields[Name].isEmpty())
-            return QStringLiteral("falta o logradouro");
+            return u"falta o logradouro"_s;
         if (fields[Town].isEmpty())
-            return QStringLiteral("falta a cidade");
+            return u"falta a cidade"_s;
         if (!states_.contains(fields[State]))
-            return QStringLiteral("a UF [%1] não existe").arg(fields[State]);
+            return u"a UF [%1] não existe"_s.arg(fields[State]);
         for (const QString& field : fields)
             if (!InRepertoire(field))
-                return QStringLiteral("[%1] tem caracteres que a base não guarda").arg(field);
+                return u"[%1] tem caracteres que a base não guarda"_s.arg(field);
         return tooLong(fields);
     }
 
@@ -112,8 +113,7 @@ class ListReader {
         static const std::array<int, FieldCount> most{8, 100, 20, 100, 100, 100, 2};
         for (int i = 0; i < FieldCount; ++i)
             if (fields[i].size() > most[size_t(i)])
-                return QStringLiteral("o campo %1 passa de %2 caracteres")
-                    .arg(QLatin1StringView(titles[size_t(i)]))
+                return u"o campo %1 passa de %2 caracteres"_s.arg(QLatin1StringView(titles[size_t(i)]))
                     .arg(most[size_t(i)]);
         return {};
     }
@@ -147,8 +147,7 @@ const Table& tableOf(const char* name) {
 std::vector<Street> ReadStreets(const QString& path, ListMistakes& mistakes) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        throw RuntimeError(errorNumber::FileNotFound,
-                           QStringLiteral("Não foi possível ler %1: %2").arg(path, file.errorString()));
+        throw RuntimeError(errorNumber::FileNotFound, u"Não foi possível ler %1: %2"_s.arg(path, file.errorString()));
     const QByteArray bytes = file.readAll();
     QStringDecoder utf8(QStringDecoder::Utf8);
     QString text = utf8.decode(bytes);
@@ -161,7 +160,7 @@ std::vector<Street> ReadStreets(const QString& path, ListMistakes& mistakes) {
 
 std::vector<Street> SampleStreets() {
     std::vector<Street> streets;
-    for (const QStringList& row : ReadReference(QStringLiteral("ruas")).rows)
+    for (const QStringList& row : ReadReference(u"ruas"_s).rows)
         streets.push_back({ToWindows1252(row[Cep]), ToWindows1252(row[Type]), ToWindows1252(row[Abbreviation]),
                            ToWindows1252(row[Name]), ToWindows1252(row[District]), ToWindows1252(row[Town]),
                            ToWindows1252(row[State])});
@@ -170,7 +169,7 @@ std::vector<Street> SampleStreets() {
 
 void LoadPostalCodes(Loader& loader, const std::vector<Street>& streets) {
     for (const char* table : {"LOGR", "TIPO", "LOCA", "BAIR"})
-        loader.run(QStringLiteral("DELETE FROM %1").arg(QLatin1StringView(table)));
+        loader.run(u"DELETE FROM %1"_s.arg(QLatin1StringView(table)));
     RowLoader roads(loader, tableOf("LOGR")), types(loader, tableOf("TIPO")), towns(loader, tableOf("LOCA")),
         districts(loader, tableOf("BAIR"));
     Numbering typeKeys, townKeys, districtKeys;
@@ -196,15 +195,15 @@ void LoadPostalCodes(Loader& loader, const std::vector<Street>& streets) {
 }
 
 qint64 LoadPostalCodeFile(const QString& home, const QString& list, ListMistakes& mistakes) {
-    const QString path = Layout(home).config(QStringLiteral("server_cep.ini"));
+    const QString path = Layout(home).config(u"server_cep.ini"_s);
     const std::optional<QStringList> lines = LinesOf(path);
     if (!lines)
-        throw RuntimeError(errorNumber::FileNotFound, QStringLiteral("Não foi possível ler %1").arg(path));
+        throw RuntimeError(errorNumber::FileNotFound, u"Não foi possível ler %1"_s.arg(path));
     const ServerLine server(lines->value(0));
     if (!server.isFirebird())
         throw RuntimeError(
             errorNumber::TypeMismatch,
-            QStringLiteral("A base de CEPs de %1 não é Firebird; carregue-a com as ferramentas do servidor").arg(path));
+            u"A base de CEPs de %1 não é Firebird; carregue-a com as ferramentas do servidor"_s.arg(path));
     const std::vector<Street> streets = ReadStreets(list, mistakes);
     if (mistakes.all > 0)
         return 0;

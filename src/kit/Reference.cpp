@@ -1,5 +1,6 @@
 #include "kit/Reference.h"
 
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 
 #include <QFile>
@@ -33,9 +34,9 @@ void load(Loader& loader, const char* name) {
 
 ReferenceTable ReadReference(const QString& name) {
     initialiseResources();
-    QFile file(QStringLiteral(":/kit/%1.tsv").arg(name));
+    QFile file(u":/kit/%1.tsv"_s.arg(name));
     if (!file.open(QIODevice::ReadOnly))
-        throw RuntimeError(errorNumber::FileNotFound, QStringLiteral("O programa não traz a tabela %1").arg(name));
+        throw RuntimeError(errorNumber::FileNotFound, u"O programa não traz a tabela %1"_s.arg(name));
     QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
     ReferenceTable table;
     table.columns = lines.takeFirst().split(u'\t');
@@ -47,12 +48,12 @@ ReferenceTable ReadReference(const QString& name) {
 void LoadReferenceData(Loader& loader) {
     for (const char* name : tables)
         load(loader, name);
-    RowLoader company(loader, *FindTable(QStringLiteral("EMPR")));
+    RowLoader company(loader, *FindTable(u"EMPR"_s));
     company << 1 << "0001"
             << "EMPRESA MODELO" << nullptr << "SP"
             << "S" << nullptr;
     company.send();
-    RowLoader user(loader, *FindTable(QStringLiteral("USEN")));
+    RowLoader user(loader, *FindTable(u"USEN"_s));
     user << 1 << "ADMIN"
          << "ADMINISTRADOR";
     user.send();

@@ -1,5 +1,7 @@
 #include "kit/Schema.h"
 
+#include "base/Literals.h"
+
 #include <algorithm>
 
 namespace vorta::kit {
@@ -43,8 +45,8 @@ Table numbered(Table given, const char* generator) {
 Table contacts(const char* title, const char* keyName, const char* parent, const char* prefix,
                const char* generator = "") {
     const auto own = [&](const char* subject, int length) {
-        return Column{QString::fromLatin1(subject) + u'_' + QString::fromLatin1(prefix) + QStringLiteral("_cont"),
-                      Kind::Text, length};
+        return Column{QString::fromLatin1(subject) + u'_' + QString::fromLatin1(prefix) + u"_cont"_s, Kind::Text,
+                      length};
     };
     return table(title,
                  {key(keyName), integer(parent), own("carg", name), own("nome", name), own("tele", name),
@@ -71,8 +73,8 @@ Table bankedRole(const char* title, const char* keyName, const char* registratio
 std::vector<Column> address(const char* qualifier) {
     std::vector<Column> block;
     const auto add = [&](const char* subject, int length) {
-        block.push_back({QStringLiteral("%1_%2_PESS").arg(QLatin1StringView(subject), QLatin1StringView(qualifier)),
-                         Kind::Text, length});
+        block.push_back(
+            {u"%1_%2_PESS"_s.arg(QLatin1StringView(subject), QLatin1StringView(qualifier)), Kind::Text, length});
     };
     add("ENDE", name);
     add("NUME", name);

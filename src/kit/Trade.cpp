@@ -1,5 +1,6 @@
 #include "kit/Trade.h"
 
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "kit/Pictures.h"
 #include "kit/Random.h"
@@ -53,17 +54,17 @@ void writeStock(RowLoader& stock, const Product& product) {
 void save(const QString& path, const QByteArray& bitmap) {
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bitmap) != bitmap.size())
-        throw RuntimeError(75, QStringLiteral("Não foi possível gravar %1: %2").arg(path, file.errorString()));
+        throw RuntimeError(75, u"Não foi possível gravar %1: %2"_s.arg(path, file.errorString()));
 }
 
 } // namespace
 
 std::vector<Product> LoadProducts(Loader& loader) {
     const QHash<QString, int> types = keysOf("TIPO_PROD"), collections = keysOf("cole");
-    RowLoader products(loader, *FindTable(QStringLiteral("prod")));
-    RowLoader stock(loader, *FindTable(QStringLiteral("prod_empr")));
+    RowLoader products(loader, *FindTable(u"prod"_s));
+    RowLoader stock(loader, *FindTable(u"prod_empr"_s));
     std::vector<Product> all;
-    for (const QStringList& row : ReadReference(QStringLiteral("produtos")).rows) {
+    for (const QStringList& row : ReadReference(u"produtos"_s).rows) {
         const Product product{int(all.size()) + 1, hundredths(row[Price]), row[Code].startsWith(u"SV")};
         products << product.id << row[Code] << row[Description] << row[Reference] << product.id % 4 + 1
                  << types.value(row[Type]);
@@ -80,7 +81,7 @@ std::vector<Product> LoadProducts(Loader& loader) {
 }
 
 void DrawProducts(const Layout& layout) {
-    const std::vector<QStringList> rows = ReadReference(QStringLiteral("produtos")).rows;
+    const std::vector<QStringList> rows = ReadReference(u"produtos"_s).rows;
     const auto draw = [&](int number, const QString& suffix, int look) {
         const QString name = rows[size_t(number)][Code] + suffix + PictureSuffix();
         save(layout.images() + name, ProductBitmap(look, smallWidth));
@@ -89,7 +90,7 @@ void DrawProducts(const Layout& layout) {
     for (int number = 0; number < picturedProducts; ++number)
         draw(number, {}, number);
     for (int view = 0; view < views; ++view)
-        draw(0, QStringLiteral("_%1").arg(view + 2), picturedProducts + view);
+        draw(0, u"_%1"_s.arg(view + 2), picturedProducts + view);
 }
 
 } // namespace vorta::kit

@@ -1,5 +1,6 @@
 #include "kit/Vocabulary.h"
 
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "kit/Loader.h"
 #include "kit/Reference.h"
@@ -52,8 +53,8 @@ std::vector<Branch> branches() {
 } // namespace
 
 QByteArray Stored(const QString& text) {
-    static const QString accented = QStringLiteral("ÀÁÂÃÄÅÇÈÉÊËÌÍÎÏÒÓÔÕÖÙÚÛÜ");
-    static const QString plain = QStringLiteral("AAAAAACEEEEIIIIOOOOOUUUU");
+    static const QString accented = u"ÀÁÂÃÄÅÇÈÉÊËÌÍÎÏÒÓÔÕÖÙÚÛÜ"_s;
+    static const QString plain = u"AAAAAACEEEEIIIIOOOOOUUUU"_s;
     QString stored = UCase(text);
     for (QChar& letter : stored)
         if (const qsizetype at = accented.indexOf(letter); at >= 0)

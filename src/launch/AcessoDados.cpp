@@ -1,5 +1,6 @@
 #include "launch/AcessoDados.h"
 
+#include "base/Literals.h"
 #include "base/Text.h"
 
 namespace vorta {
@@ -12,10 +13,12 @@ using screen::Colour;
 using screen::FieldKind;
 
 /// System colours for background and text, as decimal texts, of an unknown scheme.
-const QString fundoDoSistema = QStringLiteral("-2147483633");
-const QString frenteDoSistema = QStringLiteral("-2147483630");
+const QString fundoDoSistema = u"-2147483633"_s;
+const QString frenteDoSistema = u"-2147483630"_s;
 
-Colour corDe(const QString& texto) { return ToInt32(Val(texto)); }
+Colour corDe(const QString& texto) {
+    return ToInt32(Val(texto));
+}
 
 } // namespace
 
@@ -29,7 +32,9 @@ Recordset AbreLeituraComoEscrita(ContextoExecucao& contexto, const Statement& co
     return registros;
 }
 
-void Executa(ContextoExecucao& contexto, const Statement& comando) { contexto.principal().Execute(comando.upper()); }
+void Executa(ContextoExecucao& contexto, const Statement& comando) {
+    contexto.principal().Execute(comando.upper());
+}
 
 QString LeParametroEmpresa(ContextoExecucao& contexto, const QString& nome) {
     Statement comando;
@@ -96,10 +101,9 @@ void FechaServidor(ContextoExecucao& contexto, const QString& modo) {
         contexto.ConexaoPrincipal->Close();
         contexto.ConexaoPrincipal.reset();
     } catch (const RuntimeError&) {
-        contexto.program().MsgBox({QStringLiteral("Erro ao fechar banco de dados (%1)\nTente Novamente. Caso o problema "
-                                                  "persista, contate o Desenvolvedor!")
-                                       .arg(contexto.TipoBanco),
-                                   QStringLiteral("Falha Conexão"), screen::Icon::Critical, screen::Buttons::OK});
+        contexto.program().MsgBox({u"Erro ao fechar banco de dados (%1)\nTente Novamente. Caso o problema "
+                                   "persista, contate o Desenvolvedor!"_s.arg(contexto.TipoBanco),
+                                   u"Falha Conexão"_s, screen::Icon::Critical, screen::Buttons::OK});
         contexto.program().End();
     }
     if (modo == u"SAIR")

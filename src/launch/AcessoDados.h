@@ -21,10 +21,11 @@ qint32 ProximoGenerator(ContextoExecucao& contexto, data::Piece nome);
 /// The key of the last insert of the main connection, 0 without one. Runs right after the insert.
 qint32 UltimoIdentity(ContextoExecucao& contexto);
 
-/// Fills the four colours of the context from the scheme of that name in `cor_sist`; the system colours when there is none.
+/// Fills the four colours of the context from the scheme of that name in `cor_sist`; the system colours when there is
+/// none.
 void LeCoresSistema(ContextoExecucao& contexto, const QString& esquema);
-/// Paints a screen with the first pair: background of the screen; labels both colours; buttons, text fields, check boxes and options
-/// the background only.
+/// Paints a screen with the first pair: background of the screen; labels both colours; buttons, text fields, check
+/// boxes and options the background only.
 void AplicaCoresForm(ContextoExecucao& contexto, screen::Screen& tela);
 
 /// Closes the main connection and, for "SAIR", ends the process.

@@ -1,5 +1,6 @@
 #include "launch/CampoDelimitado.h"
 
+#include "base/Literals.h"
 #include "base/Text.h"
 
 namespace vorta {
@@ -30,7 +31,7 @@ QString CampoDelimitado(qint16 indice, QString& texto) {
     const QString trimmed = Trim(texto);
     if (!trimmed.endsWith(mark))
         texto = trimmed + mark;
-    return closedPiece(indice, texto, mark, QStringLiteral("."));
+    return closedPiece(indice, texto, mark, u"."_s);
 }
 
 QString CampoDelimitadoPor(qint16 indice, const QString& texto, QChar separador) {

@@ -4,13 +4,14 @@
 
 namespace vorta {
 
-/// The `indice`-th field (from 1) of a text divided by "^": launch string, configuration lines, lists between screens. A field that is
-/// not there gives "."; an index under 1 and an empty text give empty text. A text whose trimmed form does not end in "^" is replaced
-/// by that form with a "^" behind it, in the caller's variable. The field is not trimmed.
+/// The `indice`-th field (from 1) of a text divided by "^": launch string, configuration lines, lists between screens.
+/// A field that is not there gives "."; an index under 1 and an empty text give empty text. A text whose trimmed form
+/// does not end in "^" is replaced by that form with a "^" behind it, in the caller's variable. The field is not
+/// trimmed.
 QString CampoDelimitado(qint16 indice, QString& texto);
 
-/// The text in front of the `indice`-th `separador`, behind the one before it; empty when there are fewer. Text behind the last separator can
-/// never be returned.
+/// The text in front of the `indice`-th `separador`, behind the one before it; empty when there are fewer. Text behind
+/// the last separator can never be returned.
 QString CampoDelimitadoPor(qint16 indice, const QString& texto, QChar separador);
 
 } // namespace vorta

@@ -1,5 +1,6 @@
 #include "launch/ConectaServidor.h"
 
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/CampoDelimitado.h"
 #include "launch/EngineTags.h"
@@ -18,12 +19,14 @@ using screen::Icon;
 /// Environments in the order of the lines of "server.ini"; an empty one counts as the first.
 constexpr std::array<QStringView, 3> ambientes{u"PRD", u"HIST", u"DEV"};
 
-QString pastaFixa(const ContextoExecucao& contexto) { return contexto.platform().home() + u"/config/"_qs; }
+QString pastaFixa(const ContextoExecucao& contexto) {
+    return contexto.platform().home() + u"/config/"_s;
+}
 
 /// The configured place of a configuration file, or its fixed place when nothing is configured or no file stands there.
 QString caminhoConfiguracao(const ContextoExecucao& contexto, const QString& arquivo) {
     const QString prefixo = contexto.RaizAplicacao + contexto.PastaAplicacao;
-    const QString configurado = prefixo + u"config\\"_qs + arquivo;
+    const QString configurado = prefixo + u"config\\"_s + arquivo;
     if (prefixo.isEmpty() || !contexto.platform().fileExists(configurado))
         return pastaFixa(contexto) + arquivo;
     return configurado;
@@ -55,7 +58,7 @@ void tomaCampos(ContextoExecucao& contexto, const QString& linha) {
     contexto.StringConexaoFirebird = campoDaLinha(linha, 6);
     contexto.PreservaAcentos = ToBoolean(campoDaLinha(linha, 7));
     if (contexto.TipoBanco.isEmpty())
-        contexto.TipoBanco = QStringLiteral("MS-SQL");
+        contexto.TipoBanco = u"MS-SQL"_s;
 }
 
 void abre(ContextoExecucao& contexto, const EngineTag& tag, std::unique_ptr<data::Connection>& conexao) {
@@ -67,9 +70,9 @@ void abre(ContextoExecucao& contexto, const EngineTag& tag, std::unique_ptr<data
 }
 
 [[noreturn]] void encerraSemConteudo(ContextoExecucao& contexto) {
-    contexto.program().MsgBox({QStringLiteral("Conteúdo do Arquivo NÃO Encontrado!\nContate o seu Desenvolvedor para "
-                                              "posicionar a falha de Conexão!"),
-                               QStringLiteral("Falha de Conexão com o Servidor"), Icon::None, Buttons::OK});
+    contexto.program().MsgBox({u"Conteúdo do Arquivo NÃO Encontrado!\nContate o seu Desenvolvedor para "
+                               "posicionar a falha de Conexão!"_s,
+                               u"Falha de Conexão com o Servidor"_s, Icon::None, Buttons::OK});
     contexto.program().End();
 }
 
@@ -86,7 +89,7 @@ QString linhaDoAmbiente(const QString& ambiente, const QStringList& linhas) {
 }
 
 void abrePrincipal(ContextoExecucao& contexto) {
-    const QString arquivo = QStringLiteral("server.ini");
+    const QString arquivo = u"server.ini"_s;
     QString caminho = caminhoConfiguracao(contexto, arquivo);
     const QStringList linhas = linhasDe(contexto, caminho, arquivo, static_cast<int>(ambientes.size()));
     const QString linha = linhaDoAmbiente(contexto.Ambiente, linhas);
@@ -102,7 +105,7 @@ void abrePrincipal(ContextoExecucao& contexto) {
 }
 
 void abreCep(ContextoExecucao& contexto) {
-    const QString arquivo = QStringLiteral("server_cep.ini");
+    const QString arquivo = u"server_cep.ini"_s;
     QString caminho = caminhoConfiguracao(contexto, arquivo);
     const QString linha = Trim(linhasDe(contexto, caminho, arquivo, 1).value(0));
     if (linha.isEmpty())
@@ -121,10 +124,9 @@ void ConectaServidor(ContextoExecucao& contexto) {
         abrePrincipal(contexto);
     } catch (const RuntimeError& error) {
         if (error.number() == errorNumber::ConnectionFailed)
-            encerraSemResposta(contexto, QStringLiteral("O Servidor de dados não está respondendo.\n\nVerifique se o "
-                                                        "servidor NT/SQL/LINUX (%1) está ligado.\nO Ambiente "
-                                                        "selecionado () pode não estar configurado!")
-                                             .arg(contexto.Servidor));
+            encerraSemResposta(contexto, u"O Servidor de dados não está respondendo.\n\nVerifique se o "
+                                         "servidor NT/SQL/LINUX (%1) está ligado.\nO Ambiente "
+                                         "selecionado () pode não estar configurado!"_s.arg(contexto.Servidor));
     }
 }
 
@@ -134,9 +136,8 @@ void ConectaServidorCEP(ContextoExecucao& contexto) {
         abreCep(contexto);
     } catch (const RuntimeError& error) {
         if (error.number() == errorNumber::ConnectionFailed)
-            encerraSemResposta(contexto, QStringLiteral("O Servidor CEP de dados não está respondendo.\n\nVerifique se "
-                                                        "o servidor NT/SQL/Linux (%1) está ligado.")
-                                             .arg(contexto.Servidor));
+            encerraSemResposta(contexto, u"O Servidor CEP de dados não está respondendo.\n\nVerifique se "
+                                         "o servidor NT/SQL/Linux (%1) está ligado."_s.arg(contexto.Servidor));
     }
 }
 
@@ -152,11 +153,11 @@ void FechaServidorCEP(ContextoExecucao& contexto) {
 }
 
 void LeServerAplic(ContextoExecucao& contexto) {
-    const QString caminho = pastaFixa(contexto) + u"server_aplic.ini"_qs;
+    const QString caminho = pastaFixa(contexto) + u"server_aplic.ini"_s;
     if (!contexto.platform().fileExists(caminho)) {
         contexto.program().MsgBox(
-            {QStringLiteral("Há Problemas de Configuração do Aplicativo VORTA!\nContate o Administrador do Sistema e "
-                            "informe este fato, identificado\no motivo [Falta do Arquivo Server_Aplic]!"),
+            {u"Há Problemas de Configuração do Aplicativo VORTA!\nContate o Administrador do Sistema e "
+             "informe este fato, identificado\no motivo [Falta do Arquivo Server_Aplic]!"_s,
              ContextoExecucao::Titulo(), Icon::Critical, Buttons::OK});
         contexto.program().End();
     }
@@ -182,7 +183,7 @@ void LePaths(ContextoExecucao& contexto) {
         &ContextoExecucao::Caminho09,       &ContextoExecucao::CaminhoPaginas,
         &ContextoExecucao::Caminho11,       &ContextoExecucao::Caminho12};
     try {
-        const QString arquivo = QStringLiteral("paths.ini");
+        const QString arquivo = u"paths.ini"_s;
         contexto.ArquivoPaths = caminhoConfiguracao(contexto, arquivo);
         const QString linha = Trim(linhasDe(contexto, contexto.ArquivoPaths, arquivo, 1).value(0));
         for (size_t indice = 0; indice < campos.size(); ++indice)
@@ -190,7 +191,7 @@ void LePaths(ContextoExecucao& contexto) {
         const QString codigo = LeCodigoEmpresa(contexto, QString::number(contexto.CodigoEmpresa));
         contexto.CaminhoDanfe = LeCaminhoDanfe(contexto, codigo);
         if (Trim(contexto.CaminhoDanfe).isEmpty())
-            contexto.CaminhoDanfe = QStringLiteral("C:\\Vorta\\DANFE\\");
+            contexto.CaminhoDanfe = u"C:\\Vorta\\DANFE\\"_s;
     } catch (const RuntimeError&) {
         // Whatever could not be read stays unset; the launch goes on without it.
     }

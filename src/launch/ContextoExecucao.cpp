@@ -1,5 +1,6 @@
 #include "launch/ContextoExecucao.h"
 
+#include "base/Literals.h"
 #include "base/Text.h"
 
 #include <algorithm>
@@ -86,7 +87,7 @@ const CampoContexto& acha(const QString& nome) {
         return nome.compare(QLatin1StringView(campo.nome), Qt::CaseInsensitive) == 0;
     });
     if (found == campos.end())
-        throw RuntimeError(errorNumber::NoSuchMember, QStringLiteral("O contexto não tem o campo %1").arg(nome));
+        throw RuntimeError(errorNumber::NoSuchMember, u"O contexto não tem o campo %1"_s.arg(nome));
     return *found;
 }
 
@@ -110,7 +111,7 @@ ContextoExecucao::~ContextoExecucao() {
 }
 
 QString ContextoExecucao::Titulo() {
-    return QStringLiteral("ERP VORTA - Nexoria - Release 2015.07.24");
+    return u"ERP VORTA - Nexoria - Release 2015.07.24"_s;
 }
 
 QString ContextoExecucao::Campo(const QString& nome) const {
@@ -118,7 +119,7 @@ QString ContextoExecucao::Campo(const QString& nome) const {
                           [&](QString C::*membro) { return this->*membro; },
                           [&](qint16 C::*membro) { return QString::number(this->*membro); },
                           [&](qint32 C::*membro) { return QString::number(this->*membro); },
-                          [&](bool C::*membro) { return this->*membro ? u"True"_qs : u"False"_qs; },
+                          [&](bool C::*membro) { return this->*membro ? u"True"_s : u"False"_s; },
                           [&](data::Statement C::*membro) { return (this->*membro).text(); },
                       },
                       acha(nome).membro);
@@ -172,7 +173,7 @@ QStringList ContextoExecucao::NomesTelas() const {
 screen::Screen& ContextoExecucao::Tela(const QString& nome) {
     const auto fabrica = fabricas_.find(nome);
     if (fabrica == fabricas_.end())
-        throw RuntimeError(errorNumber::ObjectNotSet, QStringLiteral("A tela %1 não existe neste programa").arg(nome));
+        throw RuntimeError(errorNumber::ObjectNotSet, u"A tela %1 não existe neste programa"_s.arg(nome));
     std::unique_ptr<screen::Screen>& tela = telas_[nome];
     if (!tela)
         tela = fabrica->second(*this);

@@ -17,8 +17,8 @@ constexpr std::array tags{
     EngineTag{"MSSQL", Engine::SqlServer, longWait, "driver={SQL Server};server=%1;uid=%2;pwd=%3;database=%4", true},
     EngineTag{"MS-SQL2005WEB", Engine::SqlServer, longWait, "Provider=SQLNCLI;Server=%1;Database=%4;Uid=%2; Pwd=%3;",
               false},
-    EngineTag{"MS-SQL2008WEB", Engine::SqlServer, longWait,
-              "Provider=SQLNCLI10;Server=%1;Database=%4;Uid=%2; Pwd=%3;", false},
+    EngineTag{"MS-SQL2008WEB", Engine::SqlServer, longWait, "Provider=SQLNCLI10;Server=%1;Database=%4;Uid=%2; Pwd=%3;",
+              false},
     EngineTag{"MS-SQL-REMOTO", Engine::SqlServer, std::nullopt,
               "Provider=sqloledb;Network Library=DBMSSOCN;Data Source=%1;Initial Catalog=%4;User ID=%2; Password=%3",
               false},
@@ -27,7 +27,9 @@ constexpr std::array tags{
 
 } // namespace
 
-std::span<const EngineTag> EngineTags() { return tags; }
+std::span<const EngineTag> EngineTags() {
+    return tags;
+}
 
 const EngineTag* FindEngineTag(const QString& tag) {
     const auto found =

@@ -12,7 +12,8 @@ struct EngineTag {
     const char* tag;
     data::Engine engine;
     std::optional<int> timeout; ///< seconds; none leaves the connection's default
-    /// The connection string with %1 server, %2 user, %3 password, %4 database; empty takes the line's own Firebird string.
+    /// The connection string with %1 server, %2 user, %3 password, %4 database; empty takes the line's own Firebird
+    /// string.
     const char* form;
     bool postalCode; ///< the postal-code file knows this tag too
 };

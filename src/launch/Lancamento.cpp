@@ -1,5 +1,6 @@
 #include "launch/Lancamento.h"
 
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
 #include "launch/CampoDelimitado.h"
@@ -29,31 +30,31 @@ void TomaLinhaComando(ContextoExecucao& contexto) {
 } // namespace
 
 QString IdentificaInstalacao(const ContextoExecucao& contexto) {
-    const QString marca = contexto.platform().home() + u"/config/ORBALUX.txt"_qs;
-    return contexto.platform().fileExists(marca) ? u"ORBALUX"_qs : u"CLIENTE"_qs;
+    const QString marca = contexto.platform().home() + u"/config/ORBALUX.txt"_s;
+    return contexto.platform().fileExists(marca) ? u"ORBALUX"_s : u"CLIENTE"_s;
 }
 
 void Lancamento(ContextoExecucao& contexto, screen::Screen& tela) {
     if (IdentificaInstalacao(contexto) == u"ORBALUX")
-        contexto.LinhaComando = QStringLiteral("1^1^PRD^False^");
+        contexto.LinhaComando = u"1^1^PRD^False^"_s;
     if (Trim(contexto.LinhaComando).isEmpty()) {
-        contexto.program().MsgBox(QStringLiteral("Chamada Ilegal para esta rotina!"));
+        contexto.program().MsgBox(u"Chamada Ilegal para esta rotina!"_s);
         contexto.program().End();
     }
     TomaLinhaComando(contexto);
     ConectaServidor(contexto);
 
     const QString empresa = QString::number(contexto.CodigoEmpresa);
-    screen::Field& codigo = tela.field(QStringLiteral("lblCodiEmpresa"));
+    screen::Field& codigo = tela.field(u"lblCodiEmpresa"_s);
     codigo.setText(LeCodigoEmpresa(contexto, empresa));
-    tela.field(QStringLiteral("lblNomeEmpresa")).setText(LeNomeEmpresa(contexto, empresa));
-    tela.field(QStringLiteral("lblCodiAmbiente")).setText(contexto.Ambiente);
+    tela.field(u"lblNomeEmpresa"_s).setText(LeNomeEmpresa(contexto, empresa));
+    tela.field(u"lblCodiAmbiente"_s).setText(contexto.Ambiente);
     LeUsuario(contexto, contexto.CodigoUsuario);
     CentralizaForm(tela);
-    tela.setCaption(ContextoExecucao::Titulo() + u" ("_qs + contexto.Ambiente + u")("_qs + codigo.text() + u'/' +
+    tela.setCaption(ContextoExecucao::Titulo() + u" ("_s + contexto.Ambiente + u")("_s + codigo.text() + u'/' +
                     contexto.NomeUsuario + u')');
     if (contexto.Ambiente != u"PRD")
-        tela.field(QStringLiteral("lblTituloJanela")).setForeground(screen::colour::Red);
+        tela.field(u"lblTituloJanela"_s).setForeground(screen::colour::Red);
 }
 
 void LeUsuario(ContextoExecucao& contexto, qint16 id) {
@@ -64,12 +65,11 @@ void LeUsuario(ContextoExecucao& contexto, qint16 id) {
     } catch (const RuntimeError& error) {
         if (error.number() != errorNumber::ConnectionFailed)
             return;
-        contexto.program().MsgBox({QStringLiteral("Ocorreu uma Falha de Conexão com o Servidor de Banco de Dados (%1).\n"
-                                                  "Tente Novamente, Caso o Problema Persista, Contate o Desenvolvedor!")
-                                       .arg(contexto.TipoBanco),
-                                   QStringLiteral("Falha de Conexão (%1)").arg(contexto.TipoBanco),
-                                   screen::Icon::Critical, screen::Buttons::OK});
-        FechaServidor(contexto, QStringLiteral("SAIR"));
+        contexto.program().MsgBox(
+            {u"Ocorreu uma Falha de Conexão com o Servidor de Banco de Dados (%1).\n"
+             "Tente Novamente, Caso o Problema Persista, Contate o Desenvolvedor!"_s.arg(contexto.TipoBanco),
+             u"Falha de Conexão (%1)"_s.arg(contexto.TipoBanco), screen::Icon::Critical, screen::Buttons::OK});
+        FechaServidor(contexto, u"SAIR"_s);
     }
 }
 
@@ -99,11 +99,13 @@ QString LeCaminhoDanfe(ContextoExecucao& contexto, const QString& codigo) {
 }
 
 QString TituloTela(const ContextoExecucao& contexto, const QString& sufixo) {
-    return ContextoExecucao::Titulo() + sufixo + u"(/"_qs + contexto.NomeUsuario + u')';
+    return ContextoExecucao::Titulo() + sufixo + u"(/"_s + contexto.NomeUsuario + u')';
 }
 
 void CentralizaForm(screen::Screen&) {}
 
-void AjustaLarguraLista(screen::ListField& lista, qint32 largura) { lista.setDropWidth(largura); }
+void AjustaLarguraLista(screen::ListField& lista, qint32 largura) {
+    lista.setDropWidth(largura);
+}
 
 } // namespace vorta

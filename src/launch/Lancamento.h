@@ -8,12 +8,13 @@ namespace vorta {
 /// "ORBALUX" on a machine that carries the marker file, otherwise "CLIENTE".
 QString IdentificaInstalacao(const ContextoExecucao& contexto);
 
-/// Takes the launch string apart, connects, reads company and user, and fills the company labels and the title bar of the start screen
-/// `tela` (fields `lblCodiEmpresa`, `lblNomeEmpresa`, `lblCodiAmbiente`, `lblTituloJanela`). An empty launch string ends the process with its
-/// box; a user or company outside 16 bits raises 6.
+/// Takes the launch string apart, connects, reads company and user, and fills the company labels and the title bar of
+/// the start screen `tela` (fields `lblCodiEmpresa`, `lblNomeEmpresa`, `lblCodiAmbiente`, `lblTituloJanela`). An empty
+/// launch string ends the process with its box; a user or company outside 16 bits raises 6.
 void Lancamento(ContextoExecucao& contexto, screen::Screen& tela);
 
-/// Reads `NomeUsuario` by the user's id; empty without a row. A lost connection ends the process with its box, other errors are ignored.
+/// Reads `NomeUsuario` by the user's id; empty without a row. A lost connection ends the process with its box, other
+/// errors are ignored.
 void LeUsuario(ContextoExecucao& contexto, qint16 id);
 
 // Company lookups by id or code; empty text without a row.

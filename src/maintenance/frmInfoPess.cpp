@@ -1,6 +1,7 @@
 #include "maintenance/frmInfoPess.h"
 
 #include "base/Format.h"
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
 #include "launch/Lancamento.h"
@@ -62,7 +63,7 @@ frmInfoPess::frmInfoPess(ContextoExecucao& contexto) : Screen(contexto.program()
 
 void frmInfoPess::Load() {
     CentralizaForm(*this);
-    setCaption(TituloTela(contexto_, u" ("_qs + contexto_.Ambiente + u") - Informação de Pessoas "_qs));
+    setCaption(TituloTela(contexto_, u" ("_s + contexto_.Ambiente + u") - Informação de Pessoas "_s));
     ContaRegistros();
     CalculaSemVinculo();
     lblDataHora.setText(FormatDateTime(contexto_.platform().now()));
@@ -80,7 +81,7 @@ void frmInfoPess::ContaRegistros() {
 
 /// A person with two roles is taken off twice, so the rest may fall below zero.
 void frmInfoPess::CalculaSemVinculo() {
-    lblDescSemVinc.setText(QStringLiteral("Sem Vínculo"));
+    lblDescSemVinc.setText(u"Sem Vínculo"_s);
     double resto = Val(lblQt1.text());
     for (const screen::Label* papel : {&lblQt2, &lblQt3, &lblQt4, &lblQt5, &lblQt6})
         resto -= Val(papel->text());
@@ -98,13 +99,12 @@ void frmInfoPess::cmdEspecialMun_Click() {
     }
     contexto_.platform().progress(0, 0);
     setPointer(screen::Pointer::Default);
-    program().MsgBox({QStringLiteral("%1 registros foram atualizados!").arg(contador), caption(),
-                      screen::Icon::Information, screen::Buttons::OK});
+    program().MsgBox({u"%1 registros foram atualizados!"_s.arg(contador), caption(), screen::Icon::Information,
+                      screen::Buttons::OK});
 }
 
 void RegistraTelasManutencao(ContextoExecucao& contexto) {
-    contexto.RegistraTela(QStringLiteral("frmInfoPess"),
-                          [](ContextoExecucao& dona) { return std::make_unique<frmInfoPess>(dona); });
+    contexto.RegistraTela(u"frmInfoPess"_s, [](ContextoExecucao& dona) { return std::make_unique<frmInfoPess>(dona); });
 }
 
 } // namespace vorta

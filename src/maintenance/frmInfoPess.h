@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Literals.h"
 #include "launch/ContextoExecucao.h"
 #include "screen/Screen.h"
 
@@ -13,8 +14,8 @@ class frmInfoPess : public screen::Screen {
 
     void Load() override;
 
-    screen::Label Label1{this, "Label1", QStringLiteral("Tabela")};
-    screen::Label Label2{this, "Label2", QStringLiteral("Qt.Registros Ativos")};
+    screen::Label Label1{this, "Label1", u"Tabela"_s};
+    screen::Label Label2{this, "Label2", u"Qt.Registros Ativos"_s};
     screen::Label lblDesc1{this, "lblDesc1"};
     screen::Label lblQt1{this, "lblQt1"};
     screen::Label lblDesc2{this, "lblDesc2"};
@@ -30,8 +31,8 @@ class frmInfoPess : public screen::Screen {
     screen::Label lblDescSemVinc{this, "lblDescSemVinc"};
     screen::Label lblQtSemVinc{this, "lblQtSemVinc"};
     screen::Label lblDataHora{this, "lblDataHora"};
-    screen::Button cmdEspecialMun{this, "cmdEspecialMun", QStringLiteral("Especial Municipios")};
-    screen::Button cmdSAIR{this, "cmdSAIR", QStringLiteral("Sai&r")};
+    screen::Button cmdEspecialMun{this, "cmdEspecialMun", u"Especial Municipios"_s};
+    screen::Button cmdSAIR{this, "cmdSAIR", u"Sai&r"_s};
 
   private:
     void ContaRegistros();

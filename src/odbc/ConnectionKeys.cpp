@@ -1,5 +1,7 @@
 #include "odbc/ConnectionKeys.h"
 
+#include "base/Literals.h"
+
 #include <QStringList>
 #include <algorithm>
 #include <array>
@@ -27,7 +29,7 @@ constexpr QStringView standardPort = u"1433";
 /// A value in braces may hold any character; the driver reads to the brace that a semicolon follows and knows no
 /// doubled brace.
 QString entry(const QString& key, const QString& value) {
-    return key + u"={"_qs + value + u"};"_qs;
+    return key + u"={"_s + value + u"};"_s;
 }
 
 /// A named instance is found by asking its machine for the port; every other server answers on the port given or the
@@ -38,17 +40,17 @@ QString serverEntries(const QString& key, const QString& value) {
         name.remove(0, 4);
     const qsizetype comma = name.lastIndexOf(u',');
     const QString host = (comma < 0 ? name : name.left(comma)).trimmed();
-    const QString server = entry(key, host == u"." || host == u"(local)" ? QStringLiteral("localhost") : host);
+    const QString server = entry(key, host == u"." || host == u"(local)" ? u"localhost"_s : host);
     if (comma < 0 && host.contains(u'\\'))
         return server;
     const QString port = comma < 0 ? standardPort.toString() : name.mid(comma + 1).trimmed();
-    return server + entry(QStringLiteral("PORT"), port);
+    return server + entry(u"PORT"_s, port);
 }
 
 } // namespace
 
 QString OdbcConnectionString(const QString& connectionString) {
-    QString odbc = QStringLiteral("DRIVER={FreeTDS};TDS_VERSION=7.4;CLIENTCHARSET=UTF-8;");
+    QString odbc = u"DRIVER={FreeTDS};TDS_VERSION=7.4;CLIENTCHARSET=UTF-8;"_s;
     for (const QString& part : connectionString.split(u';')) {
         const QString name = part.section(u'=', 0, 0).trimmed().toLower();
         const auto key = std::find_if(keys.begin(), keys.end(), [&](const Key& row) { return row.name == name; });

@@ -1,5 +1,6 @@
 #include "odbc/OdbcAdapter.h"
 
+#include "base/Literals.h"
 #include "odbc/ConnectionKeys.h"
 #include "odbc/Diagnostics.h"
 #include "odbc/RowReader.h"
@@ -21,11 +22,11 @@ using data::Statement;
 
 /// What the register expects of every session: year-first dates with slashes, and a lock that ends in an error, not in
 /// a hanging window.
-const QString sessionSettings = QStringLiteral("SET DATEFORMAT ymd SET LOCK_TIMEOUT 5000");
+const QString sessionSettings = u"SET DATEFORMAT ymd SET LOCK_TIMEOUT 5000"_s;
 
 QString freshName() {
     static std::atomic<int> count = 0;
-    return QStringLiteral("vorta_odbc_%1").arg(++count);
+    return u"vorta_odbc_%1"_s.arg(++count);
 }
 
 struct FreeStatement {
@@ -40,10 +41,10 @@ class OdbcAdapter final : public Adapter {
     void open(const QString& connectionString, int timeoutSeconds) override {
         disconnect();
         name_ = freshName();
-        database_ = QSqlDatabase::addDatabase(QStringLiteral("QODBC"), name_);
+        database_ = QSqlDatabase::addDatabase(u"QODBC"_s, name_);
         database_.setDatabaseName(OdbcConnectionString(connectionString));
         database_.setConnectOptions(
-            QStringLiteral("SQL_ATTR_ODBC_VERSION=SQL_OV_ODBC3;SQL_ATTR_LOGIN_TIMEOUT=%1").arg(timeoutSeconds));
+            u"SQL_ATTR_ODBC_VERSION=SQL_OV_ODBC3;SQL_ATTR_LOGIN_TIMEOUT=%1"_s.arg(timeoutSeconds));
         if (!database_.open()) {
             const RuntimeError failure = OpenFailure(database_);
             disconnect();
@@ -91,9 +92,8 @@ class OdbcAdapter final : public Adapter {
     /// The driver keeps silent about a second begin and about a commit of nothing.
     void requireTransaction(bool open) const {
         if (inTransaction_ != open)
-            throw RuntimeError(errorNumber::StatementRefused,
-                               open ? QStringLiteral("Não há transação aberta nesta conexão")
-                                    : QStringLiteral("Já existe uma transação aberta nesta conexão"));
+            throw RuntimeError(errorNumber::StatementRefused, open ? u"Não há transação aberta nesta conexão"_s
+                                                                   : u"Já existe uma transação aberta nesta conexão"_s);
     }
 
     SQLHANDLE connection() const { return *static_cast<const SQLHANDLE*>(database_.driver()->handle().constData()); }

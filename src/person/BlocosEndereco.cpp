@@ -1,5 +1,6 @@
 #include "person/BlocosEndereco.h"
 
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
 #include "person/frmPessoas.h"
@@ -100,7 +101,7 @@ void LigaBloco(frmPessoas& tela, const BlocoEndereco& bloco) {
     pais.DropDown = [&] { PreenchePaises(contexto, pais.text(), pais); };
     (tela.*bloco.buscaCep).Click = [&contexto, &bloco] {
         contexto.EnderecoAlvoCep = QString::fromLatin1(bloco.qualificador);
-        contexto.MostraTela(QStringLiteral("frmBROWSE_CEPS"));
+        contexto.MostraTela(u"frmBROWSE_CEPS"_s);
     };
 }
 
@@ -118,7 +119,7 @@ void CopiaEndereco(frmPessoas& tela, const BlocoEndereco& origem, const BlocoEnd
 }
 
 bool ConfirmaClone(frmPessoas& tela) {
-    return Confirma(tela, QStringLiteral("Confirma Clone: De Razao Social P/ Nome Fantasia?"));
+    return Confirma(tela, u"Confirma Clone: De Razao Social P/ Nome Fantasia?"_s);
 }
 
 void txtNomeFantasia_LostFocus(frmPessoas& tela) {
@@ -136,7 +137,7 @@ void LigaBlocosEndereco(frmPessoas& tela) {
         LigaBloco(tela, *bloco);
     for (const BotaoCopia& copia : copias)
         (tela.*copia.botao).Click = [&tela, &copia] {
-            if (Confirma(tela, QStringLiteral("Confirma Repetição do Endereço?")))
+            if (Confirma(tela, u"Confirma Repetição do Endereço?"_s))
                 CopiaEndereco(tela, *copia.origem, *copia.destino);
         };
     tela.cmdClonarRazaoSocial.Click = [&tela] {
@@ -157,7 +158,7 @@ void PreencheCombosUFs(frmPessoas& tela) {
         ListField& lista = tela.*bloco->uf;
         lista.clear();
         lista.addItem(LeUfEmpresa(contexto));
-        lista.addItem(QStringLiteral("  "));
+        lista.addItem(u"  "_s);
     }
     for (data::Recordset registros = AbreLeitura(contexto, contexto.SqlConsulta); !registros.Eof();
          registros.MoveNext())

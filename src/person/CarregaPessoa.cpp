@@ -1,4 +1,5 @@
 #include "base/Format.h"
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
 #include "person/CamposPessoa.h"
@@ -76,7 +77,7 @@ void frmPessoas::cmdPesquisar_Cliente_Click() {
     else if (!txtCodPessExterno.text().isEmpty())
         PesquisaPorCodigoExterno();
     else
-        contexto_.MostraTela(QStringLiteral("frmBROWSE_PESSOAS"));
+        contexto_.MostraTela(u"frmBROWSE_PESSOAS"_s);
 }
 
 void frmPessoas::PesquisaPorId() {
@@ -108,8 +109,7 @@ void frmPessoas::PesquisaPorCodigoExterno() {
 }
 
 void frmPessoas::AvisaNaoLocalizada() {
-    program().MsgBox(
-        {QStringLiteral("Pessoa não localizada!"), caption(), screen::Icon::Information, screen::Buttons::OK});
+    program().MsgBox({u"Pessoa não localizada!"_s, caption(), screen::Icon::Information, screen::Buttons::OK});
     SetFocus(txtRowID);
 }
 
@@ -154,7 +154,7 @@ void frmPessoas::LePessoa(Recordset& registro) {
         field(QString::fromLatin1(linha.campo)).setText(registro.Fields(linha.coluna).textOr({}));
 
     const QString aniversario = registro.Fields("Data_Aniv").textOr({});
-    mskDtNasc.setText(aniversario.isEmpty() ? QStringLiteral("__/__") : aniversario);
+    mskDtNasc.setText(aniversario.isEmpty() ? u"__/__"_s : aniversario);
     if (const Value data = registro.Fields("data_aniv_rela"); !data.isNull())
         mskDtAnivRel.setText(data.text());
 
@@ -170,9 +170,9 @@ void frmPessoas::LePessoa(Recordset& registro) {
 
     cboVendedor.setText(Descricao(contexto_, registro.Fields("idvend"), ConhecidoVendedor));
     const bool fisica = registro.Fields("psFI_psJU").textOr({}) == u"F";
-    cboFisJur.setText(fisica ? QStringLiteral("Física") : QStringLiteral("Jurídica"));
-    lblCGCCPF.setText(fisica ? QStringLiteral("CPF:") : QStringLiteral("CGC:"));
-    lblIE_RG.setText(fisica ? QStringLiteral("RG:") : QStringLiteral("I.ESTADUAL:"));
+    cboFisJur.setText(fisica ? u"Física"_s : u"Jurídica"_s);
+    lblCGCCPF.setText(fisica ? u"CPF:"_s : u"CGC:"_s);
+    lblIE_RG.setText(fisica ? u"RG:"_s : u"I.ESTADUAL:"_s);
     cboTipoCli.setText(Descricao(contexto_, registro.Fields("idtipo_clie"), DescricaoTipoCliente));
     cboTransportadora.setText(Descricao(contexto_, registro.Fields("IDPESS_TRPT"), ConhecidoTransportadora));
 }

@@ -1,6 +1,7 @@
 #include "person/ComandosPessoa.h"
 
 #include "base/Format.h"
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "person/CamposPessoa.h"
 #include "shared/Consultas.h"
@@ -42,7 +43,7 @@ QString valorDe(ContextoExecucao& contexto, Forma forma, const QString& texto, b
     case Forma::CodigoMunicipio:
         return inclusao ? Trim(texto) : texto;
     case Forma::FisicaOuJuridica:
-        return texto == u"Física" ? u"F"_qs : u"J"_qs;
+        return texto == u"Física" ? u"F"_s : u"J"_s;
     case Forma::IdVendedor:
         return QString::number(IdVendedor(contexto, texto));
     case Forma::IdTipoCliente:
@@ -81,7 +82,7 @@ void MontaInsertPessoa(ContextoExecucao& contexto, const screen::Screen& tela, q
         if (passa(origem.teste, texto))
             insercao.inclui(linha.coluna, valorDe(contexto, origem.forma, texto, true));
         else if (semNulo(linha.campo))
-            insercao.inclui(linha.coluna, u"0"_qs);
+            insercao.inclui(linha.coluna, u"0"_s);
     }
     insercao.inclui("codi_empr", textoDe(tela, "lblCodiEmpresa"));
     insercao.inclui("data_incl", FormatDateSql(contexto.hoje()));

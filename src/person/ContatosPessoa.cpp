@@ -1,6 +1,7 @@
 #include "person/ContatosPessoa.h"
 
 #include "base/Format.h"
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
 #include "person/frmPessoas.h"
@@ -16,7 +17,7 @@ namespace {
 
 using data::Statement;
 
-const QString semAniversario = QStringLiteral("__/__");
+const QString semAniversario = u"__/__"_s;
 
 /// Columns of `Flex`; the first one, hidden, stays empty.
 enum ColunaContato { Tipo = 1, Nome, Fone, Email, Aniversario };
@@ -40,8 +41,8 @@ void cmdIncluirContato_Click(frmPessoas& tela) {
         return;
     QString aniversario = tela.mskDtNascCont.text();
     if (!ValidaDiaMes(tela.contexto(), aniversario)) {
-        tela.program().MsgBox({QStringLiteral("Formato de Data Inválida!"), QStringLiteral("Data de Aniversário"),
-                               screen::Icon::Information, screen::Buttons::OK});
+        tela.program().MsgBox(
+            {u"Formato de Data Inválida!"_s, u"Data de Aniversário"_s, screen::Icon::Information, screen::Buttons::OK});
         tela.SetFocus(tela.mskDtNascCont);
         return;
     }
@@ -82,8 +83,8 @@ void cboAtividades_LostFocus(frmPessoas& tela) {
     const QString ramo = Trim(tela.cboAtividades.text());
     if (ramo.isEmpty() || IdAtividade(tela.contexto(), ramo) != 0)
         return;
-    tela.program().MsgBox({QStringLiteral("Esta Atividade não Existe!"), ContextoExecucao::Titulo(),
-                           screen::Icon::Information, screen::Buttons::OK});
+    tela.program().MsgBox(
+        {u"Esta Atividade não Existe!"_s, ContextoExecucao::Titulo(), screen::Icon::Information, screen::Buttons::OK});
     tela.cboAtividades.setText({});
     tela.SetFocus(tela.cboAtividades);
 }
@@ -95,7 +96,7 @@ void cmdIncluirAtividades_Click(frmPessoas& tela) {
     if (IdAtividade(tela.contexto(), ramo) > 0)
         tela.FlexAtividades.AddItem(Linha({tela.cboAtividades.text()}));
     else
-        tela.program().MsgBox({QStringLiteral("Este Ramo de Atividade não existe!"), ContextoExecucao::Titulo(),
+        tela.program().MsgBox({u"Este Ramo de Atividade não existe!"_s, ContextoExecucao::Titulo(),
                                screen::Icon::Critical, screen::Buttons::OK});
     tela.cboAtividades.setText({});
     tela.SetFocus(tela.cboAtividades);
@@ -134,16 +135,11 @@ void LigaContatos(frmPessoas& tela) {
 }
 
 void PreparaGridContatos(frmPessoas& tela) {
-    tela.Flex.reset({{QStringLiteral("ID"), 0},
-                     {QStringLiteral("Tipo")},
-                     {QStringLiteral("Nome")},
-                     {QStringLiteral("Fone")},
-                     {QStringLiteral("E-Mail")},
-                     {QStringLiteral("Aniver.")}});
+    tela.Flex.reset({{u"ID"_s, 0}, {u"Tipo"_s}, {u"Nome"_s}, {u"Fone"_s}, {u"E-Mail"_s}, {u"Aniver."_s}});
 }
 
 void PreparaGridAtividades(frmPessoas& tela) {
-    tela.FlexAtividades.reset({{QStringLiteral("ID"), 0}, {QStringLiteral("Ramos de Atividade")}});
+    tela.FlexAtividades.reset({{u"ID"_s, 0}, {u"Ramos de Atividade"_s}});
 }
 
 void CarregaAtividades(frmPessoas& tela) {

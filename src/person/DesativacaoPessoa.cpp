@@ -1,6 +1,7 @@
 #include "person/DesativacaoPessoa.h"
 
 #include "base/Format.h"
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "person/frmPessoas.h"
 #include "shared/TextoEntrada.h"
@@ -18,7 +19,7 @@ using screen::Icon;
 bool FaltaSelecao(frmPessoas& tela) {
     if (!RTrim(tela.txtRowID.text()).isEmpty())
         return false;
-    tela.program().MsgBox(QStringLiteral("Selecione Um Registro Para Executar esta Operação!"));
+    tela.program().MsgBox(u"Selecione Um Registro Para Executar esta Operação!"_s);
     return true;
 }
 
@@ -27,7 +28,7 @@ bool Desativada(const frmPessoas& tela) {
 }
 
 void Recusa(frmPessoas& tela, const QString& motivo) {
-    tela.program().MsgBox(QStringLiteral("Impossibilidade de Executar o Comando!\n") + motivo);
+    tela.program().MsgBox(u"Impossibilidade de Executar o Comando!\n"_s + motivo);
     tela.LimpaTela();
 }
 
@@ -55,11 +56,11 @@ void cmdEXCLUIR_Click(frmPessoas& tela) {
     if (FaltaSelecao(tela))
         return;
     if (Desativada(tela))
-        return Recusa(tela, QStringLiteral("O Registro Já está como Desativado."));
-    if (Confirma(tela, QStringLiteral("Deseja realmente Desativar?"))) {
+        return Recusa(tela, u"O Registro Já está como Desativado."_s);
+    if (Confirma(tela, u"Deseja realmente Desativar?"_s)) {
         if (TemVinculo(tela)) {
-            tela.program().MsgBox({QStringLiteral("Atenção!!!\nExistem Vinculos com essa 'Pessoa'\nDesfaça os vinculos "
-                                                  "antes de desativar"),
+            tela.program().MsgBox({u"Atenção!!!\nExistem Vinculos com essa 'Pessoa'\nDesfaça os vinculos "
+                                   "antes de desativar"_s,
                                    ContextoExecucao::Titulo(), Icon::Critical, Buttons::OK});
             tela.PosicionaBotoes();
             return;
@@ -75,8 +76,8 @@ void cmdReativar_Click(frmPessoas& tela) {
     if (FaltaSelecao(tela))
         return;
     if (!Desativada(tela))
-        return Recusa(tela, QStringLiteral("O Registro Já está como Ativo."));
-    if (Confirma(tela, QStringLiteral("Deseja realmente Reativar Este Registro ?")))
+        return Recusa(tela, u"O Registro Já está como Ativo."_s);
+    if (Confirma(tela, u"Deseja realmente Reativar Este Registro ?"_s))
         MudaSituacao(tela, Statement("USER_DESA=null, ")
                                << "DATA_DESA=null, "
                                << "USER_INCL='" << tela.contexto().CodigoUsuario << "', "

@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "launch/AcessoDados.h"
 #include "person/ComandosPessoa.h"
 #include "person/ContatosPessoa.h"
@@ -59,8 +60,8 @@ void frmPessoas::GravaListas(const QString& idpess) {
 void frmPessoas::TerminaGravacao() {
     contexto_.principal().CommitTrans();
     setPointer(screen::Pointer::Default);
-    program().MsgBox(QStringLiteral("Registro Gravado com sucesso!"));
-    contexto_.ModoTela = QStringLiteral(" ");
+    program().MsgBox(u"Registro Gravado com sucesso!"_s);
+    contexto_.ModoTela = u" "_s;
 }
 
 } // namespace vorta

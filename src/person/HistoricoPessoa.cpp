@@ -1,6 +1,7 @@
 #include "person/HistoricoPessoa.h"
 
 #include "base/Format.h"
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
 #include "launch/CampoDelimitado.h"
@@ -43,7 +44,7 @@ struct Documento {
 
 double TotalPedido(ContextoExecucao& contexto, const QString& id) {
     QString pedido = id;
-    return TotalPedidoVenda(contexto, pedido, QStringLiteral("C"));
+    return TotalPedidoVenda(contexto, pedido, u"C"_s);
 }
 
 double ItensPedido(ContextoExecucao& contexto, qint32 id) {
@@ -57,7 +58,7 @@ constexpr Documento pedidoCompra{"idPedi_comp",     "idPedi_comp",         "data
                                  TotalPedidoCompra, QtdeItensPedidoCompra, nullptr};
 
 QString NotaFiscal(ContextoExecucao& contexto, const data::Value& idnff0) {
-    return idnff0.isNull() ? QStringLiteral("0") : NumeroNota(contexto, idnff0.text());
+    return idnff0.isNull() ? u"0"_s : NumeroNota(contexto, idnff0.text());
 }
 
 /// Adds a line for each document and fills the statistics. The date labels keep their text when there is no document.
@@ -111,45 +112,45 @@ Estatistica EstatisticaCompras(frmPessoas& tela) {
 }
 
 void MontaGradeHistClie(frmPessoas& tela) {
-    tela.FlexHistClie.reset({{u"ID"_qs, 0},
-                             {u"Pedido"_qs, 1400},
-                             {u"Data"_qs, 1400},
-                             {u"Vr.Liquido"_qs, 1400, Align::Right},
-                             {u"Qtde.Itens"_qs, 1400, Align::Right},
-                             {u"NF"_qs, 1200}});
+    tela.FlexHistClie.reset({{u"ID"_s, 0},
+                             {u"Pedido"_s, 1400},
+                             {u"Data"_s, 1400},
+                             {u"Vr.Liquido"_s, 1400, Align::Right},
+                             {u"Qtde.Itens"_s, 1400, Align::Right},
+                             {u"NF"_s, 1200}});
 }
 
 void MontaGradeHistClieII(frmPessoas& tela) {
     tela.FlexHistClieII.reset(
-        {{u"ID"_qs, 0}, {u"Orçamento"_qs, 1400}, {u"Data"_qs, 1400}, {u"Vr.Liquido"_qs, 1400, Align::Right}});
+        {{u"ID"_s, 0}, {u"Orçamento"_s, 1400}, {u"Data"_s, 1400}, {u"Vr.Liquido"_s, 1400, Align::Right}});
 }
 
 void MontaGradeHistClieIII(frmPessoas& tela) {
     tela.FlexHistClieIII.reset(
-        {{u"ID"_qs, 0}, {u"OS"_qs, 1400}, {u"Data"_qs, 1400}, {u"Vr.Liquido"_qs, 1400, Align::Right}});
+        {{u"ID"_s, 0}, {u"OS"_s, 1400}, {u"Data"_s, 1400}, {u"Vr.Liquido"_s, 1400, Align::Right}});
 }
 
 void MontaGradeHistForn(frmPessoas& tela) {
-    tela.FlexHistForn.reset({{u"ID"_qs, 0},
-                             {u"Pedido"_qs, 1400},
-                             {u"Data"_qs, 1400},
-                             {u"Vr.Liquido"_qs, 1400, Align::Right},
-                             {u"Qtde.Itens"_qs, 1400, Align::Right}});
+    tela.FlexHistForn.reset({{u"ID"_s, 0},
+                             {u"Pedido"_s, 1400},
+                             {u"Data"_s, 1400},
+                             {u"Vr.Liquido"_s, 1400, Align::Right},
+                             {u"Qtde.Itens"_s, 1400, Align::Right}});
 }
 
 void MontaGradeHistFornDeta(frmPessoas& tela) {
-    tela.FlexHistFornDeta.reset({{u"ID"_qs, 0},
-                                 {u"Pedido"_qs, 1100},
-                                 {u"Data"_qs, 1100},
-                                 {u"Cod.Produto"_qs, 1200},
-                                 {u"Desc.Produto"_qs, 2500},
-                                 {u"Vr.Unit."_qs, 1000, Align::Right},
-                                 {u"Vr.Desc."_qs, 1000, Align::Right},
-                                 {u"Vr.Liquido"_qs, 1100, Align::Right},
-                                 {u"Qtde"_qs, 800, Align::Right},
-                                 {u"Vr.Total"_qs, 1100, Align::Right},
-                                 {u"Dt.Entrega"_qs, 1100},
-                                 {u"Qtde.Entregue"_qs, 800, Align::Right}});
+    tela.FlexHistFornDeta.reset({{u"ID"_s, 0},
+                                 {u"Pedido"_s, 1100},
+                                 {u"Data"_s, 1100},
+                                 {u"Cod.Produto"_s, 1200},
+                                 {u"Desc.Produto"_s, 2500},
+                                 {u"Vr.Unit."_s, 1000, Align::Right},
+                                 {u"Vr.Desc."_s, 1000, Align::Right},
+                                 {u"Vr.Liquido"_s, 1100, Align::Right},
+                                 {u"Qtde"_s, 800, Align::Right},
+                                 {u"Vr.Total"_s, 1100, Align::Right},
+                                 {u"Dt.Entrega"_s, 1100},
+                                 {u"Qtde.Entregue"_s, 800, Align::Right}});
 }
 
 void CarregaHistCliente(frmPessoas& tela, const QString& idclie, const QString& topo, const QString& ordem) {
@@ -250,7 +251,7 @@ void CarregaHistFornecedorDetalhe(frmPessoas& tela, const QString& idforn, const
 
 void CarregaPedidosDaTela(frmPessoas& tela) {
     const QString idclie = VinculoCliente(tela.contexto(), tela.txtRowID.text());
-    CarregaHistCliente(tela, idclie, Trim(tela.txtVrTOP.text()), tela.opTopSobe.value() ? u"SOBE"_qs : u"DESCE"_qs);
+    CarregaHistCliente(tela, idclie, Trim(tela.txtVrTOP.text()), tela.opTopSobe.value() ? u"SOBE"_s : u"DESCE"_s);
 }
 
 void cmdPesquisar_Produto_Click(frmPessoas& tela) {
@@ -289,8 +290,8 @@ void LimpaHistorico(frmPessoas& tela) {
     for (const Estatistica& estatistica : {EstatisticaPedidos(tela), EstatisticaCompras(tela)}) {
         estatistica.primeira.setText({});
         estatistica.ultima.setText({});
-        estatistica.documentos.setText(QStringLiteral("0"));
-        estatistica.itens->setText(QStringLiteral("0"));
+        estatistica.documentos.setText(u"0"_s);
+        estatistica.itens->setText(u"0"_s);
         estatistica.montante.setText(FormatAmount(0));
     }
     const Estatistica servicos = EstatisticaOS(tela);

@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
 #include "person/frmPessoas.h"
@@ -103,7 +104,7 @@ void frmPessoas::mskCodigo_LostFocus() {
 void frmPessoas::txtRowID_LostFocus() {
     if (contexto_.ModoTela != u"I" || txtRowID.text().isEmpty() || !ClienteExiste(contexto_, txtRowID.text()))
         return;
-    program().MsgBox(QStringLiteral("O Cliente (%1) Já Existe! Tente outro código").arg(txtRowID.text()));
+    program().MsgBox(u"O Cliente (%1) Já Existe! Tente outro código"_s.arg(txtRowID.text()));
     SetFocus(txtRowID);
 }
 
@@ -111,18 +112,15 @@ void frmPessoas::txtFone1_LostFocus() {
     constexpr int menorTelefone = 6;
     if (txtFone1.text().size() >= menorTelefone)
         return;
-    program().MsgBox(QStringLiteral("Obrigatório Informar um Telefone!"));
+    program().MsgBox(u"Obrigatório Informar um Telefone!"_s);
     SetFocus(txtFone1);
 }
 
 void frmPessoas::Email_LostFocus(screen::Field& campo) {
     if (campo.text().isEmpty() || ValidaEmail(contexto_, campo.text()))
         return;
-    const Answer resposta =
-        program().MsgBox({QStringLiteral("O e-mail digitado não passou na validação.\nVocê deseja corrigir?"),
-                          {},
-                          Icon::None,
-                          Buttons::YesNo});
+    const Answer resposta = program().MsgBox(
+        {u"O e-mail digitado não passou na validação.\nVocê deseja corrigir?"_s, {}, Icon::None, Buttons::YesNo});
     if (resposta == Answer::Yes)
         SetFocus(campo);
 }
@@ -133,7 +131,7 @@ bool frmPessoas::DocumentoInformado() {
     const QString documento = RTrim(mskCodigo.text());
     const bool informado = !documento.isEmpty() && documento != u"___.___.___-__" && documento != u"__.___.___/____-__";
     if (!informado) {
-        program().MsgBox(QStringLiteral("CNPJ/CPF Obrigatório!!!"));
+        program().MsgBox(u"CNPJ/CPF Obrigatório!!!"_s);
         mskCodigo.setText({});
     }
     mskCodigo.setMask(mascara);
@@ -149,12 +147,11 @@ bool frmPessoas::ValidaSalvar() {
         return false;
     };
     if (RTrim(txtDescricao.text()).isEmpty())
-        return recusa({QStringLiteral("Nome Inválido!!!"), ContextoExecucao::Titulo(), Icon::Information, Buttons::OK},
+        return recusa({u"Nome Inválido!!!"_s, ContextoExecucao::Titulo(), Icon::Information, Buttons::OK},
                       txtDescricao);
     if (RTrim(txtNomeFantasia.text()).isEmpty())
-        return recusa(
-            {QStringLiteral("Nome Conhecido Inválido!!!"), ContextoExecucao::Titulo(), Icon::Information, Buttons::OK},
-            txtNomeFantasia);
+        return recusa({u"Nome Conhecido Inválido!!!"_s, ContextoExecucao::Titulo(), Icon::Information, Buttons::OK},
+                      txtNomeFantasia);
     if (!DocumentoInformado())
         return false;
     for (const CampoObrigatorio& linha : obrigatorios) {
@@ -166,14 +163,13 @@ bool frmPessoas::ValidaSalvar() {
     }
     QString aniversario = mskDtNasc.text();
     if (!ValidaDiaMes(contexto_, aniversario))
-        return recusa({QStringLiteral("Formato de Data de Aniversário Inválida!"),
-                       QStringLiteral("Data de Aniversário"), Icon::Information, Buttons::OK},
-                      mskDtNasc);
+        return recusa(
+            {u"Formato de Data de Aniversário Inválida!"_s, u"Data de Aniversário"_s, Icon::Information, Buttons::OK},
+            mskDtNasc);
     QString inscricao = txtIEstadual.text();
     if (UCase(Trim(cboFisJur.text())) == u"JURÍDICA" && !Trim(inscricao).isEmpty() &&
         !ValidaInscricaoEstadual(inscricao, cboUF.text()))
-        return recusa({QStringLiteral("Inscrição Estadual Inválida!"), QStringLiteral("Inscrição Estadual"),
-                       Icon::Information, Buttons::OK},
+        return recusa({u"Inscrição Estadual Inválida!"_s, u"Inscrição Estadual"_s, Icon::Information, Buttons::OK},
                       txtIEstadual);
     return true;
 }

@@ -1,6 +1,7 @@
 #include "person/VinculosPessoa.h"
 
 #include "base/Format.h"
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
 #include "person/frmPessoas.h"
@@ -93,18 +94,18 @@ Statement MontaInsertVinculo(const frmPessoas& tela, const VinculoDireto& vincul
 
 /// Always a new row, also when an earlier link lies deactivated. The key is asked of the connection on every engine.
 void CriaVinculo(frmPessoas& tela, const VinculoDireto& vinculo) {
-    if (!Confirma(tela, QStringLiteral("Deseja Criar um Vínculo de %1?").arg(QLatin1StringView(vinculo.palavra))))
+    if (!Confirma(tela, u"Deseja Criar um Vínculo de %1?"_s.arg(QLatin1StringView(vinculo.palavra))))
         return;
     ContextoExecucao& contexto = tela.contexto();
     contexto.SqlComando = MontaInsertVinculo(tela, vinculo);
     ExecutaSemAcentos(contexto, contexto.SqlComando);
     const qint32 id = UltimoIdentity(contexto);
     GravaVinculoPess(contexto, tela.txtRowID.text(), vinculo.colunaPess, QString::number(id));
-    Informa(tela, QStringLiteral("Vínculo estabelecido com sucesso!"));
+    Informa(tela, u"Vínculo estabelecido com sucesso!"_s);
 }
 
 void RemoveVinculo(frmPessoas& tela, const VinculoDireto& vinculo) {
-    if (!Confirma(tela, QStringLiteral("Deseja Exclui o Vínculo de %1?").arg(QLatin1StringView(vinculo.palavra))))
+    if (!Confirma(tela, u"Deseja Exclui o Vínculo de %1?"_s.arg(QLatin1StringView(vinculo.palavra))))
         return;
     ContextoExecucao& contexto = tela.contexto();
     const QString id = Vinculo(contexto, vinculo.papel, tela.txtRowID.text());
@@ -116,14 +117,14 @@ void RemoveVinculo(frmPessoas& tela, const VinculoDireto& vinculo) {
             << "WHERE (" << vinculo.chave << "=" << id << ")";
     ExecutaSemAcentos(contexto, comando);
     LimpaVinculoPess(contexto, tela.txtRowID.text(), vinculo.colunaPess);
-    Informa(tela, QStringLiteral("Vínculo excluído com sucesso!"));
+    Informa(tela, u"Vínculo excluído com sucesso!"_s);
 }
 
 void cmdPapel_Click(frmPessoas& tela, const VinculoDireto& vinculo) {
     if (SemPessoa(tela))
-        return Informa(tela, QStringLiteral("Selecione ou Salve um Registro antes de vincular!"));
+        return Informa(tela, u"Selecione ou Salve um Registro antes de vincular!"_s);
     ContextoExecucao& contexto = tela.contexto();
-    contexto.VinculoAtual = u"N"_qs;
+    contexto.VinculoAtual = u"N"_s;
     if (LeParametroEmpresa(contexto, QString::fromLatin1(vinculo.parametro)) != u"N")
         AbreTela(tela, vinculo.tela);
     else if (Val(Vinculo(contexto, vinculo.papel, tela.txtRowID.text())) == 0)
@@ -136,7 +137,7 @@ void cmdPapel_Click(frmPessoas& tela, const VinculoDireto& vinculo) {
 /// A driver is never linked directly; his screen refreshes the buttons by itself.
 void cmdMotorista_Click(frmPessoas& tela) {
     if (SemPessoa(tela)) {
-        tela.program().MsgBox(QStringLiteral("Selecione um Registro antes de vincular!"));
+        tela.program().MsgBox(u"Selecione um Registro antes de vincular!"_s);
         return;
     }
     AbreTela(tela, "frmMotorista");

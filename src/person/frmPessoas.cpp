@@ -1,5 +1,6 @@
 #include "person/frmPessoas.h"
 
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
 #include "launch/Lancamento.h"
@@ -36,7 +37,7 @@ constexpr BotaoPapel botoesPapeis[]{
 };
 
 bool ChecaEntrada(ContextoExecucao& contexto) {
-    return LeParametroEmpresa(contexto, QStringLiteral("PESS_CHECA_ENTRADA")) == u"S";
+    return LeParametroEmpresa(contexto, u"PESS_CHECA_ENTRADA"_s) == u"S";
 }
 
 } // namespace
@@ -58,7 +59,7 @@ void frmPessoas::LigaHandlers() {
     cmdSALVAR.Click = [this] { cmdSALVAR_Click(); };
     cmdSAIR.Click = [this] { cmdSAIR_Click(); };
     cmdPesquisar_Cliente.Click = [this] { cmdPesquisar_Cliente_Click(); };
-    cmdInfo.Click = [this] { contexto_.MostraTela(QStringLiteral("frmInfoPess")); };
+    cmdInfo.Click = [this] { contexto_.MostraTela(u"frmInfoPess"_s); };
     cmdAbrirOutlook.Click = [this] { AbreEmail(contexto_, txtEmail1.text()); };
     // cmdAbrirIExplorer opens nothing: the register has no browser of its own.
 
@@ -85,8 +86,8 @@ void frmPessoas::Load() {
     ExibeDataDesativacao();
     contexto_.TelaChamadora = name();
     cboFisJur.clear();
-    cboFisJur.addItem(QStringLiteral("Jurídica"));
-    cboFisJur.addItem(QStringLiteral("Física"));
+    cboFisJur.addItem(u"Jurídica"_s);
+    cboFisJur.addItem(u"Física"_s);
     PreencheTipoCliente(contexto_, *this);
     AplicaDicasCampos();
     PreencheCombosUFs(*this);
@@ -100,7 +101,7 @@ void frmPessoas::Load() {
 }
 
 void frmPessoas::ExibeDataDesativacao() {
-    if (LeParametroEmpresa(contexto_, QStringLiteral("PESS_DATA_DESA_VISUALIZA")) != u"N")
+    if (LeParametroEmpresa(contexto_, u"PESS_DATA_DESA_VISUALIZA"_s) != u"N")
         return;
     lblNome_Data_Desa.setVisible(false);
     lblDataDesa.setVisible(false);
@@ -122,9 +123,9 @@ void frmPessoas::MostraBotoesCep() {
 /// With the switch on the program alone decides the customer class.
 void frmPessoas::AplicaTipoClienteAutomatico() {
     cboTipoCli.setEnabled(true);
-    if (LeParametroEmpresa(contexto_, QStringLiteral("TIPO_CLIENTE_AUTOMATICO")) != u"S")
+    if (LeParametroEmpresa(contexto_, u"TIPO_CLIENTE_AUTOMATICO"_s) != u"S")
         return;
-    cboTipoCli.setText(QStringLiteral("BRONZE"));
+    cboTipoCli.setText(u"BRONZE"_s);
     cboTipoCli.setEnabled(false);
 }
 
@@ -140,7 +141,7 @@ void frmPessoas::LimpaTela() {
          {&mskDtNasc, &mskCodigo, &mskCEP, &mskEnt_CEP, &mskCob_CEP, &mskDtNascCont, &mskDtAnivRel})
         LimpaMascara(*campo);
     for (screen::ListField* pais : {&cboPais_Coml, &cboPais_Entg, &cboPais_Cobr})
-        pais->setText(QStringLiteral("BRASIL"));
+        pais->setText(u"BRASIL"_s);
     LimpaHistorico(*this);
     AplicaTipoClienteAutomatico();
     AtualizaIndicadoresVinculo(contexto_, *this);
@@ -166,19 +167,19 @@ void frmPessoas::AbandonaOperacao() {
     PosicionaBotoes();
     BloqueiaCampos();
     LimpaTela();
-    contexto_.ModoTela = QStringLiteral(" ");
+    contexto_.ModoTela = u" "_s;
 }
 
 void frmPessoas::cmdINCLUIR_Click() {
     LimpaTela();
     TrimCamposTexto(*this); // what the clearing leaves from the person before
     if (ChecaEntrada(contexto_)) {
-        contexto_.MostraTela(QStringLiteral("frmPESSOAS_INCL"));
+        contexto_.MostraTela(u"frmPESSOAS_INCL"_s);
         if (contexto_.RetornoPesquisa != u"[OK]")
             return;
     }
     PosicionaBotoesEdicao();
-    contexto_.ModoTela = QStringLiteral("I");
+    contexto_.ModoTela = u"I"_s;
     LiberaCampos();
     BloqueiaCampo(mskCodigo);
     if (ChecaEntrada(contexto_)) {
@@ -198,11 +199,11 @@ void frmPessoas::cmdINCLUIR_Click() {
 
 void frmPessoas::cmdALTERAR_Click() {
     if (RTrim(txtRowID.text()).isEmpty()) {
-        program().MsgBox(QStringLiteral("Selecione Um Registro Para Executar esta Operação!"));
+        program().MsgBox(u"Selecione Um Registro Para Executar esta Operação!"_s);
         return;
     }
     if (!RTrim(txtDTDesativa.text()).isEmpty()) {
-        program().MsgBox(QStringLiteral("Impossibilidade de Executar o Comando!\nO Registro Está Desativado."));
+        program().MsgBox(u"Impossibilidade de Executar o Comando!\nO Registro Está Desativado."_s);
         SetFocus(Flex);
         LimpaTela();
         return;
@@ -211,16 +212,15 @@ void frmPessoas::cmdALTERAR_Click() {
     try {
         IniciaAlteracao();
     } catch (const RuntimeError& erro) {
-        program().MsgBox(
-            {QStringLiteral("Erro ao Alterar o Registro!\n%1 - %2").arg(erro.number()).arg(erro.description()),
-             QStringLiteral("Inclusão"), screen::Icon::None, screen::Buttons::OK});
+        program().MsgBox({u"Erro ao Alterar o Registro!\n%1 - %2"_s.arg(erro.number()).arg(erro.description()),
+                          u"Inclusão"_s, screen::Icon::None, screen::Buttons::OK});
         setPointer(screen::Pointer::Default);
         contexto_.RecordsetComum.Close();
     }
 }
 
 void frmPessoas::IniciaAlteracao() {
-    contexto_.ModoTela = QStringLiteral("A");
+    contexto_.ModoTela = u"A"_s;
     LiberaCampos();
     BloqueiaCampo(txtRowID);
     SetFocus(txtDescricao);
@@ -232,8 +232,8 @@ void frmPessoas::cmdSAIR_Click() {
         return;
     }
     const screen::Answer resposta = program().MsgBox(
-        {QStringLiteral("Existe operação não concluída!!!\n\n<Sim> Sair sem Concluir\n<Não> Retornar para a Operação "
-                        "Atual\n<Cancela> Retornar e Abortar a Operação Atual"),
+        {u"Existe operação não concluída!!!\n\n<Sim> Sair sem Concluir\n<Não> Retornar para a Operação "
+         "Atual\n<Cancela> Retornar e Abortar a Operação Atual"_s,
          {},
          screen::Icon::None,
          screen::Buttons::YesNoCancel});
@@ -247,11 +247,11 @@ void frmPessoas::cboFisJur_LostFocus() {
     const bool fisica = cboFisJur.text() == u"Física";
     if (!fisica && cboFisJur.text() != u"Jurídica")
         return;
-    lblCGCCPF.setText(fisica ? QStringLiteral("CPF:") : QStringLiteral("CNPJ:"));
-    lblIE_RG.setText(fisica ? QStringLiteral("RG:") : QStringLiteral("I.Estadual:"));
+    lblCGCCPF.setText(fisica ? u"CPF:"_s : u"CNPJ:"_s);
+    lblIE_RG.setText(fisica ? u"RG:"_s : u"I.Estadual:"_s);
     if (!EmEdicao())
         return;
-    mskCodigo.setMask(fisica ? QStringLiteral("###.###.###-##") : QStringLiteral("##.###.###/####-##"));
+    mskCodigo.setMask(fisica ? u"###.###.###-##"_s : u"##.###.###/####-##"_s);
     SetFocus(mskCodigo);
 }
 

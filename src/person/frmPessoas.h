@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Literals.h"
 #include "launch/ContextoExecucao.h"
 #include "screen/Screen.h"
 
@@ -28,16 +29,16 @@ class frmPessoas : public screen::Screen {
     bool EmEdicao() const;
 
     // Head of the screen.
-    screen::Label lblTituloJanela{this, "lblTituloJanela", QStringLiteral("Cadastro de Pessoas")};
+    screen::Label lblTituloJanela{this, "lblTituloJanela", u"Cadastro de Pessoas"_s};
     screen::Label lblCodiEmpresa{this, "lblCodiEmpresa"};
     screen::Label lblNomeEmpresa{this, "lblNomeEmpresa"};
     screen::Label lblCodiAmbiente{this, "lblCodiAmbiente"};
 
     // Search keys, with the button right behind the internal code: code, Enter, Enter finds a person.
     screen::TextField txtRowID{this, "txtRowID"};
-    screen::Button cmdPesquisar_Cliente{this, "cmdPesquisar_Cliente", QStringLiteral("&Localizar")};
+    screen::Button cmdPesquisar_Cliente{this, "cmdPesquisar_Cliente", u"&Localizar"_s};
     screen::TextField txtCodPessExterno{this, "txtCodPessExterno"};
-    screen::Label lblNome_Data_Desa{this, "lblNome_Data_Desa", QStringLiteral("Data Desativa:")};
+    screen::Label lblNome_Data_Desa{this, "lblNome_Data_Desa", u"Data Desativa:"_s};
     screen::Label lblDataDesa{this, "lblDataDesa"};
     screen::Label lblDataIncl{this, "lblDataIncl"};
     screen::TextField txtDTDesativa{this, "txtDTDesativa"};
@@ -47,23 +48,18 @@ class frmPessoas : public screen::Screen {
     screen::Label lblCGCCPF{this, "lblCGCCPF"};
     screen::MaskedField mskCodigo{this, "mskCodigo"};
     screen::TextField txtDescricao{this, "txtDescricao"};
-    screen::Button cmdClonarRazaoSocial{this, "cmdClonarRazaoSocial", QStringLiteral("Repetir o Conteúdo de 'Nome'")};
+    screen::Button cmdClonarRazaoSocial{this, "cmdClonarRazaoSocial", u"Repetir o Conteúdo de 'Nome'"_s};
     screen::TextField txtNomeFantasia{this, "txtNomeFantasia"};
 
     screen::TabStrip SSTab2{this,
                             "SSTab2",
-                            {QStringLiteral("Geral"), QStringLiteral("Contatos"), QStringLiteral("Ramo Ativ."),
-                             QStringLiteral("Obs."), QStringLiteral("Fiscal"), QStringLiteral("Hist Cliente I"),
-                             QStringLiteral("Hist.Cliente II"), QStringLiteral("Hist.Cliente OS"),
-                             QStringLiteral("Hist.Forn.I"), QStringLiteral("Hist.Forn.II")}};
-    screen::TabStrip SSTab1{
-        this,
-        "SSTab1",
-        {QStringLiteral("Endereço"), QStringLiteral("Endereço de Entrega"), QStringLiteral("Endereço de Cobrança")}};
+                            {u"Geral"_s, u"Contatos"_s, u"Ramo Ativ."_s, u"Obs."_s, u"Fiscal"_s, u"Hist Cliente I"_s,
+                             u"Hist.Cliente II"_s, u"Hist.Cliente OS"_s, u"Hist.Forn.I"_s, u"Hist.Forn.II"_s}};
+    screen::TabStrip SSTab1{this, "SSTab1", {u"Endereço"_s, u"Endereço de Entrega"_s, u"Endereço de Cobrança"_s}};
 
     // Commercial address.
-    screen::MaskedField mskCEP{this, "mskCEP", QStringLiteral("#####-###")};
-    screen::Button cmdCEP{this, "cmdCEP", QStringLiteral("CEP...")};
+    screen::MaskedField mskCEP{this, "mskCEP", u"#####-###"_s};
+    screen::Button cmdCEP{this, "cmdCEP", u"CEP..."_s};
     screen::TextField txtEndereco{this, "txtEndereco"};
     screen::TextField txtNumero{this, "txtNumero"};
     screen::TextField txtComplemento{this, "txtComplemento"};
@@ -74,9 +70,9 @@ class frmPessoas : public screen::Screen {
     screen::ListField cboPais_Coml{this, "cboPais_Coml"};
 
     // Delivery address.
-    screen::Button cmdEndComl1{this, "cmdEndComl1", QStringLiteral("Repetir o Endereço Comercial")};
-    screen::MaskedField mskEnt_CEP{this, "mskEnt_CEP", QStringLiteral("#####-###")};
-    screen::Button cmdCEP_Entg{this, "cmdCEP_Entg", QStringLiteral("CEP...")};
+    screen::Button cmdEndComl1{this, "cmdEndComl1", u"Repetir o Endereço Comercial"_s};
+    screen::MaskedField mskEnt_CEP{this, "mskEnt_CEP", u"#####-###"_s};
+    screen::Button cmdCEP_Entg{this, "cmdCEP_Entg", u"CEP..."_s};
     screen::TextField txtEnt_Endereco{this, "txtEnt_Endereco"};
     screen::TextField txtEnt_Numero{this, "txtEnt_Numero"};
     screen::TextField txtEnt_Complemento{this, "txtEnt_Complemento"};
@@ -87,10 +83,10 @@ class frmPessoas : public screen::Screen {
     screen::ListField cboPais_Entg{this, "cboPais_Entg"};
 
     // Billing address.
-    screen::Button cmdEndComl2{this, "cmdEndComl2", QStringLiteral("Repetir o Endereço Comercial")};
-    screen::Button cmdEndEntrega{this, "cmdEndEntrega", QStringLiteral("Repetir o Endereço de Entrega")};
-    screen::MaskedField mskCob_CEP{this, "mskCob_CEP", QStringLiteral("#####-###")};
-    screen::Button cmdCEP_Cobr{this, "cmdCEP_Cobr", QStringLiteral("CEP...")};
+    screen::Button cmdEndComl2{this, "cmdEndComl2", u"Repetir o Endereço Comercial"_s};
+    screen::Button cmdEndEntrega{this, "cmdEndEntrega", u"Repetir o Endereço de Entrega"_s};
+    screen::MaskedField mskCob_CEP{this, "mskCob_CEP", u"#####-###"_s};
+    screen::Button cmdCEP_Cobr{this, "cmdCEP_Cobr", u"CEP..."_s};
     screen::TextField txtCob_Endereco{this, "txtCob_Endereco"};
     screen::TextField txtCob_Numero{this, "txtCob_Numero"};
     screen::TextField txtCob_Complemento{this, "txtCob_Complemento"};
@@ -106,12 +102,12 @@ class frmPessoas : public screen::Screen {
     screen::TextField txtFax1{this, "txtFax1"};
     screen::TextField txtFax2{this, "txtFax2"};
     screen::TextField txtEmail1{this, "txtEmail1"};
-    screen::Button cmdAbrirOutlook{this, "cmdAbrirOutlook", QStringLiteral("E-mail...")};
+    screen::Button cmdAbrirOutlook{this, "cmdAbrirOutlook", u"E-mail..."_s};
     screen::TextField txtHomePage{this, "txtHomePage"};
-    screen::Button cmdAbrirIExplorer{this, "cmdAbrirIExplorer", QStringLiteral("Abrir...")};
+    screen::Button cmdAbrirIExplorer{this, "cmdAbrirIExplorer", u"Abrir..."_s};
     screen::TextField txtContatoPrincipal{this, "txtContatoPrincipal"};
-    screen::MaskedField mskDtNasc{this, "mskDtNasc", QStringLiteral("##/##")};
-    screen::MaskedField mskDtAnivRel{this, "mskDtAnivRel", QStringLiteral("##/##/####")};
+    screen::MaskedField mskDtNasc{this, "mskDtNasc", u"##/##"_s};
+    screen::MaskedField mskDtAnivRel{this, "mskDtAnivRel", u"##/##/####"_s};
     screen::ListField cboVendedor{this, "cboVendedor"};
     screen::ListField cboTransportadora{this, "cboTransportadora"};
     screen::ListField cboTipoCli{this, "cboTipoCli"};
@@ -125,13 +121,13 @@ class frmPessoas : public screen::Screen {
     screen::TextField txtNomeContato{this, "txtNomeContato"};
     screen::TextField txtFoneContato{this, "txtFoneContato"};
     screen::TextField txtEmailContato{this, "txtEmailContato"};
-    screen::MaskedField mskDtNascCont{this, "mskDtNascCont", QStringLiteral("##/##")};
-    screen::Button cmdIncluirContato{this, "cmdIncluirContato", QStringLiteral("Incluir")};
+    screen::MaskedField mskDtNascCont{this, "mskDtNascCont", u"##/##"_s};
+    screen::Button cmdIncluirContato{this, "cmdIncluirContato", u"Incluir"_s};
     screen::Grid Flex{this, "Flex"};
 
     // Branches of activity.
     screen::ListField cboAtividades{this, "cboAtividades"};
-    screen::Button cmdIncluirAtividades{this, "cmdIncluirAtividades", QStringLiteral("Incluir")};
+    screen::Button cmdIncluirAtividades{this, "cmdIncluirAtividades", u"Incluir"_s};
     screen::Grid FlexAtividades{this, "FlexAtividades"};
 
     // Notes.
@@ -149,9 +145,9 @@ class frmPessoas : public screen::Screen {
 
     // History as a customer: orders.
     screen::TextField txtVrTOP{this, "txtVrTOP"};
-    screen::Option opTopSobe{this, "opTopSobe", QStringLiteral("Mais antigos primeiro"), "ordem", true};
-    screen::Option opTopDesce{this, "opTopDesce", QStringLiteral("Mais recentes primeiro"), "ordem"};
-    screen::Button cmdReprocessaHistClieI{this, "cmdReprocessaHistClieI", QStringLiteral("Reprocessar")};
+    screen::Option opTopSobe{this, "opTopSobe", u"Mais antigos primeiro"_s, "ordem", true};
+    screen::Option opTopDesce{this, "opTopDesce", u"Mais recentes primeiro"_s, "ordem"};
+    screen::Button cmdReprocessaHistClieI{this, "cmdReprocessaHistClieI", u"Reprocessar"_s};
     screen::Grid FlexHistClie{this, "FlexHistClie"};
     screen::Label lblPrimeiraCompra{this, "lblPrimeiraCompra"};
     screen::Label lblUltimaCompra{this, "lblUltimaCompra"};
@@ -181,28 +177,28 @@ class frmPessoas : public screen::Screen {
     screen::Label lblTotalItensComprasForn{this, "lblTotalItensComprasForn"};
     screen::Label lblMontanteComprasForn{this, "lblMontanteComprasForn"};
     screen::ListField cboProduto{this, "cboProduto"};
-    screen::Button cmdPesquisar_Produto{this, "cmdPesquisar_Produto", QStringLiteral("Filtrar")};
+    screen::Button cmdPesquisar_Produto{this, "cmdPesquisar_Produto", u"Filtrar"_s};
     screen::Grid FlexHistFornDeta{this, "FlexHistFornDeta"};
 
     // Roles.
-    screen::Button cmdCliente{this, "cmdCliente", QStringLiteral("Cliente")};
-    screen::Button cmdFornecedor{this, "cmdFornecedor", QStringLiteral("Fornecedor")};
-    screen::Button cmdTransportadora{this, "cmdTransportadora", QStringLiteral("Transportadora")};
-    screen::Button cmdVendedor{this, "cmdVendedor", QStringLiteral("Vendedor")};
-    screen::Button cmdMotorista{this, "cmdMotorista", QStringLiteral("Motorista")};
-    screen::Button cmdDecorador{this, "cmdDecorador", QStringLiteral("Decorador")};
-    screen::Button cmdArquiteto{this, "cmdArquiteto", QStringLiteral("Arquiteto")};
+    screen::Button cmdCliente{this, "cmdCliente", u"Cliente"_s};
+    screen::Button cmdFornecedor{this, "cmdFornecedor", u"Fornecedor"_s};
+    screen::Button cmdTransportadora{this, "cmdTransportadora", u"Transportadora"_s};
+    screen::Button cmdVendedor{this, "cmdVendedor", u"Vendedor"_s};
+    screen::Button cmdMotorista{this, "cmdMotorista", u"Motorista"_s};
+    screen::Button cmdDecorador{this, "cmdDecorador", u"Decorador"_s};
+    screen::Button cmdArquiteto{this, "cmdArquiteto", u"Arquiteto"_s};
 
     // Operations.
-    screen::Button cmdPESQUISAR{this, "cmdPESQUISAR", QStringLiteral("&Pesquisar")};
-    screen::Button cmdINCLUIR{this, "cmdINCLUIR", QStringLiteral("&Incluir")};
-    screen::Button cmdALTERAR{this, "cmdALTERAR", QStringLiteral("&Alterar")};
-    screen::Button cmdEXCLUIR{this, "cmdEXCLUIR", QStringLiteral("&Desativar")};
-    screen::Button cmdReativar{this, "cmdReativar", QStringLiteral("Reati&var")};
-    screen::Button cmdSALVAR{this, "cmdSALVAR", QStringLiteral("&Salvar")};
-    screen::Button cmdIMPRIMIR{this, "cmdIMPRIMIR", QStringLiteral("Impri&mir")};
-    screen::Button cmdInfo{this, "cmdInfo", QStringLiteral("In&formações")};
-    screen::Button cmdSAIR{this, "cmdSAIR", QStringLiteral("Sai&r")};
+    screen::Button cmdPESQUISAR{this, "cmdPESQUISAR", u"&Pesquisar"_s};
+    screen::Button cmdINCLUIR{this, "cmdINCLUIR", u"&Incluir"_s};
+    screen::Button cmdALTERAR{this, "cmdALTERAR", u"&Alterar"_s};
+    screen::Button cmdEXCLUIR{this, "cmdEXCLUIR", u"&Desativar"_s};
+    screen::Button cmdReativar{this, "cmdReativar", u"Reati&var"_s};
+    screen::Button cmdSALVAR{this, "cmdSALVAR", u"&Salvar"_s};
+    screen::Button cmdIMPRIMIR{this, "cmdIMPRIMIR", u"Impri&mir"_s};
+    screen::Button cmdInfo{this, "cmdInfo", u"In&formações"_s};
+    screen::Button cmdSAIR{this, "cmdSAIR", u"Sai&r"_s};
 
   private:
     void ColocaPaginas();

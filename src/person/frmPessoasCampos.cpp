@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "person/CamposPessoa.h"
 #include "person/frmPessoas.h"
 #include "shared/TextoEntrada.h"
@@ -28,35 +29,33 @@ bool recebeTexto(const Field& campo) {
 } // namespace
 
 void frmPessoas::ColocaPaginas() {
-    SSTab2.place(QStringLiteral("Geral"),
-                 {&SSTab1, &txtFone1, &txtFone2, &txtFax1, &txtFax2, &txtEmail1, &cmdAbrirOutlook, &txtHomePage,
-                  &cmdAbrirIExplorer, &txtContatoPrincipal, &mskDtNasc, &mskDtAnivRel, &cboVendedor, &cboTransportadora,
-                  &cboTipoCli, &cboTabelaPrecos});
-    SSTab2.place(QStringLiteral("Contatos"),
+    SSTab2.place(u"Geral"_s, {&SSTab1, &txtFone1, &txtFone2, &txtFax1, &txtFax2, &txtEmail1, &cmdAbrirOutlook,
+                              &txtHomePage, &cmdAbrirIExplorer, &txtContatoPrincipal, &mskDtNasc, &mskDtAnivRel,
+                              &cboVendedor, &cboTransportadora, &cboTipoCli, &cboTabelaPrecos});
+    SSTab2.place(u"Contatos"_s,
                  {&txtPrinNomeContato, &txtPrinFoneContato, &txtPrinEmailContato, &cboTipoContato, &txtNomeContato,
                   &txtFoneContato, &txtEmailContato, &mskDtNascCont, &cmdIncluirContato, &Flex});
-    SSTab2.place(QStringLiteral("Ramo Ativ."), {&cboAtividades, &cmdIncluirAtividades, &FlexAtividades});
-    SSTab2.place(QStringLiteral("Obs."), {&txtOBSE_PESS_0001, &txtOBSE_PESS_0002, &txtOBSE_PESS_0003});
-    SSTab2.place(QStringLiteral("Fiscal"),
+    SSTab2.place(u"Ramo Ativ."_s, {&cboAtividades, &cmdIncluirAtividades, &FlexAtividades});
+    SSTab2.place(u"Obs."_s, {&txtOBSE_PESS_0001, &txtOBSE_PESS_0002, &txtOBSE_PESS_0003});
+    SSTab2.place(u"Fiscal"_s,
                  {&lblIE_RG, &txtIEstadual, &txtIMunicipal, &txtSuframa, &txtSubsTributario, &cboStatusIntegraFISCO});
-    SSTab2.place(QStringLiteral("Hist Cliente I"),
+    SSTab2.place(u"Hist Cliente I"_s,
                  {&txtVrTOP, &opTopSobe, &opTopDesce, &cmdReprocessaHistClieI, &FlexHistClie, &lblPrimeiraCompra,
                   &lblUltimaCompra, &lblQtdeCompras, &lblTotalItensCompras, &lblMontanteCompras});
-    SSTab2.place(QStringLiteral("Hist.Cliente II"),
+    SSTab2.place(u"Hist.Cliente II"_s,
                  {&FlexHistClieII, &lblPrimeiraCompraII, &lblUltimaCompraII, &lblQtdeComprasII, &lblMontanteComprasII});
-    SSTab2.place(QStringLiteral("Hist.Cliente OS"), {&FlexHistClieIII, &lblPrimeiraCompraOS, &lblUltimaCompraOS,
-                                                     &lblQtdeComprasOS, &lblMontanteComprasOS});
-    SSTab2.place(QStringLiteral("Hist.Forn.I"),
-                 {&FlexHistForn, &lblPrimeiraCompraForn, &lblUltimaCompraForn, &lblQtdeComprasForn,
-                  &lblTotalItensComprasForn, &lblMontanteComprasForn});
-    SSTab2.place(QStringLiteral("Hist.Forn.II"), {&cboProduto, &cmdPesquisar_Produto, &FlexHistFornDeta});
+    SSTab2.place(u"Hist.Cliente OS"_s, {&FlexHistClieIII, &lblPrimeiraCompraOS, &lblUltimaCompraOS, &lblQtdeComprasOS,
+                                        &lblMontanteComprasOS});
+    SSTab2.place(u"Hist.Forn.I"_s, {&FlexHistForn, &lblPrimeiraCompraForn, &lblUltimaCompraForn, &lblQtdeComprasForn,
+                                    &lblTotalItensComprasForn, &lblMontanteComprasForn});
+    SSTab2.place(u"Hist.Forn.II"_s, {&cboProduto, &cmdPesquisar_Produto, &FlexHistFornDeta});
 
-    SSTab1.place(QStringLiteral("Endereço"), {&mskCEP, &cmdCEP, &txtEndereco, &txtNumero, &txtComplemento, &txtBairro,
-                                              &cboUF, &cboCidade, &lblCodMunIBGE, &cboPais_Coml});
-    SSTab1.place(QStringLiteral("Endereço de Entrega"),
+    SSTab1.place(u"Endereço"_s, {&mskCEP, &cmdCEP, &txtEndereco, &txtNumero, &txtComplemento, &txtBairro, &cboUF,
+                                 &cboCidade, &lblCodMunIBGE, &cboPais_Coml});
+    SSTab1.place(u"Endereço de Entrega"_s,
                  {&cmdEndComl1, &mskEnt_CEP, &cmdCEP_Entg, &txtEnt_Endereco, &txtEnt_Numero, &txtEnt_Complemento,
                   &txtEnt_Bairro, &cboEnt_UF, &cboEnt_Cidade, &lblEnt_CodMunIBGE, &cboPais_Entg});
-    SSTab1.place(QStringLiteral("Endereço de Cobrança"),
+    SSTab1.place(u"Endereço de Cobrança"_s,
                  {&cmdEndComl2, &cmdEndEntrega, &mskCob_CEP, &cmdCEP_Cobr, &txtCob_Endereco, &txtCob_Numero,
                   &txtCob_Complemento, &txtCob_Bairro, &cboCob_UF, &cboCob_Cidade, &lblCob_CodMunIBGE, &cboPais_Cobr});
 }

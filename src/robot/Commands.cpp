@@ -1,5 +1,6 @@
 #include "robot/Commands.h"
 
+#include "base/Literals.h"
 #include "robot/Player.h"
 
 #include <QDir>
@@ -31,10 +32,10 @@ struct CommandRow {
 // Before the launch.
 
 void today(Player& player, Words words) {
-    const QDate date = QDate::fromString(words[0], QStringLiteral("yyyy-MM-dd"));
-    const QTime time = words.size() > 1 ? QTime::fromString(words[1], QStringLiteral("hh:mm")) : QTime(0, 0);
+    const QDate date = QDate::fromString(words[0], u"yyyy-MM-dd"_s);
+    const QTime time = words.size() > 1 ? QTime::fromString(words[1], u"hh:mm"_s) : QTime(0, 0);
     if (!date.isValid() || !time.isValid())
-        throw Failure{QStringLiteral("expected a date yyyy-mm-dd and a time hh:mm, was %1").arg(words.join(u' '))};
+        throw Failure{u"expected a date yyyy-mm-dd and a time hh:mm, was %1"_s.arg(words.join(u' '))};
     player.setClock(QDateTime(date, time));
 }
 
@@ -50,7 +51,7 @@ void sqlcep(Player& player, Words words) {
 QString installed(const Player& player, const QString& path) {
     const QString relative = QDir::cleanPath(Platform::localPath(path));
     if (relative.isEmpty() || QDir::isAbsolutePath(relative) || relative == u".." || relative.startsWith(u"../"))
-        throw Failure{QStringLiteral("expected a path inside the installation, was %1").arg(path)};
+        throw Failure{u"expected a path inside the installation, was %1"_s.arg(path)};
     return player.home() + u'/' + relative;
 }
 
@@ -59,15 +60,15 @@ void file(Player& player, Words words) {
     QDir().mkpath(QFileInfo(path).path());
     QFile target(path);
     QString text = words[1];
-    const QByteArray bytes = text.replace(QStringLiteral("{home}"), player.home()).toUtf8();
+    const QByteArray bytes = text.replace(u"{home}"_s, player.home()).toUtf8();
     if (!target.open(QIODevice::WriteOnly) || target.write(bytes) != bytes.size())
-        throw Failure{QStringLiteral("expected to write %1: %2").arg(words[0], target.errorString())};
+        throw Failure{u"expected to write %1: %2"_s.arg(words[0], target.errorString())};
 }
 
 void nofile(Player& player, Words words) {
     const QString path = installed(player, words[0]);
     if (QFileInfo::exists(path) && !QFile::remove(path))
-        throw Failure{QStringLiteral("expected to remove %1, it stays").arg(words[0])};
+        throw Failure{u"expected to remove %1, it stays"_s.arg(words[0])};
 }
 
 void launch(Player& player, Words words) {
@@ -84,7 +85,7 @@ void open(Player& player, Words words) {
     player.activeScreen();
     ContextoExecucao& context = player.cast().context();
     if (!context.ConheceTela(words[0]))
-        throw Failure{QStringLiteral("expected a screen %1, the program has none").arg(words[0])};
+        throw Failure{u"expected a screen %1, the program has none"_s.arg(words[0])};
     player.cast().program().dispatch([&] { context.MostraTela(words[0]); });
 }
 
@@ -111,12 +112,12 @@ template <typename Kind>
 Kind& need(Field& field, const char* kind) {
     if (auto* found = dynamic_cast<Kind*>(&field))
         return *found;
-    throw Failure{QStringLiteral("expected %1 to be %2, it is none").arg(field.name(), QLatin1StringView(kind))};
+    throw Failure{u"expected %1 to be %2, it is none"_s.arg(field.name(), QLatin1StringView(kind))};
 }
 
 Field& needFocusable(Field& field) {
     if (!field.takesFocus())
-        throw Failure{QStringLiteral("expected %1 to take the focus, it is a field that never does").arg(field.name())};
+        throw Failure{u"expected %1 to take the focus, it is a field that never does"_s.arg(field.name())};
     return field;
 }
 
@@ -143,7 +144,7 @@ constexpr std::array namedKeys{
 Field& focused(Player& player) {
     Field* field = player.activeScreen().focus();
     if (!field)
-        throw Failure{QStringLiteral("expected a field with the focus, there is none")};
+        throw Failure{u"expected a field with the focus, there is none"_s};
     return *field;
 }
 
@@ -171,7 +172,7 @@ void type(Player& player, Words words) {
 /// 1 to 12 for "F1" to "F12", 0 for any other word.
 int functionKey(const QString& word) {
     for (int number = 1; number <= 12; ++number)
-        if (word == QStringLiteral("F%1").arg(number))
+        if (word == u"F%1"_s.arg(number))
             return number;
     return 0;
 }
@@ -184,7 +185,7 @@ void press(Player& player, Words words) {
     const bool isNamed = named != namedKeys.end();
     const int function = functionKey(word);
     if (!isNamed && function == 0 && word.size() != 1)
-        throw Failure{QStringLiteral("expected a key, was %1").arg(word)};
+        throw Failure{u"expected a key, was %1"_s.arg(word)};
     if (isNamed && named->key == Key::Tab && !screen.focus()) {
         if (Field* first = screen.nextField(nullptr))
             player.hands().focus(*first);
@@ -205,9 +206,9 @@ struct CellPlace {
 CellPlace cellPlace(const Grid& grid, Words words) {
     const CellPlace place{NumberWord(words[1]), words.size() > 2 ? NumberWord(words[2]) : 0};
     if (place.row < 0 || place.row >= grid.Rows() || place.col < 0 || place.col >= std::max(1, grid.Cols()))
-        throw Failure{QStringLiteral("expected %1 to have row %2 and column %3, it has %4 rows and %5 columns")
-                          .arg(grid.name(), QString::number(place.row), QString::number(place.col),
-                               QString::number(grid.Rows()), QString::number(grid.Cols()))};
+        throw Failure{u"expected %1 to have row %2 and column %3, it has %4 rows and %5 columns"_s.arg(
+            grid.name(), QString::number(place.row), QString::number(place.col), QString::number(grid.Rows()),
+            QString::number(grid.Cols()))};
     return place;
 }
 
@@ -216,11 +217,11 @@ void clickOn(Player& player, Words words, bool twice) {
     Hands& hands = player.hands();
     if (auto* grid = dynamic_cast<Grid*>(&field)) {
         if (words.size() < 2)
-            throw Failure{QStringLiteral("expected a row to click in %1").arg(field.name())};
+            throw Failure{u"expected a row to click in %1"_s.arg(field.name())};
         const CellPlace place = cellPlace(*grid, words);
         twice ? hands.doubleClickCell(*grid, place.row, place.col) : hands.clickCell(*grid, place.row, place.col);
     } else if (words.size() > 1) {
-        throw Failure{QStringLiteral("expected %1 to be a grid, it is none").arg(field.name())};
+        throw Failure{u"expected %1 to be a grid, it is none"_s.arg(field.name())};
     } else {
         twice ? hands.doubleClick(field) : hands.click(field);
     }
@@ -247,8 +248,8 @@ void choose(Player& player, Words words) {
         return;
     const auto index = static_cast<int>(list.items().indexOf(words[1]));
     if (index < 0)
-        throw Failure{QStringLiteral("expected an item %1 in %2, its items are %3")
-                          .arg(Quoted(words[1]), list.name(), Quoted(list.items().join(u'|')))};
+        throw Failure{u"expected an item %1 in %2, its items are %3"_s.arg(Quoted(words[1]), list.name(),
+                                                                           Quoted(list.items().join(u'|')))};
     player.hands().pick(list, index);
 }
 
@@ -256,8 +257,8 @@ void tab(Player& player, Words words) {
     auto& strip = need<TabStrip>(player.reach(words[0]), "a tab strip");
     const auto page = static_cast<int>(strip.captions().indexOf(words[1]));
     if (page < 0)
-        throw Failure{QStringLiteral("expected a tab %1 in %2, its tabs are %3")
-                          .arg(Quoted(words[1]), strip.name(), Quoted(strip.captions().join(u'|')))};
+        throw Failure{u"expected a tab %1 in %2, its tabs are %3"_s.arg(Quoted(words[1]), strip.name(),
+                                                                        Quoted(strip.captions().join(u'|')))};
     player.hands().chooseTab(strip, page);
 }
 
@@ -281,7 +282,7 @@ void answer(Player& player, Words words) {
     const auto found = std::find_if(answerNames.begin(), answerNames.end(),
                                     [&](const AnswerName& row) { return words[0] == QString::fromUtf8(row.name); });
     if (found == answerNames.end())
-        throw Failure{QStringLiteral("expected the answer Sim, Não, Cancela or OK, was %1").arg(words[0])};
+        throw Failure{u"expected the answer Sim, Não, Cancela or OK, was %1"_s.arg(words[0])};
     player.answers().push_back({found->answer, player.line()});
 }
 
@@ -311,7 +312,7 @@ void only(Player& player, Words words) {
     const auto found = std::find_if(engineNames.begin(), engineNames.end(),
                                     [&](const EngineName& row) { return words[0] == QLatin1StringView(row.name); });
     if (found == engineNames.end())
-        throw Failure{QStringLiteral("expected the engine firebird or sqlserver, was %1").arg(words[0])};
+        throw Failure{u"expected the engine firebird or sqlserver, was %1"_s.arg(words[0])};
     const QStringList command = words.mid(1);
     rowOf(command);
     if (found->engine == player.stage().engine())
@@ -348,10 +349,10 @@ const CommandRow& rowOf(const QStringList& words) {
     const auto found = std::find_if(commands.begin(), commands.end(),
                                     [&](const CommandRow& row) { return words[0] == QLatin1StringView(row.name); });
     if (found == commands.end())
-        throw Failure{QStringLiteral("expected a command, was the unknown word %1").arg(words[0])};
+        throw Failure{u"expected a command, was the unknown word %1"_s.arg(words[0])};
     if (words.size() <= found->least || words.size() > found->most + 1)
-        throw Failure{QStringLiteral("expected %1, there were %2 words")
-                          .arg(QLatin1StringView(found->usage), QString::number(words.size()))};
+        throw Failure{
+            u"expected %1, there were %2 words"_s.arg(QLatin1StringView(found->usage), QString::number(words.size()))};
     return *found;
 }
 
@@ -361,13 +362,13 @@ int NumberWord(const QString& word) {
     bool isNumber = false;
     const int number = word.toInt(&isNumber);
     if (!isNumber)
-        throw Failure{QStringLiteral("expected a number, was %1").arg(word)};
+        throw Failure{u"expected a number, was %1"_s.arg(word)};
     return number;
 }
 
 void RunCommand(Player& player, const QStringList& words) {
     if (words[0] == brokenLine)
-        throw Failure{QStringLiteral("expected a command, %1").arg(words[1])};
+        throw Failure{u"expected a command, %1"_s.arg(words[1])};
     const CommandRow& row = rowOf(words);
     if (row.phase == Phase::Running)
         player.activeScreen();

@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "robot/Commands.h"
 #include "robot/Player.h"
 
@@ -22,35 +23,35 @@ struct ExpectationRow {
 
 void compare(const QString& what, const QString& expected, const QString& actual) {
     if (expected != actual)
-        throw Failure{QStringLiteral("expected %1 %2, was %3").arg(what, Quoted(expected), Quoted(actual))};
+        throw Failure{u"expected %1 %2, was %3"_s.arg(what, Quoted(expected), Quoted(actual))};
 }
 
 void screenName(Player& player, Words words) {
     const QString& name = player.activeScreen().name();
     if (name.compare(words[0], Qt::CaseInsensitive) != 0)
-        throw Failure{QStringLiteral("expected the active screen %1, was %2").arg(words[0], name)};
+        throw Failure{u"expected the active screen %1, was %2"_s.arg(words[0], name)};
 }
 
 void caption(Player& player, Words words) {
     Screen& screen = player.activeScreen();
-    compare(QStringLiteral("caption"), words[0], screen.caption());
+    compare(u"caption"_s, words[0], screen.caption());
     if (const auto seen = player.hands().seenCaption(screen))
-        compare(QStringLiteral("caption of the window"), words[0], *seen);
+        compare(u"caption of the window"_s, words[0], *seen);
 }
 
 void focus(Player& player, Words words) {
     const Field& field = player.field(words[0]);
     Screen& screen = player.activeScreen();
-    const QString actual = screen.focus() ? screen.focus()->name() : QStringLiteral("no field");
+    const QString actual = screen.focus() ? screen.focus()->name() : u"no field"_s;
     if (screen.focus() != &field)
-        throw Failure{QStringLiteral("expected the focus on %1, was on %2").arg(field.name(), actual)};
+        throw Failure{u"expected the focus on %1, was on %2"_s.arg(field.name(), actual)};
     if (const auto seen = player.hands().seenFocus(screen))
-        compare(QStringLiteral("the focus of the window on"), field.name(), *seen);
+        compare(u"the focus of the window on"_s, field.name(), *seen);
 }
 
 /// Idle is a blank or no text at all; everything else is one letter.
 void mode(Player& player, Words words) {
-    compare(QStringLiteral("mode"), words[0].trimmed(), player.contextToRead().ModoTela.trimmed());
+    compare(u"mode"_s, words[0].trimmed(), player.contextToRead().ModoTela.trimmed());
 }
 
 /// A truth of the context may be written in the small letters of the other expectations.
@@ -61,7 +62,7 @@ QString inTheCaseOf(const QString& actual, const QString& expected) {
 
 void context(Player& player, Words words) {
     const QString actual = OneLineBreak(player.contextToRead().Campo(words[0]));
-    compare(QStringLiteral("context %1").arg(words[0]), inTheCaseOf(actual, OneLineBreak(words[1])), actual);
+    compare(u"context %1"_s.arg(words[0]), inTheCaseOf(actual, OneLineBreak(words[1])), actual);
 }
 
 const char* iconName(Icon icon) {
@@ -100,31 +101,31 @@ struct BoxOption {
 
 const std::array boxOptions{
     BoxOption{"title", {}},
-    BoxOption{"icon", {QStringLiteral("information"), QStringLiteral("critical"), QStringLiteral("none")}},
-    BoxOption{"buttons", {QStringLiteral("OK"), QStringLiteral("YesNo"), QStringLiteral("YesNoCancel")}},
+    BoxOption{"icon", {u"information"_s, u"critical"_s, u"none"_s}},
+    BoxOption{"buttons", {u"OK"_s, u"YesNo"_s, u"YesNoCancel"_s}},
 };
 
 void checkBoxOption(const Box& box, const QString& name, const QString& value) {
     const auto option = std::find_if(boxOptions.begin(), boxOptions.end(),
                                      [&](const BoxOption& row) { return name == QLatin1StringView(row.name); });
     if (option == boxOptions.end() || (!option->allowed.isEmpty() && !option->allowed.contains(value)))
-        throw Failure{QStringLiteral("expected title, icon or buttons of a box, was %1 %2").arg(name, value)};
+        throw Failure{u"expected title, icon or buttons of a box, was %1 %2"_s.arg(name, value)};
     if (name == u"title" && !titleMatches(box, value))
-        compare(QStringLiteral("box title"), value, box.title.isEmpty() ? Program::applicationTitle() : box.title);
+        compare(u"box title"_s, value, box.title.isEmpty() ? Program::applicationTitle() : box.title);
     if (name == u"icon")
-        compare(QStringLiteral("box icon"), value, QLatin1StringView(iconName(box.icon)));
+        compare(u"box icon"_s, value, QLatin1StringView(iconName(box.icon)));
     if (name == u"buttons")
-        compare(QStringLiteral("box buttons"), value, QLatin1StringView(buttonsName(box.buttons)));
+        compare(u"box buttons"_s, value, QLatin1StringView(buttonsName(box.buttons)));
 }
 
 void box(Player& player, Words words) {
     if (words.size() % 2 == 0)
-        throw Failure{QStringLiteral("expected pairs of words behind the text of a box")};
+        throw Failure{u"expected pairs of words behind the text of a box"_s};
     Journal& journal = player.journal();
     if (journal.looked == journal.boxes.size())
-        throw Failure{QStringLiteral("expected box %1, there was none").arg(Quoted(words[0]))};
+        throw Failure{u"expected box %1, there was none"_s.arg(Quoted(words[0]))};
     const Box& oldest = journal.boxes[journal.looked++];
-    compare(QStringLiteral("box"), OneLineBreak(words[0]), OneLineBreak(oldest.text));
+    compare(u"box"_s, OneLineBreak(words[0]), OneLineBreak(oldest.text));
     for (qsizetype at = 1; at < words.size(); at += 2)
         checkBoxOption(oldest, words[at], words[at + 1]);
 }
@@ -132,8 +133,8 @@ void box(Player& player, Words words) {
 void nobox(Player& player, Words) {
     const Journal& journal = player.journal();
     if (journal.looked < journal.boxes.size())
-        throw Failure{QStringLiteral("expected no further box, there was %1")
-                          .arg(Quoted(OneLineBreak(journal.boxes[journal.looked].text)))};
+        throw Failure{
+            u"expected no further box, there was %1"_s.arg(Quoted(OneLineBreak(journal.boxes[journal.looked].text)))};
 }
 
 /// What helps to see why a statement was not found: the one with the longest common beginning.
@@ -159,30 +160,29 @@ void sql(Player& player, Words words) {
     }
     const QStringList rest = journal.statements.mid(journal.searched);
     if (rest.isEmpty())
-        throw Failure{QStringLiteral("expected statement %1, no statement was left").arg(Quoted(words[0]))};
+        throw Failure{u"expected statement %1, no statement was left"_s.arg(Quoted(words[0]))};
     const bool earlier = journal.statements.contains(words[0]);
-    throw Failure{QStringLiteral("expected statement %1, %2%3 others were sent, the nearest %4")
-                      .arg(Quoted(words[0]), earlier ? QStringLiteral("sent before the last one found; ") : QString(),
-                           QString::number(rest.size()), Quoted(nearest(rest, words[0])))};
+    throw Failure{u"expected statement %1, %2%3 others were sent, the nearest %4"_s.arg(
+        Quoted(words[0]), earlier ? u"sent before the last one found; "_s : QString(), QString::number(rest.size()),
+        Quoted(nearest(rest, words[0])))};
 }
 
 void nosql(Player& player, Words words) {
     for (const QString& statement : player.journal().statements)
         if (statement.contains(words[0]))
-            throw Failure{
-                QStringLiteral("expected no statement with %1, there was %2").arg(Quoted(words[0]), Quoted(statement))};
+            throw Failure{u"expected no statement with %1, there was %2"_s.arg(Quoted(words[0]), Quoted(statement))};
 }
 
 void query(Player& player, Words words) {
-    compare(QStringLiteral("rows"), words[1], player.stage().query(player.mainBase(), words[0]));
+    compare(u"rows"_s, words[1], player.stage().query(player.mainBase(), words[0]));
 }
 
 void cepquery(Player& player, Words words) {
-    compare(QStringLiteral("rows"), words[1], player.stage().query(Base::PostalCode, words[0]));
+    compare(u"rows"_s, words[1], player.stage().query(Base::PostalCode, words[0]));
 }
 
 void mail(Player& player, Words words) {
-    compare(QStringLiteral("address"), words[0], player.lastAddress());
+    compare(u"address"_s, words[0], player.lastAddress());
 }
 
 void running(Player& player, Words) {
@@ -191,17 +191,17 @@ void running(Player& player, Words) {
 
 void ended(Player& player, Words words) {
     if (!player.hasLaunched())
-        throw Failure{QStringLiteral("expected an ended program, it has not been launched")};
+        throw Failure{u"expected an ended program, it has not been launched"_s};
     if (player.isRunning())
-        throw Failure{QStringLiteral("expected an ended program, it runs on %1").arg(player.activeScreen().name())};
+        throw Failure{u"expected an ended program, it runs on %1"_s.arg(player.activeScreen().name())};
     const auto& error = player.lastCast().program().failure();
-    const QString actual = error ? QStringLiteral("run-time error %1: %2 %3")
-                                       .arg(QString::number(error->number()), error->description(), error->statement())
-                                 : QStringLiteral("without one");
+    const QString actual = error ? u"run-time error %1: %2 %3"_s.arg(QString::number(error->number()),
+                                                                     error->description(), error->statement())
+                                 : u"without one"_s;
     if (words.isEmpty() && error)
-        throw Failure{QStringLiteral("expected an end without a run-time error, was %1").arg(actual)};
+        throw Failure{u"expected an end without a run-time error, was %1"_s.arg(actual)};
     if (!words.isEmpty() && (!error || error->number() != NumberWord(words[0])))
-        throw Failure{QStringLiteral("expected an end with run-time error %1, was %2").arg(words[0], actual)};
+        throw Failure{u"expected an end with run-time error %1, was %2"_s.arg(words[0], actual)};
 }
 
 constexpr std::array expectations{
@@ -227,7 +227,7 @@ QString comparable(ValueKind kind, const QString& value) {
     switch (kind) {
     case ValueKind::Truth:
         if (value != u"true" && value != u"false")
-            throw Failure{QStringLiteral("expected true or false, was %1").arg(value)};
+            throw Failure{u"expected true or false, was %1"_s.arg(value)};
         return value;
     case ValueKind::Number:
         return QString::number(NumberWord(value));
@@ -235,7 +235,7 @@ QString comparable(ValueKind kind, const QString& value) {
         bool isNumber = false;
         const qint64 colour = value.toLongLong(&isNumber);
         if (!isNumber)
-            throw Failure{QStringLiteral("expected a decimal colour, was %1").arg(value)};
+            throw Failure{u"expected a decimal colour, was %1"_s.arg(value)};
         return QString::number(static_cast<qint32>(static_cast<quint32>(colour)));
     }
     case ValueKind::Text:
@@ -253,18 +253,17 @@ void checkField(Player& player, Words words) {
     Field& field = player.field(words[0]);
     const Property* property = FindProperty(words.value(1));
     if (!property)
-        throw Failure{QStringLiteral("expected a property, was %1").arg(words.value(1, QStringLiteral("none")))};
+        throw Failure{u"expected a property, was %1"_s.arg(words.value(1, u"none"_s))};
     if (words.size() != 3 + property->numbers)
-        throw Failure{QStringLiteral("expected %1 words behind %2, there were %3")
-                          .arg(QString::number(1 + property->numbers), words[1], QString::number(words.size() - 2))};
+        throw Failure{u"expected %1 words behind %2, there were %3"_s.arg(QString::number(1 + property->numbers),
+                                                                          words[1], QString::number(words.size() - 2))};
     const Question question{words[1], property->numbers > 0 ? NumberWord(words[2]) : 0,
                             property->numbers > 1 ? NumberWord(words[3]) : 0};
     const QString what = words.first(2 + property->numbers).join(u' ');
     const QString expected = unmarked(field, question, comparable(property->kind, words.last()));
     compare(what, expected, unmarked(field, question, comparable(property->kind, Look(field, question))));
     if (const auto seen = player.hands().seen(field, question))
-        compare(what + QStringLiteral(" in the window"), expected,
-                unmarked(field, question, comparable(property->kind, *seen)));
+        compare(what + u" in the window"_s, expected, unmarked(field, question, comparable(property->kind, *seen)));
 }
 
 } // namespace
@@ -276,8 +275,8 @@ void RunExpectation(Player& player, const QStringList& words) {
         return checkField(player, words);
     const QStringList rest = words.mid(1);
     if (rest.size() < found->least || rest.size() > found->most)
-        throw Failure{QStringLiteral("expected %1, there were %2 words")
-                          .arg(QLatin1StringView(found->usage), QString::number(words.size() + 1))};
+        throw Failure{u"expected %1, there were %2 words"_s.arg(QLatin1StringView(found->usage),
+                                                                QString::number(words.size() + 1))};
     found->check(player, rest);
 }
 

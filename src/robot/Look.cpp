@@ -1,5 +1,6 @@
 #include "robot/Look.h"
 
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "screen/Grid.h"
 #include "screen/MaskedField.h"
@@ -16,15 +17,14 @@ namespace {
 using namespace screen;
 
 QString truth(bool value) {
-    return value ? QStringLiteral("true") : QStringLiteral("false");
+    return value ? u"true"_s : u"false"_s;
 }
 
 template <typename Kind>
 const Kind& as(const Field& field, const Question& question) {
     if (const auto* kind = dynamic_cast<const Kind*>(&field))
         return *kind;
-    throw RuntimeError(errorNumber::NoSuchMember,
-                       QStringLiteral("%1 has no property %2").arg(field.name(), question.property));
+    throw RuntimeError(errorNumber::NoSuchMember, u"%1 has no property %2"_s.arg(field.name(), question.property));
 }
 
 QString text(const Field& field, const Question& question) {
@@ -45,8 +45,8 @@ QString item(const Field& field, const Question& question) {
     const QStringList& items = as<ListField>(field, question).items();
     if (question.row < 0 || question.row >= items.size())
         throw RuntimeError(errorNumber::NoSuchMember,
-                           QStringLiteral("%1 has %2 items, none with number %3")
-                               .arg(field.name(), QString::number(items.size()), QString::number(question.row)));
+                           u"%1 has %2 items, none with number %3"_s.arg(field.name(), QString::number(items.size()),
+                                                                         QString::number(question.row)));
     return items[question.row];
 }
 
@@ -54,9 +54,9 @@ QString cell(const Field& field, const Question& question) {
     const Grid& grid = as<Grid>(field, question);
     if (question.row < 0 || question.row >= grid.Rows() || question.col < 0 || question.col >= grid.Cols())
         throw RuntimeError(errorNumber::NoSuchMember,
-                           QStringLiteral("%1 has %2 rows and %3 columns, no cell %4 %5")
-                               .arg(field.name(), QString::number(grid.Rows()), QString::number(grid.Cols()),
-                                    QString::number(question.row), QString::number(question.col)));
+                           u"%1 has %2 rows and %3 columns, no cell %4 %5"_s.arg(
+                               field.name(), QString::number(grid.Rows()), QString::number(grid.Cols()),
+                               QString::number(question.row), QString::number(question.col)));
     return grid.cell(question.row, question.col);
 }
 
@@ -100,8 +100,7 @@ const Property* FindProperty(const QString& name) {
 QString Look(const Field& field, const Question& question) {
     const Property* property = FindProperty(question.property);
     if (!property)
-        throw RuntimeError(errorNumber::NoSuchMember,
-                           QStringLiteral("%1 has no property %2").arg(field.name(), question.property));
+        throw RuntimeError(errorNumber::NoSuchMember, u"%1 has no property %2"_s.arg(field.name(), question.property));
     return property->look(field, question);
 }
 

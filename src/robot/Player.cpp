@@ -1,5 +1,6 @@
 #include "robot/Player.h"
 
+#include "base/Literals.h"
 #include "robot/Commands.h"
 
 #include <QFileInfo>
@@ -41,7 +42,7 @@ bool offers(Buttons buttons, Answer answer) {
 
 Base BaseOfLaunch(const QString& launchString, const QString& home) {
     // The marker file makes every launch one of the production environment.
-    if (QFileInfo::exists(home + QStringLiteral("/config/ORBALUX.txt")))
+    if (QFileInfo::exists(home + u"/config/ORBALUX.txt"_s))
         return Base::Main;
     const QString environment = launchString.section(u'^', 2, 2);
     if (environment == u"HIST")
@@ -76,7 +77,7 @@ void Player::step() {
     } catch (const Failure& failure) {
         fail(command.line, failure.message);
     } catch (const RuntimeError& error) {
-        fail(command.line, QStringLiteral("error %1: %2").arg(QString::number(error.number()), error.description()));
+        fail(command.line, u"error %1: %2"_s.arg(QString::number(error.number()), error.description()));
     }
 }
 
@@ -87,7 +88,7 @@ void Player::fail(int line, const QString& message) {
 
 void Player::checkLeftovers() {
     if (!answers_.empty())
-        fail(answers_.front().line, QStringLiteral("expected a box that asks for this answer, there was none"));
+        fail(answers_.front().line, u"expected a box that asks for this answer, there was none"_s);
 }
 
 Cast& Player::cast() {
@@ -106,7 +107,7 @@ Cast& Player::cast() {
 
 void Player::launch(const QString& launchString) {
     if (isRunning())
-        throw Failure{QStringLiteral("expected a program that is not running, it runs already")};
+        throw Failure{u"expected a program that is not running, it runs already"_s};
     Cast& program = cast();
     launched_ = started_ = true;
     launchedAt_ = next_;
@@ -120,12 +121,12 @@ bool Player::isRunning() const {
 
 Screen& Player::activeScreen() {
     if (!launched_)
-        throw Failure{QStringLiteral("expected a running program, it has not been launched")};
+        throw Failure{u"expected a running program, it has not been launched"_s};
     if (!isRunning() || !cast_->program().activeScreen()) {
         const auto& error = cast_->program().failure();
-        throw Failure{error ? QStringLiteral("expected a running program, it has ended with run-time error %1: %2 %3")
-                                  .arg(QString::number(error->number()), error->description(), error->statement())
-                            : QStringLiteral("expected a running program, it has ended")};
+        throw Failure{error ? u"expected a running program, it has ended with run-time error %1: %2 %3"_s.arg(
+                                  QString::number(error->number()), error->description(), error->statement())
+                            : u"expected a running program, it has ended"_s};
     }
     return *cast_->program().activeScreen();
 }
@@ -137,16 +138,16 @@ Field& Player::field(const QString& name) {
     QStringList names;
     for (const Field* known : screen.fields())
         names += known->name();
-    throw Failure{QStringLiteral("expected a field %1, screen %2 has %3").arg(name, screen.name(), names.join(u' '))};
+    throw Failure{u"expected a field %1, screen %2 has %3"_s.arg(name, screen.name(), names.join(u' '))};
 }
 
 Field& Player::reach(const QString& name, bool disabledToo) {
     Field& found = field(name);
     for (const Field* part = &found; part; part = part->strip())
         if (!part->visible())
-            throw Failure{QStringLiteral("expected %1 to be visible, it is hidden").arg(name)};
+            throw Failure{u"expected %1 to be visible, it is hidden"_s.arg(name)};
     if (!disabledToo && !found.enabled())
-        throw Failure{QStringLiteral("expected %1 to be enabled, it is disabled").arg(name)};
+        throw Failure{u"expected %1 to be enabled, it is disabled"_s.arg(name)};
     chooseTabsOf(found);
     return found;
 }
@@ -185,14 +186,13 @@ Answer Player::messageBox(const Box& box) {
         return hands_->answer(box, Answer::OK);
     }
     if (answers_.empty()) {
-        fail(line_,
-             QStringLiteral("expected no box that asks, there was %1 and no answer waiting").arg(Quoted(box.text)));
+        fail(line_, u"expected no box that asks, there was %1 and no answer waiting"_s.arg(Quoted(box.text)));
         program.End();
     }
     const PreparedAnswer prepared = answers_.front();
     answers_.pop_front();
     if (!offers(box.buttons, prepared.answer)) {
-        fail(prepared.line, QStringLiteral("expected a box with this answer, there was %1").arg(Quoted(box.text)));
+        fail(prepared.line, u"expected a box with this answer, there was %1"_s.arg(Quoted(box.text)));
         program.End();
     }
     return hands_->answer(box, prepared.answer);
@@ -213,15 +213,13 @@ QDateTime Player::now() const {
 
 QString Quoted(const QString& text) {
     QString escaped = text;
-    escaped.replace(u'\\', QStringLiteral("\\\\")).replace(u'"', QStringLiteral("\\\""));
-    escaped.replace(u'\n', QStringLiteral("\\n"))
-        .replace(u'\r', QStringLiteral("\\r"))
-        .replace(u'\t', QStringLiteral("\\t"));
+    escaped.replace(u'\\', u"\\\\"_s).replace(u'"', u"\\\""_s);
+    escaped.replace(u'\n', u"\\n"_s).replace(u'\r', u"\\r"_s).replace(u'\t', u"\\t"_s);
     return u'"' + escaped + u'"';
 }
 
 QString OneLineBreak(QString text) {
-    return text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+    return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
 }
 
 } // namespace vorta::robot

@@ -1,5 +1,6 @@
 #include "robot/RowText.h"
 
+#include "base/Literals.h"
 #include "base/Text.h"
 
 namespace vorta::robot {
@@ -19,7 +20,7 @@ void RowText::add(const QString& value) {
 }
 
 void RowText::null() {
-    add(QStringLiteral("<null>"));
+    add(u"<null>"_s);
 }
 
 void RowText::integer(qint64 value) {
@@ -40,7 +41,7 @@ void RowText::text(std::string_view utf8) {
 
 void RowText::date(const QDateTime& value) {
     const bool timed = value.time().isValid() && value.time() != QTime(0, 0);
-    add(value.toString(timed ? QStringLiteral("yyyy-MM-dd hh:mm:ss") : QStringLiteral("yyyy-MM-dd")));
+    add(value.toString(timed ? u"yyyy-MM-dd hh:mm:ss"_s : u"yyyy-MM-dd"_s));
 }
 
 } // namespace vorta::robot

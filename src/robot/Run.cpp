@@ -1,5 +1,6 @@
 #include "robot/Run.h"
 
+#include "base/Literals.h"
 #include "robot/Player.h"
 
 #include <QTemporaryDir>
@@ -75,10 +76,10 @@ QByteArray readAll(int pipe) {
 
 QString endOf(int status) {
     if (!WIFSIGNALED(status))
-        return QStringLiteral("expected a verdict, the process ended with %1").arg(WEXITSTATUS(status));
+        return u"expected a verdict, the process ended with %1"_s.arg(WEXITSTATUS(status));
     if (WTERMSIG(status) == SIGALRM)
-        return QStringLiteral("expected the command to end, it ran for %1 seconds").arg(secondsForACommand);
-    return QStringLiteral("expected a running program, it crashed with signal %1").arg(WTERMSIG(status));
+        return u"expected the command to end, it ran for %1 seconds"_s.arg(secondsForACommand);
+    return u"expected a running program, it crashed with signal %1"_s.arg(WTERMSIG(status));
 }
 
 /// The verdict that the messages of a process carry; a process that told none has crashed at the last line it reached.
@@ -100,11 +101,11 @@ std::optional<Verdict> verdictOf(const QByteArray& messages, int status) {
 std::optional<Verdict> doApart(const Part& part) {
     int ends[2];
     if (::pipe(ends) != 0)
-        return Verdict{0, QStringLiteral("no pipe for the process of the scenario")};
+        return Verdict{0, u"no pipe for the process of the scenario"_s};
     std::fflush(nullptr);
     const pid_t child = ::fork();
     if (child < 0)
-        return Verdict{0, QStringLiteral("no process for the scenario")};
+        return Verdict{0, u"no process for the scenario"_s};
     if (child == 0) {
         ::close(ends[0]);
         doInChild(ends[1], part);
@@ -120,7 +121,7 @@ std::optional<Verdict> doApart(const Part& part) {
 std::optional<Verdict> playApart(const Scenario& scenario, const PlayOne& play) {
     const QTemporaryDir copy;
     if (!copy.isValid())
-        return Verdict{0, QStringLiteral("no room for a copy of the installation")};
+        return Verdict{0, u"no room for a copy of the installation"_s};
     return doApart([&](int pipe) {
         // A scenario may be interrupted, the clearing behind it not.
         for (const int signal : endings)
@@ -152,7 +153,7 @@ Options Options::parse(const QStringList& arguments, const QString& defaultHome)
         const QString& argument = arguments[at];
         const auto next = [&] {
             if (++at >= arguments.size())
-                throw Failure{QStringLiteral("%1 needs a value").arg(argument)};
+                throw Failure{u"%1 needs a value"_s.arg(argument)};
             return arguments[at];
         };
         const auto named = std::find_if(withValue.begin(), withValue.end(), [&](const ValueOption& row) {
@@ -163,12 +164,12 @@ Options Options::parse(const QStringList& arguments, const QString& defaultHome)
         else if (argument == u"--desktop")
             options.desktop = true;
         else if (argument.startsWith(u"--"))
-            throw Failure{QStringLiteral("unknown argument %1").arg(argument)};
+            throw Failure{u"unknown argument %1"_s.arg(argument)};
         else
             options.files += argument;
     }
     if (options.files.isEmpty())
-        throw Failure{QStringLiteral("no scenario file given")};
+        throw Failure{u"no scenario file given"_s};
     return options;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Literals.h"
 #include "robot/Scenario.h"
 
 #include <functional>
@@ -12,11 +13,11 @@ struct Verdict;
 /// The arguments of the program.
 struct Options {
     QString home;
-    QString engine = QStringLiteral("embedded"); ///< what the installation's databases stand on
-    QString server; ///< connection string of a given SQL Server; empty for one of the player's own
-    QString tag;    ///< engine tag of the lines for SQL Server; null for the usual one
-    QString wire;   ///< file for what the test server hears; empty for none
-    QString trace;  ///< file for the statements; empty for none
+    QString engine = u"embedded"_s; ///< what the installation's databases stand on
+    QString server;                 ///< connection string of a given SQL Server; empty for one of the player's own
+    QString tag;                    ///< engine tag of the lines for SQL Server; null for the usual one
+    QString wire;                   ///< file for what the test server hears; empty for none
+    QString trace;                  ///< file for the statements; empty for none
     bool desktop = false;
     QStringList files;
 

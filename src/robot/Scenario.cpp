@@ -1,5 +1,7 @@
 #include "robot/Scenario.h"
 
+#include "base/Literals.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QStringDecoder>
@@ -25,7 +27,7 @@ QChar unescaped(QChar escape) {
     case u'|': // as the divider of columns is written in tables of documentation
         return escape;
     default:
-        throw Failure{QStringLiteral("unknown escape \\%1").arg(escape)};
+        throw Failure{u"unknown escape \\%1"_s.arg(escape)};
     }
 }
 
@@ -36,7 +38,7 @@ QString quoted(const QString& line, qsizetype& at) {
         if (line[at] == u'"') {
             ++at;
             if (at < line.size() && !isBlank(line[at]))
-                throw Failure{QStringLiteral("a blank is missing behind the text \"%1\"").arg(text)};
+                throw Failure{u"a blank is missing behind the text \"%1\""_s.arg(text)};
             return text;
         }
         if (line[at] == u'\\' && at + 1 < line.size())
@@ -44,7 +46,7 @@ QString quoted(const QString& line, qsizetype& at) {
         else
             text += line[at];
     }
-    throw Failure{QStringLiteral("the text \"%1 has no closing quote").arg(text)};
+    throw Failure{u"the text \"%1 has no closing quote"_s.arg(text)};
 }
 
 QString bare(const QString& line, qsizetype& at) {
@@ -53,7 +55,7 @@ QString bare(const QString& line, qsizetype& at) {
         ++at;
     const QString word = line.sliced(start, at - start);
     if (word.size() > 1 && word.contains(u'"'))
-        throw Failure{QStringLiteral("a quote in the middle of the word %1").arg(word)};
+        throw Failure{u"a quote in the middle of the word %1"_s.arg(word)};
     return word;
 }
 
@@ -91,11 +93,11 @@ Scenario Scenario::parse(const QString& file, const QString& text) {
 Scenario Scenario::read(const QString& file) {
     QFile source(file);
     if (!QFileInfo(file).isFile() || !source.open(QIODevice::ReadOnly))
-        throw Failure{QStringLiteral("%1 cannot be read").arg(file)};
+        throw Failure{u"%1 cannot be read"_s.arg(file)};
     QStringDecoder utf8(QStringDecoder::Utf8);
     const QString text = utf8.decode(source.readAll());
     if (utf8.hasError())
-        throw Failure{QStringLiteral("%1 is no UTF-8 text").arg(file)};
+        throw Failure{u"%1 is no UTF-8 text"_s.arg(file)};
     return parse(file, text);
 }
 

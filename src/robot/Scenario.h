@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/Literals.h"
+
 #include <QString>
 #include <QStringList>
 #include <stdexcept>
@@ -34,6 +36,6 @@ struct Scenario {
 };
 
 /// The first word of a command that stands for a line that cannot be taken apart; its second word says why.
-inline const QString brokenLine = QStringLiteral("\n");
+inline const QString brokenLine = u"\n"_s;
 
 } // namespace vorta::robot

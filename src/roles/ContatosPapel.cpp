@@ -1,6 +1,7 @@
 #include "roles/ContatosPapel.h"
 
 #include "base/Format.h"
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
 #include "shared/Insercao.h"
@@ -15,7 +16,7 @@ using data::Recordset;
 using data::Statement;
 using screen::Field;
 
-const QString semAniversario = QStringLiteral("__/__");
+const QString semAniversario = u"__/__"_s;
 
 /// Columns of `Flex`; the first one, hidden, stays empty.
 enum Coluna { Tipo = 1, Nome, Fone, Email, Aniversario };
@@ -30,9 +31,8 @@ QString NomeColuna(const char* assunto, const TabelaContatos& tabela) {
 ContatosPapel::ContatosPapel(ContextoExecucao& contexto, screen::Screen& tela, const PapelTela& papel)
     : cboTipoContato(&tela, "cboTipoContato"), txtNomeContato(&tela, "txtNomeContato"),
       txtFoneContato(&tela, "txtFoneContato"), txtEmailContato(&tela, "txtEmailContato"),
-      mskDtNasc(&tela, "mskDtNasc", QStringLiteral("##/##")),
-      cmdIncluirContato(&tela, "cmdIncluirContato", QStringLiteral("Incluir")), Flex(&tela, "Flex"),
-      contexto_(contexto), tela_(tela), papel_(papel), tabela_(*papel.contatos) {
+      mskDtNasc(&tela, "mskDtNasc", u"##/##"_s), cmdIncluirContato(&tela, "cmdIncluirContato", u"Incluir"_s),
+      Flex(&tela, "Flex"), contexto_(contexto), tela_(tela), papel_(papel), tabela_(*papel.contatos) {
     PreparaGridContatos();
     for (Field* campo :
          std::initializer_list<Field*>{&cboTipoContato, &txtNomeContato, &txtFoneContato, &txtEmailContato})
@@ -48,12 +48,7 @@ ContatosPapel::ContatosPapel(ContextoExecucao& contexto, screen::Screen& tela, c
 }
 
 void ContatosPapel::PreparaGridContatos() {
-    Flex.reset({{QStringLiteral("ID"), 0},
-                {QStringLiteral("Tipo")},
-                {QStringLiteral("Nome")},
-                {QStringLiteral("Fone")},
-                {QStringLiteral("E-Mail")},
-                {QStringLiteral("Aniver.")}});
+    Flex.reset({{u"ID"_s, 0}, {u"Tipo"_s}, {u"Nome"_s}, {u"Fone"_s}, {u"E-Mail"_s}, {u"Aniver."_s}});
 }
 
 void ContatosPapel::LimpaEntrada() {
@@ -147,7 +142,7 @@ void ContatosPapel::txtEmailContato_LostFocus() {
     if (txtEmailContato.text().isEmpty() || ValidaEmail(contexto_, txtEmailContato.text()))
         return;
     const screen::Answer resposta =
-        tela_.program().MsgBox({QStringLiteral("O e-mail digitado não passou na validação.\nVocê deseja corrigir?"),
+        tela_.program().MsgBox({u"O e-mail digitado não passou na validação.\nVocê deseja corrigir?"_s,
                                 {},
                                 screen::Icon::None,
                                 screen::Buttons::YesNo});
@@ -159,12 +154,12 @@ void ContatosPapel::txtEmailContato_LostFocus() {
 void ContatosPapel::mskDtNasc_LostFocus() {
     if (mskDtNasc.text() == semAniversario)
         return;
-    const std::optional<QDateTime> dia = ParseDate(mskDtNasc.text() + u"/2001"_qs);
+    const std::optional<QDateTime> dia = ParseDate(mskDtNasc.text() + u"/2001"_s);
     if (dia) {
         mskDtNasc.setText(FormatDate(dia->date()).left(5));
         return;
     }
-    tela_.program().MsgBox(QStringLiteral("Data Inválida!"));
+    tela_.program().MsgBox(u"Data Inválida!"_s);
     tela_.SetFocus(mskDtNasc);
 }
 

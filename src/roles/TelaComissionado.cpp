@@ -1,5 +1,6 @@
 #include "roles/TelaComissionado.h"
 
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "shared/Consultas.h"
 #include "shared/Preenchimento.h"
@@ -19,7 +20,7 @@ TelaComissionado::TelaComissionado(ContextoExecucao& contexto, const PapelTela& 
 }
 
 void TelaComissionado::cboBancoCartao_DropDown() {
-    PreencheBancosOuCartoes(contexto(), Trim(cboBancoCartao.text()), u"CHEQUE"_qs, cboBancoCartao);
+    PreencheBancosOuCartoes(contexto(), Trim(cboBancoCartao.text()), u"CHEQUE"_s, cboBancoCartao);
     if (cboBancoCartao.items().size() == 1)
         cboBancoCartao.setListIndex(0);
 }
@@ -31,7 +32,7 @@ void TelaComissionado::CompletaCampos() {
 bool TelaComissionado::ConfereCampos() {
     if (Trim(cboBancoCartao.text()).isEmpty() || IdBanco(contexto(), cboBancoCartao.text()) != 0)
         return true;
-    program().MsgBox(QStringLiteral("Banco Inválido"));
+    program().MsgBox(u"Banco Inválido"_s);
     SetFocus(cboBancoCartao);
     return false;
 }
@@ -69,9 +70,9 @@ data::Statement TelaComissionado::MontaUpdate(qint32 id) {
 }
 
 void TelaComissionado::CarregaCampos(const data::Recordset& registro) {
-    MostraValor(txtSalFixo, registro.Fields("valo_sala"), u"0"_qs);
-    MostraValor(txtPercPool, registro.Fields("perc_pool"), u"0"_qs);
-    MostraValor(txtPercIndi, registro.Fields("perc_coms"), u"0"_qs);
+    MostraValor(txtSalFixo, registro.Fields("valo_sala"), u"0"_s);
+    MostraValor(txtPercPool, registro.Fields("perc_pool"), u"0"_s);
+    MostraValor(txtPercIndi, registro.Fields("perc_coms"), u"0"_s);
     MostraData(mskDtAdmissao, registro.Fields("data_cred"));
     Mostra(txtRegistro, registro.Fields(registroProfissional_.coluna.toString()));
     Mostra(txtBancAgen, registro.Fields("banc_agen"));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Literals.h"
 #include "roles/TelaPapel.h"
 
 namespace vorta {
@@ -16,7 +17,7 @@ class TelaComissionado : public TelaPapel {
   public:
     TelaComissionado(ContextoExecucao& contexto, const PapelTela& papel, const RegistroProfissional& registro);
 
-    screen::MaskedField mskDtAdmissao{this, "mskDtAdmissao", QStringLiteral("##/##/####")};
+    screen::MaskedField mskDtAdmissao{this, "mskDtAdmissao", u"##/##/####"_s};
     screen::TextField txtSalFixo{this, "txtSalFixo"};
     screen::TextField txtPercPool{this, "txtPercPool"};
     screen::TextField txtPercIndi{this, "txtPercIndi"};

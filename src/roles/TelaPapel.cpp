@@ -1,6 +1,7 @@
 #include "roles/TelaPapel.h"
 
 #include "base/Format.h"
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
 #include "launch/Lancamento.h"
@@ -21,9 +22,9 @@ using screen::Buttons;
 using screen::Field;
 using screen::Icon;
 
-const QString telaPessoas = QStringLiteral("frmPessoas");
-const QString avisoOcioso = QStringLiteral("Selecione Um Registro Para Alterar/Desativar ou Reativar");
-const QString modoOcioso = QStringLiteral(" ");
+const QString telaPessoas = u"frmPessoas"_s;
+const QString avisoOcioso = u"Selecione Um Registro Para Alterar/Desativar ou Reativar"_s;
+const QString modoOcioso = u" "_s;
 
 QString DataDaLinha(const data::Value& valor) {
     return valor.isNull() ? QString() : FormatDate(valor.date().date());
@@ -75,7 +76,7 @@ void TelaPapel::DataCredencial(screen::MaskedField& campo) {
     campo.LostFocus = [this, &campo] {
         if (IsDate(campo.text()) || campo.text() == campo.blank())
             return;
-        program().MsgBox(QStringLiteral("Data Inválida!"));
+        program().MsgBox(u"Data Inválida!"_s);
         SetFocus(campo);
     };
 }
@@ -146,7 +147,7 @@ void TelaPapel::LimpaCampos() {
             campo->setText({});
     }
     for (Field* campo : numericos_)
-        campo->setText(u"0"_qs);
+        campo->setText(u"0"_s);
     if (papel_.limpaDesativacao)
         txtDTDesativa.setText({});
 }
@@ -190,12 +191,12 @@ bool TelaPapel::Selecionado() const {
 bool TelaPapel::FaltaSelecao() {
     if (Selecionado())
         return false;
-    program().MsgBox(QStringLiteral("Selecione Um Registro Para Executar esta Operação!"));
+    program().MsgBox(u"Selecione Um Registro Para Executar esta Operação!"_s);
     return true;
 }
 
 void TelaPapel::Recusa(const QString& motivo) {
-    program().MsgBox(QStringLiteral("Impossibilidade de Executar o Comando!\n") + motivo);
+    program().MsgBox(u"Impossibilidade de Executar o Comando!\n"_s + motivo);
 }
 
 void TelaPapel::VaiParaGrade() {
@@ -207,8 +208,8 @@ void TelaPapel::ComArmadilha(const QString& mensagem, const std::function<void()
     try {
         passos();
     } catch (const RuntimeError& erro) {
-        program().MsgBox({QStringLiteral("%1\n%2 - %3").arg(mensagem).arg(erro.number()).arg(erro.description()),
-                          QStringLiteral("Inclusão"), Icon::Information, Buttons::OK});
+        program().MsgBox({u"%1\n%2 - %3"_s.arg(mensagem).arg(erro.number()).arg(erro.description()), u"Inclusão"_s,
+                          Icon::Information, Buttons::OK});
         setPointer(screen::Pointer::Default);
     }
 }
@@ -222,18 +223,18 @@ void TelaPapel::Edita(const QString& modo, const QString& aviso) {
 
 void TelaPapel::cmdINCLUIR_Click() {
     if (Val(lblRowId.text()) > 0) {
-        program().MsgBox(QStringLiteral("Este Registro já está vinculado!"));
+        program().MsgBox(u"Este Registro já está vinculado!"_s);
         return;
     }
     BotoesEdicao();
     const auto passos = [this] {
-        Edita(u"I"_qs, QStringLiteral("O Modo <INCLUSÃO> está ATIVO"));
+        Edita(u"I"_s, u"O Modo <INCLUSÃO> está ATIVO"_s);
         LimpaCampos();
         if (papel_.preencheCredencial)
-            field(QStringLiteral("mskDtCredencial")).setText(FormatDate(contexto_.hoje()));
+            field(u"mskDtCredencial"_s).setText(FormatDate(contexto_.hoje()));
     };
     if (papel_.armadilhaIncluir)
-        ComArmadilha(QStringLiteral("Erro ao Incluir o Registro!"), passos);
+        ComArmadilha(u"Erro ao Incluir o Registro!"_s, passos);
     else
         passos();
 }
@@ -242,14 +243,14 @@ void TelaPapel::cmdALTERAR_Click() {
     if (FaltaSelecao())
         return VaiParaGrade();
     if (!RTrim(txtDTDesativa.text()).isEmpty()) {
-        Recusa(QStringLiteral("O Registro Está Desativado."));
+        Recusa(u"O Registro Está Desativado."_s);
         VaiParaGrade();
         LimpaCampos();
         return;
     }
-    ComArmadilha(QStringLiteral("Erro ao Alterar o Registro!"), [this] {
+    ComArmadilha(u"Erro ao Alterar o Registro!"_s, [this] {
         BotoesEdicao();
-        Edita(u"A"_qs, QStringLiteral("O Modo <ALTERAÇÃO> está ATIVO"));
+        Edita(u"A"_s, u"O Modo <ALTERAÇÃO> está ATIVO"_s);
     });
 }
 
@@ -266,12 +267,11 @@ void TelaPapel::cmdEXCLUIR_Click() {
     if (FaltaSelecao())
         return;
     if (!RTrim(txtDTDesativa.text()).isEmpty()) {
-        Recusa(QStringLiteral("O Registro Já está como Desativado."));
+        Recusa(u"O Registro Já está como Desativado."_s);
         LimpaCampos();
         return;
     }
-    if (program().MsgBox({QStringLiteral("Deseja realmente Desativar?"), {}, Icon::None, Buttons::YesNo}) ==
-        Answer::Yes) {
+    if (program().MsgBox({u"Deseja realmente Desativar?"_s, {}, Icon::None, Buttons::YesNo}) == Answer::Yes) {
         MudaSituacao(Statement("user_desa='") << contexto_.CodigoUsuario << "', "
                                               << "data_desa='" << FormatDateSql(contexto_.hoje()) << "' ");
         if (papel_.colunaPess)
@@ -285,18 +285,16 @@ void TelaPapel::cmdReativar_Click() {
     if (FaltaSelecao())
         return;
     if (RTrim(txtDTDesativa.text()).isEmpty()) {
-        Recusa(QStringLiteral("O Registro Já está como Ativo."));
+        Recusa(u"O Registro Já está como Ativo."_s);
         LimpaCampos();
         return;
     }
-    if (papel_.conferePessoaAtiva &&
-        !Trim(contexto_.Tela(telaPessoas).field(QStringLiteral("lblDataDesa")).text()).isEmpty()) {
-        program().MsgBox({QStringLiteral("Atenção!!!\nO registro 'Pessoa' deverá ser reativado antes dessa operação!"),
+    if (papel_.conferePessoaAtiva && !Trim(contexto_.Tela(telaPessoas).field(u"lblDataDesa"_s).text()).isEmpty()) {
+        program().MsgBox({u"Atenção!!!\nO registro 'Pessoa' deverá ser reativado antes dessa operação!"_s,
                           ContextoExecucao::Titulo(), Icon::Critical, Buttons::OK});
         return;
     }
-    if (program().MsgBox(
-            {QStringLiteral("Deseja realmente Reativar Este Registro ?"), {}, Icon::None, Buttons::YesNo}) ==
+    if (program().MsgBox({u"Deseja realmente Reativar Este Registro ?"_s, {}, Icon::None, Buttons::YesNo}) ==
         Answer::Yes) {
         MudaSituacao(Statement("user_desa=null, ") << "data_desa=null, "
                                                    << "user_incl='" << contexto_.CodigoUsuario << "', "
@@ -313,8 +311,8 @@ void TelaPapel::cmdSAIR_Click() {
     if (contexto_.ModoTela != u"I" && contexto_.ModoTela != u"A")
         return Unload();
     const Answer resposta = program().MsgBox(
-        {QStringLiteral("Existe operação não concluída!!!\n\n<Sim> Sair sem Concluir\n<Não> Retornar para a Operação "
-                        "Atual\n<Cancela> Retornar e Abortar a Operação Atual"),
+        {u"Existe operação não concluída!!!\n\n<Sim> Sair sem Concluir\n<Não> Retornar para a Operação "
+         "Atual\n<Cancela> Retornar e Abortar a Operação Atual"_s,
          {},
          Icon::None,
          Buttons::YesNoCancel});
@@ -332,7 +330,7 @@ void TelaPapel::cmdSAIR_Click() {
 void TelaPapel::cmdSALVAR_Click() {
     CompletaCampos();
     if (papel_.exigePessoa && Trim(txtRowID.text()).isEmpty()) {
-        program().MsgBox(QStringLiteral("Falta Vinculo com a Tabela de Pessoas!!!"));
+        program().MsgBox(u"Falta Vinculo com a Tabela de Pessoas!!!"_s);
         return;
     }
     if (!ConfereCampos())
@@ -342,7 +340,7 @@ void TelaPapel::cmdSALVAR_Click() {
     const bool altera = contexto_.ModoTela == u"A";
     if (altera || contexto_.ModoTela == u"I") {
         Grava([this, altera] { altera ? GravaAlteracao() : GravaInclusao(); });
-        program().MsgBox(QStringLiteral("Registro Gravado com sucesso!"));
+        program().MsgBox(u"Registro Gravado com sucesso!"_s);
         contexto_.ModoTela = modoOcioso;
     }
     BloqueiaCampos();
@@ -365,7 +363,7 @@ void TelaPapel::Grava(const std::function<void()>& passos) {
             throw;
         // A connection has no operation of this name: the program ends here and the transaction dies with the
         // connection.
-        conexao.Invoke(QStringLiteral("Rollback"));
+        conexao.Invoke(u"Rollback"_s);
     }
     setPointer(screen::Pointer::Default);
 }
@@ -391,8 +389,8 @@ void TelaPapel::GravaInclusao() {
     if (papel_.chaveNova == ChaveNova::Perguntada || (papel_.chaveNova == ChaveNova::PorGerador && !porGerador))
         id = UltimoIdentity(contexto_);
     if (papel_.colunaPess)
-        GravaVinculoPess(contexto_, contexto_.Tela(telaPessoas).field(QStringLiteral("txtRowID")).text(),
-                         *papel_.colunaPess, QString::number(id));
+        GravaVinculoPess(contexto_, contexto_.Tela(telaPessoas).field(u"txtRowID"_s).text(), *papel_.colunaPess,
+                         QString::number(id));
     GravaContatos(QString::number(id));
 }
 
@@ -406,7 +404,7 @@ void TelaPapel::GravaContatos(const QString& idPapel) {
 void TelaPapel::txtRowID_LostFocus() {
     if (contexto_.ModoTela != u"I" || txtRowID.text().isEmpty() || !ClienteExiste(contexto_, txtRowID.text()))
         return;
-    program().MsgBox(QStringLiteral("O Cliente (%1) Já Existe! Tente outro código").arg(txtRowID.text()));
+    program().MsgBox(u"O Cliente (%1) Já Existe! Tente outro código"_s.arg(txtRowID.text()));
     SetFocus(txtRowID);
 }
 
@@ -421,7 +419,7 @@ void TelaPapel::chkVisualiza_Click() {
         contatos_->PreparaGridContatos();
     for (Recordset linhas = AbreLeitura(contexto_, contexto_.SqlConsulta); !linhas.Eof(); linhas.MoveNext()) {
         if (!contatos_)
-            throw RuntimeError(errorNumber::ObjectNotSet, QStringLiteral("A tela %1 não tem grade").arg(name()));
+            throw RuntimeError(errorNumber::ObjectNotSet, u"A tela %1 não tem grade"_s.arg(name()));
         contatos_->Flex.AddItem(QStringList{linhas.Fields("idVendedor").textOr({}),
                                             linhas.Fields("NOME_CONH").textOr({}), linhas.Fields("nome").textOr({}),
                                             DataDaLinha(linhas.Fields("dtinclusao")),

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Literals.h"
 #include "launch/ContextoExecucao.h"
 #include "roles/ContatosPapel.h"
 #include "roles/PapelTela.h"
@@ -24,15 +25,15 @@ class TelaPapel : public screen::Screen {
     screen::TextField txtDTDesativa{this, "txtDTDesativa"};
     screen::Label lblAviso{this, "lblAviso"};
 
-    screen::Button cmdPESQUISAR{this, "cmdPESQUISAR", QStringLiteral("&Pesquisar")};
-    screen::Button cmdINCLUIR{this, "cmdINCLUIR", QStringLiteral("&Incluir")};
-    screen::Button cmdALTERAR{this, "cmdALTERAR", QStringLiteral("&Alterar")};
-    screen::Button cmdEXCLUIR{this, "cmdEXCLUIR", QStringLiteral("&Desativar")};
-    screen::Button cmdReativar{this, "cmdReativar", QStringLiteral("Reati&var")};
-    screen::Button cmdSALVAR{this, "cmdSALVAR", QStringLiteral("&Salvar")};
-    screen::Button cmdIMPRIMIR{this, "cmdIMPRIMIR", QStringLiteral("Impri&mir")};
-    screen::Button cmdSAIR{this, "cmdSAIR", QStringLiteral("Sai&r")};
-    screen::Check chkVisualiza{this, "chkVisualiza", QStringLiteral("Visualiza os Desativados")};
+    screen::Button cmdPESQUISAR{this, "cmdPESQUISAR", u"&Pesquisar"_s};
+    screen::Button cmdINCLUIR{this, "cmdINCLUIR", u"&Incluir"_s};
+    screen::Button cmdALTERAR{this, "cmdALTERAR", u"&Alterar"_s};
+    screen::Button cmdEXCLUIR{this, "cmdEXCLUIR", u"&Desativar"_s};
+    screen::Button cmdReativar{this, "cmdReativar", u"Reati&var"_s};
+    screen::Button cmdSALVAR{this, "cmdSALVAR", u"&Salvar"_s};
+    screen::Button cmdIMPRIMIR{this, "cmdIMPRIMIR", u"Impri&mir"_s};
+    screen::Button cmdSAIR{this, "cmdSAIR", u"Sai&r"_s};
+    screen::Check chkVisualiza{this, "chkVisualiza", u"Visualiza os Desativados"_s};
 
   protected:
     // What a screen of its own gives.

@@ -1,6 +1,7 @@
 #include "roles/frmCliente.h"
 
 #include "base/Format.h"
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "shared/Consultas.h"
 #include "shared/Preenchimento.h"
@@ -10,8 +11,8 @@ namespace vorta {
 
 namespace {
 
-const QString sim = QStringLiteral("Sim");
-const QString nao = QStringLiteral("Não");
+const QString sim = u"Sim"_s;
+const QString nao = u"Não"_s;
 
 /// A key of another table in its description; null stands for none.
 void MostraDescricao(ContextoExecucao& contexto, screen::Field& campo, const data::Value& chave,
@@ -59,12 +60,12 @@ void frmCliente::LiberaCampos() {
 }
 
 QString frmCliente::Revenda() const {
-    return cboRevenda.text() == sim ? u"S"_qs : u"N"_qs;
+    return cboRevenda.text() == sim ? u"S"_s : u"N"_s;
 }
 
 QString frmCliente::LimiteConhecimentos() const {
     const QString limite = Trim(txtLimeMaxiConh.text());
-    return limite.isEmpty() ? u"0"_qs : limite;
+    return limite.isEmpty() ? u"0"_s : limite;
 }
 
 std::optional<QString> frmCliente::ChaveDe(const screen::ListField& lista,
@@ -88,7 +89,7 @@ data::Statement frmCliente::MontaInsert(qint32 id) {
     };
     insercao.inclui("reve", Revenda());
     insercao.inclui("limi_cred", ValorDoCampo(txtLimiCred));
-    insercao.inclui("idTipo_Clie", ChaveDe(cboTipoCli, IdTipoCliente).value_or(u"0"_qs));
+    insercao.inclui("idTipo_Clie", ChaveDe(cboTipoCli, IdTipoCliente).value_or(u"0"_s));
     seHouver("idtrpt", ChaveDe(cboTransportadora, IdTransportadora));
     seHouver("data_cred", DataDoCampo(mskDtCredencial));
     seHouver("idvend", ChaveDe(cboVendedor, IdVendedor));
@@ -125,8 +126,8 @@ void frmCliente::CarregaCampos(const data::Recordset& registro) {
     MostraDescricaoSemZero(contexto(), cboVendedor, registro.Fields("idvend"), ConhecidoVendedor);
     MostraDescricaoSemZero(contexto(), cboRegimeEspecialICMS, registro.Fields("idregi_espe_icms"),
                            DescricaoRegimeEspecial);
-    Mostra(txtLimeMaxiConh, registro.Fields("lime_maxi_conh"), u"0"_qs);
-    MostraValor(lblValoTroc, registro.Fields("valo_troc"), u"0"_qs);
+    Mostra(txtLimeMaxiConh, registro.Fields("lime_maxi_conh"), u"0"_s);
+    MostraValor(lblValoTroc, registro.Fields("valo_troc"), u"0"_s);
 }
 
 } // namespace vorta

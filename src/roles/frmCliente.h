@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Literals.h"
 #include "roles/TelaPapel.h"
 
 namespace vorta {
@@ -14,7 +15,7 @@ class frmCliente : public TelaPapel {
     screen::TextField txtLimiCred{this, "txtLimiCred"};
     screen::ListField cboTipoCli{this, "cboTipoCli"};
     screen::ListField cboTransportadora{this, "cboTransportadora"};
-    screen::MaskedField mskDtCredencial{this, "mskDtCredencial", QStringLiteral("##/##/####")};
+    screen::MaskedField mskDtCredencial{this, "mskDtCredencial", u"##/##/####"_s};
     screen::ListField cboVendedor{this, "cboVendedor"};
     screen::TextField txtLimeMaxiConh{this, "txtLimeMaxiConh"};
     screen::ListField cboRegimeEspecialICMS{this, "cboRegimeEspecialICMS"};
@@ -38,7 +39,7 @@ class frmCliente : public TelaPapel {
                                    qint32 (*procura)(ContextoExecucao&, const QString&)) const;
     std::optional<QString> ChaveRegime() const;
 
-    QString limiteGravado_ = QStringLiteral("0,00"); ///< of the row on the screen
+    QString limiteGravado_ = u"0,00"_s; ///< of the row on the screen
 };
 
 } // namespace vorta

@@ -1,5 +1,6 @@
 #include "roles/frmFornecedor.h"
 
+#include "base/Literals.h"
 #include "shared/ValidaCampos.h"
 
 namespace vorta {
@@ -31,7 +32,7 @@ frmFornecedor::frmFornecedor(ContextoExecucao& contexto) : TelaPapel(contexto, p
 
 QString frmFornecedor::Desconto() {
     if (txtDescontoFornecedor.text().isEmpty())
-        txtDescontoFornecedor.setText(u"0.00"_qs);
+        txtDescontoFornecedor.setText(u"0.00"_s);
     return ValorDoCampo(txtDescontoFornecedor);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Literals.h"
 #include "roles/TelaPapel.h"
 
 namespace vorta {
@@ -9,7 +10,7 @@ class frmFornecedor : public TelaPapel {
   public:
     explicit frmFornecedor(ContextoExecucao& contexto);
 
-    screen::MaskedField mskDtCredencial{this, "mskDtCredencial", QStringLiteral("##/##/####")};
+    screen::MaskedField mskDtCredencial{this, "mskDtCredencial", u"##/##/####"_s};
     screen::TextField txtLimiCred{this, "txtLimiCred"};
     screen::TextField txtDescontoFornecedor{this, "txtDescontoFornecedor"};
     ContatosPapel contatos{TelaPapel::contexto(), *this, papel()};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Literals.h"
 #include "roles/TelaPapel.h"
 
 namespace vorta {
@@ -10,7 +11,7 @@ class frmMotorista : public TelaPapel {
   public:
     explicit frmMotorista(ContextoExecucao& contexto);
 
-    screen::MaskedField mskDtAdmissao{this, "mskDtAdmissao", QStringLiteral("##/##/####")};
+    screen::MaskedField mskDtAdmissao{this, "mskDtAdmissao", u"##/##/####"_s};
     screen::TextField txtCNH{this, "txtCNH"};
     screen::TextField txtProntuario{this, "txtProntuario"};
     screen::ListField cboUF_Emitente{this, "cboUF_Emitente"};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Literals.h"
 #include "roles/TelaPapel.h"
 
 namespace vorta {
@@ -9,7 +10,7 @@ class frmTransportadora : public TelaPapel {
   public:
     explicit frmTransportadora(ContextoExecucao& contexto);
 
-    screen::MaskedField mskDtCredencial{this, "mskDtCredencial", QStringLiteral("##/##/####")};
+    screen::MaskedField mskDtCredencial{this, "mskDtCredencial", u"##/##/####"_s};
     ContatosPapel contatos{TelaPapel::contexto(), *this, papel()};
 
   protected:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Literals.h"
 #include "roles/TelaPapel.h"
 
 namespace vorta {
@@ -9,7 +10,7 @@ class frmVendedor : public TelaPapel {
   public:
     explicit frmVendedor(ContextoExecucao& contexto);
 
-    screen::MaskedField mskDtAdmissao{this, "mskDtAdmissao", QStringLiteral("##/##/####")};
+    screen::MaskedField mskDtAdmissao{this, "mskDtAdmissao", u"##/##/####"_s};
     screen::TextField txtSalFixo{this, "txtSalFixo"};
     screen::TextField txtPercPool{this, "txtPercPool"};
     screen::TextField txtPercIndi{this, "txtPercIndi"};

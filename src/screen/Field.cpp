@@ -1,5 +1,6 @@
 #include "screen/Field.h"
 
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "screen/Program.h"
 #include "screen/Screen.h"
@@ -80,7 +81,7 @@ void Field::setToolTip(const QString& toolTip) {
 
 void Field::loadPicture(const QString& path) {
     if (!screen_->program().platform().fileExists(path))
-        throw RuntimeError(errorNumber::FileNotFound, QStringLiteral("Arquivo não encontrado: %1").arg(path));
+        throw RuntimeError(errorNumber::FileNotFound, u"Arquivo não encontrado: %1"_s.arg(path));
     picture_ = path;
     changed();
 }

@@ -1,5 +1,6 @@
 #include "screen/Grid.h"
 
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 
 #include <algorithm>
@@ -31,14 +32,14 @@ void Grid::reset(const std::vector<GridColumn>& columns) {
 
 void Grid::setRow(int row) {
     if (row < 0 || row >= Rows())
-        throw RuntimeError(invalidRow, QStringLiteral("Linha fora da grade"));
+        throw RuntimeError(invalidRow, u"Linha fora da grade"_s);
     row_ = row;
     changed();
 }
 
 void Grid::setCol(int col) {
     if (col < 0 || col >= Cols())
-        throw RuntimeError(invalidRow, QStringLiteral("Coluna fora da grade"));
+        throw RuntimeError(invalidRow, u"Coluna fora da grade"_s);
     col_ = col;
 }
 
@@ -54,7 +55,7 @@ QByteArrayView Grid::bytesOf(int row) const {
 
 QString Grid::cell(int row, int col) const {
     if (row < 0 || row >= Rows() || col < 0 || col >= Cols())
-        throw RuntimeError(invalidRow, QStringLiteral("Célula fora da grade"));
+        throw RuntimeError(invalidRow, u"Célula fora da grade"_s);
     if (row == 0)
         return columns_[static_cast<size_t>(col)].header;
     QByteArrayView rest = bytesOf(row);
@@ -98,7 +99,7 @@ void Grid::AddItem(const QString& tabbed) {
 
 void Grid::RemoveItem(int row) {
     if (row < 1 || row >= Rows())
-        throw RuntimeError(invalidRow, QStringLiteral("Linha fora da grade"));
+        throw RuntimeError(invalidRow, u"Linha fora da grade"_s);
     rows_.erase(rows_.begin() + (row - 1));
     row_ = std::min(row_, Rows() - 1);
     topRow_ = std::clamp(topRow_, 1, std::max(1, Rows() - 1));

@@ -1,5 +1,6 @@
 #include "screen/Platform.h"
 
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 
 #include <QFile>
@@ -57,7 +58,7 @@ QStringList Platform::readLines(const QString& path, int most) const {
         throw RuntimeError(errorNumber::BadFileName);
     QFile file(info.filePath());
     if (!file.open(QIODevice::ReadOnly))
-        throw RuntimeError(errorNumber::FileNotFound, QStringLiteral("Arquivo não encontrado: %1").arg(path));
+        throw RuntimeError(errorNumber::FileNotFound, u"Arquivo não encontrado: %1"_s.arg(path));
     QStringList lines;
     while (lines.size() < most && !file.atEnd()) {
         QByteArray line = file.readLine();

@@ -1,5 +1,6 @@
 #include "screen/Program.h"
 
+#include "base/Literals.h"
 #include "screen/Screen.h"
 
 #include <QScopeGuard>
@@ -7,7 +8,7 @@
 namespace vorta::screen {
 
 QString Program::applicationTitle() {
-    return QStringLiteral("Cadastro de Pessoas");
+    return u"Cadastro de Pessoas"_s;
 }
 
 void Program::requireRunning() const {
@@ -65,10 +66,8 @@ bool Program::dispatch(const std::function<void()>& event) {
     } catch (const RuntimeError& error) {
         failure_ = error;
         finish();
-        platform_.messageBox({QStringLiteral("Erro %1\n\n%2").arg(error.number()).arg(error.description()),
-                              {},
-                              Icon::Critical,
-                              Buttons::OK});
+        platform_.messageBox(
+            {u"Erro %1\n\n%2"_s.arg(error.number()).arg(error.description()), {}, Icon::Critical, Buttons::OK});
     }
     if (ended_)
         screens_.clear();

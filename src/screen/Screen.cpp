@@ -1,5 +1,6 @@
 #include "screen/Screen.h"
 
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "screen/Program.h"
 
@@ -42,7 +43,7 @@ Field* Screen::findField(const QString& name) const {
 Field& Screen::field(const QString& name) const {
     Field* found = findField(name);
     if (!found)
-        throw RuntimeError(errorNumber::NoSuchMember, QStringLiteral("A tela %1 não tem o campo %2").arg(name_, name));
+        throw RuntimeError(errorNumber::NoSuchMember, u"A tela %1 não tem o campo %2"_s.arg(name_, name));
     return *found;
 }
 

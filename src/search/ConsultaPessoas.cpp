@@ -1,5 +1,6 @@
 #include "search/ConsultaPessoas.h"
 
+#include "base/Literals.h"
 #include "base/Text.h"
 
 #include <algorithm>
@@ -112,10 +113,10 @@ Statement MontaConsultaPessoas(ContextoExecucao& contexto, const frmBROWSE_PESSO
     const FormaBusca* forma = formaEscolhida(tela);
     Statement comando("SELECT * FROM pess ");
     if (tela.chkVisualiza.checked()) {
-        contexto.VinculoAtual = u"S"_qs;
+        contexto.VinculoAtual = u"S"_s;
         comando << "WHERE (Not DATA_DESA Is Null) ";
     } else {
-        contexto.VinculoAtual = u"N"_qs;
+        contexto.VinculoAtual = u"N"_s;
         comando << "WHERE data_desa is null ";
     }
     if (!forma)
@@ -143,7 +144,7 @@ std::optional<QString> LinhaPessoa(ContextoExecucao& contexto, const Recordset& 
     } else if (filtro.prospect) {
         if (!semVinculo(registros))
             return {};
-        idPapel = u"0"_qs;
+        idPapel = u"0"_s;
     }
     QString linha;
     for (const char* coluna : colunasGrid)

@@ -1,5 +1,6 @@
 #include "search/frmBROWSE_CEPS.h"
 
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/CampoDelimitado.h"
 #include "launch/ConectaServidor.h"
@@ -36,7 +37,7 @@ constexpr std::array blocos{
 } // namespace
 
 frmBROWSE_CEPS::frmBROWSE_CEPS(ContextoExecucao& contexto)
-    : Screen(contexto.program(), QStringLiteral("frmBROWSE_CEPS")), contexto_(contexto) {
+    : Screen(contexto.program(), u"frmBROWSE_CEPS"_s), contexto_(contexto) {
     cmdPesquisa.enterMovesOn = true;
     cmdPesquisa.Click = [this] { cmdPesquisa_Click(); };
     Flex.DblClick = [this] { Flex_DblClick(); };
@@ -49,13 +50,7 @@ void frmBROWSE_CEPS::Load() {
 }
 
 void frmBROWSE_CEPS::MontaGridCeps() {
-    Flex.reset({{{}, 0},
-                {QStringLiteral("CEP")},
-                {QStringLiteral("Tipo")},
-                {QStringLiteral("Endereço")},
-                {QStringLiteral("Bairro")},
-                {QStringLiteral("Cidade")},
-                {QStringLiteral("UF")}});
+    Flex.reset({{{}, 0}, {u"CEP"_s}, {u"Tipo"_s}, {u"Endereço"_s}, {u"Bairro"_s}, {u"Cidade"_s}, {u"UF"_s}});
 }
 
 void frmBROWSE_CEPS::Recusa(const QString& mensagem) {
@@ -65,11 +60,11 @@ void frmBROWSE_CEPS::Recusa(const QString& mensagem) {
 
 bool frmBROWSE_CEPS::PodePesquisar() {
     if (Trim(txtEndereco.text()).isEmpty() && Trim(txtCEP.text()).isEmpty()) {
-        Recusa(QStringLiteral("É obrigatório Informar o CEP ou Parte do Endereço Para Realizar a Pesquisa!"));
+        Recusa(u"É obrigatório Informar o CEP ou Parte do Endereço Para Realizar a Pesquisa!"_s);
         return false;
     }
     if (txtCEP.text().contains(u'-')) {
-        Recusa(QStringLiteral("O CEP deve ser digitado sem o hífen!"));
+        Recusa(u"O CEP deve ser digitado sem o hífen!"_s);
         return false;
     }
     return true;
@@ -82,8 +77,8 @@ void frmBROWSE_CEPS::cmdPesquisa_Click() {
     MontaGridCeps();
     ConectaServidorCEP(contexto_);
     const QString endereco = Trim(txtEndereco.text());
-    PreencheGrid(endereco.isEmpty() ? RetornaLogradouros(contexto_, QStringLiteral("CEP"), Trim(txtCEP.text()))
-                                    : RetornaLogradouros(contexto_, QStringLiteral("END"), endereco));
+    PreencheGrid(endereco.isEmpty() ? RetornaLogradouros(contexto_, u"CEP"_s, Trim(txtCEP.text()))
+                                    : RetornaLogradouros(contexto_, u"END"_s, endereco));
     FechaServidorCEP(contexto_);
     setPointer(screen::Pointer::Default);
     // With several rows the user has to pick one before a double click reaches any.
@@ -111,9 +106,8 @@ void frmBROWSE_CEPS::Flex_DblClick() {
         contexto_.ListaCamposCep += Flex.currentText() + u'^';
     }
     TransfereEndereco();
-    program().MsgBox(
-        {QStringLiteral("Os Dados Estão sendo Transferidos!\nNão Esquecer de Complementar o Endereço com o [Número]!"),
-         ContextoExecucao::Titulo(), screen::Icon::Information, screen::Buttons::OK});
+    program().MsgBox({u"Os Dados Estão sendo Transferidos!\nNão Esquecer de Complementar o Endereço com o [Número]!"_s,
+                      ContextoExecucao::Titulo(), screen::Icon::Information, screen::Buttons::OK});
     Unload();
 }
 
@@ -134,7 +128,7 @@ void frmBROWSE_CEPS::TransfereEndereco() {
     escreve(bloco->bairro, escolhido(5));
     escreve(bloco->cidade, escolhido(6));
     escreve(bloco->uf, escolhido(7));
-    escreve(bloco->pais, QStringLiteral("Brasil"));
+    escreve(bloco->pais, u"Brasil"_s);
 }
 
 } // namespace vorta

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Literals.h"
 #include "launch/ContextoExecucao.h"
 #include "screen/Screen.h"
 
@@ -13,12 +14,12 @@ class frmBROWSE_CEPS : public screen::Screen {
 
     void Load() override;
 
-    screen::Label Label2{this, "Label2", QStringLiteral("Pesquisa de CEPS")};
+    screen::Label Label2{this, "Label2", u"Pesquisa de CEPS"_s};
     screen::TextField txtCEP{this, "txtCEP"};
     screen::TextField txtEndereco{this, "txtEndereco"};
     screen::ListField cboCidade{this, "cboCidade"}; ///< stands on the screen; no search reads it
     screen::ListField cboUF{this, "cboUF"};         ///< likewise
-    screen::Button cmdPesquisa{this, "cmdPesquisa", QStringLiteral("&Pesquisar")};
+    screen::Button cmdPesquisa{this, "cmdPesquisa", u"&Pesquisar"_s};
     screen::Grid Flex{this, "Flex"};
 
   private:

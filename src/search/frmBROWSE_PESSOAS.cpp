@@ -1,5 +1,6 @@
 #include "search/frmBROWSE_PESSOAS.h"
 
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
 #include "launch/Lancamento.h"
@@ -83,7 +84,7 @@ constexpr int passoProgresso = 1000;
 } // namespace
 
 frmBROWSE_PESSOAS::frmBROWSE_PESSOAS(ContextoExecucao& contexto)
-    : Screen(contexto.program(), QStringLiteral("frmBROWSE_PESSOAS")), contexto_(contexto) {
+    : Screen(contexto.program(), u"frmBROWSE_PESSOAS"_s), contexto_(contexto) {
     cboCod.enterMovesOn = true;
     cmdPesquisa.enterMovesOn = true;
     cboCod.GotFocus = [this] { SelecionaTexto(*this); };
@@ -96,7 +97,7 @@ frmBROWSE_PESSOAS::frmBROWSE_PESSOAS(ContextoExecucao& contexto)
 }
 
 void frmBROWSE_PESSOAS::Load() {
-    LeCoresSistema(contexto_, LeParametroEmpresa(contexto_, QStringLiteral("COR_PADRAO")));
+    LeCoresSistema(contexto_, LeParametroEmpresa(contexto_, u"COR_PADRAO"_s));
     AplicaCoresForm(contexto_, *this);
     MontaGridPessoas();
     CentralizaForm(*this);
@@ -111,16 +112,16 @@ void frmBROWSE_PESSOAS::Load() {
 }
 
 void frmBROWSE_PESSOAS::MontaGridPessoas() {
-    Flex.reset({{QStringLiteral("IDPESSOA"), -1, Align::Left},
-                {QStringLiteral("CGC/CPF"), -1, Align::Left},
-                {QStringLiteral("Razão Social"), -1, Align::Left},
-                {QStringLiteral("Nome Fantasia"), -1, Align::Left},
-                {QStringLiteral("Fone"), -1, Align::Left},
-                {QStringLiteral("DT Desativa"), -1, Align::Left},
-                {QStringLiteral("ID DO PAPEL"), 0, Align::Left},
-                {QStringLiteral("Cod. Externo"), -1, Align::Left},
-                {QStringLiteral("idClie"), -1, Align::Left},
-                {QStringLiteral("idForn"), -1, Align::Left}});
+    Flex.reset({{u"IDPESSOA"_s, -1, Align::Left},
+                {u"CGC/CPF"_s, -1, Align::Left},
+                {u"Razão Social"_s, -1, Align::Left},
+                {u"Nome Fantasia"_s, -1, Align::Left},
+                {u"Fone"_s, -1, Align::Left},
+                {u"DT Desativa"_s, -1, Align::Left},
+                {u"ID DO PAPEL"_s, 0, Align::Left},
+                {u"Cod. Externo"_s, -1, Align::Left},
+                {u"idClie"_s, -1, Align::Left},
+                {u"idForn"_s, -1, Align::Left}});
 }
 
 void frmBROWSE_PESSOAS::DesabilitaPapeis() {
@@ -164,7 +165,7 @@ void frmBROWSE_PESSOAS::GuardaBusca() {
     contexto_.UltimaFormaBusca = nomeEscolhido(*this, formasLembradas);
     contexto_.UltimoConteudoBusca = nomeEscolhido(*this, conteudosLembrados);
     contexto_.UltimoTextoBusca = cboCod.text();
-    contexto_.UltimoVisualiza = chkVisualiza.checked() ? u"Sim"_qs : u"Não"_qs;
+    contexto_.UltimoVisualiza = chkVisualiza.checked() ? u"Sim"_s : u"Não"_s;
     contexto_.UltimoPapelBusca = nomeEscolhido(*this, papeisGuardados);
 }
 
@@ -174,7 +175,7 @@ void frmBROWSE_PESSOAS::cmdPesquisa_Click() {
     setPointer(screen::Pointer::Hourglass);
     data::Recordset registros = AbreLeitura(contexto_, contexto_.SqlConsulta);
     if (registros.Eof()) {
-        program().MsgBox(QStringLiteral("Nenhum Registro Localizado com esses parâmetros..."));
+        program().MsgBox(u"Nenhum Registro Localizado com esses parâmetros..."_s);
         SetFocus(cboCod);
     } else {
         PreencheGrid(registros);
@@ -217,7 +218,7 @@ void frmBROWSE_PESSOAS::Flex_DblClick() {
         return;
     GuardaBusca();
     // Blank lets the person screen reach a deactivated person that was chosen here.
-    contexto_.VinculoAtual = u" "_qs;
+    contexto_.VinculoAtual = u" "_s;
     RetornaPessoa(contexto_, *this);
 }
 

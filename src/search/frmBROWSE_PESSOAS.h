@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Literals.h"
 #include "launch/ContextoExecucao.h"
 #include "screen/Screen.h"
 
@@ -17,40 +18,39 @@ class frmBROWSE_PESSOAS : public screen::Screen {
     /// Empties the grid down to its headers.
     void MontaGridPessoas();
 
-    screen::Label Label2{this, "Label2", QStringLiteral("Pesquisa de Pessoas")};
+    screen::Label Label2{this, "Label2", u"Pesquisa de Pessoas"_s};
     screen::ListField cboCod{this, "cboCod"};
-    screen::Button cmdPesquisa{this, "cmdPesquisa", QStringLiteral("&Pesquisar")};
-    screen::Button cmdLimpar{this, "cmdLimpar", QStringLiteral("&Limpar")};
+    screen::Button cmdPesquisa{this, "cmdPesquisa", u"&Pesquisar"_s};
+    screen::Button cmdLimpar{this, "cmdLimpar", u"&Limpar"_s};
 
     // Where to look.
-    screen::Option opNome{this, "opNome", QStringLiteral("Nome"), "forma", true};
-    screen::Option opFantasia{this, "opFantasia", QStringLiteral("Nome Fantasia"), "forma"};
-    screen::Option opCPFCNPJ{this, "opCPFCNPJ", QStringLiteral("CPF/CNPJ"), "forma"};
-    screen::Option opCidade{this, "opCidade", QStringLiteral("Cidade"), "forma"};
-    screen::Option opUF{this, "opUF", QStringLiteral("Estado"), "forma"};
-    screen::Option opTelefone{this, "opTelefone", QStringLiteral("Telefone"), "forma"};
-    screen::Option opRamoAtividade{this, "opRamoAtividade", QStringLiteral("Ramo de Atividade"), "forma"};
-    screen::Option opCodInterno{this, "opCodInterno", QStringLiteral("Cód.Interno"), "forma"};
-    screen::Option opCodExterno{this, "opCodExterno", QStringLiteral("Cód.Externo"), "forma"};
+    screen::Option opNome{this, "opNome", u"Nome"_s, "forma", true};
+    screen::Option opFantasia{this, "opFantasia", u"Nome Fantasia"_s, "forma"};
+    screen::Option opCPFCNPJ{this, "opCPFCNPJ", u"CPF/CNPJ"_s, "forma"};
+    screen::Option opCidade{this, "opCidade", u"Cidade"_s, "forma"};
+    screen::Option opUF{this, "opUF", u"Estado"_s, "forma"};
+    screen::Option opTelefone{this, "opTelefone", u"Telefone"_s, "forma"};
+    screen::Option opRamoAtividade{this, "opRamoAtividade", u"Ramo de Atividade"_s, "forma"};
+    screen::Option opCodInterno{this, "opCodInterno", u"Cód.Interno"_s, "forma"};
+    screen::Option opCodExterno{this, "opCodExterno", u"Cód.Externo"_s, "forma"};
 
     // How to compare.
-    screen::Option opQualquerParte{this, "opQualquerParte", QStringLiteral("Pesquisa Qualquer Posição"), "conteudo",
-                                   true};
-    screen::Option opCampoInteiro{this, "opCampoInteiro", QStringLiteral("Pesquisa Exata"), "conteudo"};
-    screen::Option opInicialCom{this, "opInicialCom", QStringLiteral("Pesquisa Inicia com..."), "conteudo"};
+    screen::Option opQualquerParte{this, "opQualquerParte", u"Pesquisa Qualquer Posição"_s, "conteudo", true};
+    screen::Option opCampoInteiro{this, "opCampoInteiro", u"Pesquisa Exata"_s, "conteudo"};
+    screen::Option opInicialCom{this, "opInicialCom", u"Pesquisa Inicia com..."_s, "conteudo"};
 
-    screen::Check chkVisualiza{this, "chkVisualiza", QStringLiteral("Visualiza os Desativados")};
+    screen::Check chkVisualiza{this, "chkVisualiza", u"Visualiza os Desativados"_s};
 
     // Which role the person must play.
-    screen::Option opTodos{this, "opTodos", QStringLiteral("Todos"), "papel", true};
-    screen::Option opCliente{this, "opCliente", QStringLiteral("Cliente"), "papel"};
-    screen::Option opFornecedor{this, "opFornecedor", QStringLiteral("Fornecedor"), "papel"};
-    screen::Option opTransportadora{this, "opTransportadora", QStringLiteral("Transportadora"), "papel"};
-    screen::Option opVendedor{this, "opVendedor", QStringLiteral("Vendedor"), "papel"};
-    screen::Option opMotorista{this, "opMotorista", QStringLiteral("Motorista"), "papel"};
-    screen::Option opArquiteto{this, "opArquiteto", QStringLiteral("Arquiteto"), "papel"};
-    screen::Option opDecorador{this, "opDecorador", QStringLiteral("Decorador"), "papel"};
-    screen::Option opProspect{this, "opProspect", QStringLiteral("Prospect"), "papel"};
+    screen::Option opTodos{this, "opTodos", u"Todos"_s, "papel", true};
+    screen::Option opCliente{this, "opCliente", u"Cliente"_s, "papel"};
+    screen::Option opFornecedor{this, "opFornecedor", u"Fornecedor"_s, "papel"};
+    screen::Option opTransportadora{this, "opTransportadora", u"Transportadora"_s, "papel"};
+    screen::Option opVendedor{this, "opVendedor", u"Vendedor"_s, "papel"};
+    screen::Option opMotorista{this, "opMotorista", u"Motorista"_s, "papel"};
+    screen::Option opArquiteto{this, "opArquiteto", u"Arquiteto"_s, "papel"};
+    screen::Option opDecorador{this, "opDecorador", u"Decorador"_s, "papel"};
+    screen::Option opProspect{this, "opProspect", u"Prospect"_s, "papel"};
 
     screen::Grid Flex{this, "Flex"};
 

@@ -1,6 +1,7 @@
 #include "search/frmBROWSE_PRODUTO.h"
 
 #include "base/Format.h"
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
 #include "launch/Lancamento.h"
@@ -69,7 +70,7 @@ std::array<screen::Button*, 4> frmBROWSE_PRODUTO::BotoesImagem() {
 void frmBROWSE_PRODUTO::Load() {
     opQQPosicao.setValue(true);
     Option3.setValue(true);
-    txtMaxReg.setText(QStringLiteral("100"));
+    txtMaxReg.setText(u"100"_s);
     MontaGridProdutos();
     CentralizaForm(*this);
     setCaption(ContextoExecucao::Titulo());
@@ -94,31 +95,31 @@ void frmBROWSE_PRODUTO::RestauraUltimaBusca() {
 /// Quotations ask the company's switch for raw materials too; all types are offered whatever it says.
 void frmBROWSE_PRODUTO::AjustaTipoPelaChamadora() {
     if (contexto_.TelaChamadora == u"frmOrcaVeds")
-        LeParametroEmpresa(contexto_, QStringLiteral("ORCA_MATE_PRIM"));
+        LeParametroEmpresa(contexto_, u"ORCA_MATE_PRIM"_s);
     for (const TipoInicial& linha : tiposIniciais)
         if (contexto_.TelaChamadora == QLatin1StringView(linha.chamadora))
             cboTipoProd.setText(QString::fromUtf8(linha.tipo));
 }
 
 void frmBROWSE_PRODUTO::MontaGridProdutos() {
-    Flex.reset({{u"ID"_qs, 0},
-                {u"Código"_qs},
-                {u"Descrição"_qs},
-                {u"Est.Fis."_qs, -1, Align::Right},
-                {u"Est.Disp."_qs, -1, Align::Right},
-                {u"Est.Ped."_qs, -1, Align::Right},
-                {u"Vr.Prod.A"_qs, -1, Align::Right},
-                {u"Vr.Prod.B"_qs, -1, Align::Right},
-                {u"Vr.Prod.C"_qs, -1, Align::Right},
-                {u"Armazém"_qs},
-                {u"Pavimento"_qs},
-                {u"Setor"_qs},
-                {u"Corredor"_qs},
-                {u"Estante"_qs},
-                {u"Prateleira"_qs},
-                {u"Tipo Produto"_qs},
-                {u"Referência"_qs},
-                {u"DT Desativa"_qs}});
+    Flex.reset({{u"ID"_s, 0},
+                {u"Código"_s},
+                {u"Descrição"_s},
+                {u"Est.Fis."_s, -1, Align::Right},
+                {u"Est.Disp."_s, -1, Align::Right},
+                {u"Est.Ped."_s, -1, Align::Right},
+                {u"Vr.Prod.A"_s, -1, Align::Right},
+                {u"Vr.Prod.B"_s, -1, Align::Right},
+                {u"Vr.Prod.C"_s, -1, Align::Right},
+                {u"Armazém"_s},
+                {u"Pavimento"_s},
+                {u"Setor"_s},
+                {u"Corredor"_s},
+                {u"Estante"_s},
+                {u"Prateleira"_s},
+                {u"Tipo Produto"_s},
+                {u"Referência"_s},
+                {u"DT Desativa"_s}});
 }
 
 /// How the text is compared: anywhere, as a whole, or at the start.
@@ -197,7 +198,7 @@ void frmBROWSE_PRODUTO::cmdPesquisa_Click() {
     Recordset produtos = AbreLeitura(contexto_, contexto_.SqlConsulta);
     const int total = produtos.RecordCount();
     if (produtos.Eof())
-        program().MsgBox(QStringLiteral("Nenhum Registro Localizado com esses parâmetros..."));
+        program().MsgBox(u"Nenhum Registro Localizado com esses parâmetros..."_s);
     for (int linha = 1; !produtos.Eof(); produtos.MoveNext(), ++linha) {
         Flex.AddItem(LinhaProduto(produtos));
         if (linha == std::numeric_limits<qint16>::max()) // the count of rows is 16 bits wide
@@ -214,7 +215,7 @@ void frmBROWSE_PRODUTO::cmdLimpar_Click() {
     MontaGridProdutos();
     CentralizaForm(*this);
     setCaption(ContextoExecucao::Titulo());
-    field(QStringLiteral("SSTab1")).setEnabled(true); // a strip that only the callers' screens have: raises 438
+    field(u"SSTab1"_s).setEnabled(true); // a strip that only the callers' screens have: raises 438
 }
 
 void frmBROWSE_PRODUTO::GuardaUltimaBusca() {
@@ -223,7 +224,7 @@ void frmBROWSE_PRODUTO::GuardaUltimaBusca() {
         if (opcao->value())
             contexto_.UltimaFormaProduto = opcao->name();
     contexto_.UltimoTextoProduto = txtCOD.text();
-    contexto_.UltimoVisualizaProduto = chkVisualiza.checked() ? QStringLiteral("Sim") : QStringLiteral("Não");
+    contexto_.UltimoVisualizaProduto = chkVisualiza.checked() ? u"Sim"_s : u"Não"_s;
     contexto_.UltimaColecaoProduto = cboCole.text();
 }
 
@@ -246,8 +247,8 @@ void frmBROWSE_PRODUTO::Flex_Click() {
     MostraImagemLocal({});
     if (!contexto_.platform().fileExists(contexto_.ImagemProduto)) {
         const QString id = TextoColuna(colunaId);
-        contexto_.ImagemProduto = RetornaCaminhoImagem(contexto_, id, QStringLiteral("LocalThumb"));
-        contexto_.ImagemProdutoDetalhe = RetornaCaminhoImagem(contexto_, id, QStringLiteral("LocalNatural"));
+        contexto_.ImagemProduto = RetornaCaminhoImagem(contexto_, id, u"LocalThumb"_s);
+        contexto_.ImagemProdutoDetalhe = RetornaCaminhoImagem(contexto_, id, u"LocalNatural"_s);
     }
     const bool temImagem =
         !contexto_.ImagemProduto.isEmpty() && contexto_.platform().fileExists(contexto_.ImagemProduto);
@@ -294,21 +295,21 @@ void frmBROWSE_PRODUTO::Flex_DblClick() {
 }
 
 QString frmBROWSE_PRODUTO::MontaDetalheHTML() {
-    QString html = QStringLiteral("<TABLE BORDER CELLPADDING='2'>");
+    QString html = u"<TABLE BORDER CELLPADDING='2'>"_s;
     for (int linha = 1; linha < Flex.Rows(); ++linha) {
         Flex.setRow(linha);
-        html += u"<TR style='FONT-WEIGHT: bold; FONT-SIZE: 8pt; FONT-FAMILY: Tahoma; FONT-VARIANT: small'>"_qs +
-                u"<TD width=30%><P ALIGN=Center>"_qs + u"<IMG SRC='"_qs +
-                LocalizaImagemProduto(contexto_, Flex.currentText()) + u"'></TD>"_qs;
-        html += u"<TD width=30%>"_qs + TextoColuna(colunaCodigo) + u"</TD>"_qs;
-        html += u"<TD width=40%>"_qs + TextoColuna(colunaDescricao) + u"</TD>"_qs;
-        html += u"</TR>"_qs;
+        html += u"<TR style='FONT-WEIGHT: bold; FONT-SIZE: 8pt; FONT-FAMILY: Tahoma; FONT-VARIANT: small'>"_s +
+                u"<TD width=30%><P ALIGN=Center>"_s + u"<IMG SRC='"_s +
+                LocalizaImagemProduto(contexto_, Flex.currentText()) + u"'></TD>"_s;
+        html += u"<TD width=30%>"_s + TextoColuna(colunaCodigo) + u"</TD>"_s;
+        html += u"<TD width=40%>"_s + TextoColuna(colunaDescricao) + u"</TD>"_s;
+        html += u"</TR>"_s;
     }
-    return html + u"</TABLE>"_qs;
+    return html + u"</TABLE>"_s;
 }
 
 void frmBROWSE_PRODUTO::ApagaPaginaProdutos() {
-    const QString pagina = contexto_.CaminhoPaginas + u"pesquisa_produtos.html"_qs;
+    const QString pagina = contexto_.CaminhoPaginas + u"pesquisa_produtos.html"_s;
     if (contexto_.platform().fileExists(pagina))
         contexto_.platform().removeFile(pagina);
 }

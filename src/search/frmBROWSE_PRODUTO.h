@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Literals.h"
 #include "launch/ContextoExecucao.h"
 #include "screen/Screen.h"
 
@@ -20,30 +21,30 @@ class frmBROWSE_PRODUTO : public screen::Screen {
     /// Removes the page "pesquisa_produtos.html" that an earlier search left in the folder of pages.
     void ApagaPaginaProdutos();
 
-    screen::Label lblTitulo{this, "lblTitulo", QStringLiteral("Pesquisa de Produtos/Serviços")};
+    screen::Label lblTitulo{this, "lblTitulo", u"Pesquisa de Produtos/Serviços"_s};
     screen::Label lblCodiEmpresa{this, "lblCodiEmpresa"};
     screen::Label lblNomeEmpresa{this, "lblNomeEmpresa"};
     screen::Label lblCodiAmbiente{this, "lblCodiAmbiente"};
     screen::TextField txtCOD{this, "txtCOD"};
-    screen::Button cmdPesquisa{this, "cmdPesquisa", QStringLiteral("&Pesquisar")};
-    screen::Button cmdLimpar{this, "cmdLimpar", QStringLiteral("&Limpar")};
-    screen::Option Option1{this, "Option1", QStringLiteral("ID"), "Forma de Busca"};
-    screen::Option Option2{this, "Option2", QStringLiteral("Código"), "Forma de Busca"};
-    screen::Option Option3{this, "Option3", QStringLiteral("Descrição"), "Forma de Busca"};
-    screen::Option Option4{this, "Option4", QStringLiteral("Referência"), "Forma de Busca"};
-    screen::Option opQQPosicao{this, "opQQPosicao", QStringLiteral("Pesquisa Qualquer posição"), "Conteúdo da Busca"};
-    screen::Option opExata{this, "opExata", QStringLiteral("Pesquisa Exata"), "Conteúdo da Busca"};
-    screen::Option opInicialCom{this, "opInicialCom", QStringLiteral("Pesquisa Inicia com..."), "Conteúdo da Busca"};
-    screen::Check chkVisualiza{this, "chkVisualiza", QStringLiteral("Visualiza os Desativados")};
+    screen::Button cmdPesquisa{this, "cmdPesquisa", u"&Pesquisar"_s};
+    screen::Button cmdLimpar{this, "cmdLimpar", u"&Limpar"_s};
+    screen::Option Option1{this, "Option1", u"ID"_s, "Forma de Busca"};
+    screen::Option Option2{this, "Option2", u"Código"_s, "Forma de Busca"};
+    screen::Option Option3{this, "Option3", u"Descrição"_s, "Forma de Busca"};
+    screen::Option Option4{this, "Option4", u"Referência"_s, "Forma de Busca"};
+    screen::Option opQQPosicao{this, "opQQPosicao", u"Pesquisa Qualquer posição"_s, "Conteúdo da Busca"};
+    screen::Option opExata{this, "opExata", u"Pesquisa Exata"_s, "Conteúdo da Busca"};
+    screen::Option opInicialCom{this, "opInicialCom", u"Pesquisa Inicia com..."_s, "Conteúdo da Busca"};
+    screen::Check chkVisualiza{this, "chkVisualiza", u"Visualiza os Desativados"_s};
     screen::ListField cboTipoProd{this, "cboTipoProd"};
     screen::ListField cboCole{this, "cboCole"};
     screen::TextField txtMaxReg{this, "txtMaxReg"};
     screen::Grid Flex{this, "Flex"};
     screen::Picture Image1{this, "Image1"};
-    screen::Button cmdImagem1_0{this, "cmdImagem1(0)", QStringLiteral("1")};
-    screen::Button cmdImagem1_1{this, "cmdImagem1(1)", QStringLiteral("2")};
-    screen::Button cmdImagem1_2{this, "cmdImagem1(2)", QStringLiteral("3")};
-    screen::Button cmdImagem1_3{this, "cmdImagem1(3)", QStringLiteral("4")};
+    screen::Button cmdImagem1_0{this, "cmdImagem1(0)", u"1"_s};
+    screen::Button cmdImagem1_1{this, "cmdImagem1(1)", u"2"_s};
+    screen::Button cmdImagem1_2{this, "cmdImagem1(2)", u"3"_s};
+    screen::Button cmdImagem1_3{this, "cmdImagem1(3)", u"4"_s};
 
   private:
     void MontaGridProdutos();

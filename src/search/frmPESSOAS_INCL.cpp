@@ -1,5 +1,6 @@
 #include "search/frmPESSOAS_INCL.h"
 
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/Lancamento.h"
 #include "shared/Consultas.h"
@@ -14,19 +15,18 @@ namespace vorta {
 
 namespace {
 
-const QString mascaraCNPJ = QStringLiteral("##.###.###/####-##");
-const QString mascaraCPF = QStringLiteral("###.###.###-##");
-const QString brancoCNPJ = QStringLiteral("__.___.___/____-__");
-const QString brancoCPF = QStringLiteral("___.___.___-__");
-const QString zerosCNPJ = QStringLiteral("00.000.000/0000-00");
-const QString zerosCPF = QStringLiteral("000.000.000-00");
+const QString mascaraCNPJ = u"##.###.###/####-##"_s;
+const QString mascaraCPF = u"###.###.###-##"_s;
+const QString brancoCNPJ = u"__.___.___/____-__"_s;
+const QString brancoCPF = u"___.___.___-__"_s;
+const QString zerosCNPJ = u"00.000.000/0000-00"_s;
+const QString zerosCPF = u"000.000.000-00"_s;
 
 /// Texts that count as no document. The zeros of a company's number lack a digit here, so that the full zeros count as
 /// a document.
-const std::array<QString, 5> semDocumento{QString(), brancoCPF, brancoCNPJ, QStringLiteral("00.000.000/000-00"),
-                                          zerosCPF};
+const std::array<QString, 5> semDocumento{QString(), brancoCPF, brancoCNPJ, u"00.000.000/000-00"_s, zerosCPF};
 
-const QString achada = QStringLiteral("[ID]");
+const QString achada = u"[ID]"_s;
 
 /// The screens that take over an accepted inclusion, with what they have besides kind and document.
 struct TelaInclusao {
@@ -39,7 +39,7 @@ constexpr std::array telasInclusao{TelaInclusao{u"frmPessoas", true}, TelaInclus
 } // namespace
 
 frmPESSOAS_INCL::frmPESSOAS_INCL(ContextoExecucao& contexto)
-    : Screen(contexto.program(), QStringLiteral("frmPESSOAS_INCL")), contexto_(contexto) {
+    : Screen(contexto.program(), u"frmPESSOAS_INCL"_s), contexto_(contexto) {
     cboCod.enterMovesOn = true;
     cmdPesquisa.enterMovesOn = true;
     cboCod.GotFocus = [this] { SelecionaTexto(*this); };
@@ -103,7 +103,7 @@ void frmPESSOAS_INCL::VerificaDocumento() {
     RetornaPessoaPorDocumento(contexto_, documento, {});
     const QString& retorno = contexto_.RetornoPesquisa;
     if (retorno.startsWith(achada)) {
-        lstLog.addItem(QStringLiteral("Já Existe Cadastro com este CNPJ/CPF"));
+        lstLog.addItem(u"Já Existe Cadastro com este CNPJ/CPF"_s);
         cboCod.setText(retorno.mid(achada.size()));
         lstLog.addItem(cboCod.text());
     } else {
@@ -114,13 +114,13 @@ void frmPESSOAS_INCL::VerificaDocumento() {
 void frmPESSOAS_INCL::VerificaNome() {
     const QString nome = Trim(cboCod.text());
     if (RetornaIdPessoaPorNome(contexto_, nome) > 0) {
-        lstLog.addItem(QStringLiteral("Já Existe Cadastro Com Esta Razão Social"));
+        lstLog.addItem(u"Já Existe Cadastro Com Esta Razão Social"_s);
         // Shows the document of the namesake, as it is stored.
         mskCodigo.setMask({});
         mskCodigo.setText(RetornaDocumentoPessoa(contexto_, {}, cboCod.text()));
     }
     if (RetornaIdPessoaPorFantasia(contexto_, nome) > 0)
-        lstLog.addItem(QStringLiteral("Já Existe Cadastro Com Este Nome Fantasia"));
+        lstLog.addItem(u"Já Existe Cadastro Com Este Nome Fantasia"_s);
 }
 
 /// A document that was not found leaves an empty line, which can only be the first.
@@ -133,9 +133,9 @@ void frmPESSOAS_INCL::LimpaLog() {
 }
 
 bool frmPESSOAS_INCL::ConfirmaInclusao() {
-    const QString pergunta = QStringLiteral("Cadastro não localizado, A Inclusão Poderá ser Realizada.\n"
-                                            "Deseja Iniciar o Cadastramento?\n"
-                                            "os dados [nome] e [cnpj/cpf] serão transportados para a próxima tela.");
+    const QString pergunta = u"Cadastro não localizado, A Inclusão Poderá ser Realizada.\n"
+                             "Deseja Iniciar o Cadastramento?\n"
+                             "os dados [nome] e [cnpj/cpf] serão transportados para a próxima tela."_s;
     return program().MsgBox({pergunta, ContextoExecucao::Titulo(), screen::Icon::None, screen::Buttons::YesNo}) ==
            screen::Answer::Yes;
 }
@@ -146,16 +146,15 @@ void frmPESSOAS_INCL::TransportaDados() {
     if (linha == telasInclusao.end())
         return;
     Screen& destino = contexto_.Tela(contexto_.TelaChamadora);
-    destino.field(QStringLiteral("txtDescricao")).setText(cboCod.text());
+    destino.field(u"txtDescricao"_s).setText(cboCod.text());
     if (linha->temFantasia)
-        destino.field(QStringLiteral("txtNomeFantasia")).setText(cboCod.text());
+        destino.field(u"txtNomeFantasia"_s).setText(cboCod.text());
     const bool juridica = Option1.value();
-    destino.field(QStringLiteral("cboFisJur"))
-        .setText(juridica ? QStringLiteral("Jurídica") : QStringLiteral("Física"));
+    destino.field(u"cboFisJur"_s).setText(juridica ? u"Jurídica"_s : u"Física"_s);
     if (mskCodigo.text() == (juridica ? brancoCNPJ : brancoCPF))
         mskCodigo.setText(juridica ? zerosCNPJ : zerosCPF);
-    destino.field(QStringLiteral("mskCodigo")).setText(mskCodigo.text());
-    contexto_.RetornoPesquisa = QStringLiteral("[OK]");
+    destino.field(u"mskCodigo"_s).setText(mskCodigo.text());
+    contexto_.RetornoPesquisa = u"[OK]"_s;
     Unload();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Literals.h"
 #include "launch/ContextoExecucao.h"
 #include "screen/Screen.h"
 
@@ -14,17 +15,16 @@ class frmPESSOAS_INCL : public screen::Screen {
 
     void Load() override;
 
-    screen::Label Label2{this, "Label2",
-                         QStringLiteral("Inclusão de Pessoas - Fase 1 (Verificação de Duplicidade de Cadastros)")};
+    screen::Label Label2{this, "Label2", u"Inclusão de Pessoas - Fase 1 (Verificação de Duplicidade de Cadastros)"_s};
     screen::ListField cboCod{this, "cboCod"};
-    screen::Option Option1{this, "Option1", QStringLiteral("CNPJ"), "documento"};
-    screen::Option Option2{this, "Option2", QStringLiteral("CPF"), "documento", true};
-    screen::MaskedField mskCodigo{this, "mskCodigo", QStringLiteral("###.###.###-##")};
-    screen::Button cmdPesquisa{this, "cmdPesquisa", QStringLiteral("Verificar")};
-    screen::Button Command1{this, "Command1", QStringLiteral("Cancelar")};
+    screen::Option Option1{this, "Option1", u"CNPJ"_s, "documento"};
+    screen::Option Option2{this, "Option2", u"CPF"_s, "documento", true};
+    screen::MaskedField mskCodigo{this, "mskCodigo", u"###.###.###-##"_s};
+    screen::Button cmdPesquisa{this, "cmdPesquisa", u"Verificar"_s};
+    screen::Button Command1{this, "Command1", u"Cancelar"_s};
     screen::ListField lstLog{this, "lstLog", false};
-    screen::Option opNome{this, "opNome", QStringLiteral("Nome (Razão Social)"), "nome", true};
-    screen::Option opFantasia{this, "opFantasia", QStringLiteral("Nome Conhecido (Nome Fantasia)"), "nome"};
+    screen::Option opNome{this, "opNome", u"Nome (Razão Social)"_s, "nome", true};
+    screen::Option opFantasia{this, "opFantasia", u"Nome Conhecido (Nome Fantasia)"_s, "nome"};
 
   private:
     void AjustaMascaraDocumento();

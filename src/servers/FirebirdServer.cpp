@@ -1,5 +1,7 @@
 #include "servers/FirebirdServer.h"
 
+#include "base/Literals.h"
+
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -16,10 +18,10 @@ namespace vorta::servers {
 
 namespace {
 
-const QString serverProgram = QStringLiteral("/usr/sbin/firebird");
-const QString securityScript = QStringLiteral("/usr/share/firebird/3.0/security.sql");
-const QString characterSets = QStringLiteral("/usr/lib/x86_64-linux-gnu/firebird/3.0/intl/libfbintl.so");
-const QString password = QStringLiteral("segredo1");
+const QString serverProgram = u"/usr/sbin/firebird"_s;
+const QString securityScript = u"/usr/share/firebird/3.0/security.sql"_s;
+const QString characterSets = u"/usr/lib/x86_64-linux-gnu/firebird/3.0/intl/libfbintl.so"_s;
+const QString password = u"segredo1"_s;
 constexpr int waitMilliseconds = 20000;
 
 [[noreturn]] void fail(const QString& reason) {
@@ -44,7 +46,7 @@ int freePort() {
     if (socket >= 0)
         close(socket);
     if (!bound)
-        fail(QStringLiteral("no free port"));
+        fail(u"no free port"_s);
     return ntohs(address.sin_port);
 }
 
@@ -59,7 +61,7 @@ bool answers(int port) {
 void write(const QString& path, const QString& content) {
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(content.toUtf8()) < 0)
-        fail(path + QStringLiteral(" cannot be written"));
+        fail(path + u" cannot be written"_s);
 }
 
 } // namespace
@@ -67,8 +69,8 @@ void write(const QString& path, const QString& content) {
 FirebirdServer::FirebirdServer() : port_(freePort()) {
     prepareRoot();
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("FIREBIRD"), folder_.path());
-    environment.insert(QStringLiteral("FIREBIRD_LOCK"), folder_.path());
+    environment.insert(u"FIREBIRD"_s, folder_.path());
+    environment.insert(u"FIREBIRD_LOCK"_s, folder_.path());
     process_.setProcessEnvironment(environment);
     // The system kills it when this process ends, also by a crash.
     process_.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
@@ -81,8 +83,8 @@ FirebirdServer::~FirebirdServer() {
 }
 
 QString FirebirdServer::connectionString(const QString& file) const {
-    return QStringLiteral("server=127.0.0.1;port=%1;database=%2;user=SYSDBA;password=%3")
-        .arg(QString::number(port_), QDir(folder_.path()).filePath(file), password);
+    return u"server=127.0.0.1;port=%1;database=%2;user=SYSDBA;password=%3"_s.arg(
+        QString::number(port_), QDir(folder_.path()).filePath(file), password);
 }
 
 void FirebirdServer::kill() {
@@ -91,36 +93,34 @@ void FirebirdServer::kill() {
 }
 
 void FirebirdServer::prepareRoot() {
-    write(folder_.filePath(QStringLiteral("firebird.conf")),
-          QStringLiteral(
-              "ServerMode = Super\nRemoteServicePort = %1\nRemoteServiceName =\nRemoteBindAddress = 127.0.0.1\n"
-              "SecurityDatabase = %2\nIpcName = vorta_%1\nAuthServer = Srp\nAuthClient = Srp\nUserManager = Srp\n")
-              .arg(QString::number(port_), folder_.filePath(QStringLiteral("security3.fdb"))));
-    QDir(folder_.path()).mkdir(QStringLiteral("intl"));
-    if (!QFile::copy(characterSets, folder_.filePath(QStringLiteral("intl/libfbintl.so"))))
-        fail(QStringLiteral("no character sets at ") + characterSets);
+    write(folder_.filePath(u"firebird.conf"_s),
+          u"ServerMode = Super\nRemoteServicePort = %1\nRemoteServiceName =\nRemoteBindAddress = 127.0.0.1\n"
+          "SecurityDatabase = %2\nIpcName = vorta_%1\nAuthServer = Srp\nAuthClient = Srp\nUserManager = Srp\n"_s.arg(
+              QString::number(port_), folder_.filePath(u"security3.fdb"_s)));
+    QDir(folder_.path()).mkdir(u"intl"_s);
+    if (!QFile::copy(characterSets, folder_.filePath(u"intl/libfbintl.so"_s)))
+        fail(u"no character sets at "_s + characterSets);
 }
 
 void FirebirdServer::makeUser() {
-    const QString script = folder_.filePath(QStringLiteral("users.sql"));
-    write(script, QStringLiteral("create database '%1' user 'SYSDBA';\nin %2;\ncommit;\n"
-                                 "create user SYSDBA password '%3' using plugin Srp;\ncommit;\n")
-                      .arg(folder_.filePath(QStringLiteral("security3.fdb")), securityScript, password));
-    process_.start(QStringLiteral("isql-fb"), {QStringLiteral("-q"), QStringLiteral("-user"), QStringLiteral("SYSDBA"),
-                                               QStringLiteral("-i"), script});
+    const QString script = folder_.filePath(u"users.sql"_s);
+    write(script, u"create database '%1' user 'SYSDBA';\nin %2;\ncommit;\n"
+                  "create user SYSDBA password '%3' using plugin Srp;\ncommit;\n"_s.arg(
+                      folder_.filePath(u"security3.fdb"_s), securityScript, password));
+    process_.start(u"isql-fb"_s, {u"-q"_s, u"-user"_s, u"SYSDBA"_s, u"-i"_s, script});
     if (!process_.waitForFinished(waitMilliseconds) || process_.exitCode() != 0)
-        fail(QStringLiteral("isql-fb: ") + process_.errorString() + QString::fromUtf8(process_.readAllStandardError()));
+        fail(u"isql-fb: "_s + process_.errorString() + QString::fromUtf8(process_.readAllStandardError()));
 }
 
 void FirebirdServer::start() {
     process_.setProcessChannelMode(QProcess::MergedChannels);
     process_.start(serverProgram, QStringList());
     if (!process_.waitForStarted())
-        fail(serverProgram + QStringLiteral(": ") + process_.errorString());
+        fail(serverProgram + u": "_s + process_.errorString());
     QElapsedTimer waited;
     for (waited.start(); !answers(port_); QThread::msleep(20))
         if (process_.state() != QProcess::Running || process_.waitForFinished(0) || waited.hasExpired(waitMilliseconds))
-            fail(serverProgram + QStringLiteral(" does not answer: ") + QString::fromUtf8(process_.readAll()));
+            fail(serverProgram + u" does not answer: "_s + QString::fromUtf8(process_.readAll()));
 }
 
 } // namespace vorta::servers

@@ -1,5 +1,7 @@
 #include "servers/TdsServer.h"
 
+#include "base/Literals.h"
+
 #include <QFile>
 #include <stdexcept>
 
@@ -10,25 +12,25 @@ namespace {
 constexpr int patienceMs = 20000;
 
 QString here(const char* file) {
-    return QStringLiteral(TDS_FOLDER "/") + QString::fromLatin1(file);
+    return QString::fromUtf8(TDS_FOLDER "/") + QString::fromLatin1(file);
 }
 
 } // namespace
 
 QStringList TdsServer::sample() {
-    return {u"--ddl"_qs, here("schema.sql"), u"--load"_qs, here("rows.sql")};
+    return {u"--ddl"_s, here("schema.sql"), u"--load"_s, here("rows.sql")};
 }
 
 void TdsServer::require() {
-    for (const QString& needed : {QStringLiteral(TDS_PYTHON), here("tds_server.py")})
+    for (const QString& needed : {QString::fromUtf8(TDS_PYTHON), here("tds_server.py")})
         if (!QFile::exists(needed))
             throw std::runtime_error("the test server cannot be had: there is no " + needed.toStdString());
 }
 
 TdsServer::TdsServer(const QStringList& options, const QStringList& content) {
-    const QStringList arguments{here("tds_server.py"), u"--trace"_qs, folder_.filePath(u"trace"_qs)};
+    const QStringList arguments{here("tds_server.py"), u"--trace"_s, folder_.filePath(u"trace"_s)};
     process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process_.start(QStringLiteral(TDS_PYTHON), arguments + content + options);
+    process_.start(QString::fromUtf8(TDS_PYTHON), arguments + content + options);
     if (!process_.waitForReadyRead(patienceMs))
         throw std::runtime_error("the test server did not start");
     port_ = process_.readLine().trimmed().mid(5).toInt();
@@ -41,7 +43,7 @@ TdsServer::~TdsServer() {
 }
 
 QString TdsServer::connectionString(const char* form, const QString& password, const QString& database) const {
-    return QString::fromLatin1(form).arg(QStringLiteral("127.0.0.1,%1").arg(port_), u"vorta"_qs, password, database);
+    return QString::fromLatin1(form).arg(u"127.0.0.1,%1"_s.arg(port_), u"vorta"_s, password, database);
 }
 
 QString TdsServer::connectionString() const {
@@ -49,7 +51,7 @@ QString TdsServer::connectionString() const {
 }
 
 QStringList TdsServer::trace() const {
-    QFile file(folder_.filePath(u"trace"_qs));
+    QFile file(folder_.filePath(u"trace"_s));
     if (!file.open(QIODevice::ReadOnly))
         return {};
     return QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/Literals.h"
+
 #include <QProcess>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -21,8 +23,8 @@ class TdsServer {
 
     int port() const { return port_; }
     /// The connection string of an engine tag's form for this server.
-    QString connectionString(const char* form, const QString& password = QStringLiteral("vorta"),
-                             const QString& database = QStringLiteral("VORTA")) const;
+    QString connectionString(const char* form, const QString& password = u"vorta"_s,
+                             const QString& database = u"VORTA"_s) const;
     QString connectionString() const;
     /// Every request that came over the wire so far.
     QStringList trace() const;

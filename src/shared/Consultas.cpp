@@ -1,5 +1,6 @@
 #include "shared/Consultas.h"
 
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
 
@@ -152,11 +153,11 @@ QString DescricaoAtividade(ContextoExecucao& contexto, qint16 id) {
 }
 
 QString NomeBanco(ContextoExecucao& contexto, const QString& id) {
-    return Texto(contexto, Statement() << "select nome_Banc from Banc where idBanc=" << id, "nome_banc", u"0"_qs);
+    return Texto(contexto, Statement() << "select nome_Banc from Banc where idBanc=" << id, "nome_banc", u"0"_s);
 }
 
 QString NumeroNota(ContextoExecucao& contexto, const QString& id) {
-    return Texto(contexto, Statement() << "select nume_nff from nff where idnff =" << id, "nume_nff", u"0"_qs);
+    return Texto(contexto, Statement() << "select nume_nff from nff where idnff =" << id, "nume_nff", u"0"_s);
 }
 
 QString NomePessoa(ContextoExecucao& contexto, const QString& id) {
@@ -219,7 +220,7 @@ QString TabelaPrecoCliente(ContextoExecucao& contexto, const QString& idclie) {
                              << "from pess, clie "
                              << "where pess.idpess = clie.idpess "
                              << "and clie.idclie=" << idclie,
-                 "tabe_prec", u"0"_qs, nuloVazio);
+                 "tabe_prec", u"0"_s, nuloVazio);
 }
 
 QString VendedorCliente(ContextoExecucao& contexto, const QString& idclie) {
@@ -228,7 +229,7 @@ QString VendedorCliente(ContextoExecucao& contexto, const QString& idclie) {
                              << "from pess, clie "
                              << "where pess.idpess = clie.idpess "
                              << "and clie.idclie=" << idclie,
-                 "idvend", u"0"_qs, nuloVazio);
+                 "idvend", u"0"_s, nuloVazio);
 }
 
 QString RetornaDocumentoPessoa(ContextoExecucao& contexto, const QString& id, const QString& nome) {
@@ -243,7 +244,7 @@ QString RetornaDocumentoPessoa(ContextoExecucao& contexto, const QString& id, co
 
 QString CodigoMunicipio(ContextoExecucao& contexto, QString& cidade, const QString& uf) {
     if (cidade == u"SAO PAULO")
-        cidade = QStringLiteral("São Paulo");
+        cidade = u"São Paulo"_s;
     return Texto(contexto,
                  Statement() << "select codi_muni_ibge from muni_ibge where desc_muni_ibge = '" << Trim(cidade)
                              << "' and uf00_muni_ibge = '" << Trim(uf) << "'",

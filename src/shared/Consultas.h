@@ -2,9 +2,9 @@
 
 #include "launch/ContextoExecucao.h"
 
-/// Lookups by one statement each: a description or code gives an id, an id gives a description. Each reads the database anew and gives its
-/// "nothing found" value without a message: 0 for ids unless told otherwise, empty text for descriptions. Lookups by id find deactivated rows too.
-/// A failing statement is not caught.
+/// Lookups by one statement each: a description or code gives an id, an id gives a description. Each reads the database
+/// anew and gives its "nothing found" value without a message: 0 for ids unless told otherwise, empty text for
+/// descriptions. Lookups by id find deactivated rows too. A failing statement is not caught.
 namespace vorta {
 
 // From a description or code to an id; 0 when nothing is found.
@@ -41,16 +41,18 @@ QString VendedorCliente(ContextoExecucao& contexto, const QString& idclie);    /
 
 /// Document of a person by id when one is given, otherwise by name.
 QString RetornaDocumentoPessoa(ContextoExecucao& contexto, const QString& id, const QString& nome);
-/// Municipal code of a town. "SAO PAULO" becomes "São Paulo" in the caller's variable first, since the table writes it with its accent.
+/// Municipal code of a town. "SAO PAULO" becomes "São Paulo" in the caller's variable first, since the table writes it
+/// with its accent.
 QString CodigoMunicipio(ContextoExecucao& contexto, QString& cidade, const QString& uf);
 /// Whether a customer row with that id exists.
 bool ClienteExiste(ContextoExecucao& contexto, const QString& id);
 /// Whether the company uses the postal-code search.
 bool CepAtivo(ContextoExecucao& contexto);
-/// Path of a product's picture kept in the product's row; `tipo` "LocalThumb", "LocalNatural", "WEBThumb" or "WEBNatural".
+/// Path of a product's picture kept in the product's row; `tipo` "LocalThumb", "LocalNatural", "WEBThumb" or
+/// "WEBNatural".
 QString RetornaCaminhoImagem(ContextoExecucao& contexto, const QString& id, const QString& tipo);
-/// Path of the picture to show for a product code, also left in `ImagemProduto`: the file by its code, the path of its row, or the picture
-/// for a missing photo.
+/// Path of the picture to show for a product code, also left in `ImagemProduto`: the file by its code, the path of its
+/// row, or the picture for a missing photo.
 QString LocalizaImagemProduto(ContextoExecucao& contexto, const QString& codigo);
 /// Eighteen fields of a customer and its person, divided by "^"; only separators without a row.
 QString DadosCliente(ContextoExecucao& contexto, const QString& idclie);

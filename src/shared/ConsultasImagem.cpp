@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
 #include "shared/Consultas.h"
@@ -42,7 +43,7 @@ QString LocalizaImagemProduto(ContextoExecucao& contexto, const QString& codigo)
         if (arquivos.fileExists(contexto.ImagemProduto))
             return contexto.ImagemProduto;
         const qint32 id = IdProdutoPorCodigo(contexto, codigo);
-        const QString guardado = RetornaCaminhoImagem(contexto, QString::number(id), u"LocalThumb"_qs);
+        const QString guardado = RetornaCaminhoImagem(contexto, QString::number(id), u"LocalThumb"_s);
         contexto.ImagemProduto =
             !guardado.isEmpty() && arquivos.fileExists(guardado) ? guardado : contexto.ImagemSemFoto;
     } catch (const RuntimeError& error) {

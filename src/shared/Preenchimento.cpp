@@ -1,5 +1,6 @@
 #include "shared/Preenchimento.h"
 
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
 #include "shared/TextoEntrada.h"
@@ -24,8 +25,7 @@ void Preenche(ContextoExecucao& contexto, const Statement& comando, const char* 
 ListField& ListaDa(screen::Screen& tela, const char* nome) {
     auto* lista = dynamic_cast<ListField*>(&tela.field(QString::fromLatin1(nome)));
     if (!lista)
-        throw RuntimeError(errorNumber::NoSuchMember,
-                           QStringLiteral("%1 não é uma lista").arg(QLatin1StringView(nome)));
+        throw RuntimeError(errorNumber::NoSuchMember, u"%1 não é uma lista"_s.arg(QLatin1StringView(nome)));
     return *lista;
 }
 
@@ -153,7 +153,7 @@ void PreencheUFs(ContextoExecucao& contexto, ListField& lista) {
             << "Where (UF00.DATA_DESA Is Null) "
             << "ORDER BY UF00.CODI_UF00";
     lista.clear();
-    lista.addItem(QStringLiteral("  "));
+    lista.addItem(u"  "_s);
     for (Recordset registros = AbreLeitura(contexto, comando); !registros.Eof(); registros.MoveNext())
         lista.addItem(registros.Fields("codi_uf00").text());
 }
@@ -162,7 +162,7 @@ void PreencheTabelasPreco(screen::Screen& tela) {
     ListField& lista = ListaDa(tela, "cboTabelaPrecos");
     lista.clear();
     for (char16_t letra = u'A'; letra <= u'J'; ++letra)
-        lista.addItem(QStringLiteral("Tabela ") + QChar(letra));
+        lista.addItem(u"Tabela "_s + QChar(letra));
 }
 
 void PreencheBancosOuCartoes(ContextoExecucao& contexto, const QString& texto, const QString& formaPagamento,

@@ -2,7 +2,8 @@
 
 #include "launch/ContextoExecucao.h"
 
-/// List fillers: the list is emptied (its text too), then one item is added for each row, in the order of the statement.
+/// List fillers: the list is emptied (its text too), then one item is added for each row, in the order of the
+/// statement.
 namespace vorta {
 
 void PreencheTipoCliente(ContextoExecucao& contexto, screen::Screen& tela); ///< into its `cboTipoCli`
@@ -20,8 +21,10 @@ void PreencheColecoes(ContextoExecucao& contexto, const QString& texto, screen::
 void PreencheUFs(ContextoExecucao& contexto, screen::ListField& lista);
 /// The ten fixed tables "Tabela A" to "Tabela J" into `cboTabelaPrecos`.
 void PreencheTabelasPreco(screen::Screen& tela);
-/// Banks for "BOLETO", "CHEQUE", "TRANSFERENCIA", "TED" and "DOC" (by code when `texto` starts with a digit), cards for "CARTAO", nothing otherwise.
-void PreencheBancosOuCartoes(ContextoExecucao& contexto, const QString& texto, const QString& formaPagamento, screen::ListField& lista);
+/// Banks for "BOLETO", "CHEQUE", "TRANSFERENCIA", "TED" and "DOC" (by code when `texto` starts with a digit), cards for
+/// "CARTAO", nothing otherwise.
+void PreencheBancosOuCartoes(ContextoExecucao& contexto, const QString& texto, const QString& formaPagamento,
+                             screen::ListField& lista);
 /// Active customers in fixed-width columns divided by "|": name 50, document 20, person id 10, customer id 10.
 void PreencheListaClientes(ContextoExecucao& contexto, const QString& texto, screen::ListField& lista);
 /// Active products likewise: description 70, code 15, id 10.

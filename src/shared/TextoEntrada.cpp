@@ -1,5 +1,6 @@
 #include "shared/TextoEntrada.h"
 
+#include "base/Literals.h"
 #include "base/Text.h"
 
 namespace vorta {
@@ -9,8 +10,8 @@ namespace {
 using screen::Field;
 using screen::FieldKind;
 
-const QString comAcento = QStringLiteral("ÀÁÂÃÄÅÇÈÉÊËÌÍÎÏÒÓÔÕÖÙÚÛÜàáâãäåçèéêëìíîïòóôõöùúûü");
-const QString semAcento = QStringLiteral("AAAAAACEEEEIIIIOOOOOUUUUaaaaaaceeeeiiiiooooouuuu");
+const QString comAcento = u"ÀÁÂÃÄÅÇÈÉÊËÌÍÎÏÒÓÔÕÖÙÚÛÜàáâãäåçèéêëìíîïòóôõöùúûü"_s;
+const QString semAcento = u"AAAAAACEEEEIIIIOOOOOUUUUaaaaaaceeeeiiiiooooouuuu"_s;
 
 } // namespace
 
@@ -71,7 +72,7 @@ void LimpaMascara(screen::MaskedField& campo) {
 void AbreEmail(ContextoExecucao& contexto, const QString& endereco) {
     const QString aparado = Trim(endereco);
     if (!aparado.isEmpty())
-        contexto.platform().openAddress(u"mailto:"_qs + LCase(aparado));
+        contexto.platform().openAddress(u"mailto:"_s + LCase(aparado));
 }
 
 void TrimCamposTexto(screen::Screen& tela) {

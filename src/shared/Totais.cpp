@@ -1,5 +1,6 @@
 #include "shared/Totais.h"
 
+#include "base/Literals.h"
 #include "launch/AcessoDados.h"
 #include "shared/Consultas.h"
 
@@ -41,7 +42,7 @@ Recordset AbreSaldos(ContextoExecucao& contexto, qint32 idprod, const QString& c
 
 double TotalPedidoVenda(ContextoExecucao& contexto, QString& id, const QString& soPendentes) {
     if (id.isEmpty())
-        id = QStringLiteral("0");
+        id = u"0"_s;
     Statement comando("SELECT pedi_veds_deta.idpedi_veds, pedi_veds_deta.idprod, pedi_veds_deta.qtde, "
                       "pedi_veds_deta.valo_liqu, pedi_veds_deta.idnff0 FROM pedi_veds_deta "
                       "Where (pedi_veds_deta.idpedi_veds = ");

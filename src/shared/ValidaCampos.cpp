@@ -1,6 +1,7 @@
 #include "shared/ValidaCampos.h"
 
 #include "base/Format.h"
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "shared/TextoEntrada.h"
 
@@ -23,7 +24,8 @@ bool letraDeEmail(QChar letra) {
 }
 
 constexpr std::array regrasEmail{
-    RegraEmail{[](const QString& email) { return email.size() >= 5; }, "O e-mail digitado tem menos de 5 caracterec!!!"},
+    RegraEmail{[](const QString& email) { return email.size() >= 5; },
+               "O e-mail digitado tem menos de 5 caracterec!!!"},
     RegraEmail{[](const QString& email) { return email.count(u'@') == 1; },
                "O nº de arrobas (@) do e-mail é inválido!!!"},
     RegraEmail{[](const QString& email) { return !email.startsWith(u'@'); },
@@ -31,12 +33,13 @@ constexpr std::array regrasEmail{
     RegraEmail{[](const QString& email) { return !email.endsWith(u'@'); }, "O e-mail termina com uma arroba (@)!!!"},
     RegraEmail{[](const QString& email) { return email.contains(u'.'); },
                "O e-mail é inválido, pois não contém pontos (.)!!!"},
-    RegraEmail{[](const QString& email) { return email.indexOf(u'.') != 0; }, "O e-mail foi iniciado com um ponto (.)!!!"},
+    RegraEmail{[](const QString& email) { return email.indexOf(u'.') != 0; },
+               "O e-mail foi iniciado com um ponto (.)!!!"},
     RegraEmail{[](const QString& email) { return email.indexOf(u'.') != email.size() - 1; },
                "O e-mail termina com um ponto (.)!!!"},
     RegraEmail{[](const QString& email) { return email.indexOf(u'.', email.indexOf(u'@')) >= 0; },
                "O e-mail não tem nenhum ponto (.) após a arroba (@)!!!"},
-    RegraEmail{[](const QString& email) { return email.indexOf(QStringLiteral("..")) <= email.indexOf(u'@'); },
+    RegraEmail{[](const QString& email) { return email.indexOf(u".."_s) <= email.indexOf(u'@'); },
                "O e-mail contém pontos consecutivos (..) após o arroba (@)!!!"},
     RegraEmail{[](const QString& email) { return std::all_of(email.begin(), email.end(), letraDeEmail); },
                "Foi digitado um caracter inválido no e-mail!!!"},
@@ -56,7 +59,7 @@ bool ValidaEmail(ContextoExecucao& contexto, const QString& email) {
 bool ValidaDiaMes(const ContextoExecucao& contexto, QString& data) {
     if (data == u"__/__")
         return true;
-    data += u'/' + contexto.hoje().toString(QStringLiteral("yyyy"));
+    data += u'/' + contexto.hoje().toString(u"yyyy"_s);
     return IsDate(data);
 }
 
@@ -66,10 +69,10 @@ QString FormataDataDigitada(const ContextoExecucao& contexto, const QString& tex
         return comHora ? FormatDateTime(momento) : FormatDate(momento.date());
     };
     if (Left(texto, 10) == u"__/__/____")
-        return comHora ? u"__/__/____ __:__"_qs : u"__/__/____"_qs;
+        return comHora ? u"__/__/____ __:__"_s : u"__/__/____"_s;
     if (Mid(texto, 7, 4) == u"____") {
         QString dias = Left(texto, 5);
-        const qint64 quantos = ToInt32(Val(SubstituiTexto(dias, u"/"_qs, u" "_qs)));
+        const qint64 quantos = ToInt32(Val(SubstituiTexto(dias, u"/"_s, u" "_s)));
         campo.setText(forma(contexto.platform().now().addDays(quantos)));
         return campo.text();
     }
@@ -80,9 +83,11 @@ QString FormataDataDigitada(const ContextoExecucao& contexto, const QString& tex
 QString FiltraTeclaNumerica(qint16 tecla) {
     constexpr qint16 retrocesso = 8;
     const bool passa = tecla == retrocesso || QStringView(u",0123456789%-").contains(QChar(tecla));
-    return passa ? QString::number(tecla) : u"0"_qs;
+    return passa ? QString::number(tecla) : u"0"_s;
 }
 
-QString VirgulaParaPonto(QString& texto) { return texto.replace(u',', u'.'); }
+QString VirgulaParaPonto(QString& texto) {
+    return texto.replace(u',', u'.');
+}
 
 } // namespace vorta

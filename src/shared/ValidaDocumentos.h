@@ -2,11 +2,12 @@
 
 #include <QString>
 
-/// Digit checks of the Brazilian tax documents. They show no message and look at the check digits only, not at the form.
+/// Digit checks of the Brazilian tax documents. They show no message and look at the check digits only, not at the
+/// form.
 namespace vorta {
 
-/// A company's number: 14 digits, or 18 characters masked "##.###.###/####-##", which become the digits in the caller's variable. What is no
-/// digit counts 0, so a number of one repeated digit and the empty text pass.
+/// A company's number: 14 digits, or 18 characters masked "##.###.###/####-##", which become the digits in the caller's
+/// variable. What is no digit counts 0, so a number of one repeated digit and the empty text pass.
 bool ValidaCNPJ(QString& numero);
 /// A natural person's number: 11 digits, or 14 characters masked "###.###.###-##", likewise.
 bool ValidaCPF(QString& numero);

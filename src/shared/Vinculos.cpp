@@ -1,5 +1,6 @@
 #include "shared/Vinculos.h"
 
+#include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
 
@@ -103,7 +104,7 @@ QString Vinculo(ContextoExecucao& contexto, TipoPapel papel, const QString& idpe
     if (contexto.VinculoAtual != u"S")
         contexto.SqlConsulta << " and data_desa is null";
     Recordset registros = AbreLeitura(contexto, contexto.SqlConsulta);
-    return registros.Eof() ? u"0"_qs : registros.Fields(linha.coluna).text();
+    return registros.Eof() ? u"0"_s : registros.Fields(linha.coluna).text();
 }
 
 QString VinculoCliente(ContextoExecucao& contexto, const QString& idpess) {
@@ -135,13 +136,13 @@ QString VinculoArquiteto(ContextoExecucao& contexto, const QString& idpess) {
 }
 
 void AtualizaIndicadoresVinculo(ContextoExecucao& contexto, screen::Screen& tela) {
-    contexto.VinculoAtual = u"N"_qs;
-    const QString idpess = tela.field(u"txtRowID"_qs).text();
+    contexto.VinculoAtual = u"N"_s;
+    const QString idpess = tela.field(u"txtRowID"_s).text();
     const bool semPessoa = Trim(idpess).isEmpty();
     for (const PapelVinculo& linha : papeis) {
         const bool vinculado = !semPessoa && Val(Vinculo(contexto, linha.papel, idpess)) > 0;
         tela.field(QString::fromLatin1(linha.botao))
-            .loadPicture(contexto.CaminhoImagens + (vinculado ? u"comvinculo.bmp"_qs : u"semvinculo.bmp"_qs));
+            .loadPicture(contexto.CaminhoImagens + (vinculado ? u"comvinculo.bmp"_s : u"semvinculo.bmp"_s));
     }
 }
 
@@ -155,17 +156,16 @@ QString RetornaPessoaPorDocumento(ContextoExecucao& contexto, QString& documento
     if (registros.RecordCount() == 1)
         nome = registros.Fields("NOME_PESS").text();
     else if (registros.Eof())
-        contexto.RetornoPesquisa = QStringLiteral("CNPJ/CPF não localizado!");
+        contexto.RetornoPesquisa = u"CNPJ/CPF não localizado!"_s;
     else if (!tabela)
         contexto.RetornoPesquisa =
-            parcial
-                ? QStringLiteral("Atenção! A Empresa possui mais de uma filial...deverá ser digitado o CNPJ completo!")
-                : QStringLiteral("Atenção! Você está com problemas de cadastros, duplicidades de CNPJ/CPF foram "
-                                 "detectados!");
+            parcial ? u"Atenção! A Empresa possui mais de uma filial...deverá ser digitado o CNPJ completo!"_s
+                    : u"Atenção! Você está com problemas de cadastros, duplicidades de CNPJ/CPF foram "
+                      "detectados!"_s;
     if (!nome.isEmpty())
-        contexto.RetornoPesquisa = QStringLiteral("[ID]") + nome;
+        contexto.RetornoPesquisa = u"[ID]"_s + nome;
     else if (!papel.isEmpty())
-        contexto.RetornoPesquisa = QStringLiteral("Não Existe vinculo como [%1]").arg(papel);
+        contexto.RetornoPesquisa = u"Não Existe vinculo como [%1]"_s.arg(papel);
     return nome;
 }
 

@@ -32,12 +32,13 @@ QString VinculoFornecedor(ContextoExecucao& contexto, const QString& idpess);
 QString VinculoDecorador(ContextoExecucao& contexto, const QString& idpess);
 QString VinculoArquiteto(ContextoExecucao& contexto, const QString& idpess);
 
-/// Paints the seven role buttons of a screen with "comvinculo.bmp" or "semvinculo.bmp" for the person in `txtRowID`, and sets `VinculoAtual` to "N".
-/// A missing picture raises 53.
+/// Paints the seven role buttons of a screen with "comvinculo.bmp" or "semvinculo.bmp" for the person in `txtRowID`,
+/// and sets `VinculoAtual` to "N". A missing picture raises 53.
 void AtualizaIndicadoresVinculo(ContextoExecucao& contexto, screen::Screen& tela);
 
-/// The name of the one person with that document inside a role ("CLIENTE", "FORNECEDOR", ...; empty for the whole register); empty text when there
-/// is none or more than one. `RetornoPesquisa` tells the outcome. A bare document is masked by its length; eight digits are the root of a company's number.
+/// The name of the one person with that document inside a role ("CLIENTE", "FORNECEDOR", ...; empty for the whole
+/// register); empty text when there is none or more than one. `RetornoPesquisa` tells the outcome. A bare document is
+/// masked by its length; eight digits are the root of a company's number.
 QString RetornaPessoaPorDocumento(ContextoExecucao& contexto, QString& documento, const QString& papel);
 
 /// Writes a role's id into its back-reference column of `PESS` (`idCLIE`, `idFORN`, ...).

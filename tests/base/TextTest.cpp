@@ -1,4 +1,5 @@
 #include "base/Text.h"
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 
 #include <gtest/gtest.h>
@@ -6,46 +7,46 @@
 using namespace vorta;
 
 TEST(Text, TrimCutsBlanksOnly) {
-    EXPECT_EQ(Trim(u"  a b  "_qs), u"a b"_qs);
-    EXPECT_EQ(Trim(u"\ta "_qs), u"\ta"_qs);
-    EXPECT_EQ(RTrim(u" a "_qs), u" a"_qs);
-    EXPECT_EQ(LTrim(u" a "_qs), u"a "_qs);
-    EXPECT_EQ(Trim(u"   "_qs), QString());
+    EXPECT_EQ(Trim(u"  a b  "_s), u"a b"_s);
+    EXPECT_EQ(Trim(u"\ta "_s), u"\ta"_s);
+    EXPECT_EQ(RTrim(u" a "_s), u" a"_s);
+    EXPECT_EQ(LTrim(u" a "_s), u"a "_s);
+    EXPECT_EQ(Trim(u"   "_s), QString());
 }
 
 TEST(Text, UpperCaseKeepsTheLength) {
-    EXPECT_EQ(UCase(u"João ß ÿ"_qs), u"JOÃO ß Ÿ"_qs);
-    EXPECT_EQ(UCase(u"5 µm ƒ œ ž ª"_qs), u"5 µM ƒ Œ Ž ª"_qs);
-    EXPECT_EQ(LCase(u"ÀÉÇ"_qs), u"àéç"_qs);
+    EXPECT_EQ(UCase(u"João ß ÿ"_s), u"JOÃO ß Ÿ"_s);
+    EXPECT_EQ(UCase(u"5 µm ƒ œ ž ª"_s), u"5 µM ƒ Œ Ž ª"_s);
+    EXPECT_EQ(LCase(u"ÀÉÇ"_s), u"àéç"_s);
 }
 
 TEST(Text, MidForgivesPositionsPastTheEnd) {
-    EXPECT_EQ(Mid(u"abcdef"_qs, 2, 3), u"bcd"_qs);
-    EXPECT_EQ(Mid(u"abc"_qs, 3, 5), u"c"_qs);
-    EXPECT_EQ(Mid(u"abc"_qs, 4, 1), QString());
-    EXPECT_EQ(Left(u"abc"_qs, 9), u"abc"_qs);
+    EXPECT_EQ(Mid(u"abcdef"_s, 2, 3), u"bcd"_s);
+    EXPECT_EQ(Mid(u"abc"_s, 3, 5), u"c"_s);
+    EXPECT_EQ(Mid(u"abc"_s, 4, 1), QString());
+    EXPECT_EQ(Left(u"abc"_s, 9), u"abc"_s);
 }
 
 TEST(Text, ValReadsTheNumericPrefix) {
-    EXPECT_EQ(Val(u"12abc"_qs), 12);
-    EXPECT_EQ(Val(u" 1 2.5 x"_qs), 12.5);
-    EXPECT_EQ(Val(u"-3"_qs), -3);
-    EXPECT_EQ(Val(u"1,5"_qs), 1);
-    EXPECT_EQ(Val(u"."_qs), 0);
-    EXPECT_EQ(Val(u"01 05"_qs), 105);
-    EXPECT_EQ(Val(u"2e3"_qs), 2000);
-    EXPECT_EQ(Val(u"2e"_qs), 2);
+    EXPECT_EQ(Val(u"12abc"_s), 12);
+    EXPECT_EQ(Val(u" 1 2.5 x"_s), 12.5);
+    EXPECT_EQ(Val(u"-3"_s), -3);
+    EXPECT_EQ(Val(u"1,5"_s), 1);
+    EXPECT_EQ(Val(u"."_s), 0);
+    EXPECT_EQ(Val(u"01 05"_s), 105);
+    EXPECT_EQ(Val(u"2e3"_s), 2000);
+    EXPECT_EQ(Val(u"2e"_s), 2);
     EXPECT_EQ(Val(QString()), 0);
 }
 
 TEST(Text, NumbersAreBrazilian) {
-    EXPECT_TRUE(IsNumeric(u"1.234,56"_qs));
-    EXPECT_TRUE(IsNumeric(u" -3 "_qs));
-    EXPECT_FALSE(IsNumeric(u""_qs));
-    EXPECT_FALSE(IsNumeric(u"1,2,3"_qs));
-    EXPECT_FALSE(IsNumeric(u"12a"_qs));
-    EXPECT_EQ(ToNumber(u"1.234,56"_qs), 1234.56);
-    EXPECT_THROW(ToNumber(u"x"_qs), RuntimeError);
+    EXPECT_TRUE(IsNumeric(u"1.234,56"_s));
+    EXPECT_TRUE(IsNumeric(u" -3 "_s));
+    EXPECT_FALSE(IsNumeric(u""_s));
+    EXPECT_FALSE(IsNumeric(u"1,2,3"_s));
+    EXPECT_FALSE(IsNumeric(u"12a"_s));
+    EXPECT_EQ(ToNumber(u"1.234,56"_s), 1234.56);
+    EXPECT_THROW(ToNumber(u"x"_s), RuntimeError);
 }
 
 TEST(Text, SixteenBitsOverflow) {
@@ -60,16 +61,16 @@ TEST(Text, SixteenBitsOverflow) {
 }
 
 TEST(Text, BooleansAreWordsOrNumbers) {
-    EXPECT_TRUE(ToBoolean(u"True"_qs));
-    EXPECT_FALSE(ToBoolean(u"False"_qs));
-    EXPECT_TRUE(ToBoolean(u"1"_qs));
-    EXPECT_FALSE(ToBoolean(u"0"_qs));
-    for (const QString& text : {u""_qs, u"."_qs, u"talvez"_qs})
+    EXPECT_TRUE(ToBoolean(u"True"_s));
+    EXPECT_FALSE(ToBoolean(u"False"_s));
+    EXPECT_TRUE(ToBoolean(u"1"_s));
+    EXPECT_FALSE(ToBoolean(u"0"_s));
+    for (const QString& text : {u""_s, u"."_s, u"talvez"_s})
         EXPECT_THROW(ToBoolean(text), RuntimeError) << text;
 }
 
 TEST(Text, RepertoireIsWindows1252) {
-    EXPECT_TRUE(InRepertoire(u"ação € “aspas” ´"_qs));
-    EXPECT_FALSE(InRepertoire(u"日本"_qs));
-    EXPECT_EQ(OnlyRepertoire(u"a日b"_qs), u"ab"_qs);
+    EXPECT_TRUE(InRepertoire(u"ação € “aspas” ´"_s));
+    EXPECT_FALSE(InRepertoire(u"日本"_s));
+    EXPECT_EQ(OnlyRepertoire(u"a日b"_s), u"ab"_s);
 }

@@ -1,4 +1,5 @@
 #include "firebird/Bridge.h"
+#include "base/Literals.h"
 
 #include <gtest/gtest.h>
 
@@ -44,21 +45,21 @@ TEST(Bridge, LiteralsThatAreNoAliasStay) {
 }
 
 TEST(Bridge, IdentityColumn) {
-    EXPECT_EQ(IdentityColumn(Statement("SELECT @@IDENTITY AS 'MAXROWID'")), QStringLiteral("MAXROWID"));
-    EXPECT_EQ(IdentityColumn(Statement("select @@identity as id")), QStringLiteral("id"));
+    EXPECT_EQ(IdentityColumn(Statement("SELECT @@IDENTITY AS 'MAXROWID'")), u"MAXROWID"_s);
+    EXPECT_EQ(IdentityColumn(Statement("select @@identity as id")), u"id"_s);
     EXPECT_EQ(IdentityColumn(Statement("select @@identity")), QString());
     EXPECT_FALSE(IdentityColumn(Statement("select x from t where y = '@@identity'")));
     EXPECT_FALSE(IdentityColumn(Statement("select @@identity + 1 as 'x'")));
 }
 
 TEST(Bridge, InsertedTable) {
-    EXPECT_EQ(InsertedTable(Statement(" insert into arqt (nome) values ('a')")), QStringLiteral("arqt"));
-    EXPECT_EQ(InsertedTable(Statement("INSERT INTO T VALUES (GEN_ID(G, 1), ')')")), QStringLiteral("T"));
+    EXPECT_EQ(InsertedTable(Statement(" insert into arqt (nome) values ('a')")), u"arqt"_s);
+    EXPECT_EQ(InsertedTable(Statement("INSERT INTO T VALUES (GEN_ID(G, 1), ')')")), u"T"_s);
     EXPECT_FALSE(InsertedTable(Statement("insert into t (a) select b from u")));
     EXPECT_FALSE(InsertedTable(Statement("insert into t (a) values (1) returning a")));
     EXPECT_FALSE(InsertedTable(Statement("insert into t (a) values (1")));
     EXPECT_FALSE(InsertedTable(Statement("update t set a = 1")));
-    EXPECT_EQ(ReturningKey(Statement("insert into arqt (nome) values ('a')"), QStringLiteral("ARQT")).text(),
+    EXPECT_EQ(ReturningKey(Statement("insert into arqt (nome) values ('a')"), u"ARQT"_s).text(),
               u"insert into arqt (nome) values ('a') RETURNING idARQT");
 }
 
@@ -90,8 +91,8 @@ TEST(Bridge, UndescribedTextIsAskedPieceByPiece) {
 
 TEST(Bridge, IntegersStandAside) {
     Statement statement;
-    statement << "select * from t where a = " << 15 << " and b = '" << QStringLiteral("16")
-              << "' and c = 17 and d = " << QStringLiteral("-18") << " and e = " << QStringLiteral("1.5");
+    statement << "select * from t where a = " << 15 << " and b = '" << u"16"_s << "' and c = 17 and d = " << u"-18"_s
+              << " and e = " << u"1.5"_s;
     const Parameterised taken = TakeIntegers(statement);
     EXPECT_EQ(taken.text, u"select * from t where a = ? and b = '16' and c = 17 and d = -18 and e = 1.5");
     EXPECT_EQ(taken.integers, std::vector<qint64>{15});
@@ -99,10 +100,10 @@ TEST(Bridge, IntegersStandAside) {
 }
 
 TEST(Bridge, ShapeIsTheTextWithoutTheContentOfItsLiterals) {
-    EXPECT_EQ(Shape(QStringLiteral("insert into t (a, b) values ('O''NEIL', ?) returning id")),
+    EXPECT_EQ(Shape(u"insert into t (a, b) values ('O''NEIL', ?) returning id"_s),
               u"insert into t (a, b) values ('', ?) returning id");
-    EXPECT_EQ(Shape(QStringLiteral("select 'a', 'b' from t where c = ''")), u"select '', '' from t where c = ''");
-    EXPECT_EQ(Shape(QStringLiteral("select 1 from t -- 'x'")), u"select 1 from t -- 'x'");
+    EXPECT_EQ(Shape(u"select 'a', 'b' from t where c = ''"_s), u"select '', '' from t where c = ''");
+    EXPECT_EQ(Shape(u"select 1 from t -- 'x'"_s), u"select 1 from t -- 'x'");
 }
 
 } // namespace vorta::firebird

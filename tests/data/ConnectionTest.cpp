@@ -1,4 +1,5 @@
 #include "data/Connection.h"
+#include "base/Literals.h"
 
 #include "data/Recordset.h"
 #include "support/ErrorOf.h"
@@ -25,7 +26,7 @@ TEST(Connection, OpensWithTextAndTimeout) {
     test::FakeDatabase database;
     Connection connection(database.factory());
     connection.ConnectionTimeout = 400;
-    connection.Open(Engine::SqlServer, QStringLiteral("server=x"));
+    connection.Open(Engine::SqlServer, u"server=x"_s);
     ASSERT_EQ(database.opened.size(), 1u);
     EXPECT_EQ(database.opened[0].engine, Engine::SqlServer);
     EXPECT_EQ(database.opened[0].connectionString, u"server=x");
@@ -57,7 +58,7 @@ TEST(Connection, UnknownOperationRaises438) {
     test::FakeDatabase database;
     Connection connection(database.factory());
     connection.Open(Engine::Firebird, {});
-    EXPECT_EQ(errorOf([&] { connection.Invoke(QStringLiteral("Rollback")); }), errorNumber::NoSuchMember);
+    EXPECT_EQ(errorOf([&] { connection.Invoke(u"Rollback"_s); }), errorNumber::NoSuchMember);
 }
 
 TEST(Connection, TraceHearsARefusedStatementTheEngineNeverGets) {
@@ -66,7 +67,7 @@ TEST(Connection, TraceHearsARefusedStatementTheEngineNeverGets) {
     Connection connection(database.factory(), [&](const QString& text) { heard += text; });
     connection.Open(Engine::Firebird, {});
     EXPECT_EQ(errorOf([&] { connection.Execute(withValue("D'AVILA")); }), errorNumber::StatementRefused);
-    EXPECT_EQ(heard, QStringList{QStringLiteral("update pess set nome='D'AVILA'")});
+    EXPECT_EQ(heard, QStringList{u"update pess set nome='D'AVILA'"_s});
     EXPECT_EQ(database.sent, QStringList());
 }
 
@@ -77,8 +78,8 @@ TEST(Connection, TraceHearsTheFlowsTextTheEngineTheQualifiedOne) {
     connection.Open(Engine::Firebird, {});
     Recordset rows;
     rows.Open(Statement("SELECT IDVEND FROM VEND, PESS"), connection);
-    EXPECT_EQ(heard, QStringList{QStringLiteral("SELECT IDVEND FROM VEND, PESS")});
-    EXPECT_EQ(database.sent, QStringList{QStringLiteral("SELECT VEND.IDVEND FROM VEND, PESS")});
+    EXPECT_EQ(heard, QStringList{u"SELECT IDVEND FROM VEND, PESS"_s});
+    EXPECT_EQ(database.sent, QStringList{u"SELECT VEND.IDVEND FROM VEND, PESS"_s});
 }
 
 TEST(Connection, EndOfItsLifeClosesIt) {
@@ -88,7 +89,7 @@ TEST(Connection, EndOfItsLifeClosesIt) {
         connection.Open(Engine::Firebird, {});
         connection.BeginTrans();
     }
-    EXPECT_EQ(database.sent, (QStringList{QStringLiteral("BEGIN"), QStringLiteral("CLOSE")}));
+    EXPECT_EQ(database.sent, (QStringList{u"BEGIN"_s, u"CLOSE"_s}));
 }
 
 TEST(FailingStatements, FailsTheChosenStatementOnly) {
@@ -102,7 +103,7 @@ TEST(FailingStatements, FailsTheChosenStatementOnly) {
     EXPECT_EQ(errorOf([&] { connection.Execute(Statement("three")); }), errorNumber::StatementRefused);
     EXPECT_EQ(failing.sent(), 2);
     connection.Execute(Statement("four"));
-    EXPECT_EQ(database.writes, (QStringList{QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("four")}));
+    EXPECT_EQ(database.writes, (QStringList{u"one"_s, u"two"_s, u"four"_s}));
     failing.failCommit();
     connection.BeginTrans();
     EXPECT_EQ(errorOf([&] { connection.CommitTrans(); }), errorNumber::StatementRefused);

@@ -1,4 +1,5 @@
 #include "data/Guard.h"
+#include "base/Literals.h"
 
 #include "base/RuntimeError.h"
 
@@ -77,13 +78,13 @@ INSTANTIATE_TEST_SUITE_P(Guard, GuardRefusesNumber,
 
 TEST(Guard, MinusThatMakesACommentIsRefused) {
     Statement statement;
-    statement << "update prod set qtde = qtde -" << QStringLiteral("-5") << " where idprod = 1";
+    statement << "update prod set qtde = qtde -" << u"-5"_s << " where idprod = 1";
     EXPECT_EQ(outcome(statement), refused);
 }
 
 TEST(Guard, NumberGluedToANameIsRefused) {
     Statement statement;
-    statement << "select coluna" << QStringLiteral("1") << " from pess";
+    statement << "select coluna" << u"1"_s << " from pess";
     EXPECT_EQ(outcome(statement), refused);
 }
 
@@ -105,7 +106,7 @@ TEST(Guard, TwoValuesCannotSwallowWhatStandsBetweenThem) {
 
 TEST(Guard, AdjacentValuesCannotShareApostrophes) {
     Statement statement;
-    statement << "select * from pess where nome='" << QStringLiteral("a'") << QStringLiteral("'b") << "'";
+    statement << "select * from pess where nome='" << u"a'"_s << u"'b"_s << "'";
     EXPECT_EQ(outcome(statement), refused);
 }
 
@@ -125,16 +126,16 @@ TEST(Guard, ProgramTextIsNeverJudged) {
     EXPECT_EQ(outcome(Statement("select 'unclosed")), 0);
     EXPECT_EQ(outcome(Statement("delete from a; delete from b -- both")), 0);
     Statement unclosed;
-    unclosed << "select * from pess where nome='" << QStringLiteral("x");
+    unclosed << "select * from pess where nome='" << u"x"_s;
     EXPECT_EQ(outcome(unclosed), refused);
 }
 
 TEST(Guard, SpansStayTrueInCapitals) {
     Statement statement;
-    statement << "select * from pess where nome='" << QStringLiteral("straße d'água") << "'";
+    statement << "select * from pess where nome='" << u"straße d'água"_s << "'";
     EXPECT_EQ(outcome(statement.upper()), refused);
     Statement fine;
-    fine << "select * from pess where nome='" << QStringLiteral("straße") << "' and idpess=" << 3;
+    fine << "select * from pess where nome='" << u"straße"_s << "' and idpess=" << 3;
     EXPECT_EQ(outcome(fine.upper()), 0);
 }
 

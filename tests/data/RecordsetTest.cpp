@@ -1,4 +1,5 @@
 #include "data/Recordset.h"
+#include "base/Literals.h"
 
 #include "support/ErrorOf.h"
 #include "support/FakeDatabase.h"
@@ -16,7 +17,7 @@ class RecordsetTest : public testing::Test {
     void SetUp() override { connection.Open(Engine::Firebird, {}); }
 
     Recordset open(test::FakeRows rows) {
-        database.answer(QStringLiteral("select"), std::move(rows));
+        database.answer(u"select"_s, std::move(rows));
         Recordset recordset;
         recordset.Open(Statement("select"), connection);
         return recordset;
@@ -101,11 +102,11 @@ TEST_F(RecordsetTest, ColumnsByNameInAnyCaseAndByIndex) {
 
 TEST_F(RecordsetTest, OverwriteChangesThisRowOfThisCopyOnly) {
     Recordset rows = open({{"a"}, {{test::text("x")}, {test::text("y")}}});
-    rows.Overwrite(u"A", Value(QStringLiteral("z")));
+    rows.Overwrite(u"A", Value(u"z"_s));
     EXPECT_EQ(rows.Fields("a").text(), u"z");
     rows.MoveNext();
     EXPECT_EQ(rows.Fields("a").text(), u"y");
-    EXPECT_EQ(database.sent, QStringList{QStringLiteral("select")});
+    EXPECT_EQ(database.sent, QStringList{u"select"_s});
     EXPECT_EQ(errorOf([&] { rows.Overwrite(u"b", {}); }), errorNumber::NoSuchColumn);
 }
 
@@ -121,7 +122,7 @@ TEST_F(RecordsetTest, ClosedRaises3704) {
 
 TEST_F(RecordsetTest, FailedOpenKeepsTheOldRows) {
     Recordset rows = open({{"a"}, {{test::text("x")}}});
-    database.fail(QStringLiteral("broken"), errorNumber::StatementRefused);
+    database.fail(u"broken"_s, errorNumber::StatementRefused);
     EXPECT_EQ(errorOf([&] { rows.Open(Statement("broken"), connection); }), errorNumber::StatementRefused);
     EXPECT_EQ(rows.Fields("a").text(), u"x");
 }

@@ -1,4 +1,5 @@
 #include "data/Statement.h"
+#include "base/Literals.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +9,7 @@ namespace {
 
 Statement example() {
     Statement statement;
-    statement << "where a='" << QStringLiteral("x1") << "' and b=" << 22;
+    statement << "where a='" << u"x1"_s << "' and b=" << 22;
     return statement;
 }
 
@@ -20,7 +21,7 @@ std::string value(const Statement& statement, std::size_t i) {
 } // namespace
 
 TEST(Statement, InsertionBeforeAValueMovesIt) {
-    const std::vector edits{Edit{0, 0, QStringLiteral("select 1 ")}};
+    const std::vector edits{Edit{0, 0, u"select 1 "_s}};
     const Statement edited = example().edited(edits);
     EXPECT_EQ(edited.text(), u"select 1 where a='x1' and b=22");
     EXPECT_EQ(value(edited, 0), "x1");
@@ -30,7 +31,7 @@ TEST(Statement, InsertionBeforeAValueMovesIt) {
 TEST(Statement, ReplacedValueKeepsASpan) {
     const Statement statement = example();
     const ValueSpan number = statement.values()[1];
-    const std::vector edits{Edit{number.start, number.length, QStringLiteral("?")}};
+    const std::vector edits{Edit{number.start, number.length, u"?"_s}};
     const Statement edited = statement.edited(edits);
     EXPECT_EQ(edited.text(), u"where a='x1' and b=?");
     EXPECT_EQ(value(edited, 0), "x1");
@@ -40,12 +41,12 @@ TEST(Statement, ReplacedValueKeepsASpan) {
 TEST(Statement, EditAroundAValueGrowsIt) {
     const Statement statement = example();
     const ValueSpan text = statement.values()[0];
-    const std::vector edits{Edit{text.start + 1, 0, QStringLiteral("--")}};
+    const std::vector edits{Edit{text.start + 1, 0, u"--"_s}};
     EXPECT_EQ(value(statement.edited(edits), 0), "x--1");
 }
 
 TEST(Statement, SeveralEditsFromLeftToRight) {
-    const std::vector edits{Edit{0, 5, QStringLiteral("on")}, Edit{6, 1, QStringLiteral("column")}};
+    const std::vector edits{Edit{0, 5, u"on"_s}, Edit{6, 1, u"column"_s}};
     const Statement edited = example().edited(edits);
     EXPECT_EQ(edited.text(), u"on column='x1' and b=22");
     EXPECT_EQ(value(edited, 0), "x1");

@@ -1,4 +1,5 @@
 #include "data/Value.h"
+#include "base/Literals.h"
 
 #include "support/ErrorOf.h"
 
@@ -33,8 +34,8 @@ TEST(Value, OtherKindsAsText) {
     EXPECT_EQ(Value(qint64{-42}).text(), u"-42");
     EXPECT_EQ(text("São").text(), u"São");
     EXPECT_EQ(Value(QDateTime(QDate(2026, 3, 7), QTime(0, 0))).text(), u"07/03/2026");
-    EXPECT_EQ(Value().textOr(QStringLiteral("-")), u"-");
-    EXPECT_EQ(text("").textOr(QStringLiteral("-")), u"");
+    EXPECT_EQ(Value().textOr(u"-"_s), u"-");
+    EXPECT_EQ(text("").textOr(u"-"_s), u"");
 }
 
 TEST(Value, NullRaises94) {

@@ -1,4 +1,5 @@
 #include "SampleWindow.h"
+#include "base/Literals.h"
 
 #include "base/RuntimeError.h"
 #include "desktop/GridModel.h"
@@ -88,7 +89,7 @@ TEST_F(SampleBinder, ACheckBoxTurnsOver) {
 TEST_F(SampleBinder, AGridReportsCellsAndHeaders) {
     tela.Flex.reset({{"ID", 0}, {"Nome", 1400}, {"Fone"}});
     for (int row = 1; row <= 5; ++row)
-        tela.Flex.AddItem(QStringLiteral("%1\tNOME %1\tFONE %1").arg(row));
+        tela.Flex.AddItem(u"%1\tNOME %1\tFONE %1"_s.arg(row));
     open([&] {
         EXPECT_TRUE(grade->isColumnHidden(0));
         EXPECT_EQ(grade->model()->headerData(1, Qt::Horizontal).toString(), u"Nome");
@@ -108,8 +109,8 @@ TEST_F(SampleBinder, AGridReportsCellsAndHeaders) {
 
 TEST_F(SampleBinder, KeysWalkAGridAndEnterChooses) {
     tela.Flex.reset({{"Nome"}});
-    tela.Flex.AddItem(QStringLiteral("A"));
-    tela.Flex.AddItem(QStringLiteral("B"));
+    tela.Flex.AddItem(u"A"_s);
+    tela.Flex.AddItem(u"B"_s);
     open([&] {
         put(tela.Flex);
         QTest::keyClick(grade, Qt::Key_Down);
@@ -127,7 +128,7 @@ TEST_F(SampleBinder, KeysWalkAGridAndEnterChooses) {
 TEST_F(SampleBinder, AGridOfAMillionRowsIsAskedOnlyForWhatItShows) {
     tela.Flex.reset({{"ID", 0}, {"Nome"}, {"Fone"}});
     for (int row = 1; row <= 1'000'000; ++row)
-        tela.Flex.AddItem(QStringLiteral("%1\tNOME %1\t").arg(row));
+        tela.Flex.AddItem(u"%1\tNOME %1\t"_s.arg(row));
     open([&] {
         const auto& model = static_cast<const desktop::GridModel&>(*grade->model());
         EXPECT_EQ(model.rowCount(), 1'000'000);
@@ -146,7 +147,7 @@ TEST_F(SampleBinder, AGridOfAMillionRowsIsAskedOnlyForWhatItShows) {
 TEST_F(SampleBinder, AShrunkenGridIsAskedForNothingThatIsGone) {
     tela.Flex.reset({{"Nome"}, {"Fone"}});
     for (int row = 1; row <= 50; ++row)
-        tela.Flex.AddItem(QStringLiteral("A\tB"));
+        tela.Flex.AddItem(u"A\tB"_s);
     open([&] {
         tela.Flex.reset({{"Nome"}});
         window.repaint();
@@ -212,7 +213,7 @@ TEST_F(SampleBinder, LabelsAndPicturesAreClicked) {
 
 TEST_F(SampleBinder, ALabelShowsItsTextAsItStands) {
     open([&] {
-        tela.lblTitulo.setText(QStringLiteral("<b>A & B</b>"));
+        tela.lblTitulo.setText(u"<b>A & B</b>"_s);
         settle();
         EXPECT_EQ(titulo->text(), u"<b>A & B</b>");
         EXPECT_EQ(titulo->textFormat(), Qt::PlainText);
@@ -223,7 +224,7 @@ TEST_F(SampleBinder, AButtonShowsItsPicture) {
     platform.everyFileExists = true;
     QPixmap picture(16, 16);
     picture.fill(Qt::red);
-    const QString path = QDir::tempPath() + u"/vorta_picture.bmp"_qs;
+    const QString path = QDir::tempPath() + u"/vorta_picture.bmp"_s;
     ASSERT_TRUE(picture.save(path));
     open([&] {
         EXPECT_TRUE(salvar->icon().isNull());
@@ -239,7 +240,7 @@ TEST_F(SampleBinder, AButtonShowsItsPicture) {
 
 /// On the pixels: the ground of an option is another part of its palette than that of a label.
 TEST_F(SampleBinder, EveryKindOfFieldIsPaintedInItsColour) {
-    tela.Flex.reset({{QStringLiteral("Nome")}});
+    tela.Flex.reset({{u"Nome"_s}});
     for (screen::Field* field : tela.fields())
         field->setBackground(screen::colour::Red);
     open([&] {

@@ -1,5 +1,6 @@
 #include "desktop/Forms.h"
 #include "app/Register.h"
+#include "base/Literals.h"
 #include "desktop/Binder.h"
 #include "desktop/Binding.h"
 #include "desktop/WidgetLook.h"
@@ -70,7 +71,7 @@ QString disagreements(const screen::Screen& tela, const desktop::Binder& binder)
             const robot::Question question{QLatin1String(property)};
             const auto seen = desktop::LookAt(binder.binding(*field)->widget(), *field, question);
             if (seen && *seen != robot::Look(*field, question))
-                found += QStringLiteral("%1 %2 %3").arg(field->name(), question.property, *seen);
+                found += u"%1 %2 %3"_s.arg(field->name(), question.property, *seen);
         }
     return found.join(u'\n');
 }

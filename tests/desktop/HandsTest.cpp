@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "desktop/DesktopHands.h"
 
 #include "screen/Program.h"
@@ -11,11 +12,11 @@ namespace {
 
 /// The postal-code search by its names, without its routines.
 struct Search : screen::Screen {
-    explicit Search(screen::Program& program) : Screen(program, QStringLiteral("frmBROWSE_CEPS")) {}
+    explicit Search(screen::Program& program) : Screen(program, u"frmBROWSE_CEPS"_s) {}
     screen::TextField txtCEP{this, "txtCEP"};
     screen::TextField txtEndereco{this, "txtEndereco"};
     screen::ListField cboCidade{this, "cboCidade"};
-    screen::Button cmdPesquisa{this, "cmdPesquisa", QStringLiteral("&Pesquisar")};
+    screen::Button cmdPesquisa{this, "cmdPesquisa", u"&Pesquisar"_s};
     screen::Grid Flex{this, "Flex"};
 };
 
@@ -32,7 +33,7 @@ class HandsTest : public testing::Test {
         program.dispatch([&] { program.ShowModal(tela); });
     }
     QString seen(screen::Field& field, const char* property, int row = 0, int col = 0) {
-        return hands->seen(field, {QLatin1String(property), row, col}).value_or(QStringLiteral("(nothing)"));
+        return hands->seen(field, {QLatin1String(property), row, col}).value_or(u"(nothing)"_s);
     }
 
     TestPlatform platform;
@@ -43,12 +44,12 @@ class HandsTest : public testing::Test {
 };
 
 TEST_F(HandsTest, TypeReplacesWhatIsThere) {
-    tela.txtEndereco.setText(QStringLiteral("ANTIGO"));
+    tela.txtEndereco.setText(u"ANTIGO"_s);
     open([&] {
-        hands->type(tela.txtEndereco, QStringLiteral("Praça à 'esquerda'"));
+        hands->type(tela.txtEndereco, u"Praça à 'esquerda'"_s);
         EXPECT_EQ(tela.txtEndereco.text(), u"Praça à 'esquerda'");
         EXPECT_EQ(seen(tela.txtEndereco, "text"), u"Praça à 'esquerda'");
-        EXPECT_EQ(hands->seenFocus(tela), QStringLiteral("txtEndereco"));
+        EXPECT_EQ(hands->seenFocus(tela), u"txtEndereco"_s);
         hands->type(tela.txtEndereco, {});
         EXPECT_EQ(tela.txtEndereco.text(), u"");
     });
@@ -58,7 +59,7 @@ TEST_F(HandsTest, KeysAndClicksRunTheHandlers) {
     int clicks = 0;
     QStringList lost;
     tela.cmdPesquisa.Click = [&] { ++clicks; };
-    tela.txtCEP.LostFocus = [&] { lost += u"txtCEP"_qs; };
+    tela.txtCEP.LostFocus = [&] { lost += u"txtCEP"_s; };
     open([&] {
         hands->focus(tela.txtCEP);
         hands->key(tela.txtCEP, screen::Key::Tab, 0);
@@ -76,11 +77,11 @@ TEST_F(HandsTest, KeysAndClicksRunTheHandlers) {
 
 TEST_F(HandsTest, CellsAreClicked) {
     QStringList events;
-    tela.Flex.Click = [&] { events += QStringLiteral("click %1").arg(tela.Flex.Row()); };
-    tela.Flex.DblClick = [&] { events += QStringLiteral("double %1").arg(tela.Flex.Row()); };
-    tela.Flex.reset({{{}, 0}, {QStringLiteral("CEP")}});
+    tela.Flex.Click = [&] { events += u"click %1"_s.arg(tela.Flex.Row()); };
+    tela.Flex.DblClick = [&] { events += u"double %1"_s.arg(tela.Flex.Row()); };
+    tela.Flex.reset({{{}, 0}, {u"CEP"_s}});
     for (int row = 1; row <= 100; ++row)
-        tela.Flex.AddItem(QStringLiteral("\t%1").arg(row));
+        tela.Flex.AddItem(u"\t%1"_s.arg(row));
     open([&] {
         hands->clickCell(tela.Flex, 2, 1);
         hands->doubleClickCell(tela.Flex, 90, 0);
@@ -110,7 +111,7 @@ TEST_F(HandsTest, ListsAreDroppedAndPicked) {
 }
 
 TEST_F(HandsTest, BoxesAreAnsweredWithTheirButtons) {
-    const screen::Box box{QStringLiteral("Confirma?"), {}, screen::Icon::None, screen::Buttons::YesNo};
+    const screen::Box box{u"Confirma?"_s, {}, screen::Icon::None, screen::Buttons::YesNo};
     EXPECT_EQ(hands->answer(box, screen::Answer::Yes), screen::Answer::Yes);
     EXPECT_EQ(hands->answer(box, screen::Answer::No), screen::Answer::No);
 }

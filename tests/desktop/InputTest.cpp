@@ -1,4 +1,5 @@
 #include "SampleWindow.h"
+#include "base/Literals.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -23,8 +24,8 @@ TEST_F(SampleInput, TypedTextReachesTheField) {
 
 TEST_F(SampleInput, TheFieldShowsWhatTheScreenWrites) {
     open([&] {
-        tela.txtNome.setText(QStringLiteral("JOÃO"));
-        tela.txtNome.setToolTip(QStringLiteral("dica"));
+        tela.txtNome.setText(u"JOÃO"_s);
+        tela.txtNome.setToolTip(u"dica"_s);
         tela.txtNome.setLocked(true);
         tela.txtNome.setBackground(screen::colour::Locked);
         settle();
@@ -59,7 +60,7 @@ TEST_F(SampleInput, ComposedCharactersPassTheSameRules) {
     open([&] {
         put(tela.txtNome);
         QInputMethodEvent composed;
-        composed.setCommitString(QStringLiteral("ã'"));
+        composed.setCommitString(u"ã'"_s);
         QCoreApplication::sendEvent(nome, &composed);
         EXPECT_EQ(tela.txtNome.text(), u"ã´");
     });
@@ -68,10 +69,10 @@ TEST_F(SampleInput, ComposedCharactersPassTheSameRules) {
 TEST_F(SampleInput, OtherAlphabetsStayOutside) {
     open([&] {
         put(tela.txtNome);
-        QKeyEvent cyrillic(QEvent::KeyPress, 0x416, Qt::NoModifier, QStringLiteral("Ж"));
+        QKeyEvent cyrillic(QEvent::KeyPress, 0x416, Qt::NoModifier, u"Ж"_s);
         QCoreApplication::sendEvent(nome, &cyrillic);
         EXPECT_EQ(tela.txtNome.text(), u"");
-        QGuiApplication::clipboard()->setText(QStringLiteral("aЖb€"));
+        QGuiApplication::clipboard()->setText(u"aЖb€"_s);
         QTest::keyClick(nome, Qt::Key_V, Qt::ControlModifier);
         EXPECT_EQ(tela.txtNome.text(), u"ab€");
         EXPECT_EQ(nome->text(), u"ab€");
@@ -86,7 +87,7 @@ TEST_F(SampleInput, MaximumLengthHoldsForKeysAndClipboard) {
     tela.txtNome.setMaxLength(5);
     tela.txtNota.setMaxLength(5);
     open([&] {
-        QGuiApplication::clipboard()->setText(QStringLiteral("xyz"));
+        QGuiApplication::clipboard()->setText(u"xyz"_s);
         for (const auto& [field, widget] :
              {std::pair<screen::Field*, QWidget*>{&tela.txtNome, nome}, {&tela.txtNota, nota}}) {
             put(*field);
@@ -103,7 +104,7 @@ TEST_F(SampleInput, MaximumLengthHoldsForKeysAndClipboard) {
 TEST_F(SampleInput, ALongerTextOfTheDatabaseIsShownWhole) {
     tela.txtNome.setMaxLength(3);
     open([&] {
-        tela.txtNome.setText(QStringLiteral("ABCDEF"));
+        tela.txtNome.setText(u"ABCDEF"_s);
         put(tela.txtNome);
         EXPECT_EQ(nome->text(), u"ABCDEF");
         QTest::keyClick(nome, Qt::Key_End);
@@ -114,7 +115,7 @@ TEST_F(SampleInput, ALongerTextOfTheDatabaseIsShownWhole) {
 }
 
 TEST_F(SampleInput, ALockedFieldTakesTheFocusButNoText) {
-    tela.txtNome.setText(QStringLiteral("A"));
+    tela.txtNome.setText(u"A"_s);
     tela.txtNome.setLocked(true);
     open([&] {
         QTest::mouseClick(nome, Qt::LeftButton);
@@ -144,7 +145,7 @@ TEST_F(SampleInput, EnterMovesOnAndTabWalksInTheOrderOfTheFields) {
 
 TEST_F(SampleInput, EnteringAFieldMaySelectItsText) {
     tela.txtNome.selectsOnFocus = true;
-    tela.txtNome.setText(QStringLiteral("MARIA"));
+    tela.txtNome.setText(u"MARIA"_s);
     open([&] {
         put(tela.cmdSALVAR);
         QTest::mouseClick(nome, Qt::LeftButton);
@@ -158,7 +159,7 @@ TEST_F(SampleInput, EnteringAFieldMaySelectItsText) {
 }
 
 TEST_F(SampleInput, TabReachesATextWithAllOfItSelected) {
-    tela.txtNome.setText(QStringLiteral("VELHO"));
+    tela.txtNome.setText(u"VELHO"_s);
     open([&] {
         put(tela.txtNota);
         QTest::keyClick(nota, Qt::Key_Backtab, Qt::ShiftModifier);
@@ -191,7 +192,7 @@ TEST_F(SampleInput, MaskedKeysAreTheFieldsOwn) {
         QTest::keyClick(cep, Qt::Key_Backspace);
         EXPECT_EQ(cep->text(), u"13010-___");
         QTest::keyClick(cep, Qt::Key_A, Qt::ControlModifier);
-        QGuiApplication::clipboard()->setText(QStringLiteral("04567-890"));
+        QGuiApplication::clipboard()->setText(u"04567-890"_s);
         QTest::keyClick(cep, Qt::Key_V, Qt::ControlModifier);
         EXPECT_EQ(tela.mskCEP.text(), u"04567-890");
         QTest::keyClick(cep, Qt::Key_A, Qt::ControlModifier);
@@ -223,8 +224,8 @@ TEST_F(SampleInput, AListDropsDownAndIsPickedFrom) {
 }
 
 TEST_F(SampleInput, CursorKeysWalkThroughAFilledList) {
-    tela.cboCidade.addItem(QStringLiteral("CAMPINAS"));
-    tela.cboCidade.addItem(QStringLiteral("SANTOS"));
+    tela.cboCidade.addItem(u"CAMPINAS"_s);
+    tela.cboCidade.addItem(u"SANTOS"_s);
     open([&] {
         put(tela.cboCidade);
         QTest::keyClick(cidade, Qt::Key_Down);
@@ -236,7 +237,7 @@ TEST_F(SampleInput, CursorKeysWalkThroughAFilledList) {
 }
 
 TEST_F(SampleInput, ALockedListOpensNothing) {
-    tela.cboCidade.addItem(QStringLiteral("CAMPINAS"));
+    tela.cboCidade.addItem(u"CAMPINAS"_s);
     tela.cboCidade.setLocked(true);
     open([&] {
         QTest::keyClick(cidade, Qt::Key_F4);
@@ -248,8 +249,8 @@ TEST_F(SampleInput, ALockedListOpensNothing) {
 }
 
 TEST_F(SampleInput, AnOpenListShowsAndTakesItsChoice) {
-    tela.lstLog.addItem(QStringLiteral("um"));
-    tela.lstLog.addItem(QStringLiteral("dois"));
+    tela.lstLog.addItem(u"um"_s);
+    tela.lstLog.addItem(u"dois"_s);
     open([&] {
         EXPECT_EQ(log->model()->rowCount(), 2);
         QTest::mouseClick(log->viewport(), Qt::LeftButton, {}, log->visualRect(log->model()->index(1, 0)).center());

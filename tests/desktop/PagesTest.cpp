@@ -1,4 +1,5 @@
 #include "app/Register.h"
+#include "base/Literals.h"
 #include "desktop/Binding.h"
 #include "desktop/ScreenWindow.h"
 #include "support/TestPlatform.h"
@@ -39,12 +40,12 @@ TEST_F(Pages, OnlyTheFrontIsMadeAtFirst) {
 }
 
 TEST_F(Pages, APageThatComesToTheFrontIsMadeAndFilled) {
-    field("txtPrinNomeContato").setText(u"MARIA"_qs);
+    field("txtPrinNomeContato").setText(u"MARIA"_s);
     choose("SSTab2", 1);
-    const auto* contact = window.findChild<QLineEdit*>(u"txtPrinNomeContato"_qs);
+    const auto* contact = window.findChild<QLineEdit*>(u"txtPrinNomeContato"_s);
     ASSERT_TRUE(contact);
     EXPECT_EQ(contact->text(), u"MARIA");
-    EXPECT_EQ(window.findChild<QTabWidget*>(u"SSTab2"_qs)->currentIndex(), 1);
+    EXPECT_EQ(window.findChild<QTabWidget*>(u"SSTab2"_s)->currentIndex(), 1);
     EXPECT_FALSE(isMade("mskEnt_CEP"));
 }
 
@@ -79,7 +80,7 @@ TEST_F(Pages, TheFrontStaysWhereItIs) {
 TEST_F(Pages, AWindowGrowsWithAPageThatNeedsMore) {
     window.show();
     const int before = window.height();
-    window.findChild<QWidget*>(u"paginaFiscal"_qs)->setFont(QFont(u"DejaVu Sans"_qs, 72));
+    window.findChild<QWidget*>(u"paginaFiscal"_s)->setFont(QFont(u"DejaVu Sans"_s, 72));
     window.complete();
     EXPECT_GT(window.wholeSize().height(), before);
     EXPECT_EQ(window.height(), std::min(window.wholeSize().height(), window.screen()->availableSize().height()));

@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "desktop/DesktopApplication.h"
 #include "desktop/DesktopPlatform.h"
@@ -36,8 +37,8 @@ QStringList captionsFromLeft(QMessageBox& shown) {
 /// A small screen under the name of one that has a form.
 struct Menu : screen::Screen {
     explicit Menu(screen::Program& program, const char* name = "frmInfoPess") : Screen(program, QLatin1String(name)) {}
-    screen::Button cmdEspecialMun{this, "cmdEspecialMun", QStringLiteral("Especial Municipios")};
-    screen::Button cmdSAIR{this, "cmdSAIR", QStringLiteral("Sai&r")};
+    screen::Button cmdEspecialMun{this, "cmdEspecialMun", u"Especial Municipios"_s};
+    screen::Button cmdSAIR{this, "cmdSAIR", u"Sai&r"_s};
 };
 
 /// Does something once the event loop runs.
@@ -52,7 +53,7 @@ void click(desktop::DesktopPlatform& platform, const char* name) {
 } // namespace
 
 TEST(MessageBox, SpeaksPortugueseInTheOrderOfTheTexts) {
-    const Box box{QStringLiteral("a\nb <c>"), {}, Icon::Critical, Buttons::YesNoCancel};
+    const Box box{u"a\nb <c>"_s, {}, Icon::Critical, Buttons::YesNoCancel};
     const auto shown = desktop::MakeMessageBox(box, nullptr);
     EXPECT_EQ(shown->windowTitle(), u"Cadastro de Pessoas");
     EXPECT_EQ(shown->text(), u"a\nb <c>");
@@ -63,8 +64,7 @@ TEST(MessageBox, SpeaksPortugueseInTheOrderOfTheTexts) {
 }
 
 TEST(MessageBox, KeepsATitleAndAnIcon) {
-    const auto shown =
-        desktop::MakeMessageBox({QStringLiteral("x"), QStringLiteral("Inclusão"), Icon::Information}, nullptr);
+    const auto shown = desktop::MakeMessageBox({u"x"_s, u"Inclusão"_s, Icon::Information}, nullptr);
     EXPECT_EQ(shown->windowTitle(), u"Inclusão");
     EXPECT_EQ(shown->icon(), QMessageBox::Information);
     EXPECT_EQ(captionsFromLeft(*shown), QStringList({"OK"}));
@@ -73,7 +73,7 @@ TEST(MessageBox, KeepsATitleAndAnIcon) {
 TEST(MessageBox, EscapeGivesTheAnswerThatChangesLeast) {
     for (const auto& [buttons, wanted] :
          {std::pair{Buttons::OK, Answer::OK}, {Buttons::YesNo, Answer::No}, {Buttons::YesNoCancel, Answer::Cancel}}) {
-        const auto shown = desktop::MakeMessageBox({QStringLiteral("?"), {}, Icon::None, buttons}, nullptr);
+        const auto shown = desktop::MakeMessageBox({u"?"_s, {}, Icon::None, buttons}, nullptr);
         later([&] { QTest::keyClick(shown.get(), Qt::Key_Escape); });
         shown->exec();
         EXPECT_EQ(desktop::AnswerOf(*shown), wanted);
@@ -82,8 +82,7 @@ TEST(MessageBox, EscapeGivesTheAnswerThatChangesLeast) {
 
 TEST(MessageBox, EveryButtonGivesItsAnswer) {
     for (const Answer answer : {Answer::Yes, Answer::No, Answer::Cancel}) {
-        const auto shown =
-            desktop::MakeMessageBox({QStringLiteral("?"), {}, Icon::None, Buttons::YesNoCancel}, nullptr);
+        const auto shown = desktop::MakeMessageBox({u"?"_s, {}, Icon::None, Buttons::YesNoCancel}, nullptr);
         later([&] { QTest::mouseClick(desktop::ButtonOf(*shown, answer), Qt::LeftButton); });
         shown->exec();
         EXPECT_EQ(desktop::AnswerOf(*shown), answer);
@@ -94,7 +93,7 @@ TEST(DesktopPlatform, AModalScreenEndsWithItsUnload) {
     desktop::DesktopPlatform platform;
     screen::Program program(platform);
     Menu menu(program);
-    menu.setCaption(QStringLiteral("Título da tela"));
+    menu.setCaption(u"Título da tela"_s);
     menu.cmdSAIR.Click = [&] { menu.Unload(); };
     QString title;
     later([&] {
@@ -154,7 +153,7 @@ TEST(DesktopPlatform, ARunTimeErrorShowsItsBoxAndEnds) {
     desktop::DesktopPlatform platform;
     screen::Program program(platform);
     Menu menu(program);
-    menu.cmdSAIR.Click = [] { throw RuntimeError(13, QStringLiteral("Tipo incompatível")); };
+    menu.cmdSAIR.Click = [] { throw RuntimeError(13, u"Tipo incompatível"_s); };
     QString text;
     later([&] {
         later([&] {
@@ -179,7 +178,7 @@ TEST(DesktopPlatform, TheSystemsWishEndsTheProgramInOrder) {
     bool wentOn = false;
     program.onEnd = [&] { ++closed; };
     menu.cmdSAIR.Click = [&] {
-        program.MsgBox(QStringLiteral("Alguém aí?"));
+        program.MsgBox(u"Alguém aí?"_s);
         wentOn = true;
     };
     later([&] {
@@ -199,8 +198,8 @@ TEST(DesktopPlatform, TheSystemsWishEndsALaunchThatIsStuckInABox) {
     bool loaded = false;
     later([] { std::raise(SIGTERM); });
     EXPECT_FALSE(program.dispatch([&] {
-        program.MsgBox(QStringLiteral("O Servidor não está respondendo."));
-        program.MsgBox(QStringLiteral("Ainda não."));
+        program.MsgBox(u"O Servidor não está respondendo."_s);
+        program.MsgBox(u"Ainda não."_s);
         program.ShowModal(menu);
         loaded = true;
     }));
@@ -235,10 +234,10 @@ TEST(DesktopPlatform, APreparedWindowIsTheOneThatIsShown) {
     Menu menu(program);
     platform.prepare(menu);
     EXPECT_EQ(platform.top(), nullptr);
-    menu.cmdEspecialMun.setText(u"mudou depois"_qs);
+    menu.cmdEspecialMun.setText(u"mudou depois"_s);
     QString shown;
     later([&] {
-        shown = platform.top()->findChild<QAbstractButton*>(u"cmdEspecialMun"_qs)->text();
+        shown = platform.top()->findChild<QAbstractButton*>(u"cmdEspecialMun"_s)->text();
         click(platform, "cmdSAIR");
     });
     menu.cmdSAIR.Click = [&] { menu.Unload(); };
@@ -271,7 +270,7 @@ TEST(DesktopPlatform, LongWorkShowsHourglassAndBar) {
         menu.setPointer(screen::Pointer::Hourglass);
         platform.progress(1, 10);
         shape = platform.top()->cursor().shape();
-        bar = platform.top()->findChild<QWidget*>(QStringLiteral("progresso"))->isVisible();
+        bar = platform.top()->findChild<QWidget*>(u"progresso"_s)->isVisible();
         platform.progress(0, 0);
         menu.setPointer(screen::Pointer::Default);
     };

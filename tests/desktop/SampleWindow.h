@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Literals.h"
 #include "desktop/Binder.h"
 #include "desktop/Binding.h"
 #include "screen/Program.h"
@@ -23,33 +24,33 @@ namespace vorta::test {
 
 /// A screen with fields of all kinds, in this tab order.
 struct SampleScreen : screen::Screen {
-    explicit SampleScreen(screen::Program& program) : Screen(program, QStringLiteral("frmAmostra")) {
-        tabs.place(QStringLiteral("Um"), {&txtNome, &txtNota, &mskCEP});
-        tabs.place(QStringLiteral("Dois"), {&txtOutro});
+    explicit SampleScreen(screen::Program& program) : Screen(program, u"frmAmostra"_s) {
+        tabs.place(u"Um"_s, {&txtNome, &txtNota, &mskCEP});
+        tabs.place(u"Dois"_s, {&txtOutro});
         for (screen::Field* field : fields()) {
-            field->GotFocus = [this, field] { events += u"got "_qs + field->name(); };
-            field->LostFocus = [this, field] { events += u"lost "_qs + field->name(); };
-            field->Click = [this, field] { events += u"click "_qs + field->name(); };
-            field->DblClick = [this, field] { events += u"double "_qs + field->name(); };
-            field->DropDown = [this, field] { events += u"drop "_qs + field->name(); };
+            field->GotFocus = [this, field] { events += u"got "_s + field->name(); };
+            field->LostFocus = [this, field] { events += u"lost "_s + field->name(); };
+            field->Click = [this, field] { events += u"click "_s + field->name(); };
+            field->DblClick = [this, field] { events += u"double "_s + field->name(); };
+            field->DropDown = [this, field] { events += u"drop "_s + field->name(); };
         }
     }
 
     QStringList events;
-    screen::Label lblTitulo{this, "lblTitulo", QStringLiteral("Título")};
-    screen::TabStrip tabs{this, "tabs", {QStringLiteral("Um"), QStringLiteral("Dois")}};
+    screen::Label lblTitulo{this, "lblTitulo", u"Título"_s};
+    screen::TabStrip tabs{this, "tabs", {u"Um"_s, u"Dois"_s}};
     screen::TextField txtNome{this, "txtNome"};
     screen::TextField txtNota{this, "txtNota"};
-    screen::MaskedField mskCEP{this, "mskCEP", QStringLiteral("#####-###")};
+    screen::MaskedField mskCEP{this, "mskCEP", u"#####-###"_s};
     screen::TextField txtOutro{this, "txtOutro"};
     screen::ListField cboCidade{this, "cboCidade"};
     screen::ListField lstLog{this, "lstLog", false};
-    screen::Option opSim{this, "opSim", QStringLiteral("Sim"), "resposta"};
-    screen::Option opNao{this, "opNao", QStringLiteral("Não"), "resposta", true};
-    screen::Check chkAtivo{this, "chkAtivo", QStringLiteral("Ativo")};
+    screen::Option opSim{this, "opSim", u"Sim"_s, "resposta"};
+    screen::Option opNao{this, "opNao", u"Não"_s, "resposta", true};
+    screen::Check chkAtivo{this, "chkAtivo", u"Ativo"_s};
     screen::Grid Flex{this, "Flex"};
     screen::Picture imgFoto{this, "imgFoto"};
-    screen::Button cmdSALVAR{this, "cmdSALVAR", QStringLiteral("&Salvar")};
+    screen::Button cmdSALVAR{this, "cmdSALVAR", u"&Salvar"_s};
 };
 
 /// The screen shown in a window that has been built by hand.

@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "desktop/DesktopHands.h"
 #include "robot/Player.h"
 #include "screen/Program.h"
@@ -23,11 +24,11 @@ namespace {
 /// test wants to happen, without moving the focus.
 struct Tela : screen::Screen {
     Tela(screen::Program& program, const QString& name, const QString& image) : Screen(program, name) {
-        txtBairro.setText(QStringLiteral("CENTRO"));
+        txtBairro.setText(u"CENTRO"_s);
         txtBairro.setMaxLength(30);
-        txtEndereco.setText(QStringLiteral("RUA AUGUSTA"));
+        txtEndereco.setText(u"RUA AUGUSTA"_s);
         txtEndereco.setMaxLength(5);
-        mskCEP.setText(QStringLiteral("01310100"));
+        mskCEP.setText(u"01310100"_s);
         mskCodigo.setEnabled(false);
         mskCodigo.setForeground(screen::colour::Red);
         for (const char* item : {"A", "B"})
@@ -35,29 +36,29 @@ struct Tela : screen::Screen {
         lblCGCCPF.setBackground(screen::colour::Red);
         lblCGCCPF.setBold(true);
         opTopSobe.setBackground(screen::colour::Red);
-        cmdSALVAR.setToolTip(QStringLiteral("Grava"));
+        cmdSALVAR.setToolTip(u"Grava"_s);
         cmdSALVAR.setBold(true);
         cmdSALVAR.loadPicture(image);
         Image1.loadPicture(image);
-        Flex.reset({{QStringLiteral("Nome")}, {QStringLiteral("Fone")}});
-        Flex.AddItem(QStringLiteral("MARIA\t123"));
+        Flex.reset({{u"Nome"_s}, {u"Fone"_s}});
+        Flex.AddItem(u"MARIA\t123"_s);
         lblNomeEmpresa.Click = [this] { onClick(); };
     }
 
     std::function<void()> onClick;
-    screen::Label lblNomeEmpresa{this, "lblNomeEmpresa", QStringLiteral("EMPRESA")};
+    screen::Label lblNomeEmpresa{this, "lblNomeEmpresa", u"EMPRESA"_s};
     screen::TextField txtRowID{this, "txtRowID"}; ///< has the focus
     screen::TextField txtBairro{this, "txtBairro"};
     screen::TextField txtEndereco{this, "txtEndereco"};
     screen::TextField txtOBSE_PESS_0001{this, "txtOBSE_PESS_0001"};
-    screen::MaskedField mskCEP{this, "mskCEP", QStringLiteral("#####-###")};
+    screen::MaskedField mskCEP{this, "mskCEP", u"#####-###"_s};
     screen::MaskedField mskCodigo{this, "mskCodigo"};
     screen::ListField cboCidade{this, "cboCidade"};
-    screen::Label lblCGCCPF{this, "lblCGCCPF", QStringLiteral("CNPJ")};
-    screen::Option opTopSobe{this, "opTopSobe", QStringLiteral("Sobe"), "ordem", true};
-    screen::Button cmdSALVAR{this, "cmdSALVAR", QStringLiteral("&Salvar")};
+    screen::Label lblCGCCPF{this, "lblCGCCPF", u"CNPJ"_s};
+    screen::Option opTopSobe{this, "opTopSobe", u"Sobe"_s, "ordem", true};
+    screen::Button cmdSALVAR{this, "cmdSALVAR", u"&Salvar"_s};
     screen::Grid Flex{this, "Flex"};
-    screen::TabStrip SSTab1{this, "SSTab1", {QStringLiteral("Um"), QStringLiteral("Dois")}};
+    screen::TabStrip SSTab1{this, "SSTab1", {u"Um"_s, u"Dois"_s}};
     screen::Picture Image1{this, "Image1"};
 };
 
@@ -125,7 +126,7 @@ class OneScreenStage : public robot::Stage {
     QString query(robot::Base, const QString&) override { return {}; }
 
   private:
-    QString image() const { return folder_.filePath(QStringLiteral("foto.bmp")); }
+    QString image() const { return folder_.filePath(u"foto.bmp"_s); }
 
     const Disagreement& row_;
     QTemporaryDir folder_;
@@ -163,9 +164,9 @@ class AWidget : public testing::TestWithParam<Disagreement> {};
 TEST_P(AWidget, isLookedAtByItself) {
     const Disagreement& row = GetParam();
     OneScreenStage stage(row);
-    const QString expectation = QStringLiteral("expect %1 %2\n").arg(QLatin1String(row.field), row.expectation);
-    const auto scenario = robot::Scenario::parse(
-        QStringLiteral("x.roteiro"), u"launch \"\"\n"_qs + expectation + u"click lblNomeEmpresa\n"_qs + expectation);
+    const QString expectation = u"expect %1 %2\n"_s.arg(QLatin1String(row.field), row.expectation);
+    const auto scenario = robot::Scenario::parse(u"x.roteiro"_s, u"launch \"\"\n"_s + expectation +
+                                                                     u"click lblNomeEmpresa\n"_s + expectation);
     const auto verdict = robot::Player(scenario, stage, desktop::MakeDesktopHands).play();
     ASSERT_TRUE(verdict);
     EXPECT_EQ(verdict->line, 4) << verdict->message;
@@ -173,22 +174,22 @@ TEST_P(AWidget, isLookedAtByItself) {
 }
 
 constexpr Disagreement disagreements[] = {
-    {"text", "txtBairro", "text \"CENTRO\"", [](QWidget& w) { as<QLineEdit>(w).setText(u"OUTRO"_qs); }},
-    {"textOfAList", "cboCidade", "text \"\"", [](QWidget& w) { as<QComboBox>(w).setEditText(u"A"_qs); }},
-    {"textOfALabel", "lblCGCCPF", "text \"CNPJ\"", [](QWidget& w) { as<QLabel>(w).setText(u"CPF"_qs); }},
-    {"textOfAButton", "cmdSALVAR", "text \"Salvar\"", [](QWidget& w) { as<QAbstractButton>(w).setText(u"Grava"_qs); }},
-    {"textOfATab", "SSTab1", "text \"Um\"", [](QWidget& w) { as<QTabWidget>(w).setTabText(0, u"Tres"_qs); }},
+    {"text", "txtBairro", "text \"CENTRO\"", [](QWidget& w) { as<QLineEdit>(w).setText(u"OUTRO"_s); }},
+    {"textOfAList", "cboCidade", "text \"\"", [](QWidget& w) { as<QComboBox>(w).setEditText(u"A"_s); }},
+    {"textOfALabel", "lblCGCCPF", "text \"CNPJ\"", [](QWidget& w) { as<QLabel>(w).setText(u"CPF"_s); }},
+    {"textOfAButton", "cmdSALVAR", "text \"Salvar\"", [](QWidget& w) { as<QAbstractButton>(w).setText(u"Grava"_s); }},
+    {"textOfATab", "SSTab1", "text \"Um\"", [](QWidget& w) { as<QTabWidget>(w).setTabText(0, u"Tres"_s); }},
     {"enabled", "cmdSALVAR", "enabled true", [](QWidget& w) { w.setEnabled(false); }},
     {"visible", "cmdSALVAR", "visible true", [](QWidget& w) { w.hide(); }},
     {"locked", "txtBairro", "locked false", [](QWidget& w) { as<QLineEdit>(w).setReadOnly(true); }},
     {"lockedNotes", "txtOBSE_PESS_0001", "locked false", [](QWidget& w) { as<QPlainTextEdit>(w).setReadOnly(true); }},
     {"checked", "opTopSobe", "checked true", [](QWidget& w) { as<QAbstractButton>(w).setChecked(false); }},
-    {"mask", "mskCEP", "mask \"#####-###\"", [](QWidget& w) { as<QLineEdit>(w).setText(u"01310100"_qs); }},
-    {"noMask", "mskCodigo", "mask \"\"", [](QWidget& w) { as<QLineEdit>(w).setText(u"___.___.___-__"_qs); }},
+    {"mask", "mskCEP", "mask \"#####-###\"", [](QWidget& w) { as<QLineEdit>(w).setText(u"01310100"_s); }},
+    {"noMask", "mskCodigo", "mask \"\"", [](QWidget& w) { as<QLineEdit>(w).setText(u"___.___.___-__"_s); }},
     {"limit", "txtBairro", "maxlength 30", [](QWidget& w) { as<QLineEdit>(w).setMaxLength(40); }},
     {"limitBelowALongText", "txtEndereco", "maxlength 5", [](QWidget& w) { as<QLineEdit>(w).setMaxLength(12); }},
     {"noLimit", "mskCEP", "maxlength 0", [](QWidget& w) { as<QLineEdit>(w).setMaxLength(9); }},
-    {"toolTip", "cmdSALVAR", "tooltip \"Grava\"", [](QWidget& w) { w.setToolTip(u"Apaga"_qs); }},
+    {"toolTip", "cmdSALVAR", "tooltip \"Grava\"", [](QWidget& w) { w.setToolTip(u"Apaga"_s); }},
     {"ground", "txtBairro", "background 16777215", [](QWidget& w) { paint(w, QPalette::Base); }},
     {"groundOfAList", "cboCidade", "background 16777215", [](QWidget& w) { paint(w, QPalette::Base); }},
     {"groundOfAGrid", "Flex", "background 16777215", [](QWidget& w) { paint(w, QPalette::Base); }},
@@ -210,7 +211,7 @@ constexpr Disagreement disagreements[] = {
     {"noPicture", "Image1", "picture \"foto.bmp\"", [](QWidget& w) { as<QLabel>(w).setPixmap({}); },
      "frmBROWSE_PRODUTO"},
     {"items", "cboCidade", "items 2", [](QWidget& w) { as<QComboBox>(w).removeItem(0); }},
-    {"item", "cboCidade", "item 0 \"A\"", [](QWidget& w) { as<QComboBox>(w).setItemText(0, u"C"_qs); }},
+    {"item", "cboCidade", "item 0 \"A\"", [](QWidget& w) { as<QComboBox>(w).setItemText(0, u"C"_s); }},
     {"rows", "Flex", "rows 2", [](QWidget& w) { as<QTableView>(w).setModel(new QStandardItemModel(0, 2, &w)); }},
     {"cols", "Flex", "cols 2", [](QWidget& w) { as<QTableView>(w).setModel(new QStandardItemModel(1, 1, &w)); }},
     {"row", "Flex", "row 1", [](QWidget& w) { as<QTableView>(w).selectionModel()->clear(); }},

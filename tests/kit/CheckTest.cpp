@@ -1,4 +1,5 @@
 #include "kit/Check.h"
+#include "base/Literals.h"
 #include "kit/Installed.h"
 #include "kit/Loader.h"
 
@@ -15,7 +16,7 @@ std::string faults(const Installed& installed) {
     QStringList words;
     for (const kit::Finding& finding : kit::CheckInstallation(installed.home()))
         if (!finding.right)
-            words << QString(finding.words).replace(installed.home(), QStringLiteral("~"));
+            words << QString(finding.words).replace(installed.home(), u"~"_s);
     return words.join(u'\n').toStdString();
 }
 
@@ -37,13 +38,13 @@ TEST_F(Check, a_new_installation_is_right) {
 }
 
 TEST_F(Check, a_missing_file_ends_the_matter) {
-    QFile::remove(installed_.layout().config(QStringLiteral("server_aplic.ini")));
+    QFile::remove(installed_.layout().config(u"server_aplic.ini"_s));
     EXPECT_EQ(faults(installed_),
               "o arquivo ~/config/server_aplic.ini não existe ou não pode ser lido; o programa não inicia sem ele");
 }
 
 TEST_F(Check, a_password_that_everybody_can_read) {
-    QFile(installed_.layout().config(QStringLiteral("server.ini")))
+    QFile(installed_.layout().config(u"server.ini"_s))
         .setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther);
     EXPECT_EQ(faults(installed_),
               "~/config/server.ini pode ser lido por qualquer usuário e pode conter uma senha; use: chmod "
@@ -72,7 +73,7 @@ TEST_F(Check, a_generator_behind_its_table) {
 }
 
 TEST_F(Check, lines_that_the_register_would_pass_over_in_silence) {
-    installed_.write(QStringLiteral("config/server.ini"), "a^b^c^d^FIREBIRD^x^^\n\nsrv^b^u^s^MS-SQL^^False^\n");
+    installed_.write(u"config/server.ini"_s, "a^b^c^d^FIREBIRD^x^^\n\nsrv^b^u^s^MS-SQL^^False^\n");
     EXPECT_EQ(faults(installed_),
               "ambiente PRD (linha 1 de ~/config/server.ini): o sétimo campo (preserva acentos) deve ser True ou "
               "False, e não []\n"
@@ -81,7 +82,7 @@ TEST_F(Check, lines_that_the_register_would_pass_over_in_silence) {
 
 TEST_F(Check, pictures_and_folders) {
     QFile::remove(installed_.layout().images() + kit::LinkedPicture());
-    installed_.write(QStringLiteral("imagens/semvinculo.bmp"), "texto");
+    installed_.write(u"imagens/semvinculo.bmp"_s, "texto");
     EXPECT_EQ(faults(installed_),
               "a imagem ~/imagens/comvinculo.bmp não existe ou não é um bitmap; as telas param sem ela\n"
               "a imagem ~/imagens/semvinculo.bmp não existe ou não é um bitmap; as telas param sem ela");

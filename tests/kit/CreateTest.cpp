@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "kit/Installed.h"
 #include "kit/Loader.h"
@@ -17,37 +18,37 @@ qint64 count(kit::Loader& loader, const char* query) {
 
 QStringList row(kit::Loader& loader, const char* query) {
     const auto rows = loader.rows(QString::fromUtf8(query));
-    return rows.size() == 1 ? rows.front() : QStringList{QStringLiteral("%1 rows").arg(rows.size())};
+    return rows.size() == 1 ? rows.front() : QStringList{u"%1 rows"_s.arg(rows.size())};
 }
 
 } // namespace
 
 TEST(Create, the_configuration_has_its_lines_and_its_rights) {
     const kit::Layout layout = Installed::plain().layout();
-    const auto servers = kit::LinesOf(layout.config(QStringLiteral("server.ini")));
+    const auto servers = kit::LinesOf(layout.config(u"server.ini"_s));
     ASSERT_TRUE(servers);
     for (int line = 0; line < 3; ++line) {
         const kit::ServerLine server(servers->value(line));
         EXPECT_TRUE(server.complete && server.isFirebird());
-        EXPECT_EQ(server.keepsAccents, QStringLiteral("False"));
+        EXPECT_EQ(server.keepsAccents, u"False"_s);
         EXPECT_TRUE(QFile::exists(layout.base(kit::Environments()[line].base)));
     }
     constexpr QFile::Permissions others = QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
     for (const char* secret : {"server.ini", "server_cep.ini"})
         EXPECT_FALSE(QFileInfo(layout.config(QString::fromLatin1(secret))).permissions() & others) << secret;
-    EXPECT_FALSE(QFile::exists(layout.config(QStringLiteral("ORBALUX.txt"))));
-    EXPECT_EQ(kit::LinesOf(layout.config(QStringLiteral("paths.ini")))->front().count(u'^'), 12);
+    EXPECT_FALSE(QFile::exists(layout.config(u"ORBALUX.txt"_s)));
+    EXPECT_EQ(kit::LinesOf(layout.config(u"paths.ini"_s))->front().count(u'^'), 12);
 }
 
 TEST(Create, the_bases_are_as_the_register_wants_them) {
     for (const QString& file : {Installed::plain().production(), Installed::plain().postalCodes()}) {
         kit::Loader loader(file);
         EXPECT_EQ(row(loader, "SELECT MON$PAGE_SIZE, MON$FORCED_WRITES FROM MON$DATABASE"),
-                  QStringList({QStringLiteral("16384"), QStringLiteral("1")}));
+                  QStringList({u"16384"_s, u"1"_s}));
         EXPECT_EQ(row(loader,
                       "SELECT TRIM(D.RDB$CHARACTER_SET_NAME), TRIM(C.RDB$DEFAULT_COLLATE_NAME) FROM RDB$DATABASE D "
                       "JOIN RDB$CHARACTER_SETS C ON C.RDB$CHARACTER_SET_NAME = D.RDB$CHARACTER_SET_NAME"),
-                  QStringList({QStringLiteral("WIN1252"), QStringLiteral("WIN_PTBR")}));
+                  QStringList({u"WIN1252"_s, u"WIN_PTBR"_s}));
     }
 }
 
@@ -67,10 +68,9 @@ TEST(Create, reference_data_company_and_user_are_there_and_business_tables_empty
     for (const kit::Environment& environment : kit::Environments()) {
         kit::Loader loader(Installed::plain().layout().base(environment.base));
         EXPECT_EQ(row(loader, "SELECT IDEMPR, CODI_EMPR, NOME_CONH_EMPR, UF00_COML_EMPR, STAT_CEP8 FROM EMPR"),
-                  QStringList({QStringLiteral("1"), QStringLiteral("0001"), QStringLiteral("EMPRESA MODELO"),
-                               QStringLiteral("SP"), QStringLiteral("S")}));
+                  QStringList({u"1"_s, u"0001"_s, u"EMPRESA MODELO"_s, u"SP"_s, u"S"_s}));
         EXPECT_EQ(row(loader, "SELECT IDUSEN, USEN, NOME_USER FROM USEN"),
-                  QStringList({QStringLiteral("1"), QStringLiteral("ADMIN"), QStringLiteral("ADMINISTRADOR")}));
+                  QStringList({u"1"_s, u"ADMIN"_s, u"ADMINISTRADOR"_s}));
         EXPECT_EQ(count(loader, "SELECT COUNT(*) FROM MUNI_IBGE"), 5571);
         EXPECT_EQ(count(loader, "SELECT COUNT(*) FROM PESS"), 0);
         EXPECT_EQ(count(loader, "SELECT COUNT(*) FROM EMPR_CNFG"), 0);
@@ -82,31 +82,31 @@ TEST(Create, generators_stand_at_zero) {
     kit::Loader loader(Installed::plain().production());
     for (const kit::Table& table : kit::Tables())
         if (!table.generator.isEmpty()) {
-            EXPECT_EQ(loader.number(QStringLiteral("SELECT GEN_ID(%1, 0) FROM RDB$DATABASE").arg(table.generator)), 0)
+            EXPECT_EQ(loader.number(u"SELECT GEN_ID(%1, 0) FROM RDB$DATABASE"_s.arg(table.generator)), 0)
                 << table.generator;
         }
 }
 
 TEST(Create, the_database_fills_the_keys_that_no_statement_carries) {
     kit::Loader loader(Installed::plain().production());
-    loader.run(QStringLiteral("INSERT INTO ARQT (IDPESS) VALUES (7)"));
-    loader.run(QStringLiteral("INSERT INTO DECO (IDDECO, IDPESS) VALUES (50, 7)"));
-    loader.run(QStringLiteral("INSERT INTO ARQT_CONT (IDARQT) VALUES (1)"));
-    loader.run(QStringLiteral("INSERT INTO DECO_CONT (IDDECO) VALUES (50)"));
+    loader.run(u"INSERT INTO ARQT (IDPESS) VALUES (7)"_s);
+    loader.run(u"INSERT INTO DECO (IDDECO, IDPESS) VALUES (50, 7)"_s);
+    loader.run(u"INSERT INTO ARQT_CONT (IDARQT) VALUES (1)"_s);
+    loader.run(u"INSERT INTO DECO_CONT (IDDECO) VALUES (50)"_s);
     EXPECT_GT(count(loader, "SELECT IDARQT FROM ARQT"), 0);
     EXPECT_EQ(count(loader, "SELECT IDDECO FROM DECO"), 50);
     EXPECT_GT(count(loader, "SELECT IDARQT_CONT FROM ARQT_CONT"), 0);
     EXPECT_GT(count(loader, "SELECT IDDECO_CONT FROM DECO_CONT"), 0);
-    EXPECT_THROW(loader.run(QStringLiteral("INSERT INTO CLIE (IDPESS) VALUES (7)")), RuntimeError);
+    EXPECT_THROW(loader.run(u"INSERT INTO CLIE (IDPESS) VALUES (7)"_s), RuntimeError);
 } // nothing is committed
 
 TEST(Create, a_name_is_found_without_accents_and_capitals) {
     kit::Loader loader(Installed::plain().production());
     EXPECT_EQ(row(loader,
                   "SELECT CODI_MUNI_IBGE FROM MUNI_IBGE WHERE DESC_MUNI_IBGE = 'SÃO PAULO' AND UF00_MUNI_IBGE = 'SP'"),
-              QStringList(QStringLiteral("3550308")));
+              QStringList(u"3550308"_s));
     EXPECT_EQ(row(loader, "SELECT DESC_MUNI_IBGE FROM MUNI_IBGE WHERE DESC_MUNI_IBGE LIKE '%florianopol%'"),
-              QStringList(QStringLiteral("Florianópolis")));
+              QStringList(u"Florianópolis"_s));
 }
 
 TEST(Create, postal_codes_have_a_street_with_all_its_parts) {
@@ -115,8 +115,7 @@ TEST(Create, postal_codes_have_a_street_with_all_its_parts) {
                           "JOIN TIPO T ON T.CHAV_TIPO = L.CHAV_TIPO JOIN LOCA C ON C.CHAV_LOCA = L.CHAV_LOCA "
                           "JOIN BAIR B ON B.CHAV_BAIR = L.CHAV_BAIR AND B.CHAV_LOCA = L.CHAV_LOCA "
                           "WHERE L.CEP8_LOGR = '01310100'"),
-              QStringList({QStringLiteral("AV"), QStringLiteral("Paulista"), QStringLiteral("Bela Vista"),
-                           QStringLiteral("São Paulo"), QStringLiteral("SP")}));
+              QStringList({u"AV"_s, u"Paulista"_s, u"Bela Vista"_s, u"São Paulo"_s, u"SP"_s}));
 }
 
 TEST(Create, pictures_are_bitmaps) {
@@ -133,20 +132,20 @@ TEST(Create, pictures_are_bitmaps) {
 
 TEST(Create, an_installation_that_is_there_stays_as_it_is) {
     const Installed& installed = Installed::plain();
-    const QDateTime before = QFileInfo(installed.layout().config(QStringLiteral("paths.ini"))).lastModified();
+    const QDateTime before = QFileInfo(installed.layout().config(u"paths.ini"_s)).lastModified();
     try {
         kit::CreateInstallation(installed.home(), {});
         FAIL() << "it was created over the other";
     } catch (const RuntimeError& error) {
-        EXPECT_TRUE(error.description().startsWith(QStringLiteral("Já existe uma instalação em ")));
+        EXPECT_TRUE(error.description().startsWith(u"Já existe uma instalação em "_s));
     }
-    EXPECT_EQ(QFileInfo(installed.layout().config(QStringLiteral("paths.ini"))).lastModified(), before);
+    EXPECT_EQ(QFileInfo(installed.layout().config(u"paths.ini"_s)).lastModified(), before);
     EXPECT_TRUE(QFile::exists(installed.production()));
 }
 
 TEST(Create, a_creation_that_fails_leaves_nothing_behind) {
     const QTemporaryDir folder;
-    const QString home = folder.filePath(QStringLiteral("a;b")); // a connection string cannot hold this path
+    const QString home = folder.filePath(u"a;b"_s); // a connection string cannot hold this path
     EXPECT_THROW(kit::CreateInstallation(home, {}), RuntimeError);
     EXPECT_TRUE(QDir(home).isEmpty());
 }
@@ -158,7 +157,7 @@ TEST(Demonstration, every_tab_of_the_register_has_something_to_show) {
          {"PESS_CONT", "PESS_ATIV",      "CLIE",    "FORN",         "TRPT",      "MOTO",          "VEND",
           "ARQT",      "DECO",           "PROD",    "PROD_EMPR",    "NFF",       "PEDI_VEDS",     "PEDI_VEDS_DETA",
           "ORCA_VEDS", "ORCA_VEDS_DETA", "OS_VEDS", "OS_VEDS_DETA", "PEDI_COMP", "PEDI_COMP_DETA"})
-        EXPECT_GT(loader.number(QStringLiteral("SELECT COUNT(*) FROM %1").arg(QLatin1StringView(table))), 2) << table;
+        EXPECT_GT(loader.number(u"SELECT COUNT(*) FROM %1"_s.arg(QLatin1StringView(table))), 2) << table;
     EXPECT_GT(count(loader, "SELECT COUNT(*) FROM PESS WHERE DATA_DESA IS NOT NULL"), 0);
     EXPECT_GT(count(loader, "SELECT COUNT(*) FROM PEDI_VEDS WHERE IDNFF0 IS NULL"), 0);
     EXPECT_GT(count(loader,
@@ -175,7 +174,7 @@ TEST(Demonstration, every_tab_of_the_register_has_something_to_show) {
               "SELECT COUNT(*) FROM PESS WHERE DATA_DESA IS NOT NULL AND IDCLIE IN (SELECT IDCLIE FROM CLIE WHERE "
               "DATA_DESA IS NULL)"),
         0);
-    EXPECT_TRUE(QFile::exists(Installed::demonstration().layout().images() + QStringLiteral("CD001.bmp")));
+    EXPECT_TRUE(QFile::exists(Installed::demonstration().layout().images() + u"CD001.bmp"_s));
 }
 
 TEST(Demonstration, the_register_goes_on_behind_its_keys) {
@@ -183,8 +182,8 @@ TEST(Demonstration, the_register_goes_on_behind_its_keys) {
     for (const kit::Table& table : kit::Tables())
         if (!table.generator.isEmpty()) {
             const QString key = table.columns.front().name;
-            EXPECT_EQ(loader.number(QStringLiteral("SELECT GEN_ID(%1, 0) FROM RDB$DATABASE").arg(table.generator)),
-                      loader.number(QStringLiteral("SELECT MAX(%1) FROM %2").arg(key, table.name)))
+            EXPECT_EQ(loader.number(u"SELECT GEN_ID(%1, 0) FROM RDB$DATABASE"_s.arg(table.generator)),
+                      loader.number(u"SELECT MAX(%1) FROM %2"_s.arg(key, table.name)))
                 << table.name;
         }
 }

@@ -1,5 +1,6 @@
 #include "kit/MoveToServer.h"
 
+#include "base/Literals.h"
 #include "firebird/ConnectionText.h"
 #include "kit/Check.h"
 
@@ -16,10 +17,10 @@ void gbak(const Installed& installed, const QStringList& arguments) {
     constexpr int longest = 120'000;
     QProcess tool;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("FIREBIRD"), qEnvironmentVariable("FIREBIRD"));
+    environment.insert(u"FIREBIRD"_s, qEnvironmentVariable("FIREBIRD"));
     tool.setProcessEnvironment(environment);
     tool.setWorkingDirectory(installed.home());
-    tool.start(QStringLiteral("gbak"), arguments);
+    tool.start(u"gbak"_s, arguments);
     if (!tool.waitForFinished(longest) || tool.exitCode() != 0)
         throw std::runtime_error("gbak: " + tool.readAllStandardError().toStdString());
 }
@@ -27,17 +28,14 @@ void gbak(const Installed& installed, const QStringList& arguments) {
 } // namespace
 
 QString MoveToServer(const Installed& installed, const servers::FirebirdServer& server) {
-    const QString connection = server.connectionString(QStringLiteral("pessoas.fdb"));
+    const QString connection = server.connectionString(u"pessoas.fdb"_s);
     const firebird::ConnectionText there = firebird::ReadConnectionText(connection);
-    gbak(installed, {QStringLiteral("-b"), QStringLiteral("-user"), QStringLiteral("SYSDBA"),
-                     QStringLiteral("base/pessoas.fdb"), QStringLiteral("pessoas.fbk")});
-    gbak(installed, {QStringLiteral("-c"), QStringLiteral("-user"), there.user, QStringLiteral("-pas"), there.password,
-                     QStringLiteral("pessoas.fbk"), there.database});
-    const QStringList before = *kit::LinesOf(installed.layout().config(QStringLiteral("server.ini")));
-    installed.write(QStringLiteral("config/server.ini"),
-                    QStringLiteral("127.0.0.1^pessoas^%1^%2^FIREBIRD^%3^False^\n%4\n%5\n")
-                        .arg(there.user, there.password, connection, before[1], before[2])
-                        .toUtf8());
+    gbak(installed, {u"-b"_s, u"-user"_s, u"SYSDBA"_s, u"base/pessoas.fdb"_s, u"pessoas.fbk"_s});
+    gbak(installed, {u"-c"_s, u"-user"_s, there.user, u"-pas"_s, there.password, u"pessoas.fbk"_s, there.database});
+    const QStringList before = *kit::LinesOf(installed.layout().config(u"server.ini"_s));
+    installed.write(u"config/server.ini"_s, u"127.0.0.1^pessoas^%1^%2^FIREBIRD^%3^False^\n%4\n%5\n"_s
+                                                .arg(there.user, there.password, connection, before[1], before[2])
+                                                .toUtf8());
     QFile::remove(installed.production());
     return connection;
 }

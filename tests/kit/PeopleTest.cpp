@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "kit/Installed.h"
 #include "kit/Loader.h"
 #include "shared/ValidaDocumentos.h"
@@ -25,8 +26,7 @@ QByteArray digest(const Installed& installed) {
     for (const kit::Table& table : kit::Tables()) {
         if (table.base != kit::Base::Main)
             continue;
-        const QString query =
-            QStringLiteral("SELECT * FROM %1 ORDER BY %2").arg(table.name, table.columns.front().name);
+        const QString query = u"SELECT * FROM %1 ORDER BY %2"_s.arg(table.name, table.columns.front().name);
         for (const QStringList& row : loader.rows(query))
             hash.addData(row.join(u'|').toUtf8());
     }
@@ -44,7 +44,7 @@ TEST(People, the_same_seed_makes_the_same_persons_and_another_one_others) {
 TEST(People, they_are_as_many_as_asked_with_documents_that_pass_and_differ) {
     const Installed installed(people(1500, 3));
     kit::Loader loader(installed.production());
-    const auto rows = loader.rows(QStringLiteral("SELECT PSFI_PSJU, CPF0_CNPJ, RG00_IE00, UF00_COML_PESS FROM PESS"));
+    const auto rows = loader.rows(u"SELECT PSFI_PSJU, CPF0_CNPJ, RG00_IE00, UF00_COML_PESS FROM PESS"_s);
     EXPECT_EQ(rows.size(), 1500u);
     for (const QStringList& row : rows) {
         QString document = row[1];
@@ -53,16 +53,15 @@ TEST(People, they_are_as_many_as_asked_with_documents_that_pass_and_differ) {
             EXPECT_EQ(ConsisteInscricaoEstadual(row[2], row[3]), 0) << row[2] << ' ' << row[3];
         }
     }
-    EXPECT_EQ(loader.number(QStringLiteral("SELECT COUNT(DISTINCT CPF0_CNPJ) FROM PESS")), 1500);
-    EXPECT_EQ(loader.number(QStringLiteral("SELECT COUNT(*) FROM PESS P LEFT JOIN MUNI_IBGE M ON M.CODI_MUNI_IBGE = "
-                                           "P.CODI_MUNI_COML_PESS AND M.DESC_MUNI_IBGE = P.CIDA_COML_PESS WHERE "
-                                           "M.IDMUNI_IBGE IS NULL")),
+    EXPECT_EQ(loader.number(u"SELECT COUNT(DISTINCT CPF0_CNPJ) FROM PESS"_s), 1500);
+    EXPECT_EQ(loader.number(u"SELECT COUNT(*) FROM PESS P LEFT JOIN MUNI_IBGE M ON M.CODI_MUNI_IBGE = "
+                            "P.CODI_MUNI_COML_PESS AND M.DESC_MUNI_IBGE = P.CIDA_COML_PESS WHERE "
+                            "M.IDMUNI_IBGE IS NULL"_s),
               0);
-    EXPECT_EQ(
-        loader.number(QStringLiteral("SELECT COUNT(*) FROM PESS P JOIN CLIE C ON C.IDPESS = P.IDPESS WHERE P.IDCLIE "
-                                     "<> C.IDCLIE")),
-        0);
-    EXPECT_GT(loader.number(QStringLiteral("SELECT COUNT(*) FROM PEDI_VEDS")), 0);
+    EXPECT_EQ(loader.number(u"SELECT COUNT(*) FROM PESS P JOIN CLIE C ON C.IDPESS = P.IDPESS WHERE P.IDCLIE "
+                            "<> C.IDCLIE"_s),
+              0);
+    EXPECT_GT(loader.number(u"SELECT COUNT(*) FROM PEDI_VEDS"_s), 0);
 }
 
 TEST(People, they_join_the_demonstration_without_meeting_it) {
@@ -70,7 +69,7 @@ TEST(People, they_join_the_demonstration_without_meeting_it) {
     contents.demo = true;
     const Installed installed(contents);
     kit::Loader loader(installed.production());
-    EXPECT_EQ(loader.number(QStringLiteral("SELECT COUNT(*) FROM PESS")), 560);
-    EXPECT_EQ(loader.number(QStringLiteral("SELECT COUNT(DISTINCT CPF0_CNPJ) FROM PESS")), 560);
-    EXPECT_EQ(loader.number(QStringLiteral("SELECT COUNT(DISTINCT IDPESS) FROM PESS")), 560);
+    EXPECT_EQ(loader.number(u"SELECT COUNT(*) FROM PESS"_s), 560);
+    EXPECT_EQ(loader.number(u"SELECT COUNT(DISTINCT CPF0_CNPJ) FROM PESS"_s), 560);
+    EXPECT_EQ(loader.number(u"SELECT COUNT(DISTINCT IDPESS) FROM PESS"_s), 560);
 }

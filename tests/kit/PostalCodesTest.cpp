@@ -1,4 +1,5 @@
 #include "kit/PostalCodes.h"
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "kit/Installed.h"
 
@@ -14,13 +15,11 @@ const QByteArray titles = "cep\ttipo\tabreviatura\tlogradouro\tbairro\tcidade\tu
 class PostalCodes : public testing::Test {
   protected:
     qint64 load(const QByteArray& list) {
-        installed_.write(QStringLiteral("lista.tsv"), list);
+        installed_.write(u"lista.tsv"_s, list);
         mistakes_ = {};
-        return kit::LoadPostalCodeFile(installed_.home(), installed_.home() + QStringLiteral("/lista.tsv"), mistakes_);
+        return kit::LoadPostalCodeFile(installed_.home(), installed_.home() + u"/lista.tsv"_s, mistakes_);
     }
-    qint64 streets() {
-        return kit::Loader(installed_.postalCodes()).number(QStringLiteral("SELECT COUNT(*) FROM LOGR"));
-    }
+    qint64 streets() { return kit::Loader(installed_.postalCodes()).number(u"SELECT COUNT(*) FROM LOGR"_s); }
     QString value(const char* query) {
         return kit::Loader(installed_.postalCodes()).rows(QString::fromUtf8(query)).at(0).at(0);
     }
@@ -37,21 +36,21 @@ TEST_F(PostalCodes, a_list_takes_the_place_of_what_was_there) {
               2);
     EXPECT_EQ(mistakes_.all, 0);
     EXPECT_EQ(streets(), 2);
-    EXPECT_EQ(value("SELECT CEP8_LOGR FROM LOGR WHERE NOME_LOGR = 'Alegre'"), QStringLiteral("04000000"));
-    EXPECT_EQ(value("SELECT COUNT(*) FROM BAIR"), QStringLiteral("1"));
-    EXPECT_EQ(value("SELECT COUNT(*) FROM TIPO"), QStringLiteral("1"));
+    EXPECT_EQ(value("SELECT CEP8_LOGR FROM LOGR WHERE NOME_LOGR = 'Alegre'"), u"04000000"_s);
+    EXPECT_EQ(value("SELECT COUNT(*) FROM BAIR"), u"1"_s);
+    EXPECT_EQ(value("SELECT COUNT(*) FROM TIPO"), u"1"_s);
 }
 
 TEST_F(PostalCodes, towns_of_one_name_in_two_states_are_two) {
     load(titles + "59000000\tRua\tR\tUm\tCentro\tBom Jesus\tRN\n64900000\tRua\tR\tDois\tCentro\tBom Jesus\tPI\n");
-    EXPECT_EQ(value("SELECT COUNT(*) FROM LOCA"), QStringLiteral("2"));
-    EXPECT_EQ(value("SELECT COUNT(*) FROM BAIR"), QStringLiteral("2"));
+    EXPECT_EQ(value("SELECT COUNT(*) FROM LOCA"), u"2"_s);
+    EXPECT_EQ(value("SELECT COUNT(*) FROM BAIR"), u"2"_s);
 }
 
 TEST_F(PostalCodes, an_older_file_in_windows_1252_is_read_too) {
     load(titles + "01001000\tPra\xE7"
                   "a\tPC\tda S\xE9\tS\xE9\tS\xE3o Paulo\tSP\n");
-    EXPECT_EQ(value("SELECT NOME_LOCA FROM LOCA"), QStringLiteral("São Paulo"));
+    EXPECT_EQ(value("SELECT NOME_LOCA FROM LOCA"), u"São Paulo"_s);
 }
 
 TEST_F(PostalCodes, mistakes_name_their_lines_and_nothing_is_loaded) {
@@ -75,7 +74,7 @@ TEST_F(PostalCodes, mistakes_name_their_lines_and_nothing_is_loaded) {
 TEST_F(PostalCodes, a_list_without_titles_is_refused) {
     load("04000000\tRua\tR\tAlegre\tCentro\tCampinas\tSP\n");
     EXPECT_EQ(mistakes_.all, 1);
-    EXPECT_TRUE(mistakes_.lines.front().startsWith(QStringLiteral("linha 1: ")));
+    EXPECT_TRUE(mistakes_.lines.front().startsWith(u"linha 1: "_s));
 }
 
 TEST_F(PostalCodes, many_mistakes_are_counted_but_not_all_told) {
@@ -98,9 +97,9 @@ TEST_F(PostalCodes, a_load_that_breaks_off_keeps_the_old_streets) {
 
 TEST_F(PostalCodes, a_missing_list_is_told_by_name) {
     try {
-        kit::LoadPostalCodeFile(installed_.home(), QStringLiteral("/nenhum/lugar.tsv"), mistakes_);
+        kit::LoadPostalCodeFile(installed_.home(), u"/nenhum/lugar.tsv"_s, mistakes_);
         FAIL() << "it was loaded";
     } catch (const RuntimeError& error) {
-        EXPECT_TRUE(error.description().contains(QStringLiteral("/nenhum/lugar.tsv")));
+        EXPECT_TRUE(error.description().contains(u"/nenhum/lugar.tsv"_s));
     }
 }

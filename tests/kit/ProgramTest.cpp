@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "kit/Installed.h"
 
 #include <QDir>
@@ -16,7 +17,7 @@ struct Outcome {
 
 Outcome run(const QStringList& arguments) {
     QProcess program;
-    program.start(QStringLiteral(PESSOAS_BASE), arguments);
+    program.start(QString::fromUtf8(PESSOAS_BASE), arguments);
     const bool ended = program.waitForFinished(120'000);
     return {ended ? program.exitCode() : -1, QString::fromUtf8(program.readAllStandardOutput()),
             QString::fromUtf8(program.readAllStandardError())};
@@ -35,43 +36,42 @@ TEST(Program, wrong_use_ends_in_2_and_tells_the_right_one) {
           "check", "check --home /x y"}) {
         const Outcome outcome = run(words(line));
         EXPECT_EQ(outcome.code, 2) << line;
-        EXPECT_TRUE(outcome.error.startsWith(QStringLiteral("uso: pessoas-base create"))) << line;
+        EXPECT_TRUE(outcome.error.startsWith(u"uso: pessoas-base create"_s)) << line;
     }
 }
 
 TEST(Program, creates_checks_and_refuses_a_second_time) {
     const QTemporaryDir folder;
-    const QString home = folder.filePath(QStringLiteral("vorta"));
-    const Outcome created = run({QStringLiteral("create"), QStringLiteral("--home"), home, QStringLiteral("--people"),
-                                 QStringLiteral("25"), QStringLiteral("--seed"), QStringLiteral("5")});
+    const QString home = folder.filePath(u"vorta"_s);
+    const Outcome created = run({u"create"_s, u"--home"_s, home, u"--people"_s, u"25"_s, u"--seed"_s, u"5"_s});
     EXPECT_EQ(created.code, 0) << created.error;
-    const Outcome checked = run({QStringLiteral("check"), QStringLiteral("--home"), home});
+    const Outcome checked = run({u"check"_s, u"--home"_s, home});
     EXPECT_EQ(checked.code, 0) << checked.out;
-    const Outcome again = run({QStringLiteral("create"), QStringLiteral("--home"), home});
+    const Outcome again = run({u"create"_s, u"--home"_s, home});
     EXPECT_EQ(again.code, 1);
-    EXPECT_EQ(again.error, u"Já existe uma instalação em "_qs + home + u"; nada foi alterado\n"_qs);
-    EXPECT_EQ(run({QStringLiteral("check"), QStringLiteral("--home"), home}).code, 0);
+    EXPECT_EQ(again.error, u"Já existe uma instalação em "_s + home + u"; nada foi alterado\n"_s);
+    EXPECT_EQ(run({u"check"_s, u"--home"_s, home}).code, 0);
 }
 
 TEST(Program, a_place_that_cannot_be_written_ends_in_1) {
-    const Outcome outcome = run({QStringLiteral("create"), QStringLiteral("--home"), QStringLiteral("/proc/vorta")});
+    const Outcome outcome = run({u"create"_s, u"--home"_s, u"/proc/vorta"_s});
     EXPECT_EQ(outcome.code, 1);
-    EXPECT_EQ(outcome.error, QStringLiteral("Não foi possível criar a pasta /proc/vorta/config/\n"));
+    EXPECT_EQ(outcome.error, u"Não foi possível criar a pasta /proc/vorta/config/\n"_s);
 }
 
 TEST(Program, a_folder_without_installation_is_told_and_left_alone) {
     const QTemporaryDir folder;
-    const Outcome outcome = run({QStringLiteral("check"), QStringLiteral("--home"), folder.path()});
+    const Outcome outcome = run({u"check"_s, u"--home"_s, folder.path()});
     EXPECT_EQ(outcome.code, 1);
-    EXPECT_EQ(outcome.error, folder.path() + QStringLiteral(" não contém uma instalação\n"));
+    EXPECT_EQ(outcome.error, folder.path() + u" não contém uma instalação\n"_s);
     EXPECT_TRUE(QDir(folder.path()).isEmpty());
 }
 
 TEST(Program, prints_the_definitions_of_either_engine) {
     for (const char* engine : {"firebird", "sqlserver"}) {
-        const Outcome outcome = run({QStringLiteral("ddl"), QString::fromLatin1(engine)});
+        const Outcome outcome = run({u"ddl"_s, QString::fromLatin1(engine)});
         EXPECT_EQ(outcome.code, 0);
-        EXPECT_TRUE(outcome.out.contains(QStringLiteral("CREATE TABLE PESS ("))) << engine;
+        EXPECT_TRUE(outcome.out.contains(u"CREATE TABLE PESS ("_s)) << engine;
     }
 }
 
@@ -79,12 +79,12 @@ TEST(Program, the_firebird_definitions_run_in_the_engines_own_tool) {
     const QTemporaryDir folder;
     QProcess tool;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("ISC_USER"), QStringLiteral("SYSDBA"));
+    environment.insert(u"ISC_USER"_s, u"SYSDBA"_s);
     tool.setProcessEnvironment(environment);
-    tool.start(QStringLiteral("isql-fb"), {QStringLiteral("-q"), QStringLiteral("-b")});
-    tool.write("CREATE DATABASE '" + folder.filePath(QStringLiteral("x.fdb")).toUtf8() +
+    tool.start(u"isql-fb"_s, {u"-q"_s, u"-b"_s});
+    tool.write("CREATE DATABASE '" + folder.filePath(u"x.fdb"_s).toUtf8() +
                "' PAGE_SIZE 16384 DEFAULT CHARACTER SET WIN1252 COLLATION WIN_PTBR;\n");
-    tool.write(run({QStringLiteral("ddl"), QStringLiteral("firebird")}).out.toUtf8());
+    tool.write(run({u"ddl"_s, u"firebird"_s}).out.toUtf8());
     tool.closeWriteChannel();
     ASSERT_TRUE(tool.waitForFinished(60'000));
     EXPECT_EQ(tool.exitCode(), 0) << tool.readAllStandardError().constData();
@@ -92,15 +92,15 @@ TEST(Program, the_firebird_definitions_run_in_the_engines_own_tool) {
 
 TEST(Program, a_list_of_postal_codes_with_mistakes_ends_in_1) {
     const Installed installed = Installed::copyOf(Installed::plain());
-    const QString list = installed.home() + QStringLiteral("/lista.tsv");
-    installed.write(QStringLiteral("lista.tsv"), "cep\ttipo\tabreviatura\tlogradouro\tbairro\tcidade\tuf\nx\n");
-    const Outcome refused = run({QStringLiteral("cep"), QStringLiteral("--home"), installed.home(), list});
+    const QString list = installed.home() + u"/lista.tsv"_s;
+    installed.write(u"lista.tsv"_s, "cep\ttipo\tabreviatura\tlogradouro\tbairro\tcidade\tuf\nx\n");
+    const Outcome refused = run({u"cep"_s, u"--home"_s, installed.home(), list});
     EXPECT_EQ(refused.code, 1);
-    EXPECT_EQ(refused.error, QStringLiteral("linha 2: esperados 7 campos separados por tabulação, há 1\n"
-                                            "1 erro(s); nada foi carregado\n"));
-    installed.write(QStringLiteral("lista.tsv"), "cep\ttipo\tabreviatura\tlogradouro\tbairro\tcidade\tuf\n"
-                                                 "04000000\tRua\tR\tAlegre\tCentro\tCampinas\tSP\n");
-    const Outcome loaded = run({QStringLiteral("cep"), QStringLiteral("--home"), installed.home(), list});
+    EXPECT_EQ(refused.error, u"linha 2: esperados 7 campos separados por tabulação, há 1\n"
+                             "1 erro(s); nada foi carregado\n"_s);
+    installed.write(u"lista.tsv"_s, "cep\ttipo\tabreviatura\tlogradouro\tbairro\tcidade\tuf\n"
+                                    "04000000\tRua\tR\tAlegre\tCentro\tCampinas\tSP\n");
+    const Outcome loaded = run({u"cep"_s, u"--home"_s, installed.home(), list});
     EXPECT_EQ(loaded.code, 0) << loaded.error;
-    EXPECT_EQ(loaded.out, QStringLiteral("1 logradouros carregados\n"));
+    EXPECT_EQ(loaded.out, u"1 logradouros carregados\n"_s);
 }

@@ -1,4 +1,5 @@
 #include "kit/Reference.h"
+#include "base/Literals.h"
 #include "base/Text.h"
 
 #include <QMap>
@@ -26,11 +27,8 @@ int ibgeCheckDigit(const QString& code) {
 } // namespace
 
 TEST(Reference, the_tables_have_the_rows_that_the_country_has) {
-    const QMap<QString, qsizetype> counts{{QStringLiteral("UF00"), 27},
-                                          {QStringLiteral("muni_ibge"), 5571},
-                                          {QStringLiteral("pais"), 249},
-                                          {QStringLiteral("Banc"), 463},
-                                          {QStringLiteral("tipo_clie"), 3}};
+    const QMap<QString, qsizetype> counts{
+        {u"UF00"_s, 27}, {u"muni_ibge"_s, 5571}, {u"pais"_s, 249}, {u"Banc"_s, 463}, {u"tipo_clie"_s, 3}};
     for (auto count = counts.begin(); count != counts.end(); ++count)
         EXPECT_EQ(qsizetype(kit::ReadReference(count.key()).rows.size()), count.value()) << count.key();
 }
@@ -59,9 +57,7 @@ TEST(Reference, every_state_has_municipalities_and_one_prefix) {
 
 TEST(Reference, accents_are_kept) {
     const auto rows = rowsOf("muni_ibge");
-    EXPECT_NE(std::find(rows.begin(), rows.end(),
-                        QStringList({QStringLiteral("3550308"), QStringLiteral("São Paulo"), QStringLiteral("SP")})),
-              rows.end());
+    EXPECT_NE(std::find(rows.begin(), rows.end(), QStringList({u"3550308"_s, u"São Paulo"_s, u"SP"_s})), rows.end());
 }
 
 TEST(Reference, every_text_fits_its_column_and_the_repertoire_of_the_data) {

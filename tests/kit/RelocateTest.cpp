@@ -1,4 +1,5 @@
 #include "kit/Relocate.h"
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "kit/Check.h"
 #include "kit/Installed.h"
@@ -29,7 +30,7 @@ TEST(Relocate, a_copy_leads_to_itself_alone) {
 
 TEST(Relocate, rights_stay_as_they_were) {
     const Installed copy = Installed::copyOf(Installed::plain());
-    EXPECT_FALSE(QFileInfo(copy.layout().config(QStringLiteral("server.ini"))).permissions() & QFile::ReadOther);
+    EXPECT_FALSE(QFileInfo(copy.layout().config(u"server.ini"_s)).permissions() & QFile::ReadOther);
 }
 
 TEST(Relocate, an_installation_at_its_place_stays_as_it_is) {
@@ -42,7 +43,7 @@ TEST(Relocate, an_installation_at_its_place_stays_as_it_is) {
 TEST(Relocate, a_line_for_a_server_keeps_its_paths) {
     const Installed first = Installed::copyOf(Installed::plain());
     const QByteArray server = "srv01^pessoas^u^s^FIREBIRD^server=srv01;database=/dados/pessoas.fdb^False^\n";
-    first.write(QStringLiteral("config/server.ini"), server);
+    first.write(u"config/server.ini"_s, server);
     EXPECT_EQ(content(Installed::copyOf(first), "server.ini"), QString::fromUtf8(server));
 }
 

@@ -1,4 +1,5 @@
 #include "kit/Schema.h"
+#include "base/Literals.h"
 #include "kit/Ddl.h"
 
 #include <QRegularExpression>
@@ -17,7 +18,7 @@ TEST(Schema, a_main_table_begins_with_its_key_and_has_only_one) {
         EXPECT_EQ(keys, table.base == Base::Main ? 1 : 0) << table.name;
         EXPECT_EQ(table.hasKey(), table.base == Base::Main) << table.name;
         if (table.hasKey()) {
-            EXPECT_EQ(table.columns.front().name.toLower(), QStringLiteral("id") + table.name.toLower());
+            EXPECT_EQ(table.columns.front().name.toLower(), u"id"_s + table.name.toLower());
         }
     }
 }
@@ -41,7 +42,7 @@ TEST(Schema, every_index_names_columns_that_are_there) {
     for (const kit::Index& index : kit::Indexes()) {
         const kit::Table* table = kit::FindTable(index.table);
         ASSERT_NE(table, nullptr) << index.table;
-        for (const QString& column : index.columns.split(QStringLiteral(", ")))
+        for (const QString& column : index.columns.split(u", "_s))
             EXPECT_NE(table->column(column), nullptr) << index.table << '.' << column;
     }
 }
@@ -69,13 +70,13 @@ TEST(Schema, texts_hold_what_the_screens_let_in) {
         EXPECT_GE(kit::FindTable(QString::fromLatin1(limit.table))->column(QString::fromLatin1(limit.column))->length,
                   limit.least)
             << limit.column;
-    EXPECT_EQ(kit::FindTable(QStringLiteral("pess"))->column(QStringLiteral("DATA_ANIV"))->length, 5);
+    EXPECT_EQ(kit::FindTable(u"pess"_s)->column(u"DATA_ANIV"_s)->length, 5);
 }
 
 TEST(Ddl, a_table_in_the_words_of_each_engine) {
     const auto definition = [](data::Engine engine) {
         for (const QString& statement : kit::TableStatements(engine, Base::Main))
-            if (statement.startsWith(QStringLiteral("CREATE TABLE PESS_ATIV ")))
+            if (statement.startsWith(u"CREATE TABLE PESS_ATIV "_s))
                 return statement.toStdString();
         return std::string();
     };
@@ -91,16 +92,16 @@ TEST(Ddl, nothing_is_quoted_and_only_the_keys_are_constrained) {
     for (const data::Engine engine : {data::Engine::Firebird, data::Engine::SqlServer}) {
         const QString script = kit::Script(engine);
         EXPECT_FALSE(script.contains(u'"') || script.contains(u'['));
-        EXPECT_FALSE(script.contains(QRegularExpression(QStringLiteral("PRIMARY|UNIQUE|CHECK|REFERENCES"))));
+        EXPECT_FALSE(script.contains(QRegularExpression(u"PRIMARY|UNIQUE|CHECK|REFERENCES"_s)));
         qsizetype keys = 0;
         for (const kit::Table& table : kit::Tables())
             keys += table.hasKey();
-        EXPECT_EQ(script.count(QStringLiteral("NOT NULL")), keys);
+        EXPECT_EQ(script.count(u"NOT NULL"_s), keys);
     }
 }
 
 TEST(Ddl, sql_server_numbers_its_rows_itself) {
     const QString script = kit::Script(data::Engine::SqlServer);
-    EXPECT_FALSE(script.contains(QStringLiteral("SEQUENCE")) || script.contains(QStringLiteral("TRIGGER")));
-    EXPECT_TRUE(script.contains(QStringLiteral("idArqt INTEGER IDENTITY(1,1) NOT NULL")));
+    EXPECT_FALSE(script.contains(u"SEQUENCE"_s) || script.contains(u"TRIGGER"_s));
+    EXPECT_TRUE(script.contains(u"idArqt INTEGER IDENTITY(1,1) NOT NULL"_s));
 }

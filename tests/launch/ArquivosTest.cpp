@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "launch/ConectaServidor.h"
 
 #include "LaunchWorld.h"
@@ -14,7 +15,7 @@ namespace {
 /// The files of a real folder; boxes and clock are those of the test.
 struct RealFiles : TestPlatform {
     QTemporaryDir dir;
-    RealFiles() { QDir(dir.path()).mkdir(u"config"_qs); }
+    RealFiles() { QDir(dir.path()).mkdir(u"config"_s); }
     QString home() const override { return dir.path(); }
     bool fileExists(const QString& path) const override { return Platform::fileExists(path); }
     QStringList readLines(const QString& path, int most) const override { return Platform::readLines(path, most); }
@@ -42,7 +43,7 @@ struct Machine {
     FakeDatabase database;
     ContextoExecucao contexto{program, database.factory()};
     bool connect(void (*routine)(ContextoExecucao&) = ConectaServidor) {
-        contexto.Ambiente = QStringLiteral("HIST");
+        contexto.Ambiente = u"HIST"_s;
         return program.dispatch([&] { routine(contexto); });
     }
 };
@@ -59,58 +60,58 @@ TEST(Arquivos, ConfigurationOfEveryKindOfTextFile) {
     };
     for (const auto& [nome, texto] : textos) {
         Machine<RealFiles> maquina;
-        maquina.platform.write(u"config/server_aplic.ini"_qs, "\r\n");
-        maquina.platform.write(u"config/server.ini"_qs, texto);
-        maquina.platform.write(u"config/paths.ini"_qs, "a^b^/fotos/^\r\n");
+        maquina.platform.write(u"config/server_aplic.ini"_s, "\r\n");
+        maquina.platform.write(u"config/server.ini"_s, texto);
+        maquina.platform.write(u"config/paths.ini"_s, "a^b^/fotos/^\r\n");
         EXPECT_TRUE(maquina.connect()) << nome;
         ASSERT_EQ(maquina.database.opened.size(), 1u) << nome;
-        EXPECT_EQ(maquina.database.opened[0].connectionString, u"hé"_qs) << nome;
-        EXPECT_EQ(maquina.contexto.Servidor, u"São"_qs) << nome;
+        EXPECT_EQ(maquina.database.opened[0].connectionString, u"hé"_s) << nome;
+        EXPECT_EQ(maquina.contexto.Servidor, u"São"_s) << nome;
         EXPECT_TRUE(maquina.contexto.PreservaAcentos) << nome;
-        EXPECT_EQ(maquina.contexto.CaminhoImagens, u"/fotos/"_qs) << nome;
+        EXPECT_EQ(maquina.contexto.CaminhoImagens, u"/fotos/"_s) << nome;
     }
 }
 
 TEST(Arquivos, TheConfiguredFolderMayBeWrittenWithBackSlashes) {
     Machine<RealFiles> maquina;
-    QDir(maquina.platform.dir.path()).mkpath(u"erp/config"_qs);
+    QDir(maquina.platform.dir.path()).mkpath(u"erp/config"_s);
     QString raiz = maquina.platform.dir.path();
-    maquina.platform.write(u"config/server_aplic.ini"_qs, raiz.replace(u'/', u'\\').toUtf8() + "\\^erp\\^\n");
-    maquina.platform.write(u"erp/config/server.ini"_qs, "P\nH^^^^FIREBIRD^configurado^0\n");
-    maquina.platform.write(u"config/server.ini"_qs, "P\nH^^^^FIREBIRD^fixo^0\n");
+    maquina.platform.write(u"config/server_aplic.ini"_s, raiz.replace(u'/', u'\\').toUtf8() + "\\^erp\\^\n");
+    maquina.platform.write(u"erp/config/server.ini"_s, "P\nH^^^^FIREBIRD^configurado^0\n");
+    maquina.platform.write(u"config/server.ini"_s, "P\nH^^^^FIREBIRD^fixo^0\n");
     EXPECT_TRUE(maquina.connect());
     ASSERT_EQ(maquina.database.opened.size(), 1u);
-    EXPECT_EQ(maquina.database.opened[0].connectionString, u"configurado"_qs);
+    EXPECT_EQ(maquina.database.opened[0].connectionString, u"configurado"_s);
 }
 
 TEST(Arquivos, ABadFileNameIsTriedAgainAtTheFixedPlace) {
     Machine<BadNames> maquina;
     maquina.platform.files = {
-        {u"/vorta/config/server_aplic.ini"_qs, {u"/srv/^erp/^"_qs}},
-        {u"/srv/erp/config/server.ini"_qs, {u"x"_qs}},
-        {u"/srv/erp/config/server_cep.ini"_qs, {u"x"_qs}},
-        {u"/srv/erp/config/paths.ini"_qs, {u"x"_qs}},
-        {u"/vorta/config/server.ini"_qs, {u"p"_qs, u"S^B^u^s^FIREBIRD^fixo^0"_qs}},
-        {u"/vorta/config/server_cep.ini"_qs, {u"S^B^u^s^FIREBIRD^cep^0"_qs}},
-        {u"/vorta/config/paths.ini"_qs, {u"1^2^/fotos/"_qs}},
+        {u"/vorta/config/server_aplic.ini"_s, {u"/srv/^erp/^"_s}},
+        {u"/srv/erp/config/server.ini"_s, {u"x"_s}},
+        {u"/srv/erp/config/server_cep.ini"_s, {u"x"_s}},
+        {u"/srv/erp/config/paths.ini"_s, {u"x"_s}},
+        {u"/vorta/config/server.ini"_s, {u"p"_s, u"S^B^u^s^FIREBIRD^fixo^0"_s}},
+        {u"/vorta/config/server_cep.ini"_s, {u"S^B^u^s^FIREBIRD^cep^0"_s}},
+        {u"/vorta/config/paths.ini"_s, {u"1^2^/fotos/"_s}},
     };
-    maquina.platform.bad = {u"/srv/erp/config/server.ini"_qs, u"/srv/erp/config/server_cep.ini"_qs,
-                            u"/srv/erp/config/paths.ini"_qs};
+    maquina.platform.bad = {u"/srv/erp/config/server.ini"_s, u"/srv/erp/config/server_cep.ini"_s,
+                            u"/srv/erp/config/paths.ini"_s};
     EXPECT_TRUE(maquina.connect());
     EXPECT_TRUE(maquina.connect(ConectaServidorCEP));
     ASSERT_EQ(maquina.database.opened.size(), 2u);
-    EXPECT_EQ(maquina.database.opened[0].connectionString, u"fixo"_qs);
-    EXPECT_EQ(maquina.database.opened[1].connectionString, u"cep"_qs);
-    EXPECT_EQ(maquina.contexto.CaminhoImagens, u"/fotos/"_qs);
-    EXPECT_EQ(maquina.contexto.ArquivoPaths, u"/vorta/config/paths.ini"_qs);
+    EXPECT_EQ(maquina.database.opened[0].connectionString, u"fixo"_s);
+    EXPECT_EQ(maquina.database.opened[1].connectionString, u"cep"_s);
+    EXPECT_EQ(maquina.contexto.CaminhoImagens, u"/fotos/"_s);
+    EXPECT_EQ(maquina.contexto.ArquivoPaths, u"/vorta/config/paths.ini"_s);
 }
 
 TEST(Arquivos, AServerAplicOfABadNameGivesNoFolder) {
     Machine<BadNames> maquina;
-    maquina.platform.files = {{u"/vorta/config/server_aplic.ini"_qs, {u"/srv/^erp/^"_qs}}};
-    maquina.platform.bad = {u"/vorta/config/server_aplic.ini"_qs};
-    maquina.contexto.RaizAplicacao = u"velha"_qs;
-    maquina.contexto.PastaAplicacao = u"velha"_qs;
+    maquina.platform.files = {{u"/vorta/config/server_aplic.ini"_s, {u"/srv/^erp/^"_s}}};
+    maquina.platform.bad = {u"/vorta/config/server_aplic.ini"_s};
+    maquina.contexto.RaizAplicacao = u"velha"_s;
+    maquina.contexto.PastaAplicacao = u"velha"_s;
     EXPECT_TRUE(maquina.program.dispatch([&] { LeServerAplic(maquina.contexto); }));
     EXPECT_EQ(maquina.contexto.RaizAplicacao, QString());
     EXPECT_EQ(maquina.contexto.PastaAplicacao, QString());

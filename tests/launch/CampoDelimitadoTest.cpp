@@ -1,4 +1,5 @@
 #include "launch/CampoDelimitado.h"
+#include "base/Literals.h"
 
 #include "support/World.h"
 
@@ -42,10 +43,10 @@ TEST(CampoDelimitado, FieldsMissingFieldsAndTheCallersText) {
 }
 
 TEST(CampoDelimitado, BySeparatorTheTextBehindTheLastIsOutOfReach) {
-    EXPECT_EQ(CampoDelimitadoPor(1, u"a|b|c"_qs, u'|'), u"a"_qs);
-    EXPECT_EQ(CampoDelimitadoPor(2, u"a|b|c"_qs, u'|'), u"b"_qs);
-    EXPECT_EQ(CampoDelimitadoPor(3, u"a|b|c"_qs, u'|'), QString());
-    EXPECT_EQ(CampoDelimitadoPor(2, u"a||c"_qs, u'|'), QString());
+    EXPECT_EQ(CampoDelimitadoPor(1, u"a|b|c"_s, u'|'), u"a"_s);
+    EXPECT_EQ(CampoDelimitadoPor(2, u"a|b|c"_s, u'|'), u"b"_s);
+    EXPECT_EQ(CampoDelimitadoPor(3, u"a|b|c"_s, u'|'), QString());
+    EXPECT_EQ(CampoDelimitadoPor(2, u"a||c"_s, u'|'), QString());
     EXPECT_EQ(CampoDelimitadoPor(1, QString(), u'|'), QString());
-    EXPECT_EQ(CampoDelimitadoPor(0, u"a|b"_qs, u'|'), QString());
+    EXPECT_EQ(CampoDelimitadoPor(0, u"a|b"_s, u'|'), QString());
 }

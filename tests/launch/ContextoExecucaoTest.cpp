@@ -1,4 +1,5 @@
 #include "launch/ContextoExecucao.h"
+#include "base/Literals.h"
 
 #include "support/World.h"
 
@@ -63,7 +64,7 @@ const std::vector<const char*> textos{"LinhaComando",
                                       "UltimaColecaoProduto"};
 
 struct Contada : screen::Screen {
-    explicit Contada(ContextoExecucao& contexto) : Screen(contexto.program(), QStringLiteral("frmContada")) { ++made; }
+    explicit Contada(ContextoExecucao& contexto) : Screen(contexto.program(), u"frmContada"_s) { ++made; }
     static inline int made = 0;
 };
 
@@ -83,48 +84,48 @@ TEST(ContextoExecucao, TextFieldsStartEmptyAndKeepWhatTheyGet) {
 TEST(ContextoExecucao, NumbersAndBooleans) {
     World mundo;
     ContextoExecucao& contexto = mundo.contexto;
-    for (const QString& nome : {u"CodigoUsuario"_qs, u"CodigoEmpresa"_qs, u"TopoGridBusca"_qs})
-        EXPECT_EQ(contexto.Campo(nome), u"0"_qs);
-    for (const QString& nome : {u"SomenteConsulta"_qs, u"PreservaAcentos"_qs})
-        EXPECT_EQ(contexto.Campo(nome), u"False"_qs);
-    contexto.GravaCampo(u"CodigoUsuario"_qs, u"32767"_qs);
-    contexto.GravaCampo(u"TopoGridBusca"_qs, u"100000"_qs);
-    contexto.GravaCampo(u"SomenteConsulta"_qs, u"True"_qs);
+    for (const QString& nome : {u"CodigoUsuario"_s, u"CodigoEmpresa"_s, u"TopoGridBusca"_s})
+        EXPECT_EQ(contexto.Campo(nome), u"0"_s);
+    for (const QString& nome : {u"SomenteConsulta"_s, u"PreservaAcentos"_s})
+        EXPECT_EQ(contexto.Campo(nome), u"False"_s);
+    contexto.GravaCampo(u"CodigoUsuario"_s, u"32767"_s);
+    contexto.GravaCampo(u"TopoGridBusca"_s, u"100000"_s);
+    contexto.GravaCampo(u"SomenteConsulta"_s, u"True"_s);
     EXPECT_EQ(contexto.CodigoUsuario, 32767);
     EXPECT_EQ(contexto.TopoGridBusca, 100000);
-    EXPECT_EQ(contexto.Campo(u"SomenteConsulta"_qs), u"True"_qs);
-    EXPECT_EQ(errorOf([&] { contexto.GravaCampo(u"CodigoUsuario"_qs, u"32768"_qs); }), errorNumber::Overflow);
-    EXPECT_EQ(errorOf([&] { contexto.GravaCampo(u"CodigoUsuario"_qs, u"x"_qs); }), errorNumber::TypeMismatch);
-    EXPECT_EQ(errorOf([&] { contexto.GravaCampo(u"SomenteConsulta"_qs, u"talvez"_qs); }), errorNumber::TypeMismatch);
-    EXPECT_EQ(errorOf([&] { contexto.Campo(u"Nada"_qs); }), errorNumber::NoSuchMember);
+    EXPECT_EQ(contexto.Campo(u"SomenteConsulta"_s), u"True"_s);
+    EXPECT_EQ(errorOf([&] { contexto.GravaCampo(u"CodigoUsuario"_s, u"32768"_s); }), errorNumber::Overflow);
+    EXPECT_EQ(errorOf([&] { contexto.GravaCampo(u"CodigoUsuario"_s, u"x"_s); }), errorNumber::TypeMismatch);
+    EXPECT_EQ(errorOf([&] { contexto.GravaCampo(u"SomenteConsulta"_s, u"talvez"_s); }), errorNumber::TypeMismatch);
+    EXPECT_EQ(errorOf([&] { contexto.Campo(u"Nada"_s); }), errorNumber::NoSuchMember);
 }
 
 TEST(ContextoExecucao, EachScreenHasOneInstanceMadeAtItsFirstUse) {
     World mundo;
     Contada::made = 0;
-    mundo.contexto.RegistraTela(u"frmContada"_qs,
+    mundo.contexto.RegistraTela(u"frmContada"_s,
                                 [](ContextoExecucao& contexto) { return std::make_unique<Contada>(contexto); });
     EXPECT_EQ(Contada::made, 0);
-    EXPECT_TRUE(mundo.contexto.ConheceTela(u"FRMCONTADA"_qs));
-    EXPECT_FALSE(mundo.contexto.ConheceTela(u"frmOutra"_qs));
-    EXPECT_EQ(&mundo.contexto.Tela(u"frmContada"_qs), &mundo.contexto.Tela(u"FrmContada"_qs));
+    EXPECT_TRUE(mundo.contexto.ConheceTela(u"FRMCONTADA"_s));
+    EXPECT_FALSE(mundo.contexto.ConheceTela(u"frmOutra"_s));
+    EXPECT_EQ(&mundo.contexto.Tela(u"frmContada"_s), &mundo.contexto.Tela(u"FrmContada"_s));
     EXPECT_EQ(Contada::made, 1);
-    EXPECT_EQ(errorOf([&] { mundo.contexto.Tela(u"frmOutra"_qs); }), errorNumber::ObjectNotSet);
+    EXPECT_EQ(errorOf([&] { mundo.contexto.Tela(u"frmOutra"_s); }), errorNumber::ObjectNotSet);
 }
 
 TEST(ContextoExecucao, AClosedScreenComesUpAnew) {
     World mundo;
     Contada::made = 0;
-    mundo.contexto.RegistraTela(u"frmContada"_qs,
+    mundo.contexto.RegistraTela(u"frmContada"_s,
                                 [](ContextoExecucao& contexto) { return std::make_unique<Contada>(contexto); });
-    mundo.contexto.Tela(u"frmContada"_qs).setCaption(u"preparada"_qs);
+    mundo.contexto.Tela(u"frmContada"_s).setCaption(u"preparada"_s);
     QStringList titulos;
-    mundo.platform.whenShown(u"frmContada"_qs, [&](screen::Screen& tela) { titulos += tela.caption(); });
+    mundo.platform.whenShown(u"frmContada"_s, [&](screen::Screen& tela) { titulos += tela.caption(); });
     EXPECT_TRUE(mundo.run([&] {
-        mundo.contexto.MostraTela(u"frmContada"_qs);
-        mundo.contexto.MostraTela(u"frmContada"_qs);
+        mundo.contexto.MostraTela(u"frmContada"_s);
+        mundo.contexto.MostraTela(u"frmContada"_s);
     }));
-    EXPECT_EQ(titulos, QStringList({u"preparada"_qs, QString()}));
+    EXPECT_EQ(titulos, QStringList({u"preparada"_s, QString()}));
     EXPECT_EQ(Contada::made, 2);
 }
 

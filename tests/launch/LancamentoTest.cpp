@@ -1,4 +1,5 @@
 #include "launch/Lancamento.h"
+#include "base/Literals.h"
 
 #include "LaunchWorld.h"
 
@@ -8,8 +9,8 @@ using namespace vorta::test;
 namespace {
 
 struct Inicial : screen::Screen {
-    explicit Inicial(screen::Program& program) : Screen(program, QStringLiteral("frmPessoas")) {}
-    screen::Label lblTituloJanela{this, "lblTituloJanela", QStringLiteral("Pessoas")};
+    explicit Inicial(screen::Program& program) : Screen(program, u"frmPessoas"_s) {}
+    screen::Label lblTituloJanela{this, "lblTituloJanela", u"Pessoas"_s};
     screen::Label lblCodiEmpresa{this, "lblCodiEmpresa"};
     screen::Label lblNomeEmpresa{this, "lblNomeEmpresa"};
     screen::Label lblCodiAmbiente{this, "lblCodiAmbiente"};
@@ -28,25 +29,25 @@ struct LancamentoTest : testing::Test {
 } // namespace
 
 TEST_F(LancamentoTest, FromTheLaunchStringToTheTitleBar) {
-    EXPECT_TRUE(lanca(u"12^3^PRD^False^"_qs));
+    EXPECT_TRUE(lanca(u"12^3^PRD^False^"_s));
     EXPECT_EQ(contexto.CodigoUsuario, 12);
     EXPECT_EQ(contexto.CodigoEmpresa, 3);
-    EXPECT_EQ(contexto.Ambiente, u"PRD"_qs);
+    EXPECT_EQ(contexto.Ambiente, u"PRD"_s);
     EXPECT_FALSE(contexto.SomenteConsulta);
-    EXPECT_EQ(contexto.NomeUsuario, u"MARIA"_qs);
-    EXPECT_EQ(contexto.CodigoEmpresaTexto, u"0001"_qs);
-    EXPECT_EQ(tela.caption(), u"ERP VORTA - Nexoria - Release 2015.07.24 (PRD)(0001/MARIA)"_qs);
-    EXPECT_EQ(tela.lblCodiEmpresa.text(), u"0001"_qs);
-    EXPECT_EQ(tela.lblNomeEmpresa.text(), u"EMPRESA MODELO"_qs);
-    EXPECT_EQ(tela.lblCodiAmbiente.text(), u"PRD"_qs);
+    EXPECT_EQ(contexto.NomeUsuario, u"MARIA"_s);
+    EXPECT_EQ(contexto.CodigoEmpresaTexto, u"0001"_s);
+    EXPECT_EQ(tela.caption(), u"ERP VORTA - Nexoria - Release 2015.07.24 (PRD)(0001/MARIA)"_s);
+    EXPECT_EQ(tela.lblCodiEmpresa.text(), u"0001"_s);
+    EXPECT_EQ(tela.lblNomeEmpresa.text(), u"EMPRESA MODELO"_s);
+    EXPECT_EQ(tela.lblCodiAmbiente.text(), u"PRD"_s);
     EXPECT_EQ(tela.lblTituloJanela.foreground(), screen::colour::WindowText);
     EXPECT_TRUE(mundo.platform.boxes.empty());
     EXPECT_EQ(mundo.database.sent, QStringList({
-                                       u"SELECT CODI_EMPR FROM EMPR WHERE IDEMPR = 3"_qs,
-                                       u"SELECT PATH_DANFE FROM EMPR WHERE CODI_EMPR = '0001'"_qs,
-                                       u"SELECT CODI_EMPR FROM EMPR WHERE IDEMPR = 3"_qs,
-                                       u"SELECT NOME_CONH_EMPR FROM EMPR WHERE IDEMPR = 3"_qs,
-                                       u"SELECT * FROM USEN WHERE IDUSEN=12"_qs,
+                                       u"SELECT CODI_EMPR FROM EMPR WHERE IDEMPR = 3"_s,
+                                       u"SELECT PATH_DANFE FROM EMPR WHERE CODI_EMPR = '0001'"_s,
+                                       u"SELECT CODI_EMPR FROM EMPR WHERE IDEMPR = 3"_s,
+                                       u"SELECT NOME_CONH_EMPR FROM EMPR WHERE IDEMPR = 3"_s,
+                                       u"SELECT * FROM USEN WHERE IDUSEN=12"_s,
                                    }));
 }
 
@@ -60,30 +61,30 @@ TEST_F(LancamentoTest, OnlyTrueWithItsCapitalIsReadOnly) {
         outro.contexto.LinhaComando = QString::fromUtf8(linha);
         EXPECT_TRUE(outro.run([&] { Lancamento(outro.contexto, inicial); })) << linha;
         EXPECT_EQ(outro.contexto.SomenteConsulta, somente) << linha;
-        EXPECT_EQ(outro.contexto.Ambiente, u"HIST"_qs) << linha;
+        EXPECT_EQ(outro.contexto.Ambiente, u"HIST"_s) << linha;
     }
 }
 
 TEST_F(LancamentoTest, AnotherEnvironmentThanProductionTurnsTheTitleRed) {
-    EXPECT_TRUE(lanca(u"12^3^DEV^False^"_qs));
+    EXPECT_TRUE(lanca(u"12^3^DEV^False^"_s));
     EXPECT_EQ(tela.lblTituloJanela.foreground(), screen::colour::Red);
-    EXPECT_EQ(tela.caption(), u"ERP VORTA - Nexoria - Release 2015.07.24 (DEV)(0001/MARIA)"_qs);
-    EXPECT_EQ(mundo.database.opened.front().connectionString, u"localhost:/base/dev.fdb"_qs);
+    EXPECT_EQ(tela.caption(), u"ERP VORTA - Nexoria - Release 2015.07.24 (DEV)(0001/MARIA)"_s);
+    EXPECT_EQ(mundo.database.opened.front().connectionString, u"localhost:/base/dev.fdb"_s);
 }
 
 TEST_F(LancamentoTest, AnEmptyEnvironmentTakesTheFirstLineAndIsRedToo) {
-    EXPECT_TRUE(lanca(u"12^3^^False^"_qs));
-    EXPECT_EQ(mundo.database.opened.front().connectionString, u"localhost:/base/prd.fdb"_qs);
+    EXPECT_TRUE(lanca(u"12^3^^False^"_s));
+    EXPECT_EQ(mundo.database.opened.front().connectionString, u"localhost:/base/prd.fdb"_s);
     EXPECT_EQ(tela.lblTituloJanela.foreground(), screen::colour::Red);
 }
 
 TEST_F(LancamentoTest, ABlankLaunchStringIsIllegal) {
-    for (const QString& linha : {QString(), u"    "_qs}) {
+    for (const QString& linha : {QString(), u"    "_s}) {
         LaunchWorld outro;
         Inicial inicial(outro.program);
         outro.contexto.LinhaComando = linha;
         EXPECT_FALSE(outro.run([&] { Lancamento(outro.contexto, inicial); }));
-        EXPECT_EQ(outro.box().text, u"Chamada Ilegal para esta rotina!"_qs);
+        EXPECT_EQ(outro.box().text, u"Chamada Ilegal para esta rotina!"_s);
         EXPECT_EQ(outro.box().title, QString());
         EXPECT_EQ(outro.box().icon, screen::Icon::None);
         EXPECT_TRUE(outro.database.opened.empty());
@@ -92,54 +93,54 @@ TEST_F(LancamentoTest, ABlankLaunchStringIsIllegal) {
 }
 
 TEST_F(LancamentoTest, TheMarkerFileReplacesTheLaunchString) {
-    mundo.platform.files[u"/vorta/config/ORBALUX.txt"_qs] = {};
-    EXPECT_EQ(IdentificaInstalacao(contexto), u"ORBALUX"_qs);
-    EXPECT_TRUE(lanca(u"7^2^DEV^True^"_qs));
-    EXPECT_EQ(contexto.LinhaComando, u"1^1^PRD^False^"_qs);
+    mundo.platform.files[u"/vorta/config/ORBALUX.txt"_s] = {};
+    EXPECT_EQ(IdentificaInstalacao(contexto), u"ORBALUX"_s);
+    EXPECT_TRUE(lanca(u"7^2^DEV^True^"_s));
+    EXPECT_EQ(contexto.LinhaComando, u"1^1^PRD^False^"_s);
     EXPECT_EQ(contexto.CodigoUsuario, 1);
     EXPECT_EQ(contexto.CodigoEmpresa, 1);
-    EXPECT_EQ(contexto.Ambiente, u"PRD"_qs);
+    EXPECT_EQ(contexto.Ambiente, u"PRD"_s);
     EXPECT_FALSE(contexto.SomenteConsulta);
 }
 
 TEST_F(LancamentoTest, WithoutTheMarkerItIsACustomer) {
-    EXPECT_EQ(IdentificaInstalacao(contexto), u"CLIENTE"_qs);
+    EXPECT_EQ(IdentificaInstalacao(contexto), u"CLIENTE"_s);
 }
 
 TEST_F(LancamentoTest, TextsWithoutDigitsAreNumberZero) {
-    EXPECT_TRUE(lanca(u"abc^x^PRD^False^"_qs));
+    EXPECT_TRUE(lanca(u"abc^x^PRD^False^"_s));
     EXPECT_EQ(contexto.CodigoUsuario, 0);
     EXPECT_EQ(contexto.CodigoEmpresa, 0);
 }
 
 TEST_F(LancamentoTest, NumbersBeyondSixteenBitsEndTheProcess) {
-    EXPECT_FALSE(lanca(u"32768^1^PRD^False^"_qs));
+    EXPECT_FALSE(lanca(u"32768^1^PRD^False^"_s));
     ASSERT_TRUE(mundo.program.failure());
     EXPECT_EQ(mundo.program.failure()->number(), errorNumber::Overflow);
     EXPECT_TRUE(mundo.database.opened.empty());
 }
 
 TEST_F(LancamentoTest, AnUnknownEnvironmentIsStoppedByTheConfiguration) {
-    for (const QString& linha : {u"12^3^prd^False^"_qs, u"12^3^TESTE^False^"_qs, u"12"_qs}) {
+    for (const QString& linha : {u"12^3^prd^False^"_s, u"12^3^TESTE^False^"_s, u"12"_s}) {
         LaunchWorld outro;
         Inicial inicial(outro.program);
         outro.contexto.LinhaComando = linha;
         EXPECT_FALSE(outro.run([&] { Lancamento(outro.contexto, inicial); }));
-        EXPECT_EQ(outro.box().title, u"Falha de Conexão com o Servidor"_qs);
+        EXPECT_EQ(outro.box().title, u"Falha de Conexão com o Servidor"_s);
     }
 }
 
 TEST_F(LancamentoTest, UnknownUserAndCompanyLeaveTheTitleEmpty) {
-    mundo.database.answer(u"EMPR"_qs, {});
-    mundo.database.answer(u"USEN"_qs, {});
-    EXPECT_TRUE(lanca(u"99^99^PRD^False^"_qs));
-    EXPECT_EQ(tela.caption(), u"ERP VORTA - Nexoria - Release 2015.07.24 (PRD)(/)"_qs);
+    mundo.database.answer(u"EMPR"_s, {});
+    mundo.database.answer(u"USEN"_s, {});
+    EXPECT_TRUE(lanca(u"99^99^PRD^False^"_s));
+    EXPECT_EQ(tela.caption(), u"ERP VORTA - Nexoria - Release 2015.07.24 (PRD)(/)"_s);
     EXPECT_EQ(tela.lblNomeEmpresa.text(), QString());
 }
 
 TEST_F(LancamentoTest, WithoutAConnectionTheFirstLookupEndsTheProcess) {
-    mundo.linhas(u"server.ini"_qs) = {u"SRV^BASE^u^s^firebird^x^False"_qs};
-    EXPECT_FALSE(lanca(u"12^3^PRD^False^"_qs));
+    mundo.linhas(u"server.ini"_s) = {u"SRV^BASE^u^s^firebird^x^False"_s};
+    EXPECT_FALSE(lanca(u"12^3^PRD^False^"_s));
     ASSERT_TRUE(mundo.program.failure());
     EXPECT_EQ(mundo.program.failure()->number(), errorNumber::ObjectNotSet);
     EXPECT_EQ(mundo.platform.boxes.size(), 1u);
@@ -148,13 +149,13 @@ TEST_F(LancamentoTest, WithoutAConnectionTheFirstLookupEndsTheProcess) {
 TEST(LeUsuario, ALostConnectionEndsTheProcessWithItsBox) {
     World mundo;
     mundo.connect();
-    mundo.database.fail(u"USEN"_qs, errorNumber::ConnectionFailed);
+    mundo.database.fail(u"USEN"_s, errorNumber::ConnectionFailed);
     EXPECT_FALSE(mundo.run([&] { LeUsuario(mundo.contexto, 1); }));
     ASSERT_EQ(mundo.platform.boxes.size(), 1u);
-    EXPECT_EQ(mundo.platform.boxes[0].title, u"Falha de Conexão (FIREBIRD)"_qs);
+    EXPECT_EQ(mundo.platform.boxes[0].title, u"Falha de Conexão (FIREBIRD)"_s);
     EXPECT_EQ(mundo.platform.boxes[0].text,
               u"Ocorreu uma Falha de Conexão com o Servidor de Banco de Dados (FIREBIRD).\n"
-              "Tente Novamente, Caso o Problema Persista, Contate o Desenvolvedor!"_qs);
+              "Tente Novamente, Caso o Problema Persista, Contate o Desenvolvedor!"_s);
     EXPECT_EQ(mundo.platform.boxes[0].icon, screen::Icon::Critical);
     EXPECT_EQ(mundo.contexto.ConexaoPrincipal, nullptr);
 }
@@ -162,22 +163,22 @@ TEST(LeUsuario, ALostConnectionEndsTheProcessWithItsBox) {
 TEST(LeUsuario, OtherErrorsAreIgnored) {
     World mundo;
     mundo.connect();
-    mundo.database.fail(u"USEN"_qs, errorNumber::StatementRefused);
+    mundo.database.fail(u"USEN"_s, errorNumber::StatementRefused);
     EXPECT_TRUE(mundo.run([&] { LeUsuario(mundo.contexto, 1); }));
     EXPECT_TRUE(mundo.platform.boxes.empty());
 }
 
 TEST(TituloTela, RoleScreensNameNoCompany) {
     World mundo;
-    mundo.contexto.NomeUsuario = u"MARIA"_qs;
-    mundo.contexto.CodigoEmpresaTexto = u"0001"_qs;
-    EXPECT_EQ(TituloTela(mundo.contexto, u" - Cadastro de Fornecedor "_qs),
-              u"ERP VORTA - Nexoria - Release 2015.07.24 - Cadastro de Fornecedor (/MARIA)"_qs);
+    mundo.contexto.NomeUsuario = u"MARIA"_s;
+    mundo.contexto.CodigoEmpresaTexto = u"0001"_s;
+    EXPECT_EQ(TituloTela(mundo.contexto, u" - Cadastro de Fornecedor "_s),
+              u"ERP VORTA - Nexoria - Release 2015.07.24 - Cadastro de Fornecedor (/MARIA)"_s);
 }
 
 TEST(AjustaLarguraLista, WidensTheDroppedPart) {
     World mundo;
-    screen::Screen tela(mundo.program, u"frmTeste"_qs);
+    screen::Screen tela(mundo.program, u"frmTeste"_s);
     screen::ListField lista(&tela, "cboProduto");
     AjustaLarguraLista(lista, 700);
     EXPECT_EQ(lista.dropWidth(), 700);

@@ -1,4 +1,5 @@
 #include "maintenance/frmInfoPess.h"
+#include "base/Literals.h"
 
 #include "screen/User.h"
 #include "support/World.h"
@@ -8,8 +9,8 @@ namespace vorta::test {
 namespace {
 
 const QString atualizacao =
-    u"UPDATE PESS SET CODI_MUNI_COML_PESS='%1', CODI_MUNI_ENTG_PESS='%2', CODI_MUNI_COBR_PESS='%3' WHERE (IDPESS=%4)"_qs;
-const QString busca = u"SELECT CODI_MUNI_IBGE FROM MUNI_IBGE WHERE DESC_MUNI_IBGE = '%1' AND UF00_MUNI_IBGE = '%2'"_qs;
+    u"UPDATE PESS SET CODI_MUNI_COML_PESS='%1', CODI_MUNI_ENTG_PESS='%2', CODI_MUNI_COBR_PESS='%3' WHERE (IDPESS=%4)"_s;
+const QString busca = u"SELECT CODI_MUNI_IBGE FROM MUNI_IBGE WHERE DESC_MUNI_IBGE = '%1' AND UF00_MUNI_IBGE = '%2'"_s;
 
 } // namespace
 
@@ -18,8 +19,8 @@ struct Mundo : World {
     Mundo() {
         RegistraTelasManutencao(contexto);
         connect();
-        contexto.Ambiente = u"PRD"_qs;
-        contexto.NomeUsuario = u"MARIA"_qs;
+        contexto.Ambiente = u"PRD"_s;
+        contexto.NomeUsuario = u"MARIA"_s;
         conta(0, 0, 0, 0, 0);
     }
 
@@ -27,20 +28,20 @@ struct Mundo : World {
         const std::pair<const char*, int> tabelas[]{
             {"PESS", pess}, {"CLIE", clie}, {"FORN", forn}, {"VEND", vend}, {"TRPT", trpt}};
         for (const auto& [tabela, quantos] : tabelas)
-            database.answer(u"'QT' FROM %1 "_qs.arg(QLatin1StringView(tabela)), {{u"QT"_qs}, {{number(quantos)}}});
+            database.answer(u"'QT' FROM %1 "_s.arg(QLatin1StringView(tabela)), {{u"QT"_s}, {{number(quantos)}}});
     }
     void pessoas(const QList<QList<data::Value>>& linhas) {
-        database.answer(u"FROM PESS ORDER BY"_qs,
-                        {{u"IDPESS"_qs, u"CIDA_COML_PESS"_qs, u"UF00_COML_PESS"_qs, u"CIDA_ENTG_PESS"_qs,
-                          u"UF00_ENTG_PESS"_qs, u"CIDA_COBR_PESS"_qs, u"UF00_COBR_PESS"_qs},
+        database.answer(u"FROM PESS ORDER BY"_s,
+                        {{u"IDPESS"_s, u"CIDA_COML_PESS"_s, u"UF00_COML_PESS"_s, u"CIDA_ENTG_PESS"_s,
+                          u"UF00_ENTG_PESS"_s, u"CIDA_COBR_PESS"_s, u"UF00_COBR_PESS"_s},
                          linhas});
     }
     void municipio(const QString& nome, const QString& uf, const char* codigo) {
-        database.answer(busca.arg(nome, uf), {{u"codi_muni_ibge"_qs}, {{text(codigo)}}});
+        database.answer(busca.arg(nome, uf), {{u"codi_muni_ibge"_s}, {{text(codigo)}}});
     }
     bool abre(const std::function<void(frmInfoPess&)>& faz) {
-        platform.whenShown(u"frmInfoPess"_qs, [faz](screen::Screen& tela) { faz(static_cast<frmInfoPess&>(tela)); });
-        return run([&] { contexto.MostraTela(u"frmInfoPess"_qs); });
+        platform.whenShown(u"frmInfoPess"_s, [faz](screen::Screen& tela) { faz(static_cast<frmInfoPess&>(tela)); });
+        return run([&] { contexto.MostraTela(u"frmInfoPess"_s); });
     }
     int falha() const { return program.failure() ? program.failure()->number() : 0; }
 
@@ -52,11 +53,11 @@ class InfoPessTest : public ::testing::Test, protected Mundo {};
 TEST_F(InfoPessTest, CountsTheActiveRows) {
     conta(10, 4, 3, 2, 1);
     abre([&](frmInfoPess& tela) {
-        EXPECT_EQ(database.sent, (QStringList{u"SELECT COUNT(*) 'QT' FROM PESS WHERE DATA_DESA IS NULL"_qs,
-                                              u"SELECT COUNT(*) 'QT' FROM CLIE WHERE DATA_DESA IS NULL"_qs,
-                                              u"SELECT COUNT(*) 'QT' FROM FORN WHERE DATA_DESA IS NULL"_qs,
-                                              u"SELECT COUNT(*) 'QT' FROM VEND WHERE DATA_DESA IS NULL"_qs,
-                                              u"SELECT COUNT(*) 'QT' FROM TRPT WHERE DATA_DESA IS NULL"_qs}));
+        EXPECT_EQ(database.sent, (QStringList{u"SELECT COUNT(*) 'QT' FROM PESS WHERE DATA_DESA IS NULL"_s,
+                                              u"SELECT COUNT(*) 'QT' FROM CLIE WHERE DATA_DESA IS NULL"_s,
+                                              u"SELECT COUNT(*) 'QT' FROM FORN WHERE DATA_DESA IS NULL"_s,
+                                              u"SELECT COUNT(*) 'QT' FROM VEND WHERE DATA_DESA IS NULL"_s,
+                                              u"SELECT COUNT(*) 'QT' FROM TRPT WHERE DATA_DESA IS NULL"_s}));
         const screen::Label* descricoes[]{&tela.lblDesc1, &tela.lblDesc2, &tela.lblDesc3, &tela.lblDesc4,
                                           &tela.lblDesc5};
         const screen::Label* quantidades[]{&tela.lblQt1, &tela.lblQt2, &tela.lblQt3, &tela.lblQt4, &tela.lblQt5};
@@ -67,10 +68,10 @@ TEST_F(InfoPessTest, CountsTheActiveRows) {
             EXPECT_EQ(quantidades[linha]->text(), QString::fromUtf16(quantos[linha]));
             EXPECT_TRUE(descricoes[linha]->visible() && quantidades[linha]->visible());
         }
-        EXPECT_EQ(tela.caption(), ContextoExecucao::Titulo() + u" (PRD) - Informação de Pessoas (/MARIA)"_qs);
-        EXPECT_EQ(tela.lblDataHora.text(), u"20/11/2026 14:30"_qs);
-        EXPECT_EQ(tela.lblDescSemVinc.text(), u"Sem Vínculo"_qs);
-        EXPECT_EQ(tela.lblQtSemVinc.text(), u"0"_qs);
+        EXPECT_EQ(tela.caption(), ContextoExecucao::Titulo() + u" (PRD) - Informação de Pessoas (/MARIA)"_s);
+        EXPECT_EQ(tela.lblDataHora.text(), u"20/11/2026 14:30"_s);
+        EXPECT_EQ(tela.lblDescSemVinc.text(), u"Sem Vínculo"_s);
+        EXPECT_EQ(tela.lblQtSemVinc.text(), u"0"_s);
         for (const screen::Label* rotulo : {&tela.lblDesc6, &tela.lblQt6, &tela.lblDescSemVinc, &tela.lblQtSemVinc})
             EXPECT_FALSE(rotulo->visible()) << rotulo->name();
         EXPECT_EQ(tela.lblDesc6.text() + tela.lblQt6.text(), QString());
@@ -79,42 +80,42 @@ TEST_F(InfoPessTest, CountsTheActiveRows) {
 
 TEST_F(InfoPessTest, PersonsWithoutARoleNeverFallBelowZero) {
     conta(10, 2, 1, 1, 1);
-    abre([](frmInfoPess& tela) { EXPECT_EQ(tela.lblQtSemVinc.text(), u"5"_qs); });
+    abre([](frmInfoPess& tela) { EXPECT_EQ(tela.lblQtSemVinc.text(), u"5"_s); });
     conta(3, 2, 1, 1, 1);
-    abre([](frmInfoPess& tela) { EXPECT_EQ(tela.lblQtSemVinc.text(), u"0"_qs); });
+    abre([](frmInfoPess& tela) { EXPECT_EQ(tela.lblQtSemVinc.text(), u"0"_s); });
 }
 
 TEST_F(InfoPessTest, LooksUpTheCodesOfEveryPerson) {
     pessoas({{number(1), text("SAO PAULO"), text("SP"), text(" Campinas "), text(" sp "), text("NADA"), text("XX")},
              {number(2), text("SAO PAULO "), text("SP"), text(""), text(""), text("SAO PAULO"), text("SP")}});
-    municipio(u"SÃO PAULO"_qs, u"SP"_qs, "3550308");
-    municipio(u"CAMPINAS"_qs, u"SP"_qs, "3509502");
+    municipio(u"SÃO PAULO"_s, u"SP"_s, "3550308");
+    municipio(u"CAMPINAS"_s, u"SP"_s, "3509502");
     abre([&](frmInfoPess& tela) {
         database.sent.clear();
         user.click(tela.cmdEspecialMun);
-        EXPECT_EQ(database.sent,
-                  (QStringList{u"SELECT * FROM PESS ORDER BY IDPESS"_qs, busca.arg(u"SÃO PAULO"_qs, u"SP"_qs),
-                               busca.arg(u"CAMPINAS"_qs, u"SP"_qs), busca.arg(u"NADA"_qs, u"XX"_qs),
-                               atualizacao.arg(u"3550308"_qs, u"3509502"_qs, u""_qs, u"1"_qs),
-                               busca.arg(u"SAO PAULO"_qs, u"SP"_qs), busca.arg(u""_qs, u""_qs),
-                               busca.arg(u"SÃO PAULO"_qs, u"SP"_qs),
-                               atualizacao.arg(u""_qs, u""_qs, u"3550308"_qs, u"2"_qs)}))
+        EXPECT_EQ(
+            database.sent,
+            (QStringList{u"SELECT * FROM PESS ORDER BY IDPESS"_s, busca.arg(u"SÃO PAULO"_s, u"SP"_s),
+                         busca.arg(u"CAMPINAS"_s, u"SP"_s), busca.arg(u"NADA"_s, u"XX"_s),
+                         atualizacao.arg(u"3550308"_s, u"3509502"_s, u""_s, u"1"_s), busca.arg(u"SAO PAULO"_s, u"SP"_s),
+                         busca.arg(u""_s, u""_s), busca.arg(u"SÃO PAULO"_s, u"SP"_s),
+                         atualizacao.arg(u""_s, u""_s, u"3550308"_s, u"2"_s)}))
             << "only the exact name gets its accent back, and no transaction is opened";
         ASSERT_EQ(platform.boxes.size(), 1u);
-        EXPECT_EQ(platform.boxes[0].text, u"2 registros foram atualizados!"_qs);
+        EXPECT_EQ(platform.boxes[0].text, u"2 registros foram atualizados!"_s);
         EXPECT_EQ(platform.boxes[0].title, tela.caption());
         EXPECT_EQ(platform.boxes[0].icon, screen::Icon::Information);
         EXPECT_EQ(platform.boxes[0].buttons, screen::Buttons::OK);
         EXPECT_EQ(platform.progressed, (std::vector<std::pair<qint64, qint64>>{{1, 2}, {2, 2}, {0, 0}}));
         EXPECT_EQ(tela.pointer(), screen::Pointer::Default);
-        EXPECT_EQ(tela.lblQt1.text(), u"0"_qs) << "nothing counts anew";
+        EXPECT_EQ(tela.lblQt1.text(), u"0"_s) << "nothing counts anew";
     });
 }
 
 TEST_F(InfoPessTest, AnEmptyRegister) {
     abre([&](frmInfoPess& tela) { user.click(tela.cmdEspecialMun); });
     ASSERT_EQ(platform.boxes.size(), 1u);
-    EXPECT_EQ(platform.boxes[0].text, u"0 registros foram atualizados!"_qs);
+    EXPECT_EQ(platform.boxes[0].text, u"0 registros foram atualizados!"_s);
     EXPECT_TRUE(database.writes.isEmpty());
 }
 
@@ -131,7 +132,7 @@ TEST_F(InfoPessTest, ANullCityOrStateEndsTheRunBehindThePersonsBefore) {
         mundo.pessoas({inteira, quebrada, depois});
         mundo.abre([&](frmInfoPess& tela) { mundo.user.click(tela.cmdEspecialMun); });
         EXPECT_EQ(mundo.falha(), errorNumber::InvalidNull);
-        EXPECT_EQ(mundo.database.writes, QStringList(atualizacao.arg(u""_qs, u""_qs, u""_qs, u"1"_qs)));
+        EXPECT_EQ(mundo.database.writes, QStringList(atualizacao.arg(u""_s, u""_s, u""_s, u"1"_s)));
         ASSERT_EQ(mundo.platform.boxes.size(), 1u) << "the box of the error alone";
         EXPECT_FALSE(mundo.platform.boxes[0].text.contains(u"registros foram atualizados"));
     }
@@ -140,10 +141,10 @@ TEST_F(InfoPessTest, ANullCityOrStateEndsTheRunBehindThePersonsBefore) {
 TEST_F(InfoPessTest, AFailingWriteEndsTheRun) {
     const QList<data::Value> linha{number(1), text("A"), text("SP"), text("B"), text("SP"), text("C"), text("SP")};
     pessoas({linha, linha});
-    database.fail(u"UPDATE PESS"_qs, errorNumber::StatementRefused);
+    database.fail(u"UPDATE PESS"_s, errorNumber::StatementRefused);
     abre([&](frmInfoPess& tela) { user.click(tela.cmdEspecialMun); });
     EXPECT_EQ(falha(), errorNumber::StatementRefused);
-    EXPECT_EQ(database.sent.filter(u"UPDATE PESS"_qs).size(), 1);
+    EXPECT_EQ(database.sent.filter(u"UPDATE PESS"_s).size(), 1);
     EXPECT_TRUE(database.writes.isEmpty());
 }
 

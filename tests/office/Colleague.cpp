@@ -8,7 +8,7 @@ constexpr int patience = 120'000;
 
 Colleague::Colleague(const QString& home) {
     process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process_.start(QStringLiteral(OFFICE_USER), {home});
+    process_.start(QString::fromUtf8(OFFICE_USER), {home});
 }
 
 Colleague::~Colleague() {

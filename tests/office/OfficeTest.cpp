@@ -1,5 +1,6 @@
 // Many users of one base at once: what they save stands whole, and nobody meets an error that is not his own.
 
+#include "base/Literals.h"
 #include "office/Colleague.h"
 
 #include "kit/Loader.h"
@@ -30,7 +31,7 @@ Office open(const QString& home, int users) {
     for (int user = 0; user < users; ++user)
         office.push_back(std::make_unique<Colleague>(home));
     for (const std::unique_ptr<Colleague>& colleague : office)
-        EXPECT_EQ(colleague->hear(), QStringList{QStringLiteral("here")});
+        EXPECT_EQ(colleague->hear(), QStringList{u"here"_s});
     return office;
 }
 
@@ -66,8 +67,8 @@ void takeDown(Colleague& colleague, Deeds& deeds) {
             // The person included last, whole.
             ++deeds.searches;
             ASSERT_EQ(line.size(), 5) << "not found behind its inclusion";
-            EXPECT_EQ(deeds.included.value(line[1]), QStringLiteral("CARGA ") + line[2]);
-            EXPECT_EQ(line[3] + u'/' + line[4], QStringLiteral("3/2"));
+            EXPECT_EQ(deeds.included.value(line[1]), u"CARGA "_s + line[2]);
+            EXPECT_EQ(line[3] + u'/' + line[4], u"3/2"_s);
         } else {
             ADD_FAILURE() << line.join(u' ');
         }
@@ -78,8 +79,8 @@ void takeDown(Colleague& colleague, Deeds& deeds) {
 QStringList includeShared(Colleague& colleague, int persons) {
     QStringList keys;
     for (int person = 1; person <= persons; ++person) {
-        const QStringList answer = colleague.ask({QStringLiteral("include"), QStringLiteral("COMUM %1").arg(person),
-                                                  QStringLiteral("INICIO"), QString::number(900'000'000 + person)});
+        const QStringList answer = colleague.ask(
+            {u"include"_s, u"COMUM %1"_s.arg(person), u"INICIO"_s, QString::number(900'000'000 + person)});
         EXPECT_EQ(answer[0], u"included");
         keys += answer.value(1);
     }
@@ -88,8 +89,7 @@ QStringList includeShared(Colleague& colleague, int persons) {
 
 Deeds letWork(Office& office, int seconds, const QStringList& shared) {
     for (size_t user = 0; user < office.size(); ++user)
-        office[user]->begin(QStringList{QStringLiteral("work"), QString::number(seconds), QString::number(user + 1)} +
-                            shared);
+        office[user]->begin(QStringList{u"work"_s, QString::number(seconds), QString::number(user + 1)} + shared);
     Deeds deeds;
     for (const std::unique_ptr<Colleague>& colleague : office)
         takeDown(*colleague, deeds);
@@ -110,13 +110,13 @@ void expectWhole(const QString& connection, const Deeds& deeds) {
     kit::Loader base(connection);
     QMap<QString, QString> standing;
     for (const QStringList& row :
-         base.rows(QStringLiteral("SELECT IDPESS, NOME_PESS FROM PESS WHERE NOME_PESS STARTING WITH 'CARGA '")))
+         base.rows(u"SELECT IDPESS, NOME_PESS FROM PESS WHERE NOME_PESS STARTING WITH 'CARGA '"_s))
         standing[row[0]] = row[1];
     EXPECT_EQ(standing, deeds.included);
     for (const QStringList& row : base.rows(QString::fromLatin1(halfSaved)))
         ADD_FAILURE() << "half saved: " << row.join(u' ');
     for (const QString& key : deeds.altered.keys()) {
-        const QString mark = base.rows(QStringLiteral("SELECT OBSE_PESS_0003 FROM PESS WHERE IDPESS=") + key)[0][0];
+        const QString mark = base.rows(u"SELECT OBSE_PESS_0003 FROM PESS WHERE IDPESS="_s + key)[0][0];
         const std::vector<Alteration>& alterations = deeds.altered[key];
         const auto last = std::find_if(alterations.begin(), alterations.end(),
                                        [&](const Alteration& alteration) { return alteration.mark == mark; });
@@ -125,9 +125,7 @@ void expectWhole(const QString& connection, const Deeds& deeds) {
             EXPECT_LE(other.begin, last->end) << "a later alteration was lost: " << other.mark;
     }
     for (const char* table : {"PESS", "PESS_CONT", "PESS_ATIV"})
-        EXPECT_EQ(base.number(
-                      QStringLiteral("SELECT COUNT(*) - COUNT(DISTINCT ID%1) FROM %1").arg(QString::fromLatin1(table))),
-                  0)
+        EXPECT_EQ(base.number(u"SELECT COUNT(*) - COUNT(DISTINCT ID%1) FROM %1"_s.arg(QString::fromLatin1(table))), 0)
             << "keys given twice in " << table;
 }
 
@@ -158,19 +156,17 @@ TEST(Office, twenty_users_of_a_server_lose_nothing) {
 TEST(Office, three_windows_on_one_embedded_base_save_by_turns) {
     const Installed installed = Installed::copyOf(Installed::demonstration());
     Office office = open(installed.home(), 3);
-    const QString name = QStringLiteral("COMUM 1");
-    const QStringList answer =
-        office[0]->ask({QStringLiteral("include"), name, QStringLiteral("PRIMEIRO"), QStringLiteral("900000001")});
+    const QString name = u"COMUM 1"_s;
+    const QStringList answer = office[0]->ask({u"include"_s, name, u"PRIMEIRO"_s, u"900000001"_s});
     ASSERT_EQ(answer[0], u"included");
     // The others had their windows open before the person was there.
     for (const char* mark : {"SEGUNDO", "TERCEIRO", "QUARTO", "QUINTO", "SEXTO"})
         for (size_t turn = 0; turn < office.size(); ++turn) {
-            const QString written = QStringLiteral("%1 %2").arg(QString::fromLatin1(mark)).arg(turn);
-            ASSERT_EQ(office[turn]->ask({QStringLiteral("alter"), answer[1], written})[0], u"altered");
+            const QString written = u"%1 %2"_s.arg(QString::fromLatin1(mark)).arg(turn);
+            ASSERT_EQ(office[turn]->ask({u"alter"_s, answer[1], written})[0], u"altered");
             for (const std::unique_ptr<Colleague>& reader : office)
-                EXPECT_EQ(reader->ask({QStringLiteral("find"), name}),
-                          (QStringList{QStringLiteral("found"), answer[1], written, QStringLiteral("3"),
-                                       QStringLiteral("2")}));
+                EXPECT_EQ(reader->ask({u"find"_s, name}),
+                          (QStringList{u"found"_s, answer[1], written, u"3"_s, u"2"_s}));
         }
     close(office);
 }

@@ -1,5 +1,6 @@
 #include "office/OfficeWork.h"
 
+#include "base/Literals.h"
 #include "kit/Documents.h"
 #include "search/frmBROWSE_PESSOAS.h"
 
@@ -7,7 +8,7 @@ namespace vorta::test {
 
 namespace {
 
-const QString savedText = QStringLiteral("Registro Gravado com sucesso!");
+const QString savedText = u"Registro Gravado com sucesso!"_s;
 
 /// Numbers of two branches that differ, for a mark: colleagues write different ones.
 std::pair<qsizetype, qsizetype> branchesOf(const QString& mark, qsizetype branches) {
@@ -26,7 +27,7 @@ frmPessoas& OfficeWork::person() {
 
 bool OfficeWork::spend(const std::function<void()>& day) {
     day_ = day;
-    register_.start(QStringLiteral("1^1^PRD^False^"));
+    register_.start(u"1^1^PRD^False^"_s);
     return flawless_ && !register_.program().failure();
 }
 
@@ -36,7 +37,7 @@ screen::Answer OfficeWork::messageBox(const screen::Box& box) {
         return screen::Answer::OK;
     }
     flawless_ = false;
-    tell_(QStringLiteral("error\t") + QString(box.text).replace(u'\n', u' '));
+    tell_(u"error\t"_s + QString(box.text).replace(u'\n', u' '));
     return box.buttons == screen::Buttons::OK ? screen::Answer::OK : screen::Answer::No;
 }
 
@@ -71,17 +72,17 @@ QString OfficeWork::include(const QString& name, const QString& mark, quint64 do
     screen::User& user = register_.user();
     frmPessoas& screen = person();
     user.click(screen.cmdINCLUIR);
-    pick(screen.cboFisJur, QStringLiteral("Física"));
+    pick(screen.cboFisJur, u"Física"_s);
     QString digits = QString::fromLatin1(kit::Cpf(document));
     user.type(screen.mskCodigo, digits.remove(u'.').remove(u'-'));
     user.type(screen.txtDescricao, name);
     user.type(screen.txtNomeFantasia, name);
-    user.type(screen.txtEndereco, QStringLiteral("Rua da Carga"));
-    user.type(screen.txtBairro, QStringLiteral("Centro"));
-    user.type(screen.mskCEP, QStringLiteral("06010000"));
-    pick(screen.cboUF, QStringLiteral("SP"));
-    user.type(screen.cboCidade, QStringLiteral("Osasco"));
-    user.type(screen.txtFone1, QStringLiteral("11 4000-0001"));
+    user.type(screen.txtEndereco, u"Rua da Carga"_s);
+    user.type(screen.txtBairro, u"Centro"_s);
+    user.type(screen.mskCEP, u"06010000"_s);
+    pick(screen.cboUF, u"SP"_s);
+    user.type(screen.cboCidade, u"Osasco"_s);
+    user.type(screen.txtFone1, u"11 4000-0001"_s);
     fillLists(mark);
     return save() ? screen.txtRowID.text() : QString();
 }
@@ -104,7 +105,7 @@ void OfficeWork::fillLists(const QString& mark) {
     screen::User& user = register_.user();
     frmPessoas& screen = person();
     for (const char* contact : {"A", "B", "C"}) {
-        user.type(screen.cboTipoContato, QStringLiteral("Diretor"));
+        user.type(screen.cboTipoContato, u"Diretor"_s);
         user.type(screen.txtNomeContato, mark + u' ' + QString::fromLatin1(contact));
         user.click(screen.cmdIncluirContato);
     }

@@ -1,6 +1,7 @@
 // A user of the office: office_user HOME. Commands come on the standard input, one a line with tabs between the words,
 // and are answered by one line each; "work" tells every deed on a line of its own before its answer.
 
+#include "base/Literals.h"
 #include "office/OfficeWork.h"
 
 #include <QCoreApplication>
@@ -12,6 +13,7 @@
 namespace {
 
 using vorta::test::OfficeWork;
+using namespace Qt::StringLiterals;
 
 void tell(const QString& line) {
     std::printf("%s\n", line.toUtf8().constData());
@@ -28,21 +30,21 @@ QString now() {
 void alter(OfficeWork& work, const QString& id, const QString& mark) {
     const QString begin = now();
     if (work.alter(id, mark))
-        tell(QStringLiteral("altered\t%1\t%2\t%3\t%4").arg(id, mark, begin, now()));
+        tell(u"altered\t%1\t%2\t%3\t%4"_s.arg(id, mark, begin, now()));
     else
-        tell(QStringLiteral("error\tthe alteration of %1 was not saved").arg(id));
+        tell(u"error\tthe alteration of %1 was not saved"_s.arg(id));
 }
 
 void include(OfficeWork& work, const QString& name, const QString& mark, quint64 document) {
     const QString id = work.include(name, mark, document);
     if (id.isEmpty())
-        tell(QStringLiteral("error\tthe inclusion of %1 was not saved").arg(name));
+        tell(u"error\tthe inclusion of %1 was not saved"_s.arg(name));
     else
-        tell(QStringLiteral("included\t%1\t%2").arg(id, name));
+        tell(u"included\t%1\t%2"_s.arg(id, name));
 }
 
 void find(OfficeWork& work, const QString& name) {
-    tell(QStringList{QStringLiteral("found"), work.find(name).join(u'\t')}.join(u'\t'));
+    tell(QStringList{u"found"_s, work.find(name).join(u'\t')}.join(u'\t'));
 }
 
 /// Includes a person, finds it, alters one of those that all colleagues alter, and again, without a pause.
@@ -51,17 +53,17 @@ void workFor(OfficeWork& work, int seconds, int number, const QStringList& share
     QElapsedTimer time;
     time.start();
     for (int round = 1; !time.hasExpired(seconds * 1000LL); ++round) {
-        const QString mark = QStringLiteral("U%1 N%2").arg(number, 2, 10, QChar(u'0')).arg(round);
-        const QString name = QStringLiteral("CARGA ") + mark;
+        const QString mark = u"U%1 N%2"_s.arg(number, 2, 10, QChar(u'0')).arg(round);
+        const QString name = u"CARGA "_s + mark;
         include(work, name, mark, static_cast<quint64>(number) * documentsOfAUser + static_cast<quint64>(round));
         find(work, name);
         alter(work, shared[(round + number) % shared.size()], mark);
     }
-    tell(QStringLiteral("done"));
+    tell(u"done"_s);
 }
 
 void obey(OfficeWork& work) {
-    tell(QStringLiteral("here"));
+    tell(u"here"_s);
     for (std::string line; std::getline(std::cin, line);) {
         const QStringList words = QString::fromStdString(line).split(u'\t');
         if (words[0] == u"include")

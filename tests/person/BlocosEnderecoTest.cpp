@@ -1,4 +1,5 @@
 #include "person/BlocosEndereco.h"
+#include "base/Literals.h"
 
 #include "person/PessoasFixture.h"
 
@@ -9,12 +10,12 @@ using screen::Answer;
 namespace {
 
 /// The fields of a block, in the order in which they are copied.
-const QStringList comercial{u"txtEndereco"_qs, u"txtNumero"_qs, u"txtComplemento"_qs, u"txtBairro"_qs,
-                            u"cboCidade"_qs,   u"cboUF"_qs,     u"mskCEP"_qs,         u"cboPais_Coml"_qs};
-const QStringList entrega{u"txtEnt_Endereco"_qs, u"txtEnt_Numero"_qs, u"txtEnt_Complemento"_qs, u"txtEnt_Bairro"_qs,
-                          u"cboEnt_Cidade"_qs,   u"cboEnt_UF"_qs,     u"mskEnt_CEP"_qs,         u"cboPais_Entg"_qs};
-const QStringList cobranca{u"txtCob_Endereco"_qs, u"txtCob_Numero"_qs, u"txtCob_Complemento"_qs, u"txtCob_Bairro"_qs,
-                           u"cboCob_Cidade"_qs,   u"cboCob_UF"_qs,     u"mskCob_CEP"_qs,         u"cboPais_Cobr"_qs};
+const QStringList comercial{u"txtEndereco"_s, u"txtNumero"_s, u"txtComplemento"_s, u"txtBairro"_s,
+                            u"cboCidade"_s,   u"cboUF"_s,     u"mskCEP"_s,         u"cboPais_Coml"_s};
+const QStringList entrega{u"txtEnt_Endereco"_s, u"txtEnt_Numero"_s, u"txtEnt_Complemento"_s, u"txtEnt_Bairro"_s,
+                          u"cboEnt_Cidade"_s,   u"cboEnt_UF"_s,     u"mskEnt_CEP"_s,         u"cboPais_Entg"_s};
+const QStringList cobranca{u"txtCob_Endereco"_s, u"txtCob_Numero"_s, u"txtCob_Complemento"_s, u"txtCob_Bairro"_s,
+                           u"cboCob_Cidade"_s,   u"cboCob_UF"_s,     u"mskCob_CEP"_s,         u"cboPais_Cobr"_s};
 
 struct Bloco {
     const char* cidade;
@@ -41,7 +42,7 @@ class BlocosEndereco : public PessoasFixture {
 
     void preenche(const QStringList& campos, const char* marca) {
         for (const QString& campo : campos)
-            tela.field(campo).setText(campo.startsWith(u"msk") ? u"13010-100"_qs
+            tela.field(campo).setText(campo.startsWith(u"msk") ? u"13010-100"_s
                                                                : QString::fromLatin1(marca) + campo.mid(3));
     }
 
@@ -54,61 +55,59 @@ class BlocosEndereco : public PessoasFixture {
 };
 
 TEST_F(BlocosEndereco, StateListsBeginWithTheCompanysOwnStateAndABlank) {
-    database.answer(u"FROM EMPR"_qs, {{u"UF00_COML_EMPR"_qs}, {{text("SP")}}});
-    database.answer(u"FROM UF00"_qs,
-                    {{u"IDUF00"_qs, u"CODI_UF00"_qs}, {{number(1), text("AC")}, {number(2), text("SP")}}});
-    tela.cboUF.setText(u"RJ"_qs);
+    database.answer(u"FROM EMPR"_s, {{u"UF00_COML_EMPR"_s}, {{text("SP")}}});
+    database.answer(u"FROM UF00"_s,
+                    {{u"IDUF00"_s, u"CODI_UF00"_s}, {{number(1), text("AC")}, {number(2), text("SP")}}});
+    tela.cboUF.setText(u"RJ"_s);
     PreencheCombosUFs(tela);
     for (const Bloco& bloco : blocos)
-        EXPECT_EQ(lista(bloco.uf).items(), (QStringList{u"SP"_qs, u"  "_qs, u"AC"_qs, u"SP"_qs}));
+        EXPECT_EQ(lista(bloco.uf).items(), (QStringList{u"SP"_s, u"  "_s, u"AC"_s, u"SP"_s}));
     EXPECT_EQ(tela.cboUF.text(), QString());
-    EXPECT_EQ(
-        database.sent.last(),
-        u"SELECT UF00.IDUF00, UF00.CODI_UF00 FROM UF00 WHERE (UF00.DATA_DESA IS NULL) ORDER BY UF00.CODI_UF00"_qs);
-    EXPECT_EQ(database.sent.count(u"SELECT UF00_COML_EMPR FROM EMPR Where (EMPR.DATA_DESA Is Null)"_qs), 3);
+    EXPECT_EQ(database.sent.last(),
+              u"SELECT UF00.IDUF00, UF00.CODI_UF00 FROM UF00 WHERE (UF00.DATA_DESA IS NULL) ORDER BY UF00.CODI_UF00"_s);
+    EXPECT_EQ(database.sent.count(u"SELECT UF00_COML_EMPR FROM EMPR Where (EMPR.DATA_DESA Is Null)"_s), 3);
 }
 
 TEST_F(BlocosEndereco, CitiesOfTheStateThatHoldWhatWasTyped) {
-    database.answer(u"SELECT * FROM MUNI_IBGE"_qs,
-                    {{u"desc_muni_ibge"_qs}, {{text("CAMPINAS")}, {text("CAMPO LIMPO")}}});
+    database.answer(u"SELECT * FROM MUNI_IBGE"_s, {{u"desc_muni_ibge"_s}, {{text("CAMPINAS")}, {text("CAMPO LIMPO")}}});
     for (const Bloco& bloco : blocos) {
-        lista(bloco.uf).setText(u"sp"_qs);
-        lista(bloco.cidade).setText(u" camp "_qs);
+        lista(bloco.uf).setText(u"sp"_s);
+        lista(bloco.cidade).setText(u" camp "_s);
         database.sent.clear();
         user.dropDown(lista(bloco.cidade));
         ASSERT_GE(database.sent.size(), 1);
         EXPECT_EQ(database.sent.last(),
                   u"SELECT * FROM MUNI_IBGE  WHERE DATA_DESA IS NULL AND UF00_MUNI_IBGE = 'SP' AND "
-                  "(MUNI_IBGE.DESC_MUNI_IBGE LIKE '%CAMP%') ORDER BY DESC_MUNI_IBGE"_qs);
-        EXPECT_EQ(lista(bloco.cidade).items(), (QStringList{u"CAMPINAS"_qs, u"CAMPO LIMPO"_qs}));
+                  "(MUNI_IBGE.DESC_MUNI_IBGE LIKE '%CAMP%') ORDER BY DESC_MUNI_IBGE"_s);
+        EXPECT_EQ(lista(bloco.cidade).items(), (QStringList{u"CAMPINAS"_s, u"CAMPO LIMPO"_s}));
     }
 }
 
 TEST_F(BlocosEndereco, CountriesThatHoldWhatWasTyped) {
-    database.answer(u"FROM PAIS"_qs, {{u"nome_pais"_qs}, {{text("BRASIL")}}});
+    database.answer(u"FROM PAIS"_s, {{u"nome_pais"_s}, {{text("BRASIL")}}});
     for (const Bloco& bloco : blocos) {
-        lista(bloco.pais).setText(u"bra"_qs);
+        lista(bloco.pais).setText(u"bra"_s);
         user.dropDown(lista(bloco.pais));
         EXPECT_EQ(database.sent.last(),
                   u"SELECT NOME_PAIS FROM PAIS  WHERE DATA_DESA IS NULL AND (PAIS.NOME_PAIS LIKE '%BRA%') "
-                  "ORDER BY NOME_PAIS"_qs);
-        EXPECT_EQ(lista(bloco.pais).items(), QStringList{u"BRASIL"_qs});
+                  "ORDER BY NOME_PAIS"_s);
+        EXPECT_EQ(lista(bloco.pais).items(), QStringList{u"BRASIL"_s});
     }
 }
 
 TEST_F(BlocosEndereco, LeavingTheCitySetsTheMunicipalCodeOfItsOwnBlock) {
-    database.answer(u"DESC_MUNI_IBGE = 'CAMPINAS'"_qs, {{u"codi_muni_ibge"_qs}, {{text("3509502")}}});
+    database.answer(u"DESC_MUNI_IBGE = 'CAMPINAS'"_s, {{u"codi_muni_ibge"_s}, {{text("3509502")}}});
     for (const Bloco& bloco : blocos) {
-        lista(bloco.cidade).setText(u"campinas"_qs);
-        lista(bloco.uf).setText(u"sp"_qs);
+        lista(bloco.cidade).setText(u"campinas"_s);
+        lista(bloco.uf).setText(u"sp"_s);
         database.sent.clear();
         user.focus(lista(bloco.cidade));
         user.leave(tela);
         EXPECT_EQ(database.sent,
                   QStringList{u"SELECT CODI_MUNI_IBGE FROM MUNI_IBGE WHERE DESC_MUNI_IBGE = 'CAMPINAS' AND "
-                              "UF00_MUNI_IBGE = 'SP'"_qs});
-        EXPECT_EQ(Texto(bloco.municipio), u"3509502"_qs);
-        lista(bloco.cidade).setText(u"lugar nenhum"_qs);
+                              "UF00_MUNI_IBGE = 'SP'"_s});
+        EXPECT_EQ(Texto(bloco.municipio), u"3509502"_s);
+        lista(bloco.cidade).setText(u"lugar nenhum"_s);
         user.focus(lista(bloco.cidade));
         user.leave(tela);
         EXPECT_EQ(Texto(bloco.municipio), QString());
@@ -116,13 +115,13 @@ TEST_F(BlocosEndereco, LeavingTheCitySetsTheMunicipalCodeOfItsOwnBlock) {
 }
 
 TEST_F(BlocosEndereco, SaoPauloIsLookedUpWithItsAccentAndTheFieldKeepsItsText) {
-    tela.cboCidade.setText(u"SAO PAULO"_qs);
-    tela.cboUF.setText(u"SP"_qs);
+    tela.cboCidade.setText(u"SAO PAULO"_s);
+    tela.cboUF.setText(u"SP"_s);
     user.focus(tela.cboCidade);
     user.leave(tela);
     EXPECT_EQ(database.sent.last(),
-              u"SELECT CODI_MUNI_IBGE FROM MUNI_IBGE WHERE DESC_MUNI_IBGE = 'SÃO PAULO' AND UF00_MUNI_IBGE = 'SP'"_qs);
-    EXPECT_EQ(tela.cboCidade.text(), u"SAO PAULO"_qs);
+              u"SELECT CODI_MUNI_IBGE FROM MUNI_IBGE WHERE DESC_MUNI_IBGE = 'SÃO PAULO' AND UF00_MUNI_IBGE = 'SP'"_s);
+    EXPECT_EQ(tela.cboCidade.text(), u"SAO PAULO"_s);
 }
 
 TEST_F(BlocosEndereco, CopiesBetweenTheBlocks) {
@@ -139,7 +138,7 @@ TEST_F(BlocosEndereco, CopiesBetweenTheBlocks) {
                          {tela.cmdEndComl1, comercial, entrega, tela.lblEnt_CodMunIBGE}};
     for (const Copia& copia : copias) {
         const QStringList antes = textos(copia.destino);
-        copia.municipio.setText(u"velho"_qs);
+        copia.municipio.setText(u"velho"_s);
         platform.boxes.clear();
         platform.willAnswer(Answer::No);
         Clica(copia.botao);
@@ -147,44 +146,44 @@ TEST_F(BlocosEndereco, CopiesBetweenTheBlocks) {
         platform.willAnswer(Answer::Yes);
         Clica(copia.botao);
         EXPECT_EQ(textos(copia.destino), textos(copia.origem));
-        EXPECT_EQ(copia.municipio.text(), u"velho"_qs);
-        EXPECT_EQ(platform.boxes.back().text, u"Confirma Repetição do Endereço?"_qs);
+        EXPECT_EQ(copia.municipio.text(), u"velho"_s);
+        EXPECT_EQ(platform.boxes.back().text, u"Confirma Repetição do Endereço?"_s);
         EXPECT_EQ(platform.boxes.back().title, QString());
         EXPECT_EQ(platform.boxes.back().buttons, screen::Buttons::YesNo);
     }
     tela.mskCEP.setText({});
     platform.willAnswer(Answer::Yes);
     Clica(tela.cmdEndComl1);
-    EXPECT_EQ(tela.mskEnt_CEP.text(), u"_____-___"_qs);
+    EXPECT_EQ(tela.mskEnt_CEP.text(), u"_____-___"_s);
 }
 
 TEST_F(BlocosEndereco, PostalCodeButtonsTellWhichBlockAsks) {
     class Ceps : public screen::Screen {
       public:
-        explicit Ceps(ContextoExecucao& dono) : Screen(dono.program(), u"frmBROWSE_CEPS"_qs) {}
+        explicit Ceps(ContextoExecucao& dono) : Screen(dono.program(), u"frmBROWSE_CEPS"_s) {}
     };
-    contexto.RegistraTela(u"frmBROWSE_CEPS"_qs, [](ContextoExecucao& dono) { return std::make_unique<Ceps>(dono); });
+    contexto.RegistraTela(u"frmBROWSE_CEPS"_s, [](ContextoExecucao& dono) { return std::make_unique<Ceps>(dono); });
     for (const Bloco& bloco : blocos) {
         Clica(static_cast<screen::Button&>(tela.field(QString::fromLatin1(bloco.botaoCep))));
         EXPECT_EQ(contexto.EnderecoAlvoCep, QString::fromLatin1(bloco.alvo));
-        EXPECT_EQ(platform.shown.last(), u"frmBROWSE_CEPS"_qs);
+        EXPECT_EQ(platform.shown.last(), u"frmBROWSE_CEPS"_s);
     }
 }
 
 TEST_F(BlocosEndereco, CloningTheNameByItsButton) {
-    tela.txtDescricao.setText(u" Maria "_qs);
-    tela.txtNomeFantasia.setText(u"outro"_qs);
+    tela.txtDescricao.setText(u" Maria "_s);
+    tela.txtNomeFantasia.setText(u"outro"_s);
     platform.willAnswer(Answer::No);
     Clica(tela.cmdClonarRazaoSocial);
-    EXPECT_EQ(tela.txtNomeFantasia.text(), u"outro"_qs);
+    EXPECT_EQ(tela.txtNomeFantasia.text(), u"outro"_s);
     platform.willAnswer(Answer::Yes);
     Clica(tela.cmdClonarRazaoSocial);
-    EXPECT_EQ(tela.txtNomeFantasia.text(), u" Maria "_qs);
-    EXPECT_EQ(platform.boxes.back().text, u"Confirma Clone: De Razao Social P/ Nome Fantasia?"_qs);
+    EXPECT_EQ(tela.txtNomeFantasia.text(), u" Maria "_s);
+    EXPECT_EQ(platform.boxes.back().text, u"Confirma Clone: De Razao Social P/ Nome Fantasia?"_s);
 }
 
 TEST_F(BlocosEndereco, LeavingAnEmptyTradeNameAsksInEveryState) {
-    tela.txtDescricao.setText(u" joão "_qs);
+    tela.txtDescricao.setText(u" joão "_s);
     platform.willAnswer(Answer::No);
     user.focus(tela.txtNomeFantasia);
     user.leave(tela);
@@ -192,11 +191,11 @@ TEST_F(BlocosEndereco, LeavingAnEmptyTradeNameAsksInEveryState) {
     platform.willAnswer(Answer::Yes);
     user.focus(tela.txtNomeFantasia);
     user.leave(tela);
-    EXPECT_EQ(tela.txtNomeFantasia.text(), u"JOÃO"_qs);
-    tela.txtNomeFantasia.setText(u" casa "_qs);
+    EXPECT_EQ(tela.txtNomeFantasia.text(), u"JOÃO"_s);
+    tela.txtNomeFantasia.setText(u" casa "_s);
     user.focus(tela.txtNomeFantasia);
     user.leave(tela);
-    EXPECT_EQ(tela.txtNomeFantasia.text(), u"CASA"_qs);
+    EXPECT_EQ(tela.txtNomeFantasia.text(), u"CASA"_s);
     EXPECT_EQ(platform.boxes.size(), 2u);
 }
 

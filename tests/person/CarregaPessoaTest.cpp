@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "person/PessoasFixture.h"
 
 namespace vorta::test {
@@ -65,17 +66,17 @@ class CarregaPessoaTela : public PessoasFixture {
                                         "PRIN_NOME_CONT",
                                         "PRIN_FONE_CONT",
                                         "PRIN_EMAI_CONT"};
-        valores.try_emplace(u"IDPESS"_qs, number(44));
-        valores.try_emplace(u"NOME_PESS"_qs, text("AURORA LTDA"));
-        valores.try_emplace(u"PSFI_PSJU"_qs, text("J"));
+        valores.try_emplace(u"IDPESS"_s, number(44));
+        valores.try_emplace(u"NOME_PESS"_s, text("AURORA LTDA"));
+        valores.try_emplace(u"PSFI_PSJU"_s, text("J"));
         FakeRows linhas;
         linhas.rows.emplace_back();
         for (const char* coluna : colunas) {
             linhas.columns << QString::fromLatin1(coluna);
             linhas.rows[0] << valores[QString::fromLatin1(coluna)];
         }
-        database.answer(QStringLiteral("FROM PESS WHERE IDPESS"), linhas);
-        database.answer(QStringLiteral("FROM PESS WHERE PESS_CODI_EXTE"), linhas);
+        database.answer(u"FROM PESS WHERE IDPESS"_s, linhas);
+        database.answer(u"FROM PESS WHERE PESS_CODI_EXTE"_s, linhas);
     }
     void Localiza(const char* id = "44") {
         tela.txtRowID.setText(QString::fromLatin1(id));
@@ -84,7 +85,7 @@ class CarregaPessoaTela : public PessoasFixture {
 };
 
 TEST_F(CarregaPessoaTela, NobodyThere) {
-    tela.setCaption(QStringLiteral("Barra"));
+    tela.setCaption(u"Barra"_s);
     Localiza("45");
     ASSERT_EQ(platform.boxes.size(), 1u);
     EXPECT_EQ(platform.boxes[0].text, u"Pessoa não localizada!");
@@ -96,8 +97,8 @@ TEST_F(CarregaPessoaTela, NobodyThere) {
 }
 
 TEST_F(CarregaPessoaTela, NullsGiveEmptyFields) {
-    tela.txtOBSE_PESS_0003.setText(QStringLiteral("de outra pessoa"));
-    tela.txtDTDesativa.setText(QStringLiteral("01/01/2020"));
+    tela.txtOBSE_PESS_0003.setText(u"de outra pessoa"_s);
+    tela.txtDTDesativa.setText(u"01/01/2020"_s);
     Pessoa({});
     Localiza();
     EXPECT_EQ(tela.txtDescricao.text(), u"AURORA LTDA");
@@ -114,23 +115,23 @@ TEST_F(CarregaPessoaTela, NullsGiveEmptyFields) {
 }
 
 TEST_F(CarregaPessoaTela, EveryColumnReachesItsField) {
-    database.answer(QStringLiteral("AND VEND.IDVEND =7"), {{u"NOME_CONH"_qs}, {{text("RITA")}}});
-    database.answer(QStringLiteral("AND TRPT.IDTRPT =8"), {{u"NOME_CONH"_qs}, {{text("RODA")}}});
-    database.answer(QStringLiteral("WHERE IDTIPO_CLIE=2"), {{u"DESC_TIPO_CLIE"_qs}, {{text("PRATA")}}});
-    Pessoa({{u"DATA_DESA"_qs, date(2020, 3, 4)},
-            {u"DATA_INCL"_qs, date(2019, 1, 2)},
-            {u"DATA_ANIV"_qs, text("31/12")},
-            {u"DATA_ANIV_RELA"_qs, date(2018, 7, 9)},
-            {u"CPF0_CNPJ"_qs, text("11222333")},
-            {u"IDVEND"_qs, number(7)},
-            {u"IDPESS_TRPT"_qs, number(8)},
-            {u"IDTIPO_CLIE"_qs, number(2)},
-            {u"PSFI_PSJU"_qs, text("F")},
-            {u"FAX0_0002_PESS"_qs, text("9999")},
-            {u"OBSE_PESS_0002"_qs, text("nota")},
-            {u"CODI_MUNI_ENTG_PESS"_qs, text("3548500")},
-            {u"FLAG_FISC_PESS"_qs, text("OK")},
-            {u"PRIN_FONE_CONT"_qs, text("3333")}});
+    database.answer(u"AND VEND.IDVEND =7"_s, {{u"NOME_CONH"_s}, {{text("RITA")}}});
+    database.answer(u"AND TRPT.IDTRPT =8"_s, {{u"NOME_CONH"_s}, {{text("RODA")}}});
+    database.answer(u"WHERE IDTIPO_CLIE=2"_s, {{u"DESC_TIPO_CLIE"_s}, {{text("PRATA")}}});
+    Pessoa({{u"DATA_DESA"_s, date(2020, 3, 4)},
+            {u"DATA_INCL"_s, date(2019, 1, 2)},
+            {u"DATA_ANIV"_s, text("31/12")},
+            {u"DATA_ANIV_RELA"_s, date(2018, 7, 9)},
+            {u"CPF0_CNPJ"_s, text("11222333")},
+            {u"IDVEND"_s, number(7)},
+            {u"IDPESS_TRPT"_s, number(8)},
+            {u"IDTIPO_CLIE"_s, number(2)},
+            {u"PSFI_PSJU"_s, text("F")},
+            {u"FAX0_0002_PESS"_s, text("9999")},
+            {u"OBSE_PESS_0002"_s, text("nota")},
+            {u"CODI_MUNI_ENTG_PESS"_s, text("3548500")},
+            {u"FLAG_FISC_PESS"_s, text("OK")},
+            {u"PRIN_FONE_CONT"_s, text("3333")}});
     Localiza();
     const std::pair<const char*, const char16_t*> esperados[]{{"txtDTDesativa", u"04/03/2020"},
                                                               {"lblDataDesa", u"04/03/2020"},
@@ -155,14 +156,14 @@ TEST_F(CarregaPessoaTela, EveryColumnReachesItsField) {
 }
 
 TEST_F(CarregaPessoaTela, ANullNameIsNotForeseen) {
-    Pessoa({{u"NOME_PESS"_qs, null()}});
+    Pessoa({{u"NOME_PESS"_s, null()}});
     Localiza();
     EXPECT_TRUE(program.hasEnded());
     EXPECT_EQ(program.failure()->number(), errorNumber::InvalidNull);
 }
 
 TEST_F(CarregaPessoaTela, ANullKindLoadsAsLegal) {
-    Pessoa({{u"PSFI_PSJU"_qs, null()}});
+    Pessoa({{u"PSFI_PSJU"_s, null()}});
     Localiza();
     EXPECT_EQ(tela.cboFisJur.text(), u"Jurídica");
 }
@@ -179,7 +180,7 @@ class CepGuardado : public CarregaPessoaTela, public ::testing::WithParamInterfa
 TEST_P(CepGuardado, ComesUpByTheRuleOfItsBlock) {
     const CasoCep& caso = GetParam();
     const data::Value valor = text(caso.guardado);
-    Pessoa({{u"CEP0_COML_PESS"_qs, valor}, {u"CEP0_ENTG_PESS"_qs, valor}, {u"CEP0_COBR_PESS"_qs, valor}});
+    Pessoa({{u"CEP0_COML_PESS"_s, valor}, {u"CEP0_ENTG_PESS"_s, valor}, {u"CEP0_COBR_PESS"_s, valor}});
     Localiza();
     EXPECT_EQ(tela.mskCEP.text(), QString::fromLatin1(caso.comercial));
     EXPECT_EQ(tela.mskEnt_CEP.text(), QString::fromLatin1(caso.entrega));
@@ -195,10 +196,10 @@ INSTANTIATE_TEST_SUITE_P(Regras, CepGuardado,
                                            CasoCep{"01310/100", "01310-100", "01310-100", "01310-100"}));
 
 TEST_F(CarregaPessoaTela, MissingMunicipalCodesAreLookedUp) {
-    database.answer(QStringLiteral("'CAMPINAS'"), {{u"CODI_MUNI_IBGE"_qs}, {{text("3509502")}}});
-    Pessoa({{u"CIDA_COML_PESS"_qs, text("CAMPINAS")},
-            {u"CIDA_ENTG_PESS"_qs, text("CAMPINAS")},
-            {u"CIDA_COBR_PESS"_qs, text("CAMPINAS")}});
+    database.answer(u"'CAMPINAS'"_s, {{u"CODI_MUNI_IBGE"_s}, {{text("3509502")}}});
+    Pessoa({{u"CIDA_COML_PESS"_s, text("CAMPINAS")},
+            {u"CIDA_ENTG_PESS"_s, text("CAMPINAS")},
+            {u"CIDA_COBR_PESS"_s, text("CAMPINAS")}});
     Localiza();
     EXPECT_EQ(tela.lblCodMunIBGE.text(), u"3509502");
     EXPECT_EQ(tela.lblEnt_CodMunIBGE.text(), u"3509502");
@@ -206,36 +207,35 @@ TEST_F(CarregaPessoaTela, MissingMunicipalCodesAreLookedUp) {
 }
 
 TEST_F(CarregaPessoaTela, AFilledBillingCodeIsLookedUpAgainWhileTheCommercialOneIsMissing) {
-    database.answer(QStringLiteral("'JAU'"), {{u"CODI_MUNI_IBGE"_qs}, {{text("3525300")}}});
-    Pessoa({{u"CIDA_COBR_PESS"_qs, text("JAU")}, {u"CODI_MUNI_COBR_PESS"_qs, text("1")}});
+    database.answer(u"'JAU'"_s, {{u"CODI_MUNI_IBGE"_s}, {{text("3525300")}}});
+    Pessoa({{u"CIDA_COBR_PESS"_s, text("JAU")}, {u"CODI_MUNI_COBR_PESS"_s, text("1")}});
     Localiza();
     EXPECT_EQ(tela.lblCob_CodMunIBGE.text(), u"3525300");
 }
 
 TEST_F(CarregaPessoaTela, ByExternalCode) {
-    database.answer(QStringLiteral("SELECT IDPESS, PESS_CODI_EXTE FROM PESS WHERE PESS.PESS_CODI_EXTE"),
-                    {{u"IDPESS"_qs}, {{number(44)}}});
-    Pessoa({{u"PESS_CODI_EXTE"_qs, text("X9")}});
+    database.answer(u"SELECT IDPESS, PESS_CODI_EXTE FROM PESS WHERE PESS.PESS_CODI_EXTE"_s,
+                    {{u"IDPESS"_s}, {{number(44)}}});
+    Pessoa({{u"PESS_CODI_EXTE"_s, text("X9")}});
     tela.txtRowID.setText({});
-    tela.txtCodPessExterno.setText(QStringLiteral("x9"));
+    tela.txtCodPessExterno.setText(u"x9"_s);
     Clica(tela.cmdPesquisar_Cliente);
     EXPECT_EQ(database.sent[0], u"SELECT * FROM PESS WHERE PESS_CODI_EXTE = 'X9'");
     EXPECT_EQ(tela.txtRowID.text(), u"44");
     EXPECT_EQ(tela.txtCodPessExterno.text(), u"X9");
-    EXPECT_TRUE(database.sent.filter(QStringLiteral("ORCA_VEDS")).isEmpty());
-    EXPECT_TRUE(database.sent.filter(QStringLiteral("PEDI_COMP_DETA")).isEmpty());
-    EXPECT_FALSE(database.sent.filter(QStringLiteral("PEDI_VEDS")).isEmpty());
-    EXPECT_FALSE(database.sent.filter(QStringLiteral("PEDI_COMP")).isEmpty());
+    EXPECT_TRUE(database.sent.filter(u"ORCA_VEDS"_s).isEmpty());
+    EXPECT_TRUE(database.sent.filter(u"PEDI_COMP_DETA"_s).isEmpty());
+    EXPECT_FALSE(database.sent.filter(u"PEDI_VEDS"_s).isEmpty());
+    EXPECT_FALSE(database.sent.filter(u"PEDI_COMP"_s).isEmpty());
 }
 
 TEST_F(CarregaPessoaTela, ListsComeUpInTheirGrids) {
     Pessoa({});
-    database.answer(QStringLiteral("FROM PESS_ATIV"), {{u"IDATIV"_qs}, {{number(3)}, {number(4)}}});
-    database.answer(QStringLiteral("Where idativ = 3"), {{u"desc_ativ"_qs}, {{text("COMERCIO")}}});
-    database.answer(
-        QStringLiteral("FROM PESS_CONT"),
-        {{u"CARG_PESS_CONT"_qs, u"NOME_PESS_CONT"_qs, u"TELE_PESS_CONT"_qs, u"EMAI_PESS_CONT"_qs, u"DATA_NASC"_qs},
-         {{text("COMPRAS"), text("ANA"), null(), null(), text("31/12")}}});
+    database.answer(u"FROM PESS_ATIV"_s, {{u"IDATIV"_s}, {{number(3)}, {number(4)}}});
+    database.answer(u"Where idativ = 3"_s, {{u"desc_ativ"_s}, {{text("COMERCIO")}}});
+    database.answer(u"FROM PESS_CONT"_s, {{u"CARG_PESS_CONT"_s, u"NOME_PESS_CONT"_s, u"TELE_PESS_CONT"_s,
+                                           u"EMAI_PESS_CONT"_s, u"DATA_NASC"_s},
+                                          {{text("COMPRAS"), text("ANA"), null(), null(), text("31/12")}}});
     Localiza();
     EXPECT_EQ(tela.FlexAtividades.Rows(), 3);
     EXPECT_EQ(tela.FlexAtividades.cell(1, 1), u"COMERCIO");
@@ -249,8 +249,8 @@ TEST_F(CarregaPessoaTela, ListsComeUpInTheirGrids) {
 
 TEST_F(CarregaPessoaTela, TheModeStaysAndEditsAreGone) {
     Pessoa({});
-    contexto.ModoTela = QStringLiteral("A");
-    tela.txtDescricao.setText(QStringLiteral("editado"));
+    contexto.ModoTela = u"A"_s;
+    tela.txtDescricao.setText(u"editado"_s);
     Localiza();
     EXPECT_EQ(tela.txtDescricao.text(), u"AURORA LTDA");
     EXPECT_EQ(contexto.ModoTela, u"A");

@@ -1,4 +1,5 @@
 #include "person/ComandosPessoa.h"
+#include "base/Literals.h"
 
 #include "person/ContatosPessoa.h"
 #include "person/PessoasFixture.h"
@@ -7,35 +8,35 @@ namespace vorta::test {
 
 using ComandosPessoa = PessoasFixture;
 
-const QString insereMinimo = QStringLiteral(
-    "psfi_psju, cpf0_cnpj, nome_pess, nome_conh, ENDE_COML_PESS, BAIR_COML_PESS, CIDA_COML_PESS, UF00_COML_PESS, "
+const QString insereMinimo =
+    u"psfi_psju, cpf0_cnpj, nome_pess, nome_conh, ENDE_COML_PESS, BAIR_COML_PESS, CIDA_COML_PESS, UF00_COML_PESS, "
     "CEP0_COML_PESS, PAIS_COML_PESS, CEP0_ENTG_PESS, PAIS_ENTG_PESS, CEP0_COBR_PESS, PAIS_COBR_PESS, Data_Aniv, "
-    "idTipo_Clie, codi_empr, data_incl, user_incl) ");
-const QString valoresMinimos = QStringLiteral(
-    "'J', '11.222.333/0001-81', 'METALURGICA AURORA LTDA', 'AURORA', 'RUA DAS FLORES', 'CENTRO', 'CAMPINAS', 'SP', "
-    "'13010-100', 'BRASIL', '_____-___', 'BRASIL', '_____-___', 'BRASIL', '__/__', '0', '0001', '20261120', '12')");
+    "idTipo_Clie, codi_empr, data_incl, user_incl) "_s;
+const QString valoresMinimos =
+    u"'J', '11.222.333/0001-81', 'METALURGICA AURORA LTDA', 'AURORA', 'RUA DAS FLORES', 'CENTRO', 'CAMPINAS', 'SP', "
+    "'13010-100', 'BRASIL', '_____-___', 'BRASIL', '_____-___', 'BRASIL', '__/__', '0', '0001', '20261120', '12')"_s;
 
 TEST_F(ComandosPessoa, AnInsertWithoutOptionalFieldsStillHoldsBlankMasksCountriesAndClass) {
     PreenchePessoa();
     MontaInsertPessoa(contexto, tela, 501);
     EXPECT_EQ(contexto.SqlComando.text(),
-              u"insert into pess (idpess, "_qs + insereMinimo + u"values ('501', "_qs + valoresMinimos);
+              u"insert into pess (idpess, "_s + insereMinimo + u"values ('501', "_s + valoresMinimos);
 }
 
 TEST_F(ComandosPessoa, OtherEnginesAssignTheKeyThemselves) {
-    UsaBanco(QStringLiteral("MS-SQL"));
+    UsaBanco(u"MS-SQL"_s);
     PreenchePessoa();
     MontaInsertPessoa(contexto, tela, 0);
-    EXPECT_EQ(contexto.SqlComando.text(), u"insert into pess ("_qs + insereMinimo + u"values ("_qs + valoresMinimos);
+    EXPECT_EQ(contexto.SqlComando.text(), u"insert into pess ("_s + insereMinimo + u"values ("_s + valoresMinimos);
 }
 
 class ComandosPessoaCompleta : public PessoasFixture {
   protected:
     void SetUp() override {
         PreenchePessoa();
-        database.answer(QStringLiteral("FROM VEND"), {{QStringLiteral("IDVEND")}, {{number(7)}}});
-        database.answer(QStringLiteral("FROM TRPT"), {{QStringLiteral("IDTRPT")}, {{number(8)}}});
-        database.answer(QStringLiteral("FROM TIPO_CLIE"), {{QStringLiteral("IDTIPO_CLIE")}, {{number(2)}}});
+        database.answer(u"FROM VEND"_s, {{u"IDVEND"_s}, {{number(7)}}});
+        database.answer(u"FROM TRPT"_s, {{u"IDTRPT"_s}, {{number(8)}}});
+        database.answer(u"FROM TIPO_CLIE"_s, {{u"IDTIPO_CLIE"_s}, {{number(2)}}});
         const std::pair<const char*, const char*> valores[]{
             {"txtCodPessExterno", " X9 "},
             {"txtIEstadual", "110042490114"},
@@ -83,7 +84,7 @@ class ComandosPessoaCompleta : public PessoasFixture {
         };
         for (const auto& [campo, valor] : valores)
             tela.field(QString::fromLatin1(campo)).setText(QString::fromUtf8(valor));
-        tela.txtRowID.setText(QStringLiteral("44"));
+        tela.txtRowID.setText(u"44"_s);
     }
 };
 
@@ -105,7 +106,7 @@ TEST_F(ComandosPessoaCompleta, TheInsertNamesEveryColumnInItsPlace) {
         "'20', 'C2', 'B2', 'SANTOS', 'SP', '11010-000', 'BRASIL', '3548500', 'RUA C', '30', 'C3', 'B3', 'JAU', "
         "'SP', '17201-000', 'BRASIL', '3525300', '31/12', '1932321000', '1932322000', '1932323000', "
         "'19999990000', 'a@b.com', 'www.b.com', '7', 'Tabela B', 'N1', 'N2', 'N3', '2', '8', '20190305', 'ANA', "
-        "'3333', 'c@d.com', 'IM', 'SU', 'ST', 'BIA', '0001', '20261120', '12')"_qs);
+        "'3333', 'c@d.com', 'IM', 'SU', 'ST', 'BIA', '0001', '20261120', '12')"_s);
 }
 
 TEST_F(ComandosPessoaCompleta, TheUpdateNamesEveryColumnInItsPlace) {
@@ -125,13 +126,13 @@ TEST_F(ComandosPessoaCompleta, TheUpdateNamesEveryColumnInItsPlace) {
               "data_aniv_rela='20190305', idTipo_Clie='2', OBSE_PESS_0001='N1', OBSE_PESS_0002='N2', "
               "OBSE_PESS_0003='N3', IDPESS_TRPT='8', PRIN_NOME_CONT='ANA', PRIN_FONE_CONT='3333', "
               "PRIN_EMAI_CONT='c@d.com', NUME_IMUN_PESS='IM', NUME_SUFRAMA_PESS='SU', NUME_SUBS_TRIB_PESS='ST', "
-              "NOME_CONT_PESS='BIA', codi_empr='0001', HTTP_PESS='www.b.com' WHERE (idPESS=44)"_qs);
+              "NOME_CONT_PESS='BIA', codi_empr='0001', HTTP_PESS='www.b.com' WHERE (idPESS=44)"_s);
 }
 
 TEST_F(ComandosPessoaCompleta, NamesThatWereTypedInsteadOfChosenAreStoredAsZero) {
-    database.answer(QStringLiteral("FROM VEND"), {});
-    database.answer(QStringLiteral("FROM TRPT"), {});
-    database.answer(QStringLiteral("FROM TIPO_CLIE"), {});
+    database.answer(u"FROM VEND"_s, {});
+    database.answer(u"FROM TRPT"_s, {});
+    database.answer(u"FROM TIPO_CLIE"_s, {});
     MontaUpdatePessoa(contexto, tela);
     EXPECT_TRUE(contexto.SqlComando.text().contains(u"idvend='0', "));
     EXPECT_TRUE(contexto.SqlComando.text().contains(u"idTipo_Clie='0', "));
@@ -139,7 +140,7 @@ TEST_F(ComandosPessoaCompleta, NamesThatWereTypedInsteadOfChosenAreStoredAsZero)
 }
 
 TEST_F(ComandosPessoa, AnUpdateOfAnEmptyScreenSetsNulls) {
-    tela.txtRowID.setText(QStringLiteral("9"));
+    tela.txtRowID.setText(u"9"_s);
     for (screen::MaskedField* campo :
          {&tela.mskCodigo, &tela.mskCEP, &tela.mskEnt_CEP, &tela.mskCob_CEP, &tela.mskDtNasc})
         campo->setMask({}), campo->setText({});
@@ -158,12 +159,12 @@ TEST_F(ComandosPessoa, AnUpdateOfAnEmptyScreenSetsNulls) {
         "Data_Aniv=null, data_aniv_rela=null, idTipo_Clie=0, OBSE_PESS_0001=null, OBSE_PESS_0002=null, "
         "OBSE_PESS_0003=null, IDPESS_TRPT=null, PRIN_NOME_CONT=null, PRIN_FONE_CONT=null, PRIN_EMAI_CONT=null, "
         "NUME_IMUN_PESS=null, NUME_SUFRAMA_PESS=null, NUME_SUBS_TRIB_PESS=null, NOME_CONT_PESS=null, codi_empr='', "
-        "HTTP_PESS=null WHERE (idPESS=9)"_qs);
+        "HTTP_PESS=null WHERE (idPESS=9)"_s);
 }
 
 TEST_F(ComandosPessoa, AnInvalidAnniversaryIsNotStored) {
     PreenchePessoa();
-    tela.mskDtAnivRel.setText(QStringLiteral("31/02/2020"));
+    tela.mskDtAnivRel.setText(u"31/02/2020"_s);
     MontaInsertPessoa(contexto, tela, 1);
     EXPECT_FALSE(contexto.SqlComando.text().contains(u"data_aniv_rela"));
     MontaUpdatePessoa(contexto, tela);
@@ -172,7 +173,7 @@ TEST_F(ComandosPessoa, AnInvalidAnniversaryIsNotStored) {
 
 TEST_F(ComandosPessoa, TheMunicipalCodeIsTrimmedAtInclusionOnly) {
     PreenchePessoa();
-    tela.lblCodMunIBGE.setText(QStringLiteral(" 3509502 "));
+    tela.lblCodMunIBGE.setText(u" 3509502 "_s);
     MontaInsertPessoa(contexto, tela, 1);
     EXPECT_TRUE(contexto.SqlComando.text().contains(u"'3509502'"));
     MontaUpdatePessoa(contexto, tela);
@@ -181,41 +182,41 @@ TEST_F(ComandosPessoa, TheMunicipalCodeIsTrimmedAtInclusionOnly) {
 
 TEST_F(ComandosPessoa, ContactInsert) {
     PreparaGridContatos(tela);
-    tela.Flex.AddItem(QStringLiteral("\tCOMPRAS\tAna\t3333\ta@b.com\t31/12"));
-    tela.Flex.AddItem(QStringLiteral("\tDIRETOR\tBia"));
-    InsereContato(tela, QStringLiteral("44"), 1);
+    tela.Flex.AddItem(u"\tCOMPRAS\tAna\t3333\ta@b.com\t31/12"_s);
+    tela.Flex.AddItem(u"\tDIRETOR\tBia"_s);
+    InsereContato(tela, u"44"_s, 1);
     EXPECT_EQ(
         contexto.SqlComando.text(),
         u"insert into pess_cont (idpess_cont, idpess, carg_pess_cont, nome_pess_cont, tele_pess_cont, "
         "emai_pess_cont, data_nasc, data_incl, user_incl) values ('71', '44', 'COMPRAS', 'Ana', '3333', 'a@b.com', "
-        "'31/12', '20261120', '12')"_qs);
-    UsaBanco(QStringLiteral("MSSQL"));
-    InsereContato(tela, QStringLiteral("44"), 2);
+        "'31/12', '20261120', '12')"_s);
+    UsaBanco(u"MSSQL"_s);
+    InsereContato(tela, u"44"_s, 2);
     EXPECT_EQ(contexto.SqlComando.text(),
               u"insert into pess_cont (idpess, carg_pess_cont, nome_pess_cont, data_nasc, data_incl, user_incl) "
-              "values ('44', 'DIRETOR', 'Bia', '', '20261120', '12')"_qs);
+              "values ('44', 'DIRETOR', 'Bia', '', '20261120', '12')"_s);
 }
 
 TEST_F(ComandosPessoa, BranchInsertLooksTheKeyUpAfresh) {
-    database.answer(QStringLiteral("FROM ativ"), {{QStringLiteral("idAtiv")}, {{number(33)}}});
+    database.answer(u"FROM ativ"_s, {{u"idAtiv"_s}, {{number(33)}}});
     PreparaGridAtividades(tela);
-    tela.FlexAtividades.AddItem(QStringLiteral("\tCOMERCIO\t"));
-    InsereAtividade(tela, QStringLiteral("44"), 1);
+    tela.FlexAtividades.AddItem(u"\tCOMERCIO\t"_s);
+    InsereAtividade(tela, u"44"_s, 1);
     EXPECT_EQ(contexto.SqlComando.text(),
               u"insert into pess_ativ (idpess_ativ, idpess, idativ, data_incl, user_incl) values ('81', '44', '33', "
-              "'20261120', '12')"_qs);
-    UsaBanco(QStringLiteral("MS-SQL2008WEB"));
-    InsereAtividade(tela, QStringLiteral("44"), 1);
+              "'20261120', '12')"_s);
+    UsaBanco(u"MS-SQL2008WEB"_s);
+    InsereAtividade(tela, u"44"_s, 1);
     EXPECT_EQ(contexto.SqlComando.text(),
-              u"insert into pess_ativ (idpess, idativ, data_incl, user_incl) values ('44', '33', '20261120', '12')"_qs);
+              u"insert into pess_ativ (idpess, idativ, data_incl, user_incl) values ('44', '33', '20261120', '12')"_s);
 }
 
 TEST_F(ComandosPessoa, Deletes) {
-    tela.txtRowID.setText(QStringLiteral("44"));
+    tela.txtRowID.setText(u"44"_s);
     ApagaContatos(tela);
-    EXPECT_EQ(contexto.SqlComando.text(), u"DELETE FROM PESS_CONT WHERE (idPESS=44)"_qs);
+    EXPECT_EQ(contexto.SqlComando.text(), u"DELETE FROM PESS_CONT WHERE (idPESS=44)"_s);
     ApagaAtividades(tela);
-    EXPECT_EQ(contexto.SqlComando.text(), u"DELETE FROM pess_ativ WHERE (idpess=44)"_qs);
+    EXPECT_EQ(contexto.SqlComando.text(), u"DELETE FROM pess_ativ WHERE (idpess=44)"_s);
 }
 
 } // namespace vorta::test

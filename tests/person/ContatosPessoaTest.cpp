@@ -1,4 +1,5 @@
 #include "person/ContatosPessoa.h"
+#include "base/Literals.h"
 
 #include "person/PessoasFixture.h"
 
@@ -9,15 +10,15 @@ class ContatosPessoa : public PessoasFixture {
     void SetUp() override {
         PreparaGridContatos(tela);
         PreparaGridAtividades(tela);
-        contexto.ModoTela = QStringLiteral("A");
+        contexto.ModoTela = u"A"_s;
         tela.LiberaCampos();
-        database.answer(QStringLiteral("desc_ativ='COMERCIO'"), {{QStringLiteral("idAtiv")}, {{number(33)}}});
+        database.answer(u"desc_ativ='COMERCIO'"_s, {{u"idAtiv"_s}, {{number(33)}}});
     }
     void DigitaContato(const char16_t* nascimento = u"31/12") {
-        tela.cboTipoContato.setText(QStringLiteral("COMPRAS"));
-        tela.txtNomeContato.setText(QStringLiteral("Ana"));
-        tela.txtFoneContato.setText(QStringLiteral("3333"));
-        tela.txtEmailContato.setText(QStringLiteral("A@B.com"));
+        tela.cboTipoContato.setText(u"COMPRAS"_s);
+        tela.txtNomeContato.setText(u"Ana"_s);
+        tela.txtFoneContato.setText(u"3333"_s);
+        tela.txtEmailContato.setText(u"A@B.com"_s);
         tela.mskDtNascCont.setText(QString::fromUtf16(nascimento));
     }
 };
@@ -78,9 +79,9 @@ TEST_F(ContatosPessoa, DoubleClickTakesARowBackIntoTheFields) {
 TEST_F(ContatosPessoa, DoubleClickWritesAMailWhileIdle) {
     DigitaContato();
     Clica(tela.cmdIncluirContato);
-    contexto.ModoTela = QStringLiteral(" ");
+    contexto.ModoTela = u" "_s;
     user.doubleClickCell(tela.Flex, 1, 2);
-    EXPECT_EQ(platform.addresses, QStringList{QStringLiteral("mailto:a@b.com")});
+    EXPECT_EQ(platform.addresses, QStringList{u"mailto:a@b.com"_s});
     EXPECT_EQ(tela.Flex.Rows(), 2);
     tela.Flex.setCell(1, 4, {});
     user.doubleClickCell(tela.Flex, 1, 2);
@@ -88,14 +89,14 @@ TEST_F(ContatosPessoa, DoubleClickWritesAMailWhileIdle) {
 }
 
 TEST_F(ContatosPessoa, BranchesMustExist) {
-    tela.cboAtividades.setText(QStringLiteral("COMERCIO"));
+    tela.cboAtividades.setText(u"COMERCIO"_s);
     Clica(tela.cmdIncluirAtividades);
     ASSERT_EQ(tela.FlexAtividades.Rows(), 2);
     EXPECT_EQ(tela.FlexAtividades.cell(1, 1), u"COMERCIO");
     EXPECT_EQ(tela.cboAtividades.text(), QString());
     EXPECT_EQ(tela.focus(), &tela.cboAtividades);
 
-    tela.cboAtividades.setText(QStringLiteral("NADA"));
+    tela.cboAtividades.setText(u"NADA"_s);
     user.focus(tela.txtBairro);
     EXPECT_EQ(platform.boxes[0].text, u"Esta Atividade não Existe!");
     EXPECT_EQ(platform.boxes[0].icon, screen::Icon::Information);
@@ -104,7 +105,7 @@ TEST_F(ContatosPessoa, BranchesMustExist) {
     EXPECT_EQ(tela.cboAtividades.text(), QString());
 
     user.focus(tela.cmdIncluirAtividades);
-    tela.cboAtividades.setText(QStringLiteral("NADA"));
+    tela.cboAtividades.setText(u"NADA"_s);
     Clica(tela.cmdIncluirAtividades);
     EXPECT_EQ(platform.boxes[1].text, u"Este Ramo de Atividade não existe!");
     EXPECT_EQ(platform.boxes[1].icon, screen::Icon::Critical);
@@ -112,13 +113,13 @@ TEST_F(ContatosPessoa, BranchesMustExist) {
 }
 
 TEST_F(ContatosPessoa, ClickTakesABranchBack) {
-    tela.FlexAtividades.AddItem(QStringLiteral("\tCOMERCIO\t"));
+    tela.FlexAtividades.AddItem(u"\tCOMERCIO\t"_s);
     user.clickCell(tela.FlexAtividades, 0, 1);
     EXPECT_EQ(tela.FlexAtividades.Rows(), 2);
-    contexto.ModoTela = QStringLiteral(" ");
+    contexto.ModoTela = u" "_s;
     user.clickCell(tela.FlexAtividades, 1, 1);
     EXPECT_EQ(tela.FlexAtividades.Rows(), 2);
-    contexto.ModoTela = QStringLiteral("I");
+    contexto.ModoTela = u"I"_s;
     user.clickCell(tela.FlexAtividades, 1, 1);
     EXPECT_EQ(tela.FlexAtividades.Rows(), 1);
     EXPECT_EQ(tela.cboAtividades.text(), u"COMERCIO");
@@ -126,7 +127,7 @@ TEST_F(ContatosPessoa, ClickTakesABranchBack) {
 
 TEST_F(ContatosPessoa, ListsDropDownByWhatWasTyped) {
     database.sent.clear();
-    tela.cboTipoContato.setText(QStringLiteral("comp"));
+    tela.cboTipoContato.setText(u"comp"_s);
     user.dropDown(tela.cboTipoContato);
     EXPECT_EQ(
         database.sent.last(),

@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "person/PessoasFixture.h"
 
 /// Deactivation and reactivation of a person.
@@ -10,12 +11,12 @@ using screen::Answer;
 class PersonState : public PessoasFixture {
   protected:
     PersonState() {
-        tela.txtRowID.setText(QStringLiteral("5"));
-        tela.txtDescricao.setText(QStringLiteral("AURORA"));
-        contexto.VinculoAtual = QStringLiteral("N");
+        tela.txtRowID.setText(u"5"_s);
+        tela.txtDescricao.setText(u"AURORA"_s);
+        contexto.VinculoAtual = u"N"_s;
     }
     bool limpa() const { return tela.txtRowID.text().isEmpty() && tela.txtDescricao.text().isEmpty(); }
-    void desativada() { tela.txtDTDesativa.setText(QStringLiteral("01/02/2026")); }
+    void desativada() { tela.txtDTDesativa.setText(u"01/02/2026"_s); }
     const screen::Box& caixa() const { return platform.boxes.back(); }
 };
 
@@ -31,7 +32,7 @@ TEST_F(PersonState, DeactivatesAPersonWithoutLinks) {
     EXPECT_EQ(caixa().text, u"Deseja realmente Desativar?");
     EXPECT_EQ(platform.boxes.size(), 1u) << "success has no message";
     EXPECT_TRUE(limpa());
-    EXPECT_FALSE(database.sent.contains(QStringLiteral("BEGIN")));
+    EXPECT_FALSE(database.sent.contains(u"BEGIN"_s));
 }
 
 TEST_F(PersonState, FourLinksHoldAPersonAndThreeDoNot) {
@@ -44,8 +45,8 @@ TEST_F(PersonState, FourLinksHoldAPersonAndThreeDoNot) {
                              Caso{"FORN", "IDFORN", true}, Caso{"MOTO", "IDMOTO", false}, Caso{"ARQT", "IDARQT", false},
                              Caso{"DECO", "IDDECO", false}}) {
         PersonState::database.writes.clear();
-        tela.txtRowID.setText(QStringLiteral("5"));
-        const QString consulta = QStringLiteral("FROM %1 WHERE IDPESS").arg(QLatin1StringView(caso.tabela));
+        tela.txtRowID.setText(u"5"_s);
+        const QString consulta = u"FROM %1 WHERE IDPESS"_s.arg(QLatin1StringView(caso.tabela));
         database.answer(consulta, {{QString::fromLatin1(caso.chave)}, {{test::number(9)}}});
         platform.willAnswer(Answer::Yes);
         user.click(tela.cmdEXCLUIR);
@@ -65,7 +66,7 @@ TEST_F(PersonState, NoClearsTheScreen) {
     platform.willAnswer(Answer::No);
     user.click(tela.cmdEXCLUIR);
     EXPECT_TRUE(limpa());
-    tela.txtRowID.setText(QStringLiteral("5"));
+    tela.txtRowID.setText(u"5"_s);
     desativada();
     platform.willAnswer(Answer::No);
     user.click(tela.cmdReativar);
@@ -77,7 +78,7 @@ TEST_F(PersonState, RefusesWhatIsSoAlready) {
     user.click(tela.cmdReativar);
     EXPECT_EQ(caixa().text, u"Impossibilidade de Executar o Comando!\nO Registro Já está como Ativo.");
     EXPECT_TRUE(limpa());
-    tela.txtRowID.setText(QStringLiteral("5"));
+    tela.txtRowID.setText(u"5"_s);
     desativada();
     user.click(tela.cmdEXCLUIR);
     EXPECT_EQ(caixa().text, u"Impossibilidade de Executar o Comando!\nO Registro Já está como Desativado.");
@@ -86,7 +87,7 @@ TEST_F(PersonState, RefusesWhatIsSoAlready) {
 }
 
 TEST_F(PersonState, NeedsAPerson) {
-    tela.txtRowID.setText(QStringLiteral("  "));
+    tela.txtRowID.setText(u"  "_s);
     user.click(tela.cmdEXCLUIR);
     EXPECT_EQ(caixa().text, u"Selecione Um Registro Para Executar esta Operação!");
     user.click(tela.cmdReativar);
@@ -105,7 +106,7 @@ TEST_F(PersonState, ReactivatesAndOverwritesTheInclusion) {
 }
 
 TEST_F(PersonState, AFailingStatementEndsTheProgram) {
-    database.fail(QStringLiteral("UPDATE PESS"), errorNumber::StatementRefused);
+    database.fail(u"UPDATE PESS"_s, errorNumber::StatementRefused);
     platform.willAnswer(Answer::Yes);
     user.click(tela.cmdEXCLUIR);
     ASSERT_TRUE(program.failure());

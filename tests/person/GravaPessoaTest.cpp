@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "person/ContatosPessoa.h"
 #include "person/PessoasFixture.h"
 
@@ -9,23 +10,23 @@ class GravaPessoa : public PessoasFixture {
         PreenchePessoa();
         PreparaGridContatos(tela);
         PreparaGridAtividades(tela);
-        tela.Flex.AddItem(QStringLiteral("\tCOMPRAS\tAna\t\t\t"));
-        tela.FlexAtividades.AddItem(QStringLiteral("\tCOMERCIO\t"));
-        database.answer(QStringLiteral("FROM ativ"), {{QStringLiteral("idAtiv")}, {{number(33)}}});
+        tela.Flex.AddItem(u"\tCOMPRAS\tAna\t\t\t"_s);
+        tela.FlexAtividades.AddItem(u"\tCOMERCIO\t"_s);
+        database.answer(u"FROM ativ"_s, {{u"idAtiv"_s}, {{number(33)}}});
         database.sent.clear();
     }
 
     /// The beginnings of what reached the database between BEGIN and the end.
     QStringList Passos() const {
         QStringList passos;
-        for (const QString& texto : database.sent.mid(database.sent.indexOf(u"BEGIN"_qs)))
+        for (const QString& texto : database.sent.mid(database.sent.indexOf(u"BEGIN"_s)))
             passos << texto.left(21);
         return passos;
     }
 };
 
 TEST_F(GravaPessoa, InclusionOnFirebird) {
-    contexto.ModoTela = QStringLiteral("I");
+    contexto.ModoTela = u"I"_s;
     Clica(tela.cmdSALVAR);
     EXPECT_EQ(Passos(), (QStringList{"BEGIN", "select gen_id(GEN_PES", "INSERT INTO PESS (IDP", "select gen_id(GEN_PES",
                                      "SELECT ativ.idativ, a", "INSERT INTO PESS_ATIV", "select gen_id(GEN_PES",
@@ -42,20 +43,20 @@ TEST_F(GravaPessoa, InclusionOnFirebird) {
 }
 
 TEST_F(GravaPessoa, InclusionOnSqlServerReadsTheKeyBehindTheInsert) {
-    UsaBanco(QStringLiteral("MS-SQL"));
+    UsaBanco(u"MS-SQL"_s);
     database.sent.clear();
-    database.answer(QStringLiteral("@@IDENTITY"), {{QStringLiteral("MAXROWID")}, {{number(902)}}});
-    contexto.ModoTela = QStringLiteral("I");
+    database.answer(u"@@IDENTITY"_s, {{u"MAXROWID"_s}, {{number(902)}}});
+    contexto.ModoTela = u"I"_s;
     Clica(tela.cmdSALVAR);
     EXPECT_EQ(Passos(), (QStringList{"BEGIN", "INSERT INTO PESS (PSF", "SELECT @@IDENTITY AS ", "SELECT ativ.idativ, a",
                                      "INSERT INTO PESS_ATIV", "INSERT INTO PESS_CONT", "COMMIT"}));
     EXPECT_EQ(tela.txtRowID.text(), u"902");
-    EXPECT_TRUE(database.sent.contains(u"SELECT @@IDENTITY AS 'MAXROWID'"_qs));
+    EXPECT_TRUE(database.sent.contains(u"SELECT @@IDENTITY AS 'MAXROWID'"_s));
 }
 
 TEST_F(GravaPessoa, AlterationDeletesAndRewritesBothLists) {
-    contexto.ModoTela = QStringLiteral("A");
-    tela.txtRowID.setText(QStringLiteral("44"));
+    contexto.ModoTela = u"A"_s;
+    tela.txtRowID.setText(u"44"_s);
     Clica(tela.cmdSALVAR);
     EXPECT_EQ(Passos(), (QStringList{"BEGIN", "UPDATE PESS SET CPF0_", "DELETE FROM PESS_ATIV", "DELETE FROM PESS_CONT",
                                      "select gen_id(GEN_PES", "SELECT ativ.idativ, a", "INSERT INTO PESS_ATIV",
@@ -64,34 +65,34 @@ TEST_F(GravaPessoa, AlterationDeletesAndRewritesBothLists) {
 }
 
 TEST_F(GravaPessoa, TextsGoOutInCapitalsAndWithoutAccents) {
-    contexto.ModoTela = QStringLiteral("I");
-    tela.txtDescricao.setText(QStringLiteral("José Conceição"));
+    contexto.ModoTela = u"I"_s;
+    tela.txtDescricao.setText(u"José Conceição"_s);
     Clica(tela.cmdSALVAR);
     EXPECT_TRUE(database.writes[0].contains(u"'JOSE CONCEICAO'"));
     contexto.PreservaAcentos = true;
-    contexto.ModoTela = QStringLiteral("I");
+    contexto.ModoTela = u"I"_s;
     Clica(tela.cmdSALVAR);
     EXPECT_TRUE(database.writes[3].contains(u"'JOSÉ CONCEIÇÃO'"));
 }
 
 TEST_F(GravaPessoa, AFailingStatementEndsTheProcessAndNothingIsCommitted) {
-    contexto.ModoTela = QStringLiteral("A");
-    tela.txtRowID.setText(QStringLiteral("44"));
-    database.fail(QStringLiteral("INSERT INTO PESS_CONT"), errorNumber::StatementRefused);
+    contexto.ModoTela = u"A"_s;
+    tela.txtRowID.setText(u"44"_s);
+    database.fail(u"INSERT INTO PESS_CONT"_s, errorNumber::StatementRefused);
     Clica(tela.cmdSALVAR);
     EXPECT_TRUE(program.hasEnded());
     EXPECT_EQ(program.exitCode(), 1);
     ASSERT_TRUE(program.failure());
     EXPECT_EQ(program.failure()->number(), errorNumber::StatementRefused);
-    EXPECT_FALSE(database.sent.contains(u"COMMIT"_qs));
+    EXPECT_FALSE(database.sent.contains(u"COMMIT"_s));
     EXPECT_EQ(database.sent.last(), u"CLOSE");
     ASSERT_EQ(platform.boxes.size(), 1u);
     EXPECT_TRUE(platform.boxes[0].text.contains(u"-2147217900"));
 }
 
 TEST_F(GravaPessoa, AnApostropheInAnUnguardedFieldReachesNoEngine) {
-    contexto.ModoTela = QStringLiteral("I");
-    tela.txtNumero.setText(QStringLiteral("10'A"));
+    contexto.ModoTela = u"I"_s;
+    tela.txtNumero.setText(u"10'A"_s);
     Clica(tela.cmdSALVAR);
     EXPECT_TRUE(program.hasEnded());
     EXPECT_EQ(program.failure()->number(), errorNumber::StatementRefused);
@@ -99,9 +100,9 @@ TEST_F(GravaPessoa, AnApostropheInAnUnguardedFieldReachesNoEngine) {
 }
 
 TEST_F(GravaPessoa, AValueCannotExtendItsStatement) {
-    contexto.ModoTela = QStringLiteral("A");
-    tela.txtRowID.setText(QStringLiteral("44"));
-    tela.txtFone2.setText(QStringLiteral("1', NOME_PESS='X"));
+    contexto.ModoTela = u"A"_s;
+    tela.txtRowID.setText(u"44"_s);
+    tela.txtFone2.setText(u"1', NOME_PESS='X"_s);
     Clica(tela.cmdSALVAR);
     EXPECT_EQ(program.failure()->number(), errorNumber::StatementRefused);
     EXPECT_TRUE(database.writes.isEmpty());

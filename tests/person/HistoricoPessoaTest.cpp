@@ -1,4 +1,5 @@
 #include "person/HistoricoPessoa.h"
+#include "base/Literals.h"
 
 #include "person/PessoasFixture.h"
 
@@ -9,21 +10,20 @@ class HistoricoPessoa : public PessoasFixture {
     void SetUp() override {
         MontaGradesHistorico(tela);
         LimpaHistorico(tela);
-        tela.txtRowID.setText(QStringLiteral("44"));
-        database.answer(QStringLiteral("FROM CLIE WHERE IDPESS"), {{u"IDCLIE"_qs}, {{number(5)}}});
-        database.answer(QStringLiteral("FROM FORN WHERE IDPESS"), {{u"IDFORN"_qs}, {{number(6)}}});
+        tela.txtRowID.setText(u"44"_s);
+        database.answer(u"FROM CLIE WHERE IDPESS"_s, {{u"IDCLIE"_s}, {{number(5)}}});
+        database.answer(u"FROM FORN WHERE IDPESS"_s, {{u"IDFORN"_s}, {{number(6)}}});
         database.sent.clear();
     }
     void Pedidos() {
-        database.answer(QStringLiteral("FROM CLIE, PEDI_VEDS"),
-                        {{u"IDPEDI_VEDS"_qs, u"NUME_PEDI"_qs, u"DATA_PEDI"_qs, u"IDNFF0"_qs},
-                         {{number(10), text("1010"), date(2020, 1, 5), number(77)},
-                          {number(11), text("1011"), date(2021, 2, 6), null()}}});
-        database.answer(QStringLiteral("pedi_veds_deta.idpedi_veds = 10"),
-                        {{u"QTDE"_qs, u"VALO_LIQU"_qs}, {{amount(200), amount(1050)}, {number(1), amount(300)}}});
-        database.answer(QStringLiteral("FROM PEDI_VEDS_DETA WHERE IDPEDI_VEDS = 10"),
-                        {{u"IDPROD"_qs, u"QTDE"_qs}, {{number(1), amount(250)}, {number(2), null()}}});
-        database.answer(QStringLiteral("WHERE IDNFF =77"), {{u"NUME_NFF"_qs}, {{text("000123")}}});
+        database.answer(u"FROM CLIE, PEDI_VEDS"_s, {{u"IDPEDI_VEDS"_s, u"NUME_PEDI"_s, u"DATA_PEDI"_s, u"IDNFF0"_s},
+                                                    {{number(10), text("1010"), date(2020, 1, 5), number(77)},
+                                                     {number(11), text("1011"), date(2021, 2, 6), null()}}});
+        database.answer(u"pedi_veds_deta.idpedi_veds = 10"_s,
+                        {{u"QTDE"_s, u"VALO_LIQU"_s}, {{amount(200), amount(1050)}, {number(1), amount(300)}}});
+        database.answer(u"FROM PEDI_VEDS_DETA WHERE IDPEDI_VEDS = 10"_s,
+                        {{u"IDPROD"_s, u"QTDE"_s}, {{number(1), amount(250)}, {number(2), null()}}});
+        database.answer(u"WHERE IDNFF =77"_s, {{u"NUME_NFF"_s}, {{text("000123")}}});
     }
 };
 
@@ -86,13 +86,13 @@ TEST_F(HistoricoPessoa, TheStatementsOfTheFiveGrids) {
 }
 
 TEST_F(HistoricoPessoa, TopAndOrderOfTheOrders) {
-    tela.txtVrTOP.setText(QStringLiteral(" 10 "));
+    tela.txtVrTOP.setText(u" 10 "_s);
     user.click(tela.opTopDesce);
     database.sent.clear();
     user.click(tela.cmdReprocessaHistClieI);
     EXPECT_TRUE(database.sent[1].startsWith(u"SELECT TOP 10 CLIE.IDCLIE, "));
     EXPECT_TRUE(database.sent[1].endsWith(u"ORDER BY PEDI_VEDS.DATA_PEDI DESC"));
-    tela.txtVrTOP.setText(QStringLiteral("0"));
+    tela.txtVrTOP.setText(u"0"_s);
     database.sent.clear();
     user.click(tela.cmdReprocessaHistClieI);
     EXPECT_TRUE(database.sent[1].startsWith(u"SELECT CLIE.IDCLIE, "));
@@ -101,7 +101,7 @@ TEST_F(HistoricoPessoa, TopAndOrderOfTheOrders) {
 TEST_F(HistoricoPessoa, ReprocessingKeepsTheDatesOfAnEmptySelection) {
     Pedidos();
     user.click(tela.cmdReprocessaHistClieI);
-    database.answer(QStringLiteral("FROM CLIE, PEDI_VEDS"), {});
+    database.answer(u"FROM CLIE, PEDI_VEDS"_s, {});
     user.click(tela.cmdReprocessaHistClieI);
     EXPECT_EQ(tela.FlexHistClie.Rows(), 1);
     EXPECT_EQ(tela.lblQtdeCompras.text(), u"0");
@@ -109,7 +109,7 @@ TEST_F(HistoricoPessoa, ReprocessingKeepsTheDatesOfAnEmptySelection) {
 }
 
 TEST_F(HistoricoPessoa, ATopThatIsNoNumberIsRefused) {
-    tela.txtVrTOP.setText(QStringLiteral("dez"));
+    tela.txtVrTOP.setText(u"dez"_s);
     user.click(tela.cmdReprocessaHistClieI);
     EXPECT_TRUE(program.hasEnded());
     EXPECT_EQ(program.failure()->number(), errorNumber::StatementRefused);
@@ -117,19 +117,18 @@ TEST_F(HistoricoPessoa, ATopThatIsNoNumberIsRefused) {
 
 TEST_F(HistoricoPessoa, ANullAmountEndsTheProcess) {
     Pedidos();
-    database.answer(QStringLiteral("pedi_veds_deta.idpedi_veds = 10"),
-                    {{u"QTDE"_qs, u"VALO_LIQU"_qs}, {{number(1), null()}}});
+    database.answer(u"pedi_veds_deta.idpedi_veds = 10"_s, {{u"QTDE"_s, u"VALO_LIQU"_s}, {{number(1), null()}}});
     user.click(tela.cmdReprocessaHistClieI);
     EXPECT_EQ(program.failure()->number(), errorNumber::InvalidNull);
 }
 
 TEST_F(HistoricoPessoa, ItemsOfPurchasesByProduct) {
-    database.answer(QStringLiteral("PEDI_COMP_DETA, PROD"),
-                    {{u"IDPEDI_COMP"_qs, u"DATA_PEDI_COMP"_qs, u"CODI_PROD"_qs, u"DESC_PROD"_qs, u"VALO_UNIT"_qs,
-                      u"VALO_DESC"_qs, u"VALO_LIQU"_qs, u"QTDE"_qs, u"DATA_CHEG"_qs, u"QTDE_CHEG"_qs},
+    database.answer(u"PEDI_COMP_DETA, PROD"_s,
+                    {{u"IDPEDI_COMP"_s, u"DATA_PEDI_COMP"_s, u"CODI_PROD"_s, u"DESC_PROD"_s, u"VALO_UNIT"_s,
+                      u"VALO_DESC"_s, u"VALO_LIQU"_s, u"QTDE"_s, u"DATA_CHEG"_s, u"QTDE_CHEG"_s},
                      {{number(3), date(2020, 5, 1), text("P1"), text("PARAFUSO"), amount(1000), amount(100),
                        amount(900), number(4), null(), null()}}});
-    tela.cboProduto.setText(QStringLiteral(" P1 "));
+    tela.cboProduto.setText(u" P1 "_s);
     user.click(tela.cmdPesquisar_Produto);
     EXPECT_TRUE(database.sent[1].contains(u"AND FORN.IDFORN = 6 AND PROD.CODI_PROD = 'P1' ORDER BY"));
     ASSERT_EQ(tela.FlexHistFornDeta.Rows(), 2);
@@ -144,8 +143,8 @@ TEST_F(HistoricoPessoa, ItemsOfPurchasesByProduct) {
 }
 
 TEST_F(HistoricoPessoa, TheProductListGivesTheCode) {
-    database.answer(QStringLiteral("FROM PROD"),
-                    {{u"DESC_PROD"_qs, u"CODI_PROD"_qs, u"IDPROD"_qs}, {{text("PARAFUSO"), text("P1"), number(9)}}});
+    database.answer(u"FROM PROD"_s,
+                    {{u"DESC_PROD"_s, u"CODI_PROD"_s, u"IDPROD"_s}, {{text("PARAFUSO"), text("P1"), number(9)}}});
     user.dropDown(tela.cboProduto);
     EXPECT_EQ(tela.cboProduto.dropWidth(), 720);
     ASSERT_EQ(tela.cboProduto.items().size(), 1);
@@ -155,8 +154,8 @@ TEST_F(HistoricoPessoa, TheProductListGivesTheCode) {
 
 TEST_F(HistoricoPessoa, TheLabelsFollowTheOrderOfTheRows) {
     Pedidos();
-    database.answer(QStringLiteral("ORDER BY PEDI_VEDS.DATA_PEDI DESC"),
-                    {{u"IDPEDI_VEDS"_qs, u"NUME_PEDI"_qs, u"DATA_PEDI"_qs, u"IDNFF0"_qs},
+    database.answer(u"ORDER BY PEDI_VEDS.DATA_PEDI DESC"_s,
+                    {{u"IDPEDI_VEDS"_s, u"NUME_PEDI"_s, u"DATA_PEDI"_s, u"IDNFF0"_s},
                      {{number(11), null(), date(2021, 2, 6), null()}, {number(12), text("1012"), null(), number(99)}}});
     user.click(tela.opTopDesce);
     user.click(tela.cmdReprocessaHistClieI);
@@ -169,12 +168,11 @@ TEST_F(HistoricoPessoa, TheLabelsFollowTheOrderOfTheRows) {
 
 TEST_F(HistoricoPessoa, PurchasesWithTheirStatistics) {
     database.answer(
-        QStringLiteral("FROM FORN, PEDI_COMP, PESS, USEN WHERE"),
-        {{u"IDPEDI_COMP"_qs, u"DATA_PEDI_COMP"_qs}, {{number(3), date(2020, 5, 1)}, {number(4), date(2020, 6, 1)}}});
-    database.answer(QStringLiteral("pedi_comp_deta.idpedi_comp = 4"),
-                    {{u"QTDE"_qs, u"VALO_LIQU"_qs}, {{number(3), amount(250)}}});
-    database.answer(QStringLiteral("FROM PEDI_COMP_DETA WHERE IDPEDI_COMP = 4"),
-                    {{u"IDPROD"_qs, u"QTDE"_qs}, {{number(1), number(3)}, {number(2), null()}}});
+        u"FROM FORN, PEDI_COMP, PESS, USEN WHERE"_s,
+        {{u"IDPEDI_COMP"_s, u"DATA_PEDI_COMP"_s}, {{number(3), date(2020, 5, 1)}, {number(4), date(2020, 6, 1)}}});
+    database.answer(u"pedi_comp_deta.idpedi_comp = 4"_s, {{u"QTDE"_s, u"VALO_LIQU"_s}, {{number(3), amount(250)}}});
+    database.answer(u"FROM PEDI_COMP_DETA WHERE IDPEDI_COMP = 4"_s,
+                    {{u"IDPROD"_s, u"QTDE"_s}, {{number(1), number(3)}, {number(2), null()}}});
     CarregaHistoricoPorId(tela);
     ASSERT_EQ(tela.FlexHistForn.Rows(), 3);
     const char16_t* linha[] = {u"4", u"4", u"01/06/2020", u"7,50", u"3"};
@@ -198,7 +196,7 @@ TEST_F(HistoricoPessoa, ClearingKeepsTheQuotationsLabels) {
     for (const char* rotulo : {"lblPrimeiraCompra", "lblUltimaCompraForn", "lblQtdeCompras", "lblTotalItensComprasForn",
                                "lblMontanteCompras", "lblQtdeComprasOS", "lblMontanteComprasOS", "lblPrimeiraCompraII",
                                "lblMontanteComprasII"})
-        tela.field(QString::fromLatin1(rotulo)).setText(u"x"_qs);
+        tela.field(QString::fromLatin1(rotulo)).setText(u"x"_s);
     LimpaHistorico(tela);
     const std::pair<const char*, const char16_t*> rotulos[] = {
         {"lblPrimeiraCompra", u""},         {"lblUltimaCompraForn", u""},    {"lblQtdeCompras", u"0"},

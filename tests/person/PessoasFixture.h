@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Literals.h"
 #include "launch/ContextoExecucao.h"
 #include "person/frmPessoas.h"
 #include "screen/User.h"
@@ -24,15 +25,15 @@ class PessoasFixture : public ::testing::Test {
     PessoasFixture() {
         platform.everyFileExists = true;
         contexto.CodigoUsuario = 12;
-        UsaBanco(QStringLiteral("FIREBIRD"));
-        database.answer(QStringLiteral("GEN_ID(GEN_PESS, 1)"), {{QStringLiteral("GEN_ID")}, {{number(501)}}});
-        database.answer(QStringLiteral("gen_id(GEN_PESS, 1)"), {{QStringLiteral("GEN_ID")}, {{number(501)}}});
-        database.answer(QStringLiteral("gen_id(GEN_PESS_CONT, 1)"), {{QStringLiteral("GEN_ID")}, {{number(71)}}});
-        database.answer(QStringLiteral("gen_id(GEN_PESS_ATIV, 1)"), {{QStringLiteral("GEN_ID")}, {{number(81)}}});
+        UsaBanco(u"FIREBIRD"_s);
+        database.answer(u"GEN_ID(GEN_PESS, 1)"_s, {{u"GEN_ID"_s}, {{number(501)}}});
+        database.answer(u"gen_id(GEN_PESS, 1)"_s, {{u"GEN_ID"_s}, {{number(501)}}});
+        database.answer(u"gen_id(GEN_PESS_CONT, 1)"_s, {{u"GEN_ID"_s}, {{number(71)}}});
+        database.answer(u"gen_id(GEN_PESS_ATIV, 1)"_s, {{u"GEN_ID"_s}, {{number(81)}}});
         program.ShowModal(tela);
         tela.PosicionaBotoes();
         tela.BloqueiaCampos();
-        tela.lblCodiEmpresa.setText(QStringLiteral("0001"));
+        tela.lblCodiEmpresa.setText(u"0001"_s);
         database.sent.clear();
     }
 
@@ -43,24 +44,23 @@ class PessoasFixture : public ::testing::Test {
     }
 
     void Parametro(const char* nome, const char* valor) {
-        database.answer(QStringLiteral("NOME_PARA='%1'").arg(QLatin1StringView(nome)),
-                        {{QStringLiteral("VALO_PARA")}, {{text(valor)}}});
+        database.answer(u"NOME_PARA='%1'"_s.arg(QLatin1StringView(nome)), {{u"VALO_PARA"_s}, {{text(valor)}}});
     }
 
     /// A legal person that passes every check.
     void PreenchePessoa() {
-        tela.cboFisJur.setText(QStringLiteral("Jurídica"));
-        tela.mskCodigo.setMask(QStringLiteral("##.###.###/####-##"));
-        tela.mskCodigo.setText(QStringLiteral("11.222.333/0001-81"));
-        tela.txtDescricao.setText(QStringLiteral("METALURGICA AURORA LTDA"));
-        tela.txtNomeFantasia.setText(QStringLiteral("AURORA"));
-        tela.txtEndereco.setText(QStringLiteral("RUA DAS FLORES"));
-        tela.txtBairro.setText(QStringLiteral("CENTRO"));
-        tela.cboCidade.setText(QStringLiteral("CAMPINAS"));
-        tela.cboUF.setText(QStringLiteral("SP"));
-        tela.mskCEP.setText(QStringLiteral("13010-100"));
+        tela.cboFisJur.setText(u"Jurídica"_s);
+        tela.mskCodigo.setMask(u"##.###.###/####-##"_s);
+        tela.mskCodigo.setText(u"11.222.333/0001-81"_s);
+        tela.txtDescricao.setText(u"METALURGICA AURORA LTDA"_s);
+        tela.txtNomeFantasia.setText(u"AURORA"_s);
+        tela.txtEndereco.setText(u"RUA DAS FLORES"_s);
+        tela.txtBairro.setText(u"CENTRO"_s);
+        tela.cboCidade.setText(u"CAMPINAS"_s);
+        tela.cboUF.setText(u"SP"_s);
+        tela.mskCEP.setText(u"13010-100"_s);
         for (screen::ListField* pais : {&tela.cboPais_Coml, &tela.cboPais_Entg, &tela.cboPais_Cobr})
-            pais->setText(QStringLiteral("BRASIL"));
+            pais->setText(u"BRASIL"_s);
     }
 
     void Clica(screen::Button& botao) {

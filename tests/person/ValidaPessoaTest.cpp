@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "person/PessoasFixture.h"
 
 namespace vorta::test {
@@ -34,15 +35,15 @@ class ValidaPessoa : public PessoasFixture {
   protected:
     void SetUp() override {
         PreenchePessoa();
-        contexto.ModoTela = QStringLiteral("I");
+        contexto.ModoTela = u"I"_s;
         tela.LiberaCampos();
     }
     void PreencheBloco(const QString& prefixo) {
-        tela.field(u"txt"_qs + prefixo + u"_Endereco"_qs).setText(QStringLiteral("RUA"));
-        tela.field(u"txt"_qs + prefixo + u"_Bairro"_qs).setText(QStringLiteral("BAIRRO"));
-        tela.field(u"cbo"_qs + prefixo + u"_Cidade"_qs).setText(QStringLiteral("CIDADE"));
-        tela.field(u"cbo"_qs + prefixo + u"_UF"_qs).setText(QStringLiteral("SP"));
-        tela.field(u"msk"_qs + prefixo + u"_CEP"_qs).setText(QStringLiteral("01310-100"));
+        tela.field(u"txt"_s + prefixo + u"_Endereco"_s).setText(u"RUA"_s);
+        tela.field(u"txt"_s + prefixo + u"_Bairro"_s).setText(u"BAIRRO"_s);
+        tela.field(u"cbo"_s + prefixo + u"_Cidade"_s).setText(u"CIDADE"_s);
+        tela.field(u"cbo"_s + prefixo + u"_UF"_s).setText(u"SP"_s);
+        tela.field(u"msk"_s + prefixo + u"_CEP"_s).setText(u"01310-100"_s);
     }
     bool Grava() {
         platform.boxes.clear();
@@ -54,8 +55,8 @@ class ValidaPessoa : public PessoasFixture {
 class CadaFalha : public ValidaPessoa, public ::testing::WithParamInterface<int> {};
 
 TEST_P(CadaFalha, ShowsItsMessageAndTakesTheFocus) {
-    PreencheBloco(QStringLiteral("Ent"));
-    PreencheBloco(QStringLiteral("Cob"));
+    PreencheBloco(u"Ent"_s);
+    PreencheBloco(u"Cob"_s);
     Parametro("OBRIG_ENDE_ENTG", "S");
     Parametro("OBRIG_ENDE_COBR", "S");
     // This field and every one behind it are empty; the message is this one's.
@@ -69,13 +70,13 @@ TEST_P(CadaFalha, ShowsItsMessageAndTakesTheFocus) {
     EXPECT_EQ(platform.boxes[0].title, comTitulo ? ContextoExecucao::Titulo() : QString());
     EXPECT_EQ(platform.boxes[0].icon, comTitulo ? screen::Icon::Information : screen::Icon::None);
     const QString foco =
-        falha.campo == QLatin1StringView("mskCodigo") ? u"cboFisJur"_qs : QString::fromLatin1(falha.campo);
+        falha.campo == QLatin1StringView("mskCodigo") ? u"cboFisJur"_s : QString::fromLatin1(falha.campo);
     ASSERT_NE(tela.focus(), nullptr);
     EXPECT_EQ(tela.focus()->name(), foco);
     EXPECT_EQ(contexto.ModoTela, u"I");
     EXPECT_TRUE(tela.cmdSALVAR.enabled());
     EXPECT_TRUE(database.writes.isEmpty());
-    EXPECT_FALSE(database.sent.contains(u"BEGIN"_qs));
+    EXPECT_FALSE(database.sent.contains(u"BEGIN"_s));
 }
 
 TEST_P(CadaFalha, OfTheOtherBlocksPassesWithoutItsSwitch) {
@@ -97,34 +98,34 @@ TEST_F(ValidaPessoa, ADocumentOfPromptsOnlyIsMissing) {
 }
 
 TEST_F(ValidaPessoa, BirthdayIsCheckedAgainstTheCurrentYear) {
-    tela.mskDtNasc.setText(QStringLiteral("31/02"));
+    tela.mskDtNasc.setText(u"31/02"_s);
     EXPECT_FALSE(Grava());
     EXPECT_EQ(platform.boxes[0].text, u"Formato de Data de Aniversário Inválida!");
     EXPECT_EQ(platform.boxes[0].title, u"Data de Aniversário");
     EXPECT_EQ(tela.focus(), &tela.mskDtNasc);
-    tela.mskDtNasc.setText(QStringLiteral("29/02"));
+    tela.mskDtNasc.setText(u"29/02"_s);
     EXPECT_FALSE(Grava()) << "2026 has no 29 February";
     platform.clock = QDateTime(QDate(2028, 1, 5), QTime(8, 0));
     EXPECT_TRUE(Grava());
 }
 
 TEST_F(ValidaPessoa, StateRegistrationOfALegalPersonOnly) {
-    tela.txtIEstadual.setText(QStringLiteral("110042490115"));
+    tela.txtIEstadual.setText(u"110042490115"_s);
     EXPECT_FALSE(Grava());
     EXPECT_EQ(platform.boxes[0].text, u"Inscrição Estadual Inválida!");
     EXPECT_EQ(platform.boxes[0].title, u"Inscrição Estadual");
     EXPECT_EQ(tela.focus(), &tela.txtIEstadual);
-    tela.txtIEstadual.setText(QStringLiteral("ISENTO"));
+    tela.txtIEstadual.setText(u"ISENTO"_s);
     EXPECT_TRUE(Grava());
-    contexto.ModoTela = QStringLiteral("I");
+    contexto.ModoTela = u"I"_s;
     tela.LiberaCampos();
-    tela.cboFisJur.setText(QStringLiteral("Física"));
-    tela.txtIEstadual.setText(QStringLiteral("12X"));
+    tela.cboFisJur.setText(u"Física"_s);
+    tela.txtIEstadual.setText(u"12X"_s);
     EXPECT_TRUE(Grava());
 }
 
 TEST_F(ValidaPessoa, TextFieldsAreTrimmedFirst) {
-    tela.txtDescricao.setText(QStringLiteral("   "));
+    tela.txtDescricao.setText(u"   "_s);
     EXPECT_FALSE(Grava());
     EXPECT_EQ(tela.txtDescricao.text(), QString());
 }
@@ -136,7 +137,7 @@ TEST_F(ValidaPessoa, DocumentOnLeaving) {
     EXPECT_EQ(tela.mskCodigo.text(), u"11.222.333/0001-81");
     EXPECT_EQ(tela.mskCodigo.mask(), u"##.###.###/####-##");
 
-    tela.mskCodigo.setText(QStringLiteral("11.222.333/0001-82"));
+    tela.mskCodigo.setText(u"11.222.333/0001-82"_s);
     user.focus(tela.mskCodigo);
     platform.willAnswer(screen::Answer::Yes);
     user.focus(tela.txtEndereco);
@@ -154,25 +155,25 @@ TEST_F(ValidaPessoa, DocumentOnLeaving) {
 }
 
 TEST_F(ValidaPessoa, NaturalPersonsDocumentOnLeaving) {
-    tela.cboFisJur.setText(QStringLiteral("Física"));
-    tela.mskCodigo.setMask(QStringLiteral("###.###.###-##"));
-    tela.mskCodigo.setText(QStringLiteral("529.982.247-26"));
+    tela.cboFisJur.setText(u"Física"_s);
+    tela.mskCodigo.setMask(u"###.###.###-##"_s);
+    tela.mskCodigo.setText(u"529.982.247-26"_s);
     user.focus(tela.mskCodigo);
     platform.willAnswer(screen::Answer::Yes);
     user.focus(tela.txtEndereco);
     EXPECT_EQ(platform.boxes[0].text, u"CPF Incorreto!\nContinua Verificação?");
-    tela.mskCodigo.setText(QStringLiteral("529.982.247-25"));
+    tela.mskCodigo.setText(u"529.982.247-25"_s);
     user.focus(tela.txtEndereco);
     EXPECT_EQ(tela.focus(), &tela.txtEndereco);
 }
 
 TEST_F(ValidaPessoa, ShortPhoneKeepsTheFocus) {
-    tela.txtFone1.setText(QStringLiteral("12345"));
+    tela.txtFone1.setText(u"12345"_s);
     user.focus(tela.txtFone1);
     user.focus(tela.txtFone2);
     EXPECT_EQ(platform.boxes[0].text, u"Obrigatório Informar um Telefone!");
     EXPECT_EQ(tela.focus(), &tela.txtFone1);
-    tela.txtFone1.setText(QStringLiteral("123456"));
+    tela.txtFone1.setText(u"123456"_s);
     EXPECT_TRUE(user.focus(tela.txtFone2));
 }
 
@@ -180,7 +181,7 @@ TEST_F(ValidaPessoa, EmailAsksWhetherToCorrect) {
     for (screen::Field* email :
          std::initializer_list<screen::Field*>{&tela.txtEmail1, &tela.txtPrinEmailContato, &tela.txtEmailContato}) {
         platform.boxes.clear();
-        email->setText(QStringLiteral("sem arroba"));
+        email->setText(u"sem arroba"_s);
         user.focus(*email);
         platform.willAnswer(screen::Answer::Yes);
         user.focus(tela.txtEndereco);
@@ -195,8 +196,8 @@ TEST_F(ValidaPessoa, EmailAsksWhetherToCorrect) {
 }
 
 TEST_F(ValidaPessoa, CodeOfAnExistingCustomerDuringInclusion) {
-    database.answer(QStringLiteral("From clie"), {{QStringLiteral("IDCLIE")}, {{number(5)}}});
-    tela.txtRowID.setText(QStringLiteral("5"));
+    database.answer(u"From clie"_s, {{u"IDCLIE"_s}, {{number(5)}}});
+    tela.txtRowID.setText(u"5"_s);
     user.focus(tela.txtRowID);
     user.focus(tela.txtEndereco);
     EXPECT_EQ(platform.boxes[0].text, u"O Cliente (5) Já Existe! Tente outro código");

@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "person/PessoasFixture.h"
 
 /// The seven role buttons: direct links, the way into the role screens, and what a failing statement leaves behind.
@@ -7,7 +8,7 @@ namespace {
 
 using screen::Answer;
 
-const QString identidade = QStringLiteral("SELECT @@IDENTITY AS 'MAXROWID'");
+const QString identidade = u"SELECT @@IDENTITY AS 'MAXROWID'"_s;
 
 /// A role with the statements that its button sends for person 5, by user 12 of company 0001, on 20 November 2026.
 struct Link {
@@ -54,18 +55,18 @@ const std::vector<Link> links{
 class RoleButtons : public PessoasFixture, public ::testing::WithParamInterface<Link> {
   protected:
     RoleButtons() {
-        tela.txtRowID.setText(QStringLiteral("5"));
-        tela.setCaption(QStringLiteral("TITULO"));
+        tela.txtRowID.setText(u"5"_s);
+        tela.setCaption(u"TITULO"_s);
         platform.shown.clear();
     }
 
     static QString latin(const char* texto) { return QString::fromLatin1(texto); }
-    QString leitura() const { return latin(GetParam().consulta) + u" AND DATA_DESA IS NULL"_qs; }
+    QString leitura() const { return latin(GetParam().consulta) + u" AND DATA_DESA IS NULL"_s; }
     QString parametroLido() const {
-        return QStringLiteral("SELECT * FROM EMPR_CNFG WHERE NOME_PARA='%1'").arg(latin(GetParam().parametro));
+        return u"SELECT * FROM EMPR_CNFG WHERE NOME_PARA='%1'"_s.arg(latin(GetParam().parametro));
     }
     QString colunaGravada(int id) const {
-        return QStringLiteral("UPDATE PESS SET %1 = %2 WHERE IDPESS = 5").arg(latin(GetParam().colunaPess)).arg(id);
+        return u"UPDATE PESS SET %1 = %2 WHERE IDPESS = 5"_s.arg(latin(GetParam().colunaPess)).arg(id);
     }
     void direto() { Parametro(GetParam().parametro, "N"); }
     void vinculado() { database.answer(latin(GetParam().consulta), {{latin(GetParam().chave)}, {{test::number(31)}}}); }
@@ -74,32 +75,32 @@ class RoleButtons : public PessoasFixture, public ::testing::WithParamInterface<
     QStringList antesDosIndicadores() {
         QStringList comandos = std::exchange(database.sent, {});
         EXPECT_GE(comandos.size(), 7);
-        EXPECT_EQ(comandos.last(7).filter(QStringLiteral(" AND DATA_DESA IS NULL")).size(), 7);
+        EXPECT_EQ(comandos.last(7).filter(u" AND DATA_DESA IS NULL"_s).size(), 7);
         return comandos.first(comandos.size() - 7);
     }
 };
 
 TEST_P(RoleButtons, LinkAtOnceOnFirebird) {
     direto();
-    database.answer(QStringLiteral("gen_id(%1,").arg(latin(GetParam().gerador)), {{"GEN_ID"}, {{test::number(90)}}});
+    database.answer(u"gen_id(%1,"_s.arg(latin(GetParam().gerador)), {{"GEN_ID"}, {{test::number(90)}}});
     database.answer(identidade, {{"MaxRowID"}, {{test::number(31)}}});
     platform.willAnswer(Answer::Yes);
-    contexto.VinculoAtual = QStringLiteral("S");
+    contexto.VinculoAtual = u"S"_s;
     clica();
     const QString chave = latin(GetParam().chave);
     QStringList esperado{parametroLido(), leitura()};
     QString insere = latin(GetParam().inserePrefixo);
     if (*GetParam().gerador) {
-        esperado << QStringLiteral("select gen_id(%1, 1) from RDB$GENERATORS where RDB$GENERATOR_NAME = '%1'; ")
-                        .arg(latin(GetParam().gerador));
-        insere += chave + u", "_qs;
+        esperado << u"select gen_id(%1, 1) from RDB$GENERATORS where RDB$GENERATOR_NAME = '%1'; "_s.arg(
+            latin(GetParam().gerador));
+        insere += chave + u", "_s;
     }
-    esperado << insere + latin(GetParam().insereColunas) + u") VALUES ("_qs +
-                    (*GetParam().gerador ? u"'90', "_qs : QString()) + latin(GetParam().insereValores) + u")"_qs
+    esperado << insere + latin(GetParam().insereColunas) + u") VALUES ("_s +
+                    (*GetParam().gerador ? u"'90', "_s : QString()) + latin(GetParam().insereValores) + u")"_s
              << identidade << colunaGravada(31);
     EXPECT_EQ(antesDosIndicadores(), esperado);
     ASSERT_EQ(platform.boxes.size(), 2u);
-    EXPECT_EQ(platform.boxes[0].text, QStringLiteral("Deseja Criar um Vínculo de %1?").arg(latin(GetParam().palavra)));
+    EXPECT_EQ(platform.boxes[0].text, u"Deseja Criar um Vínculo de %1?"_s.arg(latin(GetParam().palavra)));
     EXPECT_EQ(platform.boxes[0].title, u"TITULO");
     EXPECT_EQ(platform.boxes[0].icon, screen::Icon::None);
     EXPECT_EQ(platform.boxes[1].text, u"Vínculo estabelecido com sucesso!");
@@ -108,13 +109,13 @@ TEST_P(RoleButtons, LinkAtOnceOnFirebird) {
 }
 
 TEST_P(RoleButtons, LinkAtOnceOnSqlServer) {
-    UsaBanco(QStringLiteral("MSSQL"));
+    UsaBanco(u"MSSQL"_s);
     direto();
     database.answer(identidade, {{"MaxRowID"}, {{test::number(31)}}});
     platform.willAnswer(Answer::Yes);
     clica();
-    const QString insere = latin(GetParam().inserePrefixo) + latin(GetParam().insereColunas) + u") VALUES ("_qs +
-                           latin(GetParam().insereValores) + u")"_qs;
+    const QString insere = latin(GetParam().inserePrefixo) + latin(GetParam().insereColunas) + u") VALUES ("_s +
+                           latin(GetParam().insereValores) + u")"_s;
     EXPECT_EQ(database.writes, (QStringList{insere, colunaGravada(31)}));
 }
 
@@ -132,9 +133,9 @@ TEST_P(RoleButtons, UnlinkAtOnce) {
     clica();
     EXPECT_EQ(antesDosIndicadores(),
               (QStringList{parametroLido(), leitura(), leitura(), latin(GetParam().exclui), colunaGravada(0)}));
-    EXPECT_EQ(platform.boxes[0].text, QStringLiteral("Deseja Exclui o Vínculo de %1?").arg(latin(GetParam().palavra)));
+    EXPECT_EQ(platform.boxes[0].text, u"Deseja Exclui o Vínculo de %1?"_s.arg(latin(GetParam().palavra)));
     EXPECT_EQ(platform.boxes[1].text, u"Vínculo excluído com sucesso!");
-    EXPECT_TRUE(tela.field(latin(GetParam().botao)).picture().endsWith(u"comvinculo.bmp"_qs))
+    EXPECT_TRUE(tela.field(latin(GetParam().botao)).picture().endsWith(u"comvinculo.bmp"_s))
         << "a second active row keeps the button lit";
 }
 
@@ -162,7 +163,7 @@ TEST_P(RoleButtons, EveryOtherParameterOpensTheScreen) {
     }
     EXPECT_EQ(platform.shown, QStringList(5, latin(GetParam().tela)));
     EXPECT_EQ(contexto.IdPessoaVinculo, u"5");
-    EXPECT_EQ(antesDosIndicadores().filter(QStringLiteral("EMPR_CNFG")).size(), 5);
+    EXPECT_EQ(antesDosIndicadores().filter(u"EMPR_CNFG"_s).size(), 5);
     EXPECT_TRUE(platform.boxes.empty());
 }
 
@@ -180,7 +181,7 @@ TEST_P(RoleButtons, NeedAPerson) {
 TEST_P(RoleButtons, AFailureBetweenTheStepsLeavesTheRowWritten) {
     direto();
     platform.willAnswer(Answer::Yes);
-    database.fail(QStringLiteral("UPDATE PESS"), errorNumber::StatementRefused);
+    database.fail(u"UPDATE PESS"_s, errorNumber::StatementRefused);
     clica();
     EXPECT_EQ(database.writes.size(), 1);
     ASSERT_TRUE(program.failure());
@@ -196,11 +197,11 @@ class DriverButton : public PessoasFixture {
 };
 
 TEST_F(DriverButton, OpensItsScreenWithoutQuestionOrRefresh) {
-    contexto.RegistraTela(QStringLiteral("frmMotorista"), [](ContextoExecucao& dono) {
-        return std::make_unique<screen::Screen>(dono.program(), QStringLiteral("frmMotorista"));
+    contexto.RegistraTela(u"frmMotorista"_s, [](ContextoExecucao& dono) {
+        return std::make_unique<screen::Screen>(dono.program(), u"frmMotorista"_s);
     });
-    tela.txtRowID.setText(QStringLiteral("5"));
-    contexto.VinculoAtual = QStringLiteral("S");
+    tela.txtRowID.setText(u"5"_s);
+    contexto.VinculoAtual = u"S"_s;
     user.click(tela.cmdMotorista);
     EXPECT_EQ(platform.shown, QStringList{"frmMotorista"});
     EXPECT_EQ(contexto.IdPessoaVinculo, u"5");

@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "person/PessoasFixture.h"
 
 namespace vorta::test {
@@ -36,7 +37,7 @@ TEST_F(TelaPessoas, ReadOnlyUsersKeepSearchAndExit) {
 }
 
 TEST_F(TelaPessoas, InclusionFreesTheFields) {
-    tela.txtDescricao.setText(QStringLiteral("ALGUEM"));
+    tela.txtDescricao.setText(u"ALGUEM"_s);
     Clica(tela.cmdINCLUIR);
     EXPECT_EQ(contexto.ModoTela, u"I");
     EXPECT_EQ(tela.txtDescricao.text(), QString());
@@ -55,17 +56,16 @@ TEST_F(TelaPessoas, InclusionFreesTheFields) {
 
 TEST_F(TelaPessoas, CheckedEntryKeepsNameKindAndDocument) {
     Parametro("PESS_CHECA_ENTRADA", "S");
-    contexto.RegistraTela(QStringLiteral("frmPESSOAS_INCL"), [](ContextoExecucao& dono) {
-        return std::make_unique<screen::Screen>(dono.program(), QStringLiteral("frmPESSOAS_INCL"));
+    contexto.RegistraTela(u"frmPESSOAS_INCL"_s, [](ContextoExecucao& dono) {
+        return std::make_unique<screen::Screen>(dono.program(), u"frmPESSOAS_INCL"_s);
     });
     contexto.RetornoPesquisa.clear();
-    platform.whenShown(QStringLiteral("frmPESSOAS_INCL"), [](screen::Screen&) {});
+    platform.whenShown(u"frmPESSOAS_INCL"_s, [](screen::Screen&) {});
     Clica(tela.cmdINCLUIR);
     EXPECT_NE(contexto.ModoTela, u"I") << "refused there, the screen stays idle";
     EXPECT_TRUE(tela.txtDescricao.locked());
 
-    platform.whenShown(QStringLiteral("frmPESSOAS_INCL"),
-                       [&](screen::Screen&) { contexto.RetornoPesquisa = QStringLiteral("[OK]"); });
+    platform.whenShown(u"frmPESSOAS_INCL"_s, [&](screen::Screen&) { contexto.RetornoPesquisa = u"[OK]"_s; });
     Clica(tela.cmdINCLUIR);
     EXPECT_EQ(contexto.ModoTela, u"I");
     EXPECT_TRUE(tela.txtDescricao.locked());
@@ -79,15 +79,15 @@ TEST_F(TelaPessoas, CheckedEntryKeepsNameKindAndDocument) {
 TEST_F(TelaPessoas, AlterationNeedsAnActivePerson) {
     Clica(tela.cmdALTERAR);
     EXPECT_EQ(platform.boxes[0].text, u"Selecione Um Registro Para Executar esta Operação!");
-    tela.txtRowID.setText(QStringLiteral("44"));
-    tela.txtDTDesativa.setText(QStringLiteral("01/02/2020"));
+    tela.txtRowID.setText(u"44"_s);
+    tela.txtDTDesativa.setText(u"01/02/2020"_s);
     Clica(tela.cmdALTERAR);
     EXPECT_EQ(platform.boxes[1].text, u"Impossibilidade de Executar o Comando!\nO Registro Está Desativado.");
     EXPECT_EQ(tela.txtRowID.text(), QString());
     EXPECT_EQ(tela.focus(), &tela.Flex);
     EXPECT_FALSE(tela.EmEdicao());
 
-    tela.txtRowID.setText(QStringLiteral("44"));
+    tela.txtRowID.setText(u"44"_s);
     tela.txtDTDesativa.setText({});
     Clica(tela.cmdALTERAR);
     EXPECT_EQ(contexto.ModoTela, u"A");
@@ -98,7 +98,7 @@ TEST_F(TelaPessoas, AlterationNeedsAnActivePerson) {
 
 TEST_F(TelaPessoas, ExitAsksDuringAnOperation) {
     Clica(tela.cmdINCLUIR);
-    tela.txtBairro.setText(QStringLiteral("CENTRO"));
+    tela.txtBairro.setText(u"CENTRO"_s);
     platform.willAnswer(screen::Answer::No);
     Clica(tela.cmdSAIR);
     EXPECT_EQ(platform.boxes[0].text, u"Existe operação não concluída!!!\n\n<Sim> Sair sem Concluir\n<Não> Retornar "
@@ -119,7 +119,7 @@ TEST_F(TelaPessoas, ClearingLeavesFourFieldsAsTheyAre) {
     for (screen::Field* campo :
          std::initializer_list<screen::Field*>{&tela.txtOBSE_PESS_0001, &tela.txtOBSE_PESS_0003,
                                                &tela.txtCodPessExterno, &tela.txtDTDesativa, &tela.txtVrTOP})
-        campo->setText(QStringLiteral("x"));
+        campo->setText(u"x"_s);
     tela.SSTab2.setCurrent(4);
     tela.SSTab1.setCurrent(2);
     tela.LimpaTela();
@@ -149,7 +149,7 @@ TEST_F(TelaPessoas, KindDecidesCaptionsAndMask) {
     tela.mskCodigo.setMask({});
     tela.mskCodigo.setText({});
     user.focus(tela.cboFisJur);
-    tela.cboFisJur.setText(QStringLiteral("Física"));
+    tela.cboFisJur.setText(u"Física"_s);
     user.focus(tela.txtRowID);
     EXPECT_EQ(tela.lblCGCCPF.text(), u"CPF:");
     EXPECT_EQ(tela.lblIE_RG.text(), u"RG:");
@@ -157,7 +157,7 @@ TEST_F(TelaPessoas, KindDecidesCaptionsAndMask) {
 
     Clica(tela.cmdINCLUIR);
     user.focus(tela.cboFisJur);
-    tela.cboFisJur.setText(QStringLiteral("Jurídica"));
+    tela.cboFisJur.setText(u"Jurídica"_s);
     user.focus(tela.txtEndereco);
     EXPECT_EQ(tela.lblCGCCPF.text(), u"CNPJ:");
     EXPECT_EQ(tela.lblIE_RG.text(), u"I.Estadual:");
@@ -167,9 +167,9 @@ TEST_F(TelaPessoas, KindDecidesCaptionsAndMask) {
 
 TEST_F(TelaPessoas, ApostrophesBecomeAcutesInGuardedFieldsOnly) {
     Clica(tela.cmdINCLUIR);
-    user.type(tela.txtDescricao, QStringLiteral("D'AVILA"));
+    user.type(tela.txtDescricao, u"D'AVILA"_s);
     EXPECT_EQ(tela.txtDescricao.text(), u"D\u00B4AVILA");
-    user.type(tela.txtNumero, QStringLiteral("1'A"));
+    user.type(tela.txtNumero, u"1'A"_s);
     EXPECT_EQ(tela.txtNumero.text(), u"1'A");
 }
 
@@ -185,16 +185,16 @@ TEST_F(TelaPessoas, EnterMovesOnExceptOnFiveFields) {
 
 TEST_F(TelaPessoas, NameGoesToCapitalsOnLeaving) {
     Clica(tela.cmdINCLUIR);
-    user.type(tela.txtDescricao, QStringLiteral("  josé da silva "));
+    user.type(tela.txtDescricao, u"  josé da silva "_s);
     user.focus(tela.txtBairro);
     EXPECT_EQ(tela.txtDescricao.text(), u"JOSÉ DA SILVA");
 }
 
 TEST_F(TelaPessoas, MailGoesToTheDesktop) {
-    tela.txtEmail1.setText(QStringLiteral(" ANA@B.COM "));
+    tela.txtEmail1.setText(u" ANA@B.COM "_s);
     Clica(tela.cmdAbrirOutlook);
-    EXPECT_EQ(platform.addresses, QStringList{QStringLiteral("mailto:ana@b.com")});
-    tela.txtHomePage.setText(QStringLiteral("www.b.com"));
+    EXPECT_EQ(platform.addresses, QStringList{u"mailto:ana@b.com"_s});
+    tela.txtHomePage.setText(u"www.b.com"_s);
     Clica(tela.cmdAbrirIExplorer);
     EXPECT_EQ(platform.addresses.size(), 1);
 }

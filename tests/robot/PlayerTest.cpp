@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "robot/TestStage.h"
 
 #include <QDir>
@@ -221,15 +222,14 @@ TEST(APlayer, sendsStatementsToTheBaseOfTheEnvironment) {
     EXPECT_EQ(Play(stage, "sql \"a\"\nlaunch \"1^1^HIST^False^\"\nsql \"b\"\nsqlcep \"c\"\nclose\nsql \"d\"\nlaunch "
                           "\"1^1^DEV^\"\nsql \"e\""),
               "");
-    EXPECT_EQ(stage.executed, (QStringList{QStringLiteral("1:a"), QStringLiteral("1:b"), QStringLiteral("3:c"),
-                                           QStringLiteral("2:d"), QStringLiteral("2:e")}));
+    EXPECT_EQ(stage.executed, (QStringList{u"1:a"_s, u"1:b"_s, u"3:c"_s, u"2:d"_s, u"2:e"_s}));
 }
 
 TEST(APlayer, looksAtRowsOfBothDatabases) {
     TestStage stage;
-    stage.rows = QStringLiteral("1|<null>\n2|X");
+    stage.rows = u"1|<null>\n2|X"_s;
     EXPECT_EQ(Play(stage, "expect query \"q\" \"1|<null>\\n2|X\"\nexpect cepquery \"c\" \"1\\|<null>\\n2\\|X\""), "");
-    EXPECT_EQ(stage.queried, (QStringList{QStringLiteral("0:q"), QStringLiteral("3:c")}));
+    EXPECT_EQ(stage.queried, (QStringList{u"0:q"_s, u"3:c"_s}));
 }
 
 TEST(APlayer, writesAndRemovesFilesOfTheInstallation) {
@@ -237,10 +237,10 @@ TEST(APlayer, writesAndRemovesFilesOfTheInstallation) {
     TestStage stage;
     stage.setHome(home.path());
     EXPECT_EQ(Play(stage, "file config/a.ini \"{home}/x^\\nÇ\"\nfile b \"\"\nnofile b\nnofile never"), "");
-    QFile written(home.filePath(QStringLiteral("config/a.ini")));
+    QFile written(home.filePath(u"config/a.ini"_s));
     ASSERT_TRUE(written.open(QIODevice::ReadOnly));
-    EXPECT_EQ(QString::fromUtf8(written.readAll()), home.path() + QStringLiteral("/x^\nÇ"));
-    EXPECT_FALSE(QFile::exists(home.filePath(QStringLiteral("b"))));
+    EXPECT_EQ(QString::fromUtf8(written.readAll()), home.path() + u"/x^\nÇ"_s);
+    EXPECT_FALSE(QFile::exists(home.filePath(u"b"_s)));
 }
 
 TEST(APlayer, takesTheMainDatabaseOnAMachineWithTheMarkerFile) {
@@ -248,7 +248,7 @@ TEST(APlayer, takesTheMainDatabaseOnAMachineWithTheMarkerFile) {
     TestStage stage;
     stage.setHome(home.path());
     EXPECT_EQ(Play(stage, "file config/ORBALUX.txt \"\"\nsql \"a\"\nlaunch \"1^1^DEV^False^\""), "");
-    EXPECT_EQ(stage.executed, QStringList{QStringLiteral("0:a")});
+    EXPECT_EQ(stage.executed, QStringList{u"0:a"_s});
 }
 
 } // namespace vorta::test

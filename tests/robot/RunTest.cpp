@@ -1,4 +1,5 @@
 #include "robot/Run.h"
+#include "base/Literals.h"
 
 #include "robot/Player.h"
 
@@ -22,8 +23,8 @@ QString Printed(
     return QString::number(status) + u'\n' + QString::fromStdString(testing::internal::GetCapturedStdout());
 }
 
-const QString a = QStringLiteral("a.roteiro");
-const QString b = QStringLiteral("b.roteiro");
+const QString a = u"a.roteiro"_s;
+const QString b = u"b.roteiro"_s;
 
 } // namespace
 
@@ -31,20 +32,19 @@ TEST(ARun, printsALineForEachFileAndTheirNumbers) {
     const PlayOne play = [](const Scenario& scenario, const QString&, const auto&) -> std::optional<Verdict> {
         if (scenario.file == a)
             return {};
-        return Verdict{7, QStringLiteral("expected 1,\nwas ç")};
+        return Verdict{7, u"expected 1,\nwas ç"_s};
     };
-    EXPECT_EQ(Printed({a, b}, play),
-              QStringLiteral("1\nok a.roteiro\nnot ok b.roteiro:7: expected 1, was ç\n1 passed, 1 failed\n"));
-    EXPECT_EQ(Printed({a}, play), QStringLiteral("0\nok a.roteiro\n1 passed, 0 failed\n"));
+    EXPECT_EQ(Printed({a, b}, play), u"1\nok a.roteiro\nnot ok b.roteiro:7: expected 1, was ç\n1 passed, 1 failed\n"_s);
+    EXPECT_EQ(Printed({a}, play), u"0\nok a.roteiro\n1 passed, 0 failed\n"_s);
 }
 
 TEST(ARun, givesEveryScenarioAFolderOfItsOwn) {
     const PlayOne play = [](const Scenario&, const QString& copy, const auto&) -> std::optional<Verdict> {
-        if (!QDir(copy).isEmpty() || !QDir(copy).mkdir(QStringLiteral("used")))
-            return Verdict{1, QStringLiteral("not empty")};
+        if (!QDir(copy).isEmpty() || !QDir(copy).mkdir(u"used"_s))
+            return Verdict{1, u"not empty"_s};
         return {};
     };
-    EXPECT_EQ(Printed({a, b}, play), QStringLiteral("0\nok a.roteiro\nok b.roteiro\n2 passed, 0 failed\n"));
+    EXPECT_EQ(Printed({a, b}, play), u"0\nok a.roteiro\nok b.roteiro\n2 passed, 0 failed\n"_s);
 }
 
 TEST(ARun, goesOnBehindAScenarioThatCrashes) {
@@ -54,16 +54,15 @@ TEST(ARun, goesOnBehindAScenarioThatCrashes) {
             std::raise(SIGKILL);
         return {};
     };
-    EXPECT_EQ(Printed({a, b}, play),
-              QStringLiteral("1\nnot ok a.roteiro:3: expected a running program, it crashed with "
-                             "signal 9\nok b.roteiro\n1 passed, 1 failed\n"));
+    EXPECT_EQ(Printed({a, b}, play), u"1\nnot ok a.roteiro:3: expected a running program, it crashed with "
+                                     "signal 9\nok b.roteiro\n1 passed, 1 failed\n"_s);
 }
 
 TEST(ARun, clearsUpBehindEveryScenarioInItsOwnProcess) {
     const PlayOne play = [](const Scenario& scenario, const QString&, const auto&) -> std::optional<Verdict> {
         if (scenario.file == a)
             std::raise(SIGKILL);
-        return Verdict{1, QStringLiteral("no")};
+        return Verdict{1, u"no"_s};
     };
     int cleared = 0;
     Printed({a, b}, play, [&] { ++cleared; });
@@ -94,7 +93,7 @@ TEST(ARun, worksApart) {
     WorkApart([&] { here = 1; });
     EXPECT_EQ(here, 0);
     try {
-        WorkApart([] { throw Failure{QStringLiteral("nothing there")}; });
+        WorkApart([] { throw Failure{u"nothing there"_s}; });
         FAIL() << "the failure stayed there";
     } catch (const Failure& failure) {
         EXPECT_EQ(failure.message, u"nothing there");
@@ -109,15 +108,14 @@ TEST(ARun, endsACommandThatNeverEnds) {
         return {};
     };
     EXPECT_EQ(Printed({a}, play),
-              QStringLiteral(
-                  "1\nnot ok a.roteiro:5: expected the command to end, it ran for 450 seconds\n0 passed, 1 failed\n"));
+              u"1\nnot ok a.roteiro:5: expected the command to end, it ran for 450 seconds\n0 passed, 1 failed\n"_s);
 }
 
 TEST(ARun, failsAScenarioWhoseInstallationCannotBeUsed) {
     const PlayOne play = [](const Scenario&, const QString&, const auto&) -> std::optional<Verdict> {
-        throw Failure{QStringLiteral("holds no installation")};
+        throw Failure{u"holds no installation"_s};
     };
-    EXPECT_EQ(Printed({a}, play), QStringLiteral("1\nnot ok a.roteiro:0: holds no installation\n0 passed, 1 failed\n"));
+    EXPECT_EQ(Printed({a}, play), u"1\nnot ok a.roteiro:0: holds no installation\n0 passed, 1 failed\n"_s);
 }
 
 } // namespace vorta::robot

@@ -1,4 +1,5 @@
 #include "robot/Scenario.h"
+#include "base/Literals.h"
 #include "robot/RowText.h"
 #include "robot/Run.h"
 
@@ -21,29 +22,28 @@ QString refusal(const char* line) {
 } // namespace
 
 TEST(Words, standApartByBlanksAndTabs) {
-    EXPECT_EQ(SplitWords(QStringLiteral("  click \t Flex  1 2 ")),
-              (QStringList{QStringLiteral("click"), QStringLiteral("Flex"), QStringLiteral("1"), QStringLiteral("2")}));
+    EXPECT_EQ(SplitWords(u"  click \t Flex  1 2 "_s), (QStringList{u"click"_s, u"Flex"_s, u"1"_s, u"2"_s}));
 }
 
 TEST(Words, keepBlanksAndEscapesInsideQuotes) {
-    EXPECT_EQ(SplitWords(QStringLiteral(R"(type F "a b\"c\\d\n\r\t")")).last(), QStringLiteral("a b\"c\\d\n\r\t"));
+    EXPECT_EQ(SplitWords(uR"(type F "a b\"c\\d\n\r\t")"_s).last(), u"a b\"c\\d\n\r\t"_s);
 }
 
 TEST(Words, takeTheEmptyTextForAWord) {
-    EXPECT_EQ(SplitWords(QStringLiteral("type F \"\"")).size(), 3);
+    EXPECT_EQ(SplitWords(u"type F \"\""_s).size(), 3);
 }
 
 TEST(Words, takeAHashForACommentAtTheStartOnly) {
-    EXPECT_TRUE(SplitWords(QStringLiteral("  # type F")).isEmpty());
-    EXPECT_EQ(SplitWords(QStringLiteral("press #")).last(), QStringLiteral("#"));
+    EXPECT_TRUE(SplitWords(u"  # type F"_s).isEmpty());
+    EXPECT_EQ(SplitWords(u"press #"_s).last(), u"#"_s);
 }
 
 TEST(Words, refuseATextThatDoesNotEnd) {
-    EXPECT_TRUE(refusal("type F \"abc").contains(QStringLiteral("no closing quote")));
+    EXPECT_TRUE(refusal("type F \"abc").contains(u"no closing quote"_s));
 }
 
 TEST(Words, refuseAnUnknownEscape) {
-    EXPECT_EQ(refusal(R"(type F "\q")"), QStringLiteral("unknown escape \\q"));
+    EXPECT_EQ(refusal(R"(type F "\q")"), u"unknown escape \\q"_s);
 }
 
 TEST(Words, refuseAQuoteThatTouchesAWord) {
@@ -52,14 +52,14 @@ TEST(Words, refuseAQuoteThatTouchesAWord) {
 }
 
 TEST(ScenarioFile, countsEmptyLinesAndCommentsInItsLineNumbers) {
-    const Scenario scenario = Scenario::parse(QStringLiteral("f"), QStringLiteral("# one\r\n\r\nleave\r\n"));
+    const Scenario scenario = Scenario::parse(u"f"_s, u"# one\r\n\r\nleave\r\n"_s);
     ASSERT_EQ(scenario.commands.size(), 1U);
     EXPECT_EQ(scenario.commands[0].line, 3);
-    EXPECT_EQ(scenario.commands[0].words, QStringList{QStringLiteral("leave")});
+    EXPECT_EQ(scenario.commands[0].words, QStringList{u"leave"_s});
 }
 
 TEST(ScenarioFile, thatIsNotThereIsUnusable) {
-    EXPECT_THROW(Scenario::read(QStringLiteral("/no/such.roteiro")), Failure);
+    EXPECT_THROW(Scenario::read(u"/no/such.roteiro"_s), Failure);
 }
 
 TEST(ScenarioFile, mayBeginWithAByteOrderMark) {
@@ -67,31 +67,28 @@ TEST(ScenarioFile, mayBeginWithAByteOrderMark) {
     ASSERT_TRUE(file.open());
     file.write("\xEF\xBB\xBFleave\n");
     file.close();
-    EXPECT_EQ(Scenario::read(file.fileName()).commands.at(0).words, QStringList{QStringLiteral("leave")});
+    EXPECT_EQ(Scenario::read(file.fileName()).commands.at(0).words, QStringList{u"leave"_s});
 }
 
 TEST(Arguments, areTakenApart) {
     const QStringList arguments =
-        QStringLiteral("--home /h --desktop --trace t --engine sqlserver --tag MSSQL --server s --wire w a.roteiro "
-                       "b.roteiro")
-            .split(u' ');
-    const Options options = Options::parse(arguments, QStringLiteral("/opt/vorta"));
-    EXPECT_EQ(options.home, QStringLiteral("/h"));
-    EXPECT_EQ(options.trace, QStringLiteral("t"));
-    EXPECT_EQ(options.engine, QStringLiteral("sqlserver"));
-    EXPECT_EQ(options.tag, QStringLiteral("MSSQL"));
-    EXPECT_EQ(options.server, QStringLiteral("s"));
-    EXPECT_EQ(options.wire, QStringLiteral("w"));
+        u"--home /h --desktop --trace t --engine sqlserver --tag MSSQL --server s --wire w a.roteiro "
+        "b.roteiro"_s.split(u' ');
+    const Options options = Options::parse(arguments, u"/opt/vorta"_s);
+    EXPECT_EQ(options.home, u"/h"_s);
+    EXPECT_EQ(options.trace, u"t"_s);
+    EXPECT_EQ(options.engine, u"sqlserver"_s);
+    EXPECT_EQ(options.tag, u"MSSQL"_s);
+    EXPECT_EQ(options.server, u"s"_s);
+    EXPECT_EQ(options.wire, u"w"_s);
     EXPECT_TRUE(options.desktop);
-    EXPECT_EQ(options.files, (QStringList{QStringLiteral("a.roteiro"), QStringLiteral("b.roteiro")}));
+    EXPECT_EQ(options.files, (QStringList{u"a.roteiro"_s, u"b.roteiro"_s}));
 }
 
 TEST(Arguments, areUnusableWithoutAFileOrWithAnUnknownSwitch) {
-    EXPECT_THROW(Options::parse({}, QStringLiteral("/opt/vorta")), Failure);
-    EXPECT_THROW(Options::parse({QStringLiteral("--nada"), QStringLiteral("a")}, QStringLiteral("/opt/vorta")),
-                 Failure);
-    EXPECT_THROW(Options::parse({QStringLiteral("a"), QStringLiteral("--home")}, QStringLiteral("/opt/vorta")),
-                 Failure);
+    EXPECT_THROW(Options::parse({}, u"/opt/vorta"_s), Failure);
+    EXPECT_THROW(Options::parse({u"--nada"_s, u"a"_s}, u"/opt/vorta"_s), Failure);
+    EXPECT_THROW(Options::parse({u"a"_s, u"--home"_s}, u"/opt/vorta"_s), Failure);
 }
 
 TEST(Rows, areWrittenAsAScenarioComparesThem) {
@@ -106,7 +103,7 @@ TEST(Rows, areWrittenAsAScenarioComparesThem) {
     rows.date(QDate(2026, 11, 20).startOfDay());
     rows.decimal({123456, 2});
     rows.endRow();
-    EXPECT_EQ(rows.text(), QStringLiteral("-7|<null>|MARIA\n-0.05|2026-11-20|1234.56"));
+    EXPECT_EQ(rows.text(), u"-7|<null>|MARIA\n-0.05|2026-11-20|1234.56"_s);
 }
 
 } // namespace vorta::robot

@@ -1,5 +1,6 @@
 #include "robot/TestStage.h"
 
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "robot/ModelHands.h"
 #include "screen/Program.h"
@@ -12,62 +13,61 @@ namespace {
 
 class frmDois : public Screen {
   public:
-    explicit frmDois(ContextoExecucao& contexto) : Screen(contexto.program(), QStringLiteral("frmDois")) {
+    explicit frmDois(ContextoExecucao& contexto) : Screen(contexto.program(), u"frmDois"_s) {
         cmdVolta.Click = [this] { Unload(); };
     }
-    void Load() override { setCaption(QStringLiteral("Dois")); }
+    void Load() override { setCaption(u"Dois"_s); }
 
     TextField txtDois{this, "txtDois"};
-    Button cmdVolta{this, "cmdVolta", QStringLiteral("&Volta")};
+    Button cmdVolta{this, "cmdVolta", u"&Volta"_s};
 };
 
 class frmUm : public Screen {
   public:
-    explicit frmUm(ContextoExecucao& contexto)
-        : Screen(contexto.program(), QStringLiteral("frmUm")), contexto_(contexto) {
+    explicit frmUm(ContextoExecucao& contexto) : Screen(contexto.program(), u"frmUm"_s), contexto_(contexto) {
         txtCurto.setMaxLength(3);
         txtTrancado.setLocked(true);
-        txtTrancado.setText(QStringLiteral("fixo"));
+        txtTrancado.setText(u"fixo"_s);
         cmdParado.setEnabled(false);
         txtOculto.setVisible(false);
-        cboLista.addItem(QStringLiteral("A"));
-        cboLista.addItem(QStringLiteral("B"));
-        cboLista.DropDown = [this] { cboLista.setToolTip(QStringLiteral("aberta")); };
-        SSTab.place(QStringLiteral("Segunda"), {&txtAtras});
-        Flex.reset({{QStringLiteral("Nome")}, {QStringLiteral("Fone")}});
-        Flex.AddItem(QStringLiteral("MARIA\t123"));
-        Flex.AddItem(QStringLiteral("JOSE\t456"));
+        cboLista.addItem(u"A"_s);
+        cboLista.addItem(u"B"_s);
+        cboLista.DropDown = [this] { cboLista.setToolTip(u"aberta"_s); };
+        SSTab.place(u"Segunda"_s, {&txtAtras});
+        Flex.reset({{u"Nome"_s}, {u"Fone"_s}});
+        Flex.AddItem(u"MARIA\t123"_s);
+        Flex.AddItem(u"JOSE\t456"_s);
         Flex.DblClick = [this] { txtNome.setText(Flex.cell(Flex.Row(), 0)); };
         txtNome.enterMovesOn = true;
         txtPreso.LostFocus = [this] { SetFocus(txtPreso); };
         LigaBotoes();
     }
     void Load() override {
-        setCaption(QStringLiteral("Um (") + contexto_.LinhaComando + u')');
+        setCaption(u"Um ("_s + contexto_.LinhaComando + u')');
         lblTitulo.setForeground(colour::Red);
         lblTitulo.setBold(true);
     }
     void QueryUnload() override {
-        if (pergunta_ && program().MsgBox({QStringLiteral("Sai?"), {}, Icon::None, Buttons::YesNo}) == Answer::Yes)
-            txtNome.setText(QStringLiteral("saiu"));
+        if (pergunta_ && program().MsgBox({u"Sai?"_s, {}, Icon::None, Buttons::YesNo}) == Answer::Yes)
+            txtNome.setText(u"saiu"_s);
     }
 
-    Label lblTitulo{this, "lblTitulo", QStringLiteral("Titulo & Cia")};
+    Label lblTitulo{this, "lblTitulo", u"Titulo & Cia"_s};
     TextField txtNome{this, "txtNome"};
     TextField txtCurto{this, "txtCurto"};
     TextField txtTrancado{this, "txtTrancado"};
     TextField txtOculto{this, "txtOculto"};
     TextField txtPreso{this, "txtPreso"};
-    MaskedField mskCep{this, "mskCep", QStringLiteral("#####-###")};
+    MaskedField mskCep{this, "mskCep", u"#####-###"_s};
     ListField cboLista{this, "cboLista"};
     ListField lstAberta{this, "lstAberta", false};
-    Option opSim{this, "opSim", QStringLiteral("Sim"), "g", true};
-    Option opNao{this, "opNao", QStringLiteral("Não"), "g"};
-    Check chkTudo{this, "chkTudo", QStringLiteral("Tudo")};
-    TabStrip SSTab{this, "SSTab", {QStringLiteral("Primeira"), QStringLiteral("Segunda")}};
+    Option opSim{this, "opSim", u"Sim"_s, "g", true};
+    Option opNao{this, "opNao", u"Não"_s, "g"};
+    Check chkTudo{this, "chkTudo", u"Tudo"_s};
+    TabStrip SSTab{this, "SSTab", {u"Primeira"_s, u"Segunda"_s}};
     TextField txtAtras{this, "txtAtras"};
     Grid Flex{this, "Flex"};
-    Button cmdGrava{this, "cmdGrava", QStringLiteral("&Grava")};
+    Button cmdGrava{this, "cmdGrava", u"&Grava"_s};
     Button cmdPergunta{this, "cmdPergunta"};
     Button cmdAvisa{this, "cmdAvisa"};
     Button cmdAbre{this, "cmdAbre"};
@@ -83,33 +83,30 @@ class frmUm : public Screen {
     void LigaBotoes() {
         cmdGrava.Click = [this] {
             contexto_.ConexaoPrincipal = contexto_.novaConexao();
-            contexto_.ConexaoPrincipal->Open(data::Engine::Firebird, QStringLiteral("base"));
+            contexto_.ConexaoPrincipal->Open(data::Engine::Firebird, u"base"_s);
             data::Statement comando("INSERT INTO A VALUES ('");
             comando << txtNome.text() << "')";
             contexto_.ConexaoPrincipal->Execute(comando);
             contexto_.ConexaoPrincipal->Execute(data::Statement("UPDATE B SET C=1"));
-            contexto_.ModoTela = QStringLiteral(" ");
+            contexto_.ModoTela = u" "_s;
         };
         cmdPergunta.Click = [this] {
-            const Answer answer =
-                program().MsgBox({QStringLiteral("Continua?\r\nSim"), {}, Icon::None, Buttons::YesNoCancel});
-            txtNome.setText(answer == Answer::Yes ? QStringLiteral("sim") : QStringLiteral("outra"));
+            const Answer answer = program().MsgBox({u"Continua?\r\nSim"_s, {}, Icon::None, Buttons::YesNoCancel});
+            txtNome.setText(answer == Answer::Yes ? u"sim"_s : u"outra"_s);
         };
         cmdAvisa.Click = [this] {
-            program().MsgBox({QStringLiteral("Feito!"), QStringLiteral("Aviso"), Icon::Information, Buttons::OK});
-            program().MsgBox(QStringLiteral("Simples"));
+            program().MsgBox({u"Feito!"_s, u"Aviso"_s, Icon::Information, Buttons::OK});
+            program().MsgBox(u"Simples"_s);
         };
         cmdAbre.Click = [this] {
-            contexto_.MostraTela(QStringLiteral("frmDois"));
-            txtNome.setText(QStringLiteral("voltou"));
-            program().MsgBox(QStringLiteral("Voltou"));
+            contexto_.MostraTela(u"frmDois"_s);
+            txtNome.setText(u"voltou"_s);
+            program().MsgBox(u"Voltou"_s);
         };
         cmdErro.Click = [] { throw RuntimeError(errorNumber::InvalidNull); };
         cmdFim.Click = [this] { program().End(); };
-        cmdCorreio.Click = [this] { program().platform().openAddress(QStringLiteral("mailto:a@b.c")); };
-        cmdHora.Click = [this] {
-            txtNome.setText(program().platform().now().toString(QStringLiteral("dd/MM/yyyy hh:mm")));
-        };
+        cmdCorreio.Click = [this] { program().platform().openAddress(u"mailto:a@b.c"_s); };
+        cmdHora.Click = [this] { txtNome.setText(program().platform().now().toString(u"dd/MM/yyyy hh:mm"_s)); };
         cmdImagem0.Click = [this] { pergunta_ = true; };
         cmdSAIR.Click = [this] { Unload(); };
     }
@@ -122,9 +119,8 @@ class TestCast : public robot::Cast {
   public:
     TestCast(Platform& platform, FakeDatabase& database, data::StatementTrace trace)
         : program_(platform), context_(program_, database.factory(), std::move(trace)), user_(program_) {
-        context_.RegistraTela(QStringLiteral("frmUm"), [](ContextoExecucao& c) { return std::make_unique<frmUm>(c); });
-        context_.RegistraTela(QStringLiteral("frmDois"),
-                              [](ContextoExecucao& c) { return std::make_unique<frmDois>(c); });
+        context_.RegistraTela(u"frmUm"_s, [](ContextoExecucao& c) { return std::make_unique<frmUm>(c); });
+        context_.RegistraTela(u"frmDois"_s, [](ContextoExecucao& c) { return std::make_unique<frmDois>(c); });
     }
     Program& program() override { return program_; }
     ContextoExecucao& context() override { return context_; }
@@ -132,7 +128,7 @@ class TestCast : public robot::Cast {
     void start(const QString& launchString) override {
         context_.LinhaComando = launchString;
         program_.dispatch([this] {
-            context_.MostraTela(QStringLiteral("frmUm"));
+            context_.MostraTela(u"frmUm"_s);
             program_.End();
         });
     }
@@ -152,7 +148,7 @@ std::unique_ptr<robot::Cast> TestStage::cast(Platform& platform, data::Statement
 
 void TestStage::execute(robot::Base base, const QString& statement) {
     if (statement.isEmpty())
-        throw RuntimeError(errorNumber::StatementRefused, QStringLiteral("recusado"));
+        throw RuntimeError(errorNumber::StatementRefused, u"recusado"_s);
     executed += QString::number(static_cast<int>(base)) + u':' + statement;
 }
 
@@ -162,7 +158,7 @@ QString TestStage::query(robot::Base base, const QString& statement) {
 }
 
 std::string Play(TestStage& stage, const char* text) {
-    const auto scenario = robot::Scenario::parse(QStringLiteral("x.roteiro"), QString::fromUtf8(text));
+    const auto scenario = robot::Scenario::parse(u"x.roteiro"_s, QString::fromUtf8(text));
     robot::Player player(scenario, stage,
                          [](Program&, User& user) { return std::make_unique<robot::ModelHands>(user); });
     const auto verdict = player.play();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Literals.h"
 #include "robot/Player.h"
 #include "support/FakeDatabase.h"
 
@@ -23,7 +24,7 @@ class TestStage : public robot::Stage {
     int casts = 0;
 
   private:
-    QString home_ = QStringLiteral("/no/such/installation");
+    QString home_ = u"/no/such/installation"_s;
 };
 
 /// The verdict of a scenario on that stage as "line: message"; empty when it passes.

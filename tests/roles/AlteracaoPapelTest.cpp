@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "roles/PapelTest.h"
 
 /// The statements of an alteration, role by role. They are the same on both engines but for the keys of the contacts.
@@ -26,7 +27,7 @@ class RoleAlteration : public PapelTest {
         for (int linha = 1; linha <= quantos; ++linha)
             linhas.rows.append({test::text("GERENTE"), test::text(QByteArray("CONTATO " + QByteArray::number(linha))),
                                 test::null(), test::text("X@Y.COM"), test::text("25/12")});
-        base.answer(QStringLiteral("FROM %1 WHERE").arg(nome), linhas);
+        base.answer(u"FROM %1 WHERE"_s.arg(nome), linhas);
     }
 
     void cliente() {
@@ -35,14 +36,14 @@ class RoleAlteration : public PapelTest {
                   "valo_troc", "limi_cred"},
                  {test::number(8), test::date(2026, 1, 31), test::text("S"), test::number(3), test::number(9),
                   test::number(2), test::amount(1200), test::amount(98765), test::amount(500000)});
-        base.answer(QStringLiteral("TRPT.IDTRPT ="), {{"NOME_CONH"}, {{test::text("RAPIDO")}}});
-        base.answer(QStringLiteral("VEND.IDVEND ="), {{"NOME_CONH"}, {{test::text("ANA")}}});
-        base.answer(QStringLiteral("WHERE IDTIPO_CLIE="), {{"desc_tipo_clie"}, {{test::text("OURO")}}});
-        base.answer(QStringLiteral("WHERE IDREGI_ESPE_ICMS ="), {{"desc_regi_espe_icms"}, {{test::text("REGIME")}}});
-        base.answer(QStringLiteral("DESC_TIPO_CLIE='OURO'"), {{"idtipo_clie"}, {{test::number(3)}}});
-        base.answer(QStringLiteral("NOME_CONH='RAPIDO'"), {{"idtrpt"}, {{test::number(8)}}});
-        base.answer(QStringLiteral("NOME_CONH='ANA'"), {{"idvend"}, {{test::number(9)}}});
-        base.answer(QStringLiteral("DESC_REGI_ESPE_ICMS = 'REGIME'"), {{"idregi_espe_icms"}, {{test::number(2)}}});
+        base.answer(u"TRPT.IDTRPT ="_s, {{"NOME_CONH"}, {{test::text("RAPIDO")}}});
+        base.answer(u"VEND.IDVEND ="_s, {{"NOME_CONH"}, {{test::text("ANA")}}});
+        base.answer(u"WHERE IDTIPO_CLIE="_s, {{"desc_tipo_clie"}, {{test::text("OURO")}}});
+        base.answer(u"WHERE IDREGI_ESPE_ICMS ="_s, {{"desc_regi_espe_icms"}, {{test::text("REGIME")}}});
+        base.answer(u"DESC_TIPO_CLIE='OURO'"_s, {{"idtipo_clie"}, {{test::number(3)}}});
+        base.answer(u"NOME_CONH='RAPIDO'"_s, {{"idtrpt"}, {{test::number(8)}}});
+        base.answer(u"NOME_CONH='ANA'"_s, {{"idvend"}, {{test::number(9)}}});
+        base.answer(u"DESC_REGI_ESPE_ICMS = 'REGIME'"_s, {{"idregi_espe_icms"}, {{test::number(2)}}});
     }
 };
 
@@ -173,8 +174,8 @@ TEST_F(RoleAlteration, ArchitectAndDecorator) {
         const char* chave;
         const char* coluna;
     };
-    base.answer(QStringLiteral("FROM BANC WHERE IDBANC=4"), {{"nome_banc"}, {{test::text("ITAU")}}});
-    base.answer(QStringLiteral("NOME_BANC='ITAU'"), {{"idbanc"}, {{test::number(4)}}});
+    base.answer(u"FROM BANC WHERE IDBANC=4"_s, {{"nome_banc"}, {{test::text("ITAU")}}});
+    base.answer(u"NOME_BANC='ITAU'"_s, {{"idbanc"}, {{test::number(4)}}});
     for (const Caso& caso :
          {Caso{"frmArquiteto", "ARQT", "IDARQT", "ARQT_CREA"}, Caso{"frmDecorador", "DECO", "IDDECO", "DECO_ADD0"}}) {
         const QString tabela = QString::fromLatin1(caso.tabela);
@@ -187,17 +188,17 @@ TEST_F(RoleAlteration, ArchitectAndDecorator) {
                              EXPECT_EQ(texto("txtPercPool"), u"0");
                              EXPECT_EQ(texto("cboBancoCartao"), u"ITAU");
                          }),
-                  (QStringList{"SELECT IDBANC FROM BANC WHERE NOME_BANC='ITAU'",
-                               QStringLiteral("UPDATE %1 SET DATA_CRED='2026/02/01', VALO_SALA='1000.00', "
-                                              "PERC_POOL='0', %2='A-77', IDBANC='4', BANC_AGEN='0123', "
-                                              "BANC_CONT=NULL, PERC_COMS='3.00' WHERE (ID%1=31)")
-                                   .arg(tabela, QLatin1StringView(caso.coluna)),
-                               QStringLiteral("DELETE FROM %1_CONT WHERE (ID%1=31)").arg(tabela)}));
+                  (QStringList{
+                      "SELECT IDBANC FROM BANC WHERE NOME_BANC='ITAU'",
+                      u"UPDATE %1 SET DATA_CRED='2026/02/01', VALO_SALA='1000.00', "
+                      "PERC_POOL='0', %2='A-77', IDBANC='4', BANC_AGEN='0123', "
+                      "BANC_CONT=NULL, PERC_COMS='3.00' WHERE (ID%1=31)"_s.arg(tabela, QLatin1StringView(caso.coluna)),
+                      u"DELETE FROM %1_CONT WHERE (ID%1=31)"_s.arg(tabela)}));
     }
 }
 
 TEST_F(RoleAlteration, SupplierWithoutARowSendsAStatementThatFails) {
-    base.fail(QStringLiteral("(IDFORN=)"), errorNumber::StatementRefused);
+    base.fail(u"(IDFORN=)"_s, errorNumber::StatementRefused);
     abre("frmFornecedor", [&] {
         clica("cmdALTERAR");
         digita("txtLimiCred", "1");
@@ -216,9 +217,7 @@ TEST_F(RoleAlteration, AccentsStayWhereTheInstallationKeepsThem) {
     registro("MOTO", "IDMOTO",
              {"data_adms", "cnh0_moto", "pron_moto", "uf00_pron_moto", "pai0_moto", "mae0_moto", "refe_moto"},
              {test::null(), test::null(), test::null(), test::null(), test::null(), test::null(), test::null()});
-    EXPECT_TRUE(altera("frmMotorista", [&] { digita("txtRefeMoto", "Avó"); })
-                    .first()
-                    .contains(QStringLiteral("REFE_MOTO='AVÓ'")));
+    EXPECT_TRUE(altera("frmMotorista", [&] { digita("txtRefeMoto", "Avó"); }).first().contains(u"REFE_MOTO='AVÓ'"_s));
 }
 
 } // namespace

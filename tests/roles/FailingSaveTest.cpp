@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "roles/PapelTest.h"
 
 /// Any statement of a role's save may fail: the program ends in order and nothing is committed.
@@ -19,10 +20,10 @@ TEST_P(FailingSave, EndsTheProgramWithNothingCommitted) {
     registros();
     if (!altera)
         for (const char* tabela : {"CLIE", "FORN", "TRPT", "MOTO", "VEND", "ARQT", "DECO"})
-            base.answer(QStringLiteral("FROM %1, PESS").arg(QLatin1StringView(tabela)), {});
+            base.answer(u"FROM %1, PESS"_s.arg(QLatin1StringView(tabela)), {});
     abre(nome, [&] {
         clica(altera ? "cmdALTERAR" : "cmdINCLUIR");
-        if (tela().findField(QStringLiteral("Flex")))
+        if (tela().findField(u"Flex"_s))
             incluiContato("GERENTE", "RUI");
         if (qual == 0)
             falhas.failCommit();

@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "roles/PapelTest.h"
 
 /// The statements of an inclusion, role by role, on both engines.
@@ -33,21 +34,19 @@ class RoleInclusion : public PapelTest {
         incluiContato("COMPRADOR", "João", "11 5555", "joao@x.com.br", "25/12");
     }
     void chavesCliente() {
-        base.answer(QStringLiteral("FROM TIPO_CLIE WHERE DESC"),
-                    {{QStringLiteral("idtipo_clie")}, {{test::number(3)}}});
-        base.answer(QStringLiteral("FROM TRPT, PESS"), {{QStringLiteral("idtrpt")}, {{test::number(8)}}});
-        base.answer(QStringLiteral("FROM VEND, PESS"), {{QStringLiteral("idvend")}, {{test::number(9)}}});
-        base.answer(QStringLiteral("FROM REGI_ESPE_ICMS"), {{QStringLiteral("idregi_espe_icms")}, {{test::number(2)}}});
+        base.answer(u"FROM TIPO_CLIE WHERE DESC"_s, {{u"idtipo_clie"_s}, {{test::number(3)}}});
+        base.answer(u"FROM TRPT, PESS"_s, {{u"idtrpt"_s}, {{test::number(8)}}});
+        base.answer(u"FROM VEND, PESS"_s, {{u"idvend"_s}, {{test::number(9)}}});
+        base.answer(u"FROM REGI_ESPE_ICMS"_s, {{u"idregi_espe_icms"_s}, {{test::number(2)}}});
     }
     const QStringList buscasCliente{
-        QStringLiteral("SELECT IDTIPO_CLIE FROM TIPO_CLIE WHERE DESC_TIPO_CLIE='OURO'"),
-        QStringLiteral(
-            "SELECT TRPT.IDTRPT FROM TRPT, PESS WHERE PESS.IDPESS = TRPT.IDPESS AND PESS.NOME_CONH='RAPIDO'"),
-        QStringLiteral("SELECT VEND.IDVEND FROM VEND, PESS WHERE PESS.IDPESS = VEND.IDPESS AND PESS.NOME_CONH='ANA'"),
-        QStringLiteral("SELECT IDREGI_ESPE_ICMS FROM REGI_ESPE_ICMS WHERE DESC_REGI_ESPE_ICMS = 'REGIME A'")};
+        u"SELECT IDTIPO_CLIE FROM TIPO_CLIE WHERE DESC_TIPO_CLIE='OURO'"_s,
+        u"SELECT TRPT.IDTRPT FROM TRPT, PESS WHERE PESS.IDPESS = TRPT.IDPESS AND PESS.NOME_CONH='RAPIDO'"_s,
+        u"SELECT VEND.IDVEND FROM VEND, PESS WHERE PESS.IDPESS = VEND.IDPESS AND PESS.NOME_CONH='ANA'"_s,
+        u"SELECT IDREGI_ESPE_ICMS FROM REGI_ESPE_ICMS WHERE DESC_REGI_ESPE_ICMS = 'REGIME A'"_s};
 
     void preencheComissionado(const char* registroProfissional) {
-        base.answer(QStringLiteral("SELECT IDBANC FROM BANC"), {{QStringLiteral("idbanc")}, {{test::number(4)}}});
+        base.answer(u"SELECT IDBANC FROM BANC"_s, {{u"idbanc"_s}, {{test::number(4)}}});
         digita("mskDtAdmissao", "01/02/2026");
         digita("txtSalFixo", "1000");
         digita("txtPercPool", "2,5");
@@ -201,7 +200,7 @@ TEST_F(RoleInclusion, DriverAsksForTheKeyOnBothEngines) {
 }
 
 TEST_F(RoleInclusion, DriverWritesToThePersonOfThePersonScreen) {
-    pessoas().txtRowID.setText(QStringLiteral("6"));
+    pessoas().txtRowID.setText(u"6"_s);
     EXPECT_EQ(inclui("frmMotorista", [] {}).last(), u"UPDATE PESS SET IDMOTO = 31 WHERE IDPESS = 6");
 }
 

@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "firebird/EmbeddedEngine.h"
 #include "firebird/FirebirdAdapter.h"
 #include "kit/Ddl.h"
@@ -128,7 +129,7 @@ class KilledSave : public ::testing::TestWithParam<Role> {
                       base->open(path("new.fdb"), 10);
                       for (const QString& statement : kit::TableStatements(data::Engine::Firebird, kit::Base::Main))
                           run(*base, statement);
-                      run(*base, QStringLiteral("insert into pess (idpess, nome_pess) values (5, 'AURORA')"));
+                      run(*base, u"insert into pess (idpess, nome_pess) values (5, 'AURORA')"_s);
                       base->close();
                   }),
                   0);
@@ -193,12 +194,12 @@ class KilledSave : public ::testing::TestWithParam<Role> {
         ContextoExecucao contexto(
             program, [at](data::Engine) { return std::make_unique<KillingAdapter>(data::MakeFirebirdAdapter(), at); });
         RegistraTelasPapeis(contexto);
-        contexto.RegistraTela(QStringLiteral("frmPessoas"),
+        contexto.RegistraTela(u"frmPessoas"_s,
                               [](ContextoExecucao& owner) { return std::make_unique<PessoasDeTeste>(owner); });
-        contexto.Tela(QStringLiteral("frmPessoas")).field(QStringLiteral("txtRowID")).setText(QStringLiteral("5"));
-        contexto.TipoBanco = QStringLiteral("FIREBIRD");
+        contexto.Tela(u"frmPessoas"_s).field(u"txtRowID"_s).setText(u"5"_s);
+        contexto.TipoBanco = u"FIREBIRD"_s;
         contexto.CodigoUsuario = 7;
-        contexto.IdPessoaVinculo = QStringLiteral("5");
+        contexto.IdPessoaVinculo = u"5"_s;
         contexto.ConexaoPrincipal = contexto.novaConexao();
         contexto.ConexaoPrincipal->Open(data::Engine::Firebird, path("play.fdb"));
         screen::User user(program);
@@ -206,19 +207,19 @@ class KilledSave : public ::testing::TestWithParam<Role> {
             const auto type = [&](const char* field, const char* text) {
                 user.type(tela.field(QString::fromLatin1(field)), QString::fromUtf8(text));
             };
-            user.click(tela.field(altered ? QStringLiteral("cmdALTERAR") : QStringLiteral("cmdINCLUIR")));
+            user.click(tela.field(altered ? u"cmdALTERAR"_s : u"cmdINCLUIR"_s));
             if (*GetParam().amount)
                 type(GetParam().amount, "12,5");
-            else if (tela.findField(QStringLiteral("txtCNH")))
+            else if (tela.findField(u"txtCNH"_s))
                 type("txtCNH", "123");
             else
                 type("mskDtCredencial", "01/02/2026");
             if (*GetParam().contacts) {
                 type("cboTipoContato", "GERENTE");
                 type("txtNomeContato", "NOVO");
-                user.click(tela.field(QStringLiteral("cmdIncluirContato")));
+                user.click(tela.field(u"cmdIncluirContato"_s));
             }
-            user.click(tela.field(QStringLiteral("cmdSALVAR")));
+            user.click(tela.field(u"cmdSALVAR"_s));
         });
         program.dispatch([&] { contexto.MostraTela(QString::fromLatin1(GetParam().tela)); });
         if (program.failure())

@@ -1,5 +1,6 @@
 #include "roles/PapelTest.h"
 
+#include "base/Literals.h"
 #include "roles/RegistraTelasPapeis.h"
 
 namespace vorta::test {
@@ -7,16 +8,14 @@ namespace vorta::test {
 PapelTest::PapelTest() {
     plataforma.everyFileExists = true;
     contexto.CodigoUsuario = 7;
-    contexto.NomeUsuario = QStringLiteral("MARIA");
-    contexto.IdPessoaVinculo = QStringLiteral("5");
+    contexto.NomeUsuario = u"MARIA"_s;
+    contexto.IdPessoaVinculo = u"5"_s;
     RegistraTelasPapeis(contexto);
-    contexto.RegistraTela(QStringLiteral("frmPessoas"),
+    contexto.RegistraTela(u"frmPessoas"_s,
                           [](ContextoExecucao& dono) { return std::make_unique<PessoasDeTeste>(dono); });
-    pessoas().txtRowID.setText(QStringLiteral("5"));
-    base.answer(QStringLiteral("NOME_PESS FROM PESS"),
-                {{QStringLiteral("NOME_PESS")}, {{test::text("JOSÉ DA SILVA")}}});
-    base.answer(QStringLiteral("DESC_CARG"),
-                {{QStringLiteral("desc_carg")}, {{test::text("COMPRADOR")}, {test::text("GERENTE")}}});
+    pessoas().txtRowID.setText(u"5"_s);
+    base.answer(u"NOME_PESS FROM PESS"_s, {{u"NOME_PESS"_s}, {{test::text("JOSÉ DA SILVA")}}});
+    base.answer(u"DESC_CARG"_s, {{u"desc_carg"_s}, {{test::text("COMPRADOR")}, {test::text("GERENTE")}}});
     conecta();
 }
 
@@ -27,23 +26,22 @@ void PapelTest::conecta(const char* motor) {
 }
 
 void PapelTest::gerador(const char* nome, qint64 valor) {
-    base.answer(QStringLiteral("gen_id(%1,").arg(QLatin1StringView(nome)),
-                {{QStringLiteral("GEN_ID")}, {{test::number(valor)}}});
+    base.answer(u"gen_id(%1,"_s.arg(QLatin1StringView(nome)), {{u"GEN_ID"_s}, {{test::number(valor)}}});
 }
 
 void PapelTest::identidade(qint64 valor) {
-    base.answer(identidadeLida, {{QStringLiteral("MaxRowID")}, {{test::number(valor)}}});
+    base.answer(identidadeLida, {{u"MaxRowID"_s}, {{test::number(valor)}}});
 }
 
 void PapelTest::registro(const char* tabela, const char* chave, QStringList colunas, QList<data::Value> valores) {
     const QString nome = QString::fromLatin1(tabela);
     const QString coluna = QString::fromLatin1(chave);
-    base.answer(QStringLiteral("FROM %1, PESS").arg(nome), {{coluna}, {{test::number(31)}}});
-    if (!colunas.contains(QStringLiteral("data_desa"))) {
-        colunas << QStringLiteral("data_desa");
+    base.answer(u"FROM %1, PESS"_s.arg(nome), {{coluna}, {{test::number(31)}}});
+    if (!colunas.contains(u"data_desa"_s)) {
+        colunas << u"data_desa"_s;
         valores << test::null();
     }
-    base.answer(QStringLiteral("SELECT * FROM %1 WHERE %2 = ").arg(nome, coluna), {colunas, {valores}});
+    base.answer(u"SELECT * FROM %1 WHERE %2 = "_s.arg(nome, coluna), {colunas, {valores}});
 }
 
 void PapelTest::registros(const data::Value& desativada) {
@@ -56,7 +54,7 @@ void PapelTest::registros(const data::Value& desativada) {
     QList<data::Value> valores(colunas.size(), test::null());
     valores[0] = desativada;
     for (const char* tabela : {"CLIE", "FORN", "TRPT", "MOTO", "VEND", "ARQT", "DECO"})
-        registro(tabela, qPrintable(QStringLiteral("ID") + QLatin1StringView(tabela)), colunas, valores);
+        registro(tabela, qPrintable(u"ID"_s + QLatin1StringView(tabela)), colunas, valores);
 }
 
 void PapelTest::abre(const char* nome, const std::function<void()>& uso) {
@@ -79,7 +77,7 @@ void PapelTest::incluiContato(const char* tipo, const char* nome, const char* fo
 }
 
 QStringList PapelTest::transacao() const {
-    const qsizetype inicio = base.sent.lastIndexOf(QStringLiteral("BEGIN"));
+    const qsizetype inicio = base.sent.lastIndexOf(u"BEGIN"_s);
     if (inicio < 0)
         return {};
     QStringList comandos = base.sent.mid(inicio + 1);
@@ -94,8 +92,7 @@ QStringList PapelTest::escritas() {
 }
 
 QString LeituraGerador(const char* nome) {
-    return QStringLiteral("select gen_id(%1, 1) from RDB$GENERATORS where RDB$GENERATOR_NAME = '%1'; ")
-        .arg(QLatin1StringView(nome));
+    return u"select gen_id(%1, 1) from RDB$GENERATORS where RDB$GENERATOR_NAME = '%1'; "_s.arg(QLatin1StringView(nome));
 }
 
 } // namespace vorta::test

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Literals.h"
 #include "launch/ContextoExecucao.h"
 #include "roles/TelaPapel.h"
 #include "screen/User.h"
@@ -14,7 +15,7 @@ namespace vorta::test {
 /// What the role screens reach of the person screen, by its names.
 class PessoasDeTeste : public screen::Screen {
   public:
-    explicit PessoasDeTeste(ContextoExecucao& contexto) : Screen(contexto.program(), QStringLiteral("frmPessoas")) {}
+    explicit PessoasDeTeste(ContextoExecucao& contexto) : Screen(contexto.program(), u"frmPessoas"_s) {}
 
     screen::TextField txtRowID{this, "txtRowID"};
     screen::Label lblDataDesa{this, "lblDataDesa"};
@@ -54,7 +55,7 @@ class PapelTest : public ::testing::Test {
     void clica(const char* nome) { usuario.click(campo(nome)); }
     void foca(const char* nome) { usuario.focus(campo(nome)); }
     QString foco() { return tela_->focus() ? tela_->focus()->name() : QString(); }
-    PessoasDeTeste& pessoas() { return dynamic_cast<PessoasDeTeste&>(contexto.Tela(QStringLiteral("frmPessoas"))); }
+    PessoasDeTeste& pessoas() { return dynamic_cast<PessoasDeTeste&>(contexto.Tela(u"frmPessoas"_s)); }
 
     /// A contact in the entry fields, taken into the grid.
     void incluiContato(const char* tipo, const char* nome, const char* fone = "", const char* email = "",
@@ -62,7 +63,7 @@ class PapelTest : public ::testing::Test {
 
     /// The statements of the last transaction, without its begin and end.
     QStringList transacao() const;
-    bool confirmada() const { return base.sent.contains(QStringLiteral("COMMIT")); }
+    bool confirmada() const { return base.sent.contains(u"COMMIT"_s); }
     /// The write statements since the last call.
     QStringList escritas();
     const screen::Box& ultimaCaixa() const { return plataforma.boxes.back(); }
@@ -81,6 +82,6 @@ class PapelTest : public ::testing::Test {
 /// The statement that reads a generator.
 QString LeituraGerador(const char* nome);
 
-inline const QString identidadeLida = QStringLiteral("SELECT @@IDENTITY AS 'MAXROWID'");
+inline const QString identidadeLida = u"SELECT @@IDENTITY AS 'MAXROWID'"_s;
 
 } // namespace vorta::test

@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "roles/PapelTest.h"
 
 /// Deactivation and reactivation of a role row.
@@ -24,8 +25,8 @@ const std::vector<Caso> casos{
 class RoleState : public PapelTest, public ::testing::WithParamInterface<Caso> {
   protected:
     QString comando(const char* colunas) const {
-        return QStringLiteral("UPDATE %1 SET %2 WHERE (%3=31)")
-            .arg(QLatin1StringView(GetParam().tabela), QLatin1StringView(colunas), QLatin1StringView(GetParam().chave));
+        return u"UPDATE %1 SET %2 WHERE (%3=31)"_s.arg(QLatin1StringView(GetParam().tabela), QLatin1StringView(colunas),
+                                                       QLatin1StringView(GetParam().chave));
     }
     bool guardaColuna() const { return *GetParam().colunaPess; }
 };
@@ -38,13 +39,12 @@ TEST_P(RoleState, Deactivates) {
         abre(GetParam().tela, [&] { clica("cmdEXCLUIR"); });
         QStringList esperado{comando("USER_DESA='7', DATA_DESA='20261120'")};
         if (guardaColuna())
-            esperado << QStringLiteral("UPDATE PESS SET %1 = 0 WHERE IDPESS = 5")
-                            .arg(QLatin1StringView(GetParam().colunaPess));
+            esperado << u"UPDATE PESS SET %1 = 0 WHERE IDPESS = 5"_s.arg(QLatin1StringView(GetParam().colunaPess));
         EXPECT_EQ(escritas(), esperado);
         EXPECT_EQ(ultimaCaixa().text, u"Deseja realmente Desativar?");
         EXPECT_EQ(ultimaCaixa().buttons, screen::Buttons::YesNo);
         EXPECT_EQ(ultimaCaixa().title, u"");
-        EXPECT_FALSE(base.sent.contains(QStringLiteral("BEGIN")));
+        EXPECT_FALSE(base.sent.contains(u"BEGIN"_s));
     }
 }
 
@@ -69,8 +69,7 @@ TEST_P(RoleState, Reactivates) {
     });
     QStringList esperado{comando("USER_DESA=NULL, DATA_DESA=NULL, USER_INCL='7', DATA_INCL='20261120'")};
     if (guardaColuna())
-        esperado
-            << QStringLiteral("UPDATE PESS SET %1 = 31 WHERE IDPESS = 5").arg(QLatin1StringView(GetParam().colunaPess));
+        esperado << u"UPDATE PESS SET %1 = 31 WHERE IDPESS = 5"_s.arg(QLatin1StringView(GetParam().colunaPess));
     EXPECT_EQ(escritas(), esperado);
     EXPECT_EQ(ultimaCaixa().text, u"Deseja realmente Reativar Este Registro ?");
 }
@@ -81,8 +80,7 @@ TEST_P(RoleState, NoToReactivationReadsAgain) {
     abre(GetParam().tela, [&] {
         base.sent.clear();
         clica("cmdReativar");
-        EXPECT_EQ(
-            base.sent.filter(QStringLiteral("SELECT * FROM %1 ").arg(QLatin1StringView(GetParam().tabela))).size(), 1);
+        EXPECT_EQ(base.sent.filter(u"SELECT * FROM %1 "_s.arg(QLatin1StringView(GetParam().tabela))).size(), 1);
     });
     EXPECT_EQ(escritas(), QStringList());
 }
@@ -96,7 +94,7 @@ TEST_P(RoleState, RefusesToReactivateAnActiveRow) {
 
 TEST_P(RoleState, ADeactivatedPersonComesFirst) {
     registros(test::date(2026, 1, 2));
-    pessoas().lblDataDesa.setText(QStringLiteral("01/01/2026"));
+    pessoas().lblDataDesa.setText(u"01/01/2026"_s);
     if (!GetParam().conferePessoa)
         plataforma.willAnswer(Answer::Yes);
     abre(GetParam().tela, [&] { clica("cmdReativar"); });
@@ -114,7 +112,7 @@ TEST_P(RoleState, RefusesToAlterADeactivatedRow) {
     registros(test::date(2026, 1, 2));
     abre(GetParam().tela, [&] {
         clica("cmdALTERAR");
-        if (tela().findField(QStringLiteral("Flex"))) {
+        if (tela().findField(u"Flex"_s)) {
             EXPECT_EQ(foco(), u"Flex");
         }
     });
@@ -131,12 +129,12 @@ TEST_P(RoleState, RefusesASecondRow) {
 }
 
 TEST_P(RoleState, WithoutARowEachScreenHasItsOwnTest) {
-    const QString falta = QStringLiteral("Selecione Um Registro Para Executar esta Operação!");
+    const QString falta = u"Selecione Um Registro Para Executar esta Operação!"_s;
     const bool pelaPessoa = QStringList{"frmCliente", "frmFornecedor", "frmTransportadora"}.contains(GetParam().tela);
     abre(GetParam().tela, [&] {
         clica("cmdReativar");
         EXPECT_EQ(ultimaCaixa().text,
-                  pelaPessoa ? u"Impossibilidade de Executar o Comando!\nO Registro Já está como Ativo."_qs : falta);
+                  pelaPessoa ? u"Impossibilidade de Executar o Comando!\nO Registro Já está como Ativo."_s : falta);
         if (!pelaPessoa) {
             clica("cmdEXCLUIR");
             EXPECT_EQ(ultimaCaixa().text, falta);

@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "roles/PapelTest.h"
 
 /// The frame: opening, modes, fields, contacts, closing, and what a failing statement does.
@@ -19,9 +20,8 @@ class EveryRoleScreen : public RoleScreen, public ::testing::WithParamInterface<
 
 TEST_P(EveryRoleScreen, OpensIdleForThePerson) {
     abre(GetParam(), [&] {
-        EXPECT_TRUE(
-            tela().caption().startsWith(QStringLiteral("ERP VORTA - Nexoria - Release 2015.07.24 - Cadastro de ")));
-        EXPECT_TRUE(tela().caption().endsWith(QStringLiteral(" (/MARIA)")));
+        EXPECT_TRUE(tela().caption().startsWith(u"ERP VORTA - Nexoria - Release 2015.07.24 - Cadastro de "_s));
+        EXPECT_TRUE(tela().caption().endsWith(u" (/MARIA)"_s));
         EXPECT_EQ(texto("txtRowID"), u"5");
         EXPECT_TRUE(campo("txtRowID").locked());
         EXPECT_EQ(texto("lblPessoa"), u"JOSÉ DA SILVA");
@@ -44,11 +44,11 @@ TEST_P(EveryRoleScreen, InclusionChangesButtonsAndNotice) {
             EXPECT_FALSE(campo(desligado).enabled()) << desligado;
         EXPECT_TRUE(campo("cmdSALVAR").enabled());
         EXPECT_TRUE(campo("txtDTDesativa").locked());
-        const char* primeiro = tela().findField(QStringLiteral("cboRevenda"))        ? "cboRevenda"
-                               : tela().findField(QStringLiteral("mskDtCredencial")) ? "mskDtCredencial"
-                                                                                     : "mskDtAdmissao";
+        const char* primeiro = tela().findField(u"cboRevenda"_s)        ? "cboRevenda"
+                               : tela().findField(u"mskDtCredencial"_s) ? "mskDtCredencial"
+                                                                        : "mskDtAdmissao";
         EXPECT_EQ(foco(), QLatin1StringView(primeiro));
-        if (tela().findField(QStringLiteral("mskDtCredencial"))) {
+        if (tela().findField(u"mskDtCredencial"_s)) {
             EXPECT_EQ(texto("mskDtCredencial"), u"20/11/2026");
         }
         plataforma.willAnswer(Answer::Cancel);
@@ -81,19 +81,19 @@ TEST_P(EveryRoleScreen, LeavingInTheMiddle) {
 TEST_P(EveryRoleScreen, ClosingRefreshesTheRoleButtons) {
     const QString nome = QString::fromLatin1(GetParam());
     const bool atualiza = nome != u"frmArquiteto" && nome != u"frmDecorador";
-    contexto.VinculoAtual = QStringLiteral("S");
+    contexto.VinculoAtual = u"S"_s;
     abre(GetParam(), [&] { clica("cmdSAIR"); });
     EXPECT_EQ(contexto.VinculoAtual, atualiza ? u"N" : u"S");
-    EXPECT_EQ(pessoas().cmdCliente.picture().endsWith(u"semvinculo.bmp"_qs), atualiza);
+    EXPECT_EQ(pessoas().cmdCliente.picture().endsWith(u"semvinculo.bmp"_s), atualiza);
 }
 
 TEST_P(EveryRoleScreen, AFailingAlterationShowsItsMessageAndGoesOn) {
     registros();
     abre(GetParam(), [&] {
         const QString nome = QString::fromLatin1(GetParam());
-        screen::Field& primeiro = nome == u"frmCliente"                                 ? campo("cboRevenda")
-                                  : tela().findField(QStringLiteral("mskDtCredencial")) ? campo("mskDtCredencial")
-                                                                                        : campo("mskDtAdmissao");
+        screen::Field& primeiro = nome == u"frmCliente"                    ? campo("cboRevenda")
+                                  : tela().findField(u"mskDtCredencial"_s) ? campo("mskDtCredencial")
+                                                                           : campo("mskDtAdmissao");
         primeiro.GotFocus = [] { throw RuntimeError(errorNumber::TypeMismatch); };
         clica("cmdALTERAR");
     });
@@ -158,12 +158,12 @@ TEST_F(RoleScreen, ClearingZeroesAmounts) {
     abre("frmVendedor", [&] {
         for (const char* valor : {"txtSalFixo", "txtPercPool", "txtPercIndi"})
             EXPECT_EQ(texto(valor), u"0");
-        tela().txtDTDesativa.setText(QStringLiteral("x"));
+        tela().txtDTDesativa.setText(u"x"_s);
         clica("cmdINCLUIR");
         EXPECT_EQ(texto("txtDTDesativa"), u"");
     });
     abre("frmTransportadora", [&] {
-        tela().txtDTDesativa.setText(QStringLiteral("x"));
+        tela().txtDTDesativa.setText(u"x"_s);
         clica("cmdINCLUIR");
         EXPECT_EQ(texto("txtDTDesativa"), u"x");
     });
@@ -226,7 +226,7 @@ TEST_F(RoleScreen, DriverAdmissionTakesDaysFromToday) {
 }
 
 TEST_F(RoleScreen, ANumberOfACustomerHoldsTheUser) {
-    base.answer(QStringLiteral("SELECT * FROM clie WHERE idClie=5"), {{"idclie"}, {{test::number(5)}}});
+    base.answer(u"SELECT * FROM clie WHERE idClie=5"_s, {{"idclie"}, {{test::number(5)}}});
     for (const char* nome : {"frmCliente", "frmFornecedor", "frmTransportadora"}) {
         abre(nome, [&] {
             clica("cmdINCLUIR");
@@ -236,7 +236,7 @@ TEST_F(RoleScreen, ANumberOfACustomerHoldsTheUser) {
             EXPECT_EQ(ultimaCaixa().text, u"O Cliente (5) Já Existe! Tente outro código");
         });
     }
-    contexto.ModoTela = QStringLiteral(" ");
+    contexto.ModoTela = u" "_s;
     plataforma.boxes.clear();
     abre("frmFornecedor", [&] {
         foca("txtRowID");
@@ -336,7 +336,7 @@ TEST_F(RoleScreen, UnknownBank) {
 TEST_F(RoleScreen, ABankListOfOneChoosesIt) {
     abre("frmDecorador", [&] {
         clica("cmdINCLUIR");
-        base.answer(QStringLiteral("FROM BANC WHERE DATA_DESA"), {{"nome_banc"}, {{test::text("ITAU")}}});
+        base.answer(u"FROM BANC WHERE DATA_DESA"_s, {{"nome_banc"}, {{test::text("ITAU")}}});
         digita("cboBancoCartao", "34");
         usuario.dropDown(dynamic_cast<screen::ListField&>(campo("cboBancoCartao")));
         EXPECT_EQ(texto("cboBancoCartao"), u"ITAU");
@@ -365,12 +365,12 @@ TEST_F(RoleScreen, ShowingTheDeactivated) {
     for (const char* nome : {"frmCliente", "frmFornecedor", "frmTransportadora"}) {
         abre(nome, [&] { clica("chkVisualiza"); });
     }
-    EXPECT_TRUE(base.sent.filter(QStringLiteral("VENDEDOR")).isEmpty());
+    EXPECT_TRUE(base.sent.filter(u"VENDEDOR"_s).isEmpty());
     abre("frmMotorista", [&] { clica("chkVisualiza"); });
     EXPECT_FALSE(programa.hasEnded()) << "the old table is empty";
-    base.answer(QStringLiteral("FROM VENDEDOR"), {{"idVendedor", "NOME_CONH", "nome", "dtinclusao", "dtdesativa"},
-                                                  {{test::number(1), test::text("ANA"), test::text("ANA MARIA"),
-                                                    test::date(2001, 2, 3), test::null()}}});
+    base.answer(u"FROM VENDEDOR"_s, {{"idVendedor", "NOME_CONH", "nome", "dtinclusao", "dtdesativa"},
+                                     {{test::number(1), test::text("ANA"), test::text("ANA MARIA"),
+                                       test::date(2001, 2, 3), test::null()}}});
     abre("frmArquiteto", [&] {
         clica("chkVisualiza");
         EXPECT_EQ(base.sent.last(), u"SELECT * FROM VENDEDOR");

@@ -1,4 +1,5 @@
 #include "SampleScreen.h"
+#include "base/Literals.h"
 
 using namespace vorta;
 using namespace vorta::test;
@@ -21,10 +22,10 @@ TEST(Field, StartsFreeAndVisibleInTheColoursOfItsKind) {
 
 TEST(Field, IsReachedByNameInAnyCase) {
     SampleWorld world;
-    EXPECT_EQ(&world.tela.field(u"TXTNOME"_qs), &world.tela.txtNome);
-    EXPECT_EQ(world.tela.findField(u"txtOutro"_qs), nullptr);
+    EXPECT_EQ(&world.tela.field(u"TXTNOME"_s), &world.tela.txtNome);
+    EXPECT_EQ(world.tela.findField(u"txtOutro"_s), nullptr);
     try {
-        world.tela.field(u"txtOutro"_qs);
+        world.tela.field(u"txtOutro"_s);
         FAIL() << "found a field that is not there";
     } catch (const RuntimeError& error) {
         EXPECT_EQ(error.number(), errorNumber::NoSuchMember);
@@ -43,21 +44,21 @@ TEST(Field, TellsTheWindowOfEveryChange) {
     SampleWorld world;
     world.tela.setObserver(&observer);
     const std::vector<std::function<void()>> changes{
-        [&] { world.tela.txtNome.setText(u"x"_qs); },    [&] { world.tela.txtNome.setEnabled(false); },
-        [&] { world.tela.txtNome.setLocked(true); },     [&] { world.tela.txtNome.setVisible(false); },
-        [&] { world.tela.txtNome.setBackground(1); },    [&] { world.tela.txtNome.setForeground(1); },
-        [&] { world.tela.txtNome.setBold(true); },       [&] { world.tela.txtNome.setMaxLength(5); },
-        [&] { world.tela.txtNome.setToolTip(u"d"_qs); }, [&] { world.tela.cboCidade.addItem(u"a"_qs); },
-        [&] { world.tela.cboCidade.setDropWidth(90); },  [&] { world.tela.chkAtivo.setChecked(true); },
-        [&] { world.tela.opSim.setValue(true); },        [&] { world.tela.tab.setCurrent(1); },
-        [&] { world.tela.mskCEP.setMask({}); },          [&] { world.tela.grade.reset({{u"A"_qs}}); },
+        [&] { world.tela.txtNome.setText(u"x"_s); },    [&] { world.tela.txtNome.setEnabled(false); },
+        [&] { world.tela.txtNome.setLocked(true); },    [&] { world.tela.txtNome.setVisible(false); },
+        [&] { world.tela.txtNome.setBackground(1); },   [&] { world.tela.txtNome.setForeground(1); },
+        [&] { world.tela.txtNome.setBold(true); },      [&] { world.tela.txtNome.setMaxLength(5); },
+        [&] { world.tela.txtNome.setToolTip(u"d"_s); }, [&] { world.tela.cboCidade.addItem(u"a"_s); },
+        [&] { world.tela.cboCidade.setDropWidth(90); }, [&] { world.tela.chkAtivo.setChecked(true); },
+        [&] { world.tela.opSim.setValue(true); },       [&] { world.tela.tab.setCurrent(1); },
+        [&] { world.tela.mskCEP.setMask({}); },         [&] { world.tela.grade.reset({{u"A"_s}}); },
     };
     for (size_t change = 0; change < changes.size(); ++change) {
         observer.fields.clear();
         changes[change]();
         EXPECT_FALSE(observer.fields.isEmpty()) << "change " << change;
     }
-    world.tela.setCaption(u"c"_qs);
+    world.tela.setCaption(u"c"_s);
     world.tela.setBackground(1);
     world.tela.setPointer(Pointer::Hourglass);
     EXPECT_EQ(observer.screens, 3);
@@ -65,33 +66,33 @@ TEST(Field, TellsTheWindowOfEveryChange) {
 
 TEST(Field, SelectionStaysInsideTheText) {
     SampleWorld world;
-    world.tela.txtNome.setText(u"MARIA"_qs);
+    world.tela.txtNome.setText(u"MARIA"_s);
     world.tela.txtNome.select(2, 90);
     EXPECT_EQ(world.tela.txtNome.selectionStart(), 2);
     EXPECT_EQ(world.tela.txtNome.selectionLength(), 3);
-    world.tela.txtNome.setText(u"M"_qs);
+    world.tela.txtNome.setText(u"M"_s);
     EXPECT_EQ(world.tela.txtNome.selectionStart(), 1);
     EXPECT_EQ(world.tela.txtNome.selectionLength(), 0);
 }
 
 TEST(Field, APictureMustBeThere) {
     SampleWorld world;
-    EXPECT_EQ(errorOf([&] { world.tela.imgFoto.loadPicture(u"/img/a.bmp"_qs); }), errorNumber::FileNotFound);
+    EXPECT_EQ(errorOf([&] { world.tela.imgFoto.loadPicture(u"/img/a.bmp"_s); }), errorNumber::FileNotFound);
     EXPECT_EQ(world.tela.imgFoto.picture(), QString());
-    world.platform.files[u"/img/a.bmp"_qs] = {};
-    world.tela.imgFoto.loadPicture(u"/img/a.bmp"_qs);
-    EXPECT_EQ(world.tela.imgFoto.picture(), u"/img/a.bmp"_qs);
+    world.platform.files[u"/img/a.bmp"_s] = {};
+    world.tela.imgFoto.loadPicture(u"/img/a.bmp"_s);
+    EXPECT_EQ(world.tela.imgFoto.picture(), u"/img/a.bmp"_s);
 }
 
 TEST(ListField, ChoosingAnItemTakesItsTextAndClicks) {
     SampleWorld world;
     ListField& lista = world.tela.cboCidade;
-    lista.addItem(u"SANTOS"_qs);
-    lista.addItem(u"CUBATAO"_qs);
+    lista.addItem(u"SANTOS"_s);
+    lista.addItem(u"CUBATAO"_s);
     lista.setListIndex(1);
-    EXPECT_EQ(lista.text(), u"CUBATAO"_qs);
+    EXPECT_EQ(lista.text(), u"CUBATAO"_s);
     EXPECT_EQ(lista.listIndex(), 1);
-    EXPECT_EQ(world.tela.events, QStringList(u"click cboCidade"_qs));
+    EXPECT_EQ(world.tela.events, QStringList(u"click cboCidade"_s));
     lista.setListIndex(-1);
     EXPECT_EQ(lista.text(), QString());
     EXPECT_EQ(world.tela.events.size(), 1);
@@ -101,19 +102,19 @@ TEST(ListField, ChoosingAnItemTakesItsTextAndClicks) {
 TEST(ListField, AnyTextMayStandInIt) {
     SampleWorld world;
     ListField& lista = world.tela.cboCidade;
-    lista.addItem(u"SANTOS"_qs);
-    lista.setText(u"SANTOS"_qs);
+    lista.addItem(u"SANTOS"_s);
+    lista.setText(u"SANTOS"_s);
     EXPECT_EQ(lista.listIndex(), 0);
-    lista.setText(u"OUTRA"_qs);
+    lista.setText(u"OUTRA"_s);
     EXPECT_EQ(lista.listIndex(), -1);
-    EXPECT_EQ(lista.text(), u"OUTRA"_qs);
+    EXPECT_EQ(lista.text(), u"OUTRA"_s);
     EXPECT_TRUE(world.tela.events.isEmpty());
 }
 
 TEST(ListField, ClearEmptiesListAndText) {
     SampleWorld world;
     ListField& lista = world.tela.cboCidade;
-    lista.addItem(u"SANTOS"_qs);
+    lista.addItem(u"SANTOS"_s);
     lista.setListIndex(0);
     lista.clear();
     EXPECT_TRUE(lista.items().isEmpty());
@@ -124,14 +125,14 @@ TEST(ListField, ClearEmptiesListAndText) {
 TEST(ListField, RemovingAnItemKeepsTheChoice) {
     SampleWorld world;
     ListField& lista = world.tela.cboCidade;
-    for (const QString& item : {u"A"_qs, u"B"_qs, u"C"_qs})
+    for (const QString& item : {u"A"_s, u"B"_s, u"C"_s})
         lista.addItem(item);
     lista.setListIndex(2);
     lista.removeItem(0);
     EXPECT_EQ(lista.listIndex(), 1);
     lista.removeItem(1);
     EXPECT_EQ(lista.listIndex(), -1);
-    EXPECT_EQ(lista.items(), QStringList(u"B"_qs));
+    EXPECT_EQ(lista.items(), QStringList(u"B"_s));
     EXPECT_NE(errorOf([&] { lista.removeItem(5); }), 0);
 }
 
@@ -141,7 +142,7 @@ TEST(Option, OneOfItsGroupIsChosenAndAlwaysClicks) {
     EXPECT_TRUE(world.tela.opSim.value());
     EXPECT_FALSE(world.tela.opNao.value());
     world.tela.opSim.setValue(true);
-    EXPECT_EQ(world.tela.events, QStringList({u"click opSim"_qs, u"click opSim"_qs}));
+    EXPECT_EQ(world.tela.events, QStringList({u"click opSim"_s, u"click opSim"_s}));
     world.tela.opSim.setValue(false);
     EXPECT_FALSE(world.tela.opSim.value());
     EXPECT_EQ(world.tela.events.size(), 2);

@@ -1,4 +1,5 @@
 #include "SampleScreen.h"
+#include "base/Literals.h"
 
 using namespace vorta;
 using namespace vorta::test;
@@ -8,9 +9,9 @@ TEST(Focus, TheOldFieldLosesItBeforeTheNewOneGetsIt) {
     world.user.focus(world.tela.txtNome);
     world.user.focus(world.tela.mskCEP);
     world.user.focus(world.tela.mskCEP);
-    EXPECT_EQ(world.tela.events, QStringList({u"got txtNome"_qs, u"lost txtNome"_qs, u"got mskCEP"_qs}));
+    EXPECT_EQ(world.tela.events, QStringList({u"got txtNome"_s, u"lost txtNome"_s, u"got mskCEP"_s}));
     world.user.leave(world.tela);
-    EXPECT_EQ(world.tela.events.last(), u"lost mskCEP"_qs);
+    EXPECT_EQ(world.tela.events.last(), u"lost mskCEP"_s);
     EXPECT_EQ(world.tela.focus(), nullptr);
 }
 
@@ -32,7 +33,7 @@ TEST(Focus, AFieldThatCannotTakeItIsLeftAlone) {
     world.tela.SetFocus(world.tela.cboCidade);
     EXPECT_FALSE(world.user.focus(world.tela.mskCEP));
     EXPECT_EQ(world.tela.focus(), &world.tela.txtNome);
-    EXPECT_EQ(world.tela.events, QStringList(u"got txtNome"_qs));
+    EXPECT_EQ(world.tela.events, QStringList(u"got txtNome"_s));
 }
 
 TEST(Focus, LostFocusDecidesWhereItGoes) {
@@ -41,7 +42,7 @@ TEST(Focus, LostFocusDecidesWhereItGoes) {
     world.tela.txtNome.LostFocus = [&] { world.tela.SetFocus(world.tela.txtNome); };
     EXPECT_FALSE(world.user.focus(world.tela.mskCEP));
     EXPECT_EQ(world.tela.focus(), &world.tela.txtNome);
-    EXPECT_FALSE(world.tela.events.contains(u"got mskCEP"_qs));
+    EXPECT_FALSE(world.tela.events.contains(u"got mskCEP"_s));
 }
 
 TEST(Focus, AClickDoesNotHappenWhenTheFocusIsHeldBack) {
@@ -49,7 +50,7 @@ TEST(Focus, AClickDoesNotHappenWhenTheFocusIsHeldBack) {
     world.user.focus(world.tela.txtNome);
     world.tela.txtNome.LostFocus = [&] { world.tela.SetFocus(world.tela.txtNome); };
     world.user.click(world.tela.cmdSalvar);
-    EXPECT_FALSE(world.tela.events.contains(u"click cmdSALVAR"_qs));
+    EXPECT_FALSE(world.tela.events.contains(u"click cmdSALVAR"_s));
 }
 
 TEST(Focus, ComesWithItsTabPage) {
@@ -65,7 +66,7 @@ TEST(Focus, ComesWithItsTabPage) {
 
 TEST(Focus, ADisabledFieldLetsItFallToTheFirst) {
     SampleWorld world;
-    world.platform.whenShown(u"frmAmostra"_qs, [&](Screen&) {
+    world.platform.whenShown(u"frmAmostra"_s, [&](Screen&) {
         world.user.focus(world.tela.cmdSalvar);
         world.tela.cmdSalvar.Click = [&] { world.tela.cmdSalvar.setEnabled(false); };
         world.user.click(world.tela.cmdSalvar);
@@ -87,8 +88,8 @@ TEST(Focus, TabWalksInTheOrderOfTheFields) {
         order += world.tela.focus()->name();
         world.user.key(*world.tela.focus(), Key::Tab);
     }
-    EXPECT_EQ(order, QStringList({u"txtNome"_qs, u"mskCEP"_qs, u"cboCidade"_qs, u"opNao"_qs, u"chkAtivo"_qs,
-                                  u"FlexLista"_qs, u"cmdSALVAR"_qs}))
+    EXPECT_EQ(order, QStringList({u"txtNome"_s, u"mskCEP"_s, u"cboCidade"_s, u"opNao"_s, u"chkAtivo"_s, u"FlexLista"_s,
+                                  u"cmdSALVAR"_s}))
         << "the option that is not chosen is passed over";
     EXPECT_EQ(world.tela.focus(), &world.tela.txtNome) << "the walk begins again";
     world.user.key(world.tela.txtNome, Key::BackTab);
@@ -115,7 +116,7 @@ TEST(Focus, WithoutAChosenOptionTheFirstOneTakesPart) {
 
 TEST(Focus, SelectsAllWhereTheFieldAsksForIt) {
     SampleWorld world;
-    world.tela.txtNome.setText(u"MARIA"_qs);
+    world.tela.txtNome.setText(u"MARIA"_s);
     world.tela.txtNome.selectsOnFocus = true;
     world.user.focus(world.tela.txtNome);
     EXPECT_EQ(world.tela.txtNome.selectionLength(), 5);
@@ -123,9 +124,9 @@ TEST(Focus, SelectsAllWhereTheFieldAsksForIt) {
 
 TEST(Focus, AnOpenedScreenBeginsAtItsFirstField) {
     SampleWorld world;
-    world.platform.whenShown(u"frmAmostra"_qs, [&](Screen&) { EXPECT_EQ(world.tela.focus(), &world.tela.txtNome); });
+    world.platform.whenShown(u"frmAmostra"_s, [&](Screen&) { EXPECT_EQ(world.tela.focus(), &world.tela.txtNome); });
     EXPECT_TRUE(world.program.dispatch([&] { world.program.ShowModal(world.tela); }));
-    EXPECT_EQ(world.tela.events, QStringList({u"load"_qs, u"got txtNome"_qs, u"unload"_qs}));
+    EXPECT_EQ(world.tela.events, QStringList({u"load"_s, u"got txtNome"_s, u"unload"_s}));
 }
 
 TEST(Focus, ALostFocusThatFailsDoesNotHoldTheFocusForEver) {

@@ -1,4 +1,5 @@
 #include "SampleScreen.h"
+#include "base/Literals.h"
 
 using namespace vorta;
 using namespace vorta::test;
@@ -10,7 +11,7 @@ constexpr int foraDaGrade = 381;
 struct GridTest : testing::Test {
     SampleWorld world;
     Grid& grade = world.tela.grade;
-    void SetUp() override { grade.reset({{u"Código"_qs, 900}, {u"Nome"_qs}, {u"Cidade"_qs}}); }
+    void SetUp() override { grade.reset({{u"Código"_s, 900}, {u"Nome"_s}, {u"Cidade"_s}}); }
     QStringList linha(int row) const {
         QStringList cells;
         for (int col = 0; col < grade.Cols(); ++col)
@@ -25,57 +26,57 @@ TEST_F(GridTest, StartsWithItsHeadersOnly) {
     EXPECT_EQ(grade.Rows(), 1);
     EXPECT_EQ(grade.Cols(), 3);
     EXPECT_EQ(grade.Row(), 0);
-    EXPECT_EQ(linha(0), QStringList({u"Código"_qs, u"Nome"_qs, u"Cidade"_qs}));
+    EXPECT_EQ(linha(0), QStringList({u"Código"_s, u"Nome"_s, u"Cidade"_s}));
 }
 
 TEST_F(GridTest, TabsPartTheCells) {
-    grade.AddItem(u"1\tJoão\tSão Vicente"_qs);
-    grade.AddItem(u"2\tAna"_qs);
-    grade.AddItem(u"\t\t"_qs);
-    grade.AddItem(u"4\ta\tb\tsobra"_qs);
+    grade.AddItem(u"1\tJoão\tSão Vicente"_s);
+    grade.AddItem(u"2\tAna"_s);
+    grade.AddItem(u"\t\t"_s);
+    grade.AddItem(u"4\ta\tb\tsobra"_s);
     EXPECT_EQ(grade.Rows(), 5);
-    EXPECT_EQ(linha(1), QStringList({u"1"_qs, u"João"_qs, u"São Vicente"_qs}));
-    EXPECT_EQ(linha(2), QStringList({u"2"_qs, u"Ana"_qs, QString()}));
+    EXPECT_EQ(linha(1), QStringList({u"1"_s, u"João"_s, u"São Vicente"_s}));
+    EXPECT_EQ(linha(2), QStringList({u"2"_s, u"Ana"_s, QString()}));
     EXPECT_EQ(linha(3), QStringList({QString(), QString(), QString()}));
-    EXPECT_EQ(linha(4), QStringList({u"4"_qs, u"a"_qs, u"b"_qs}));
+    EXPECT_EQ(linha(4), QStringList({u"4"_s, u"a"_s, u"b"_s}));
 }
 
 TEST_F(GridTest, TheFirstAddedRowBecomesCurrent) {
-    grade.AddItem(u"1"_qs);
-    grade.AddItem(u"2"_qs);
+    grade.AddItem(u"1"_s);
+    grade.AddItem(u"2"_s);
     EXPECT_EQ(grade.Row(), 1);
     grade.setRow(2);
     grade.setCol(0);
-    EXPECT_EQ(grade.currentText(), u"2"_qs);
+    EXPECT_EQ(grade.currentText(), u"2"_s);
 }
 
 TEST_F(GridTest, CellsCanBeOverwritten) {
-    grade.AddItem(u"1\tAna\tSantos"_qs);
-    grade.setCell(1, 1, u"Ana Maria"_qs);
+    grade.AddItem(u"1\tAna\tSantos"_s);
+    grade.setCell(1, 1, u"Ana Maria"_s);
     grade.setCell(1, 2, {});
-    grade.setCell(0, 1, u"Cliente"_qs);
-    EXPECT_EQ(linha(1), QStringList({u"1"_qs, u"Ana Maria"_qs, QString()}));
-    EXPECT_EQ(grade.cell(0, 1), u"Cliente"_qs);
+    grade.setCell(0, 1, u"Cliente"_s);
+    EXPECT_EQ(linha(1), QStringList({u"1"_s, u"Ana Maria"_s, QString()}));
+    EXPECT_EQ(grade.cell(0, 1), u"Cliente"_s);
 }
 
 TEST_F(GridTest, RemovingRowsKeepsTheOthersAndTheCurrentRowInside) {
-    for (const QString& row : {u"1"_qs, u"2"_qs, u"3"_qs})
+    for (const QString& row : {u"1"_s, u"2"_s, u"3"_s})
         grade.AddItem(row);
     grade.setRow(3);
     grade.RemoveItem(2);
     EXPECT_EQ(grade.Rows(), 3);
-    EXPECT_EQ(grade.cell(2, 0), u"3"_qs);
+    EXPECT_EQ(grade.cell(2, 0), u"3"_s);
     EXPECT_EQ(grade.Row(), 2);
     grade.RemoveItem(1);
     grade.RemoveItem(1);
     EXPECT_EQ(grade.Rows(), 1);
     EXPECT_EQ(grade.Row(), 0);
-    grade.AddItem(u"9"_qs);
+    grade.AddItem(u"9"_s);
     EXPECT_EQ(grade.Row(), 1);
 }
 
 TEST_F(GridTest, PlacesOutsideAreErrors) {
-    grade.AddItem(u"1"_qs);
+    grade.AddItem(u"1"_s);
     EXPECT_EQ(errorOf([&] { grade.cell(2, 0); }), foraDaGrade);
     EXPECT_EQ(errorOf([&] { grade.cell(1, 3); }), foraDaGrade);
     EXPECT_EQ(errorOf([&] { grade.setCell(2, 0, {}); }), foraDaGrade);
@@ -88,11 +89,11 @@ TEST_F(GridTest, PlacesOutsideAreErrors) {
 
 TEST_F(GridTest, ResetEmptiesAndEveryChangeCounts) {
     const quint64 before = grade.revision();
-    grade.AddItem(u"1"_qs);
+    grade.AddItem(u"1"_s);
     EXPECT_GT(grade.revision(), before);
     grade.setTopRow(40);
     EXPECT_EQ(grade.TopRow(), 1);
-    grade.reset({{u"Só"_qs}});
+    grade.reset({{u"Só"_s}});
     EXPECT_EQ(grade.Rows(), 1);
     EXPECT_EQ(grade.Cols(), 1);
     EXPECT_EQ(grade.bytesUsed(), 0);
@@ -100,23 +101,23 @@ TEST_F(GridTest, ResetEmptiesAndEveryChangeCounts) {
 
 TEST_F(GridTest, AHundredThousandRowsStayPacked) {
     for (int row = 1; row <= 100000; ++row)
-        grade.AddItem(QString::number(row) + u"\tNOME\t"_qs);
-    EXPECT_EQ(grade.cell(100000, 0), u"100000"_qs);
-    EXPECT_EQ(grade.cell(50000, 1), u"NOME"_qs);
+        grade.AddItem(QString::number(row) + u"\tNOME\t"_s);
+    EXPECT_EQ(grade.cell(100000, 0), u"100000"_s);
+    EXPECT_EQ(grade.cell(50000, 1), u"NOME"_s);
     EXPECT_LT(grade.bytesUsed(), 100000 * 48);
 }
 
 TEST_F(GridTest, AClickOnTheHeaderIsRowZero) {
-    grade.AddItem(u"1\tAna"_qs);
-    world.platform.whenShown(u"frmAmostra"_qs, [&](Screen&) {
+    grade.AddItem(u"1\tAna"_s);
+    world.platform.whenShown(u"frmAmostra"_s, [&](Screen&) {
         world.user.clickCell(grade, 1, 1);
-        EXPECT_EQ(grade.currentText(), u"Ana"_qs);
+        EXPECT_EQ(grade.currentText(), u"Ana"_s);
         EXPECT_EQ(world.tela.focus(), &grade);
         world.user.clickCell(grade, 0, 1);
         EXPECT_EQ(grade.Row(), 0);
         world.user.doubleClickCell(grade, 1, 0);
         EXPECT_EQ(grade.Row(), 1);
-        EXPECT_EQ(world.tela.events.last(), u"double FlexLista"_qs);
+        EXPECT_EQ(world.tela.events.last(), u"double FlexLista"_s);
     });
     EXPECT_TRUE(world.program.dispatch([&] { world.program.ShowModal(world.tela); }));
     EXPECT_EQ(world.platform.shown.size(), 1);

@@ -1,4 +1,5 @@
 #include "SampleScreen.h"
+#include "base/Literals.h"
 
 using namespace vorta;
 using namespace vorta::test;
@@ -62,44 +63,44 @@ TEST(MaskedField, TextsThatFitPourOrStayRaw) {
 TEST(MaskedField, AnEmptyMaskGivesTheTextAsShown) {
     SampleWorld world;
     MaskedField& campo = world.tela.mskCEP;
-    campo.setText(u"11015200"_qs);
+    campo.setText(u"11015200"_s);
     campo.setMask({});
-    EXPECT_EQ(campo.text(), u"11015-200"_qs);
-    campo.setMask(u"##/##"_qs);
-    EXPECT_EQ(campo.text(), u"11015-200"_qs) << "a new mask keeps a text";
+    EXPECT_EQ(campo.text(), u"11015-200"_s);
+    campo.setMask(u"##/##"_s);
+    EXPECT_EQ(campo.text(), u"11015-200"_s) << "a new mask keeps a text";
     campo.setText({});
     campo.setMask({});
-    EXPECT_EQ(campo.text(), u"__/__"_qs);
-    campo.setMask(u"#####-###"_qs);
-    EXPECT_EQ(campo.text(), u"_____-___"_qs) << "a blank text becomes the new blank form";
+    EXPECT_EQ(campo.text(), u"__/__"_s);
+    campo.setMask(u"#####-###"_s);
+    EXPECT_EQ(campo.text(), u"_____-___"_s) << "a blank text becomes the new blank form";
 }
 
 TEST(MaskedField, DigitsFillThePlacesAndPassTheMarks) {
     SampleWorld world;
     MaskedField& campo = world.tela.mskCEP;
-    world.user.type(campo, u"11015200"_qs);
-    EXPECT_EQ(campo.text(), u"11015-200"_qs);
-    world.user.type(campo, u"12345-678"_qs);
-    EXPECT_EQ(campo.text(), u"12345-678"_qs) << "a mark typed in its place is passed over";
-    world.user.type(campo, u"1a2b"_qs);
-    EXPECT_EQ(campo.text(), u"12___-___"_qs) << "letters are refused";
-    world.user.type(campo, u"1234567890"_qs);
-    EXPECT_EQ(campo.text(), u"12345-678"_qs) << "no place is left for the last two";
+    world.user.type(campo, u"11015200"_s);
+    EXPECT_EQ(campo.text(), u"11015-200"_s);
+    world.user.type(campo, u"12345-678"_s);
+    EXPECT_EQ(campo.text(), u"12345-678"_s) << "a mark typed in its place is passed over";
+    world.user.type(campo, u"1a2b"_s);
+    EXPECT_EQ(campo.text(), u"12___-___"_s) << "letters are refused";
+    world.user.type(campo, u"1234567890"_s);
+    EXPECT_EQ(campo.text(), u"12345-678"_s) << "no place is left for the last two";
 }
 
 TEST(MaskedField, BackspaceAndDeleteLeaveTheMarks) {
     SampleWorld world;
     MaskedField& campo = world.tela.mskCEP;
-    world.user.type(campo, u"123456"_qs);
-    EXPECT_EQ(campo.text(), u"12345-6__"_qs);
+    world.user.type(campo, u"123456"_s);
+    EXPECT_EQ(campo.text(), u"12345-6__"_s);
     world.user.key(campo, Key::Backspace);
     world.user.key(campo, Key::Backspace);
-    EXPECT_EQ(campo.text(), u"1234_-___"_qs);
+    EXPECT_EQ(campo.text(), u"1234_-___"_s);
     campo.select(0, 2);
     world.user.key(campo, Key::Delete);
-    EXPECT_EQ(campo.text(), u"__34_-___"_qs);
+    EXPECT_EQ(campo.text(), u"__34_-___"_s);
     world.user.type(campo, {});
-    EXPECT_EQ(campo.text(), u"_____-___"_qs);
+    EXPECT_EQ(campo.text(), u"_____-___"_s);
 }
 
 TEST(MaskedField, WithoutAMaskItIsAPlainTextWithALimit) {
@@ -108,27 +109,27 @@ TEST(MaskedField, WithoutAMaskItIsAPlainTextWithALimit) {
     campo.setMask({});
     campo.setText({});
     campo.setMaxLength(4);
-    world.user.type(campo, u"AB-12"_qs);
-    EXPECT_EQ(campo.text(), u"AB-1"_qs);
+    world.user.type(campo, u"AB-12"_s);
+    EXPECT_EQ(campo.text(), u"AB-1"_s);
     world.user.key(campo, Key::Backspace);
-    EXPECT_EQ(campo.text(), u"AB-"_qs);
+    EXPECT_EQ(campo.text(), u"AB-"_s);
 }
 
 TEST(MaskedField, ARawTextIsEditedUntilItFits) {
     SampleWorld world;
     MaskedField& campo = world.tela.mskCEP;
-    campo.setText(u"110152001"_qs);
+    campo.setText(u"110152001"_s);
     world.user.focus(campo);
     campo.select(9, 0);
     world.user.character(campo, u'9');
-    EXPECT_EQ(campo.text(), u"1101520019"_qs) << "one key does not throw the text away";
+    EXPECT_EQ(campo.text(), u"1101520019"_s) << "one key does not throw the text away";
     world.user.key(campo, Key::Backspace);
     world.user.key(campo, Key::Backspace);
-    EXPECT_EQ(campo.text(), u"11015-200"_qs);
-    campo.setText(u"ABC"_qs);
-    world.user.type(campo, u"12345678"_qs);
-    EXPECT_EQ(campo.text(), u"12345-678"_qs) << "typed over as a whole";
-    campo.setText(u"ABC"_qs);
+    EXPECT_EQ(campo.text(), u"11015-200"_s);
+    campo.setText(u"ABC"_s);
+    world.user.type(campo, u"12345678"_s);
+    EXPECT_EQ(campo.text(), u"12345-678"_s) << "typed over as a whole";
+    campo.setText(u"ABC"_s);
     world.user.type(campo, {});
-    EXPECT_EQ(campo.text(), u"_____-___"_qs);
+    EXPECT_EQ(campo.text(), u"_____-___"_s);
 }

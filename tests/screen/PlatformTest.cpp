@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "support/World.h"
 
 #include <QFile>
@@ -20,7 +21,7 @@ struct PlatformTest : testing::Test {
     Files files;
     QTemporaryDir dir;
     QString write(const QByteArray& bytes) {
-        QFile file(dir.filePath(u"teste.ini"_qs));
+        QFile file(dir.filePath(u"teste.ini"_s));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(bytes);
         return file.fileName();
@@ -30,25 +31,25 @@ struct PlatformTest : testing::Test {
 } // namespace
 
 TEST_F(PlatformTest, LinesOfEveryKindOfFile) {
-    const QStringList linhas{u"São^1^"_qs, QString(), u"último"_qs};
+    const QStringList linhas{u"São^1^"_s, QString(), u"último"_s};
     EXPECT_EQ(files.readLines(write("S\xC3\xA3o^1^\n\n\xC3\xBAltimo\n"), 3), linhas) << "UTF-8, LF";
     EXPECT_EQ(files.readLines(write("S\xC3\xA3o^1^\r\n\r\n\xC3\xBAltimo\r\n"), 3), linhas) << "UTF-8, CRLF";
     EXPECT_EQ(files.readLines(write("S\xE3o^1^\r\n\r\n\xFAltimo"), 3), linhas)
         << "Windows-1252, no end of the last line";
     EXPECT_EQ(files.readLines(write("\xEF\xBB\xBFS\xC3\xA3o^1^\n\n\xC3\xBAltimo"), 3), linhas) << "UTF-8 with its mark";
-    EXPECT_EQ(files.readLines(write("\x80 10\n"), 1), QStringList(u"€ 10"_qs));
+    EXPECT_EQ(files.readLines(write("\x80 10\n"), 1), QStringList(u"€ 10"_s));
 }
 
 TEST_F(PlatformTest, NoMoreLinesThanAskedFor) {
-    EXPECT_EQ(files.readLines(write("a\nb\nc\nd\n"), 3), QStringList({u"a"_qs, u"b"_qs, u"c"_qs}));
-    EXPECT_EQ(files.readLines(write("a\n"), 3), QStringList(u"a"_qs));
+    EXPECT_EQ(files.readLines(write("a\nb\nc\nd\n"), 3), QStringList({u"a"_s, u"b"_s, u"c"_s}));
+    EXPECT_EQ(files.readLines(write("a\n"), 3), QStringList(u"a"_s));
     EXPECT_EQ(files.readLines(write(""), 3), QStringList());
 }
 
 TEST_F(PlatformTest, BadNamesAndMissingFiles) {
     EXPECT_EQ(errorOf([&] { files.readLines({}, 1); }), errorNumber::BadFileName);
     EXPECT_EQ(errorOf([&] { files.readLines(dir.path(), 1); }), errorNumber::BadFileName);
-    EXPECT_EQ(errorOf([&] { files.readLines(dir.filePath(u"nada.ini"_qs), 1); }), errorNumber::FileNotFound);
+    EXPECT_EQ(errorOf([&] { files.readLines(dir.filePath(u"nada.ini"_s), 1); }), errorNumber::FileNotFound);
 }
 
 TEST_F(PlatformTest, BackSlashesAreAccepted) {
@@ -56,7 +57,7 @@ TEST_F(PlatformTest, BackSlashesAreAccepted) {
     QString windows = path;
     windows.replace(u'/', u'\\');
     EXPECT_TRUE(files.fileExists(windows));
-    EXPECT_EQ(files.readLines(windows, 1), QStringList(u"x"_qs));
+    EXPECT_EQ(files.readLines(windows, 1), QStringList(u"x"_s));
     EXPECT_FALSE(files.fileExists(dir.path())) << "a folder is no file";
     files.removeFile(windows);
     EXPECT_FALSE(files.fileExists(path));

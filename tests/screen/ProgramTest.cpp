@@ -1,4 +1,5 @@
 #include "SampleScreen.h"
+#include "base/Literals.h"
 
 using namespace vorta;
 using namespace vorta::test;
@@ -7,45 +8,44 @@ TEST(Program, BoxesReachTheOutsideAsAsked) {
     SampleWorld world;
     world.platform.willAnswer(Answer::Yes);
     world.program.dispatch([&] {
-        EXPECT_EQ(world.program.MsgBox(u"Aviso"_qs), Answer::OK);
-        EXPECT_EQ(world.program.MsgBox({u"Continua?"_qs, u"Título"_qs, Icon::Information, Buttons::YesNo}),
-                  Answer::Yes);
+        EXPECT_EQ(world.program.MsgBox(u"Aviso"_s), Answer::OK);
+        EXPECT_EQ(world.program.MsgBox({u"Continua?"_s, u"Título"_s, Icon::Information, Buttons::YesNo}), Answer::Yes);
     });
     ASSERT_EQ(world.platform.boxes.size(), 2u);
-    EXPECT_EQ(world.platform.boxes[0].text, u"Aviso"_qs);
+    EXPECT_EQ(world.platform.boxes[0].text, u"Aviso"_s);
     EXPECT_EQ(world.platform.boxes[0].title, QString());
     EXPECT_EQ(world.platform.boxes[0].icon, Icon::None);
-    EXPECT_EQ(world.platform.boxes[1].title, u"Título"_qs);
+    EXPECT_EQ(world.platform.boxes[1].title, u"Título"_s);
     EXPECT_EQ(world.platform.boxes[1].icon, Icon::Information);
-    EXPECT_EQ(Program::applicationTitle(), u"Cadastro de Pessoas"_qs);
+    EXPECT_EQ(Program::applicationTitle(), u"Cadastro de Pessoas"_s);
 }
 
 TEST(Program, ModalScreensStackAndTheCallerWaits) {
     SampleWorld world;
-    SampleScreen filha(world.program, u"frmFilha"_qs);
+    SampleScreen filha(world.program, u"frmFilha"_s);
     QStringList steps;
-    world.platform.whenShown(u"frmAmostra"_qs, [&](Screen&) {
+    world.platform.whenShown(u"frmAmostra"_s, [&](Screen&) {
         EXPECT_EQ(world.program.activeScreen(), &world.tela);
         world.program.ShowModal(filha);
-        steps += u"back"_qs;
+        steps += u"back"_s;
         EXPECT_EQ(world.program.activeScreen(), &world.tela);
     });
-    world.platform.whenShown(u"frmFilha"_qs, [&](Screen& screen) {
+    world.platform.whenShown(u"frmFilha"_s, [&](Screen& screen) {
         EXPECT_EQ(world.program.activeScreen(), &filha);
         EXPECT_EQ(world.program.screens().size(), 2u);
-        steps += u"child"_qs;
+        steps += u"child"_s;
         world.user.close(screen);
     });
     EXPECT_TRUE(world.program.dispatch([&] { world.program.ShowModal(world.tela); }));
-    EXPECT_EQ(steps, QStringList({u"child"_qs, u"back"_qs}));
-    EXPECT_EQ(filha.events.last(), u"unload"_qs);
-    EXPECT_EQ(filha.events.count(u"unload"_qs), 1);
+    EXPECT_EQ(steps, QStringList({u"child"_s, u"back"_s}));
+    EXPECT_EQ(filha.events.last(), u"unload"_s);
+    EXPECT_EQ(filha.events.count(u"unload"_s), 1);
     EXPECT_EQ(world.program.activeScreen(), nullptr);
 }
 
 TEST(Program, AScreenThatClosesInItsLoadIsNotShown) {
     struct Fechada : Screen {
-        explicit Fechada(Program& program) : Screen(program, QStringLiteral("frmFechada")) {}
+        explicit Fechada(Program& program) : Screen(program, u"frmFechada"_s) {}
         void Load() override { Unload(); }
     };
     SampleWorld world;
@@ -56,12 +56,12 @@ TEST(Program, AScreenThatClosesInItsLoadIsNotShown) {
 
 TEST(Program, ALoadThatFailsAndIsCaughtLeavesTheCallerInFront) {
     struct Falha : Screen {
-        explicit Falha(Program& program) : Screen(program, QStringLiteral("frmFalha")) {}
+        explicit Falha(Program& program) : Screen(program, u"frmFalha"_s) {}
         void Load() override { throw RuntimeError(errorNumber::StatementRefused); }
     };
     SampleWorld world;
     Falha falha(world.program);
-    world.platform.whenShown(u"frmAmostra"_qs, [&](Screen&) {
+    world.platform.whenShown(u"frmAmostra"_s, [&](Screen&) {
         EXPECT_EQ(errorOf([&] { world.program.ShowModal(falha); }), errorNumber::StatementRefused);
         EXPECT_EQ(world.program.activeScreen(), &world.tela);
         EXPECT_FALSE(falha.isLoaded());
@@ -78,7 +78,7 @@ TEST(Program, EndLeavesEveryModalWaitAndNothingContinues) {
         world.program.End();
         continued = true;
     };
-    world.platform.whenShown(u"frmAmostra"_qs, [&](Screen&) { world.user.click(world.tela.cmdSalvar); });
+    world.platform.whenShown(u"frmAmostra"_s, [&](Screen&) { world.user.click(world.tela.cmdSalvar); });
     EXPECT_FALSE(world.program.dispatch([&] {
         world.program.ShowModal(world.tela);
         continued = true;
@@ -96,18 +96,18 @@ TEST(Program, ARunTimeErrorEndsItInOrder) {
     SampleWorld world;
     QStringList order;
     world.program.onEnd = [&] {
-        order += u"connection closed"_qs;
+        order += u"connection closed"_s;
         EXPECT_TRUE(world.platform.boxes.empty()) << "the rollback comes before the box";
     };
-    world.tela.cmdSalvar.Click = [] { throw RuntimeError(errorNumber::StatementRefused, QStringLiteral("recusado")); };
-    world.platform.whenShown(u"frmAmostra"_qs, [&](Screen&) {
+    world.tela.cmdSalvar.Click = [] { throw RuntimeError(errorNumber::StatementRefused, u"recusado"_s); };
+    world.platform.whenShown(u"frmAmostra"_s, [&](Screen&) {
         world.user.click(world.tela.cmdSalvar);
         EXPECT_TRUE(world.program.hasEnded());
     });
     EXPECT_FALSE(world.program.dispatch([&] { world.program.ShowModal(world.tela); }));
     EXPECT_EQ(order.size(), 1);
     ASSERT_EQ(world.platform.boxes.size(), 1u);
-    EXPECT_EQ(world.platform.boxes[0].text, u"Erro -2147217900\n\nrecusado"_qs);
+    EXPECT_EQ(world.platform.boxes[0].text, u"Erro -2147217900\n\nrecusado"_s);
     EXPECT_EQ(world.platform.boxes[0].icon, Icon::Critical);
     EXPECT_EQ(world.program.exitCode(), 1);
     ASSERT_TRUE(world.program.failure().has_value());
@@ -120,7 +120,7 @@ TEST(Program, NothingIsAskedAfterTheEnd) {
     world.program.dispatch([&] { world.program.End(); });
     EXPECT_THROW(
         {
-            world.program.MsgBox(u"tarde"_qs);
+            world.program.MsgBox(u"tarde"_s);
             continued = true;
         },
         ProgramEnded);
@@ -135,5 +135,5 @@ TEST(Program, TwoOfThemLiveSideBySide) {
     first.program.dispatch([&] { first.program.End(); });
     EXPECT_TRUE(first.program.hasEnded());
     EXPECT_FALSE(second.program.hasEnded());
-    EXPECT_TRUE(second.program.dispatch([&] { second.program.MsgBox(u"vivo"_qs); }));
+    EXPECT_TRUE(second.program.dispatch([&] { second.program.MsgBox(u"vivo"_s); }));
 }

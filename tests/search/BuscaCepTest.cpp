@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "search/BuscaTest.h"
 
 #include "base/RuntimeError.h"
@@ -8,27 +9,27 @@ namespace {
 
 using Tela = frmBROWSE_CEPS;
 
-const QStringList colunasLogr{u"CEP8_LOGR"_qs, u"NOME_LOGR"_qs, u"UF00_LOGR"_qs,
-                              u"CHAV_TIPO"_qs, u"CHAV_LOCA"_qs, u"CHAV_BAIR"_qs};
-const QString arquivoCep = QStringLiteral("/vorta/config/server_cep.ini");
-const QString titulo = QStringLiteral("ERP VORTA - Nexoria - Release 2015.07.24");
+const QStringList colunasLogr{u"CEP8_LOGR"_s, u"NOME_LOGR"_s, u"UF00_LOGR"_s,
+                              u"CHAV_TIPO"_s, u"CHAV_LOCA"_s, u"CHAV_BAIR"_s};
+const QString arquivoCep = u"/vorta/config/server_cep.ini"_s;
+const QString titulo = u"ERP VORTA - Nexoria - Release 2015.07.24"_s;
 
 } // namespace
 
 class BuscaCepTest : public BuscaTest {
   protected:
     BuscaCepTest() {
-        platform.files[QStringLiteral("/vorta/config/server_aplic.ini")] = {QStringLiteral("^^")};
+        platform.files[u"/vorta/config/server_aplic.ini"_s] = {u"^^"_s};
         configura("servidor^ceps^sa^senha^FIREBIRD^cep.fdb^True");
-        database.answer(u"FROM LOGR"_qs,
+        database.answer(u"FROM LOGR"_s,
                         {colunasLogr,
                          {{text("01310100"), text("PAULISTA"), text("SP"), text("81"), text("9668"), text("44")},
                           {text("01310900"), text("PAULISTA 2"), text("SP"), text("x"), text("y"), null()}}});
-        database.answer(u"CHAV_TIPO = '81'"_qs, {{u"NOME_TIPO"_qs, u"ABRV_TIPO"_qs}, {{text("AVENIDA"), text("AV")}}});
-        database.answer(u"CHAV_BAIR = '44'"_qs, {{u"NOME_BAIR"_qs}, {{text("BELA VISTA")}}});
-        database.answer(u"CHAV_LOCA = '9668'"_qs, {{u"NOME_LOCA"_qs}, {{text("SAO PAULO")}}});
-        database.answer(u"FROM BAIR WHERE CHAV_BAIR = '44'"_qs, {{u"NOME_BAIR"_qs, u"ABRV_BAIR"_qs, u"UF00_BAIR"_qs},
-                                                                 {{text("BELA VISTA"), text("B VISTA"), text("SP")}}});
+        database.answer(u"CHAV_TIPO = '81'"_s, {{u"NOME_TIPO"_s, u"ABRV_TIPO"_s}, {{text("AVENIDA"), text("AV")}}});
+        database.answer(u"CHAV_BAIR = '44'"_s, {{u"NOME_BAIR"_s}, {{text("BELA VISTA")}}});
+        database.answer(u"CHAV_LOCA = '9668'"_s, {{u"NOME_LOCA"_s}, {{text("SAO PAULO")}}});
+        database.answer(u"FROM BAIR WHERE CHAV_BAIR = '44'"_s, {{u"NOME_BAIR"_s, u"ABRV_BAIR"_s, u"UF00_BAIR"_s},
+                                                                {{text("BELA VISTA"), text("B VISTA"), text("SP")}}});
     }
 
     void configura(const char* linha) { platform.files[arquivoCep] = {QString::fromUtf8(linha)}; }
@@ -43,7 +44,7 @@ TEST_F(BuscaCepTest, Load) {
     abreCeps([&](Tela& tela) {
         EXPECT_EQ(tela.caption(), titulo);
         EXPECT_EQ(linhaDo(tela.Flex, 0),
-                  (QStringList{{}, u"CEP"_qs, u"Tipo"_qs, u"Endereço"_qs, u"Bairro"_qs, u"Cidade"_qs, u"UF"_qs}));
+                  (QStringList{{}, u"CEP"_s, u"Tipo"_s, u"Endereço"_s, u"Bairro"_s, u"Cidade"_s, u"UF"_s}));
         EXPECT_EQ(tela.Flex.columns()[0].width, 0);
         EXPECT_EQ(tela.Flex.Rows(), 1);
     });
@@ -52,13 +53,12 @@ TEST_F(BuscaCepTest, Load) {
 
 TEST_F(BuscaCepTest, NothingGivenIsRefused) {
     abreCeps([&](Tela& tela) {
-        tela.txtCEP.setText(u"  "_qs);
+        tela.txtCEP.setText(u"  "_s);
         user.click(tela.cmdPesquisa);
         EXPECT_EQ(tela.focus(), &tela.txtCEP);
     });
     ASSERT_EQ(platform.boxes.size(), 1u);
-    EXPECT_EQ(platform.boxes[0].text,
-              u"É obrigatório Informar o CEP ou Parte do Endereço Para Realizar a Pesquisa!"_qs);
+    EXPECT_EQ(platform.boxes[0].text, u"É obrigatório Informar o CEP ou Parte do Endereço Para Realizar a Pesquisa!"_s);
     EXPECT_EQ(platform.boxes[0].title, titulo);
     EXPECT_EQ(platform.boxes[0].icon, screen::Icon::Information);
     EXPECT_TRUE(database.sent.isEmpty());
@@ -66,36 +66,35 @@ TEST_F(BuscaCepTest, NothingGivenIsRefused) {
 
 TEST_F(BuscaCepTest, AHyphenIsRefusedEvenWithAStreet) {
     abreCeps([&](Tela& tela) {
-        tela.txtCEP.setText(u"01310-100"_qs);
-        buscaRua(tela, u"paulista"_qs);
+        tela.txtCEP.setText(u"01310-100"_s);
+        buscaRua(tela, u"paulista"_s);
         EXPECT_EQ(tela.focus(), &tela.txtCEP);
     });
     ASSERT_EQ(platform.boxes.size(), 1u);
-    EXPECT_EQ(platform.boxes[0].text, u"O CEP deve ser digitado sem o hífen!"_qs);
+    EXPECT_EQ(platform.boxes[0].text, u"O CEP deve ser digitado sem o hífen!"_s);
     EXPECT_EQ(platform.boxes[0].icon, screen::Icon::Information);
     EXPECT_TRUE(database.sent.isEmpty());
 }
 
 TEST_F(BuscaCepTest, AStreetWinsOverAPostalCode) {
     abreCeps([&](Tela& tela) {
-        tela.txtCEP.setText(u"99999999"_qs);
-        buscaRua(tela, u" paulista "_qs);
+        tela.txtCEP.setText(u"99999999"_s);
+        buscaRua(tela, u" paulista "_s);
         EXPECT_EQ(
             database.sent,
             (QStringList{
                 u"SELECT CEP8_LOGR, NOME_LOGR, UF00_LOGR, CHAV_TIPO, CHAV_LOCA, CHAV_BAIR FROM LOGR  WHERE NOME_LOGR "
                 u"LIKE "
-                "'%PAULISTA%'"_qs,
-                u"SELECT NOME_TIPO, ABRV_TIPO FROM TIPO WHERE CHAV_TIPO = '81'"_qs,
-                u"SELECT NOME_BAIR, ABRV_BAIR, UF00_BAIR FROM BAIR WHERE CHAV_BAIR = '44' AND CHAV_LOCA = '9668'"_qs,
-                u"SELECT NOME_LOCA FROM LOCA WHERE CHAV_LOCA = '9668'"_qs,
-                u"SELECT NOME_TIPO, ABRV_TIPO FROM TIPO WHERE CHAV_TIPO = 'X'"_qs,
-                u"SELECT NOME_BAIR, ABRV_BAIR, UF00_BAIR FROM BAIR WHERE CHAV_BAIR = '' AND CHAV_LOCA = 'Y'"_qs,
-                u"SELECT NOME_LOCA FROM LOCA WHERE CHAV_LOCA = 'Y'"_qs, u"CLOSE"_qs}));
-        EXPECT_EQ(
-            linhaDo(tela.Flex, 1),
-            (QStringList{{}, u"01310100"_qs, u"AV"_qs, u"PAULISTA"_qs, u"BELA VISTA"_qs, u"SAO PAULO"_qs, u"SP"_qs}));
-        EXPECT_EQ(linhaDo(tela.Flex, 2), (QStringList{{}, u"01310900"_qs, {}, u"PAULISTA 2"_qs, {}, {}, u"SP"_qs}));
+                "'%PAULISTA%'"_s,
+                u"SELECT NOME_TIPO, ABRV_TIPO FROM TIPO WHERE CHAV_TIPO = '81'"_s,
+                u"SELECT NOME_BAIR, ABRV_BAIR, UF00_BAIR FROM BAIR WHERE CHAV_BAIR = '44' AND CHAV_LOCA = '9668'"_s,
+                u"SELECT NOME_LOCA FROM LOCA WHERE CHAV_LOCA = '9668'"_s,
+                u"SELECT NOME_TIPO, ABRV_TIPO FROM TIPO WHERE CHAV_TIPO = 'X'"_s,
+                u"SELECT NOME_BAIR, ABRV_BAIR, UF00_BAIR FROM BAIR WHERE CHAV_BAIR = '' AND CHAV_LOCA = 'Y'"_s,
+                u"SELECT NOME_LOCA FROM LOCA WHERE CHAV_LOCA = 'Y'"_s, u"CLOSE"_s}));
+        EXPECT_EQ(linhaDo(tela.Flex, 1),
+                  (QStringList{{}, u"01310100"_s, u"AV"_s, u"PAULISTA"_s, u"BELA VISTA"_s, u"SAO PAULO"_s, u"SP"_s}));
+        EXPECT_EQ(linhaDo(tela.Flex, 2), (QStringList{{}, u"01310900"_s, {}, u"PAULISTA 2"_s, {}, {}, u"SP"_s}));
         EXPECT_EQ(tela.Flex.Rows(), 3);
         EXPECT_EQ(tela.Flex.Row(), 0);
         EXPECT_EQ(tela.pointer(), screen::Pointer::Default);
@@ -105,18 +104,18 @@ TEST_F(BuscaCepTest, AStreetWinsOverAPostalCode) {
 
 TEST_F(BuscaCepTest, PostalCodeIsComparedWhole) {
     abreCeps([&](Tela& tela) {
-        tela.txtCEP.setText(u" 01310100 "_qs);
+        tela.txtCEP.setText(u" 01310100 "_s);
         user.click(tela.cmdPesquisa);
         EXPECT_EQ(database.sent.value(0),
                   u"SELECT CEP8_LOGR, NOME_LOGR, UF00_LOGR, CHAV_TIPO, CHAV_LOCA, CHAV_BAIR FROM LOGR  WHERE "
-                  "CEP8_LOGR = '01310100'"_qs);
+                  "CEP8_LOGR = '01310100'"_s);
     });
 }
 
 TEST_F(BuscaCepTest, NothingFoundSaysNothing) {
-    database.answer(u"FROM LOGR"_qs, {colunasLogr, {}});
+    database.answer(u"FROM LOGR"_s, {colunasLogr, {}});
     abreCeps([&](Tela& tela) {
-        buscaRua(tela, u"nenhuma"_qs);
+        buscaRua(tela, u"nenhuma"_s);
         EXPECT_EQ(tela.Flex.Rows(), 1);
     });
     EXPECT_TRUE(platform.boxes.empty());
@@ -125,60 +124,59 @@ TEST_F(BuscaCepTest, NothingFoundSaysNothing) {
 
 TEST_F(BuscaCepTest, TheConnectionFieldsAreRewrittenForGood) {
     configura("outro^ceps^u^p^MSSQL^^True");
-    abreCeps([&](Tela& tela) { buscaRua(tela, u"a"_qs); });
-    EXPECT_EQ(contexto.TipoBanco, u"MSSQL"_qs);
-    EXPECT_EQ(contexto.Servidor, u"outro"_qs);
-    EXPECT_EQ(contexto.BaseDados, u"ceps"_qs);
-    EXPECT_EQ(contexto.UsuarioBanco, u"u"_qs);
-    EXPECT_EQ(contexto.SenhaBanco, u"p"_qs);
+    abreCeps([&](Tela& tela) { buscaRua(tela, u"a"_s); });
+    EXPECT_EQ(contexto.TipoBanco, u"MSSQL"_s);
+    EXPECT_EQ(contexto.Servidor, u"outro"_s);
+    EXPECT_EQ(contexto.BaseDados, u"ceps"_s);
+    EXPECT_EQ(contexto.UsuarioBanco, u"u"_s);
+    EXPECT_EQ(contexto.SenhaBanco, u"p"_s);
     EXPECT_EQ(contexto.StringConexaoFirebird, QString());
     EXPECT_TRUE(contexto.PreservaAcentos);
     EXPECT_FALSE(contexto.isFirebird()) << "later statements follow the dialect of the postal-code file";
     EXPECT_EQ(database.opened.back().engine, data::Engine::SqlServer);
     EXPECT_EQ(database.opened.back().timeout, 400);
-    EXPECT_EQ(database.opened.back().connectionString,
-              u"driver={SQL Server};server=outro;uid=u;pwd=p;database=ceps"_qs);
+    EXPECT_EQ(database.opened.back().connectionString, u"driver={SQL Server};server=outro;uid=u;pwd=p;database=ceps"_s);
     EXPECT_TRUE(contexto.principal().IsOpen()) << "the main connection goes on";
 }
 
 TEST_F(BuscaCepTest, ATagThatIsUnknownHereOpensNothing) {
     configura("s^b^u^p^MS-SQL2008WEB^^True");
-    abreCeps([&](Tela& tela) { buscaRua(tela, u"a"_qs); });
+    abreCeps([&](Tela& tela) { buscaRua(tela, u"a"_s); });
     EXPECT_EQ(falha(), errorNumber::ObjectNotSet);
 }
 
 TEST_F(BuscaCepTest, AMissingBaseEndsTheProcessWithItsBox) {
     database.refuseOpen = true;
-    abreCeps([&](Tela& tela) { buscaRua(tela, u"a"_qs); });
+    abreCeps([&](Tela& tela) { buscaRua(tela, u"a"_s); });
     EXPECT_TRUE(program.hasEnded());
     EXPECT_EQ(falha(), 0);
     ASSERT_EQ(platform.boxes.size(), 1u);
     EXPECT_EQ(
         platform.boxes[0].text,
-        u"O Servidor CEP de dados não está respondendo.\n\nVerifique se o servidor NT/SQL/Linux (servidor) está ligado."_qs);
+        u"O Servidor CEP de dados não está respondendo.\n\nVerifique se o servidor NT/SQL/Linux (servidor) está ligado."_s);
     EXPECT_EQ(platform.boxes[0].icon, screen::Icon::Critical);
 }
 
 TEST_F(BuscaCepTest, AnEmptyFileEndsTheProcessWithItsBox) {
     configura("  ");
-    abreCeps([&](Tela& tela) { buscaRua(tela, u"a"_qs); });
+    abreCeps([&](Tela& tela) { buscaRua(tela, u"a"_s); });
     EXPECT_TRUE(program.hasEnded());
     ASSERT_EQ(platform.boxes.size(), 1u);
-    EXPECT_EQ(platform.boxes[0].title, u"Falha de Conexão com o Servidor"_qs);
+    EXPECT_EQ(platform.boxes[0].title, u"Falha de Conexão com o Servidor"_s);
 }
 
 TEST_F(BuscaCepTest, MoreThan5461RowsOverflowTheFieldNumber) {
     QList<QList<data::Value>> linhas(5461, {text("1"), text("R"), text("SP"), null(), null(), null()});
-    database.answer(u"FROM LOGR"_qs, {colunasLogr, linhas});
+    database.answer(u"FROM LOGR"_s, {colunasLogr, linhas});
     abreCeps([&](Tela& tela) {
-        buscaRua(tela, u"r"_qs);
+        buscaRua(tela, u"r"_s);
         EXPECT_EQ(tela.Flex.Rows(), 5462);
-        EXPECT_EQ(tela.Flex.cell(5461, 6), u"SP"_qs);
+        EXPECT_EQ(tela.Flex.cell(5461, 6), u"SP"_s);
     });
     EXPECT_EQ(falha(), 0);
     linhas += linhas.front();
-    database.answer(u"FROM LOGR"_qs, {colunasLogr, linhas});
-    abreCeps([&](Tela& tela) { buscaRua(tela, u"r"_qs); });
+    database.answer(u"FROM LOGR"_s, {colunasLogr, linhas});
+    abreCeps([&](Tela& tela) { buscaRua(tela, u"r"_s); });
     EXPECT_EQ(falha(), errorNumber::Overflow);
 }
 
@@ -195,50 +193,49 @@ TEST_F(BuscaCepTest, TheChoiceGoesIntoTheBlockThatAsked) {
         contexto.EnderecoAlvoCep = QString::fromLatin1(caso.alvo);
         platform.boxes.clear();
         abreCeps([&](Tela& tela) {
-            buscaRua(tela, u"paulista"_qs);
+            buscaRua(tela, u"paulista"_s);
             user.doubleClickCell(tela.Flex, 0, 1);
             EXPECT_TRUE(tela.isLoaded());
             user.doubleClickCell(tela.Flex, 1, 1);
             EXPECT_FALSE(tela.isLoaded());
         });
-        EXPECT_EQ(contexto.ListaCamposCep, u"^01310100^AV^PAULISTA^BELA VISTA^SAO PAULO^SP^"_qs);
+        EXPECT_EQ(contexto.ListaCamposCep, u"^01310100^AV^PAULISTA^BELA VISTA^SAO PAULO^SP^"_s);
         const auto campo = [&](const char* tipo, const char* nome) {
             return pessoas()
                 .field(QString::fromLatin1(tipo) + QString::fromLatin1(caso.prefixo) + QString::fromLatin1(nome))
                 .text();
         };
-        EXPECT_EQ(campo("msk", "CEP"), u"01310-100"_qs);
-        EXPECT_EQ(campo("txt", "Endereco"), u"AV PAULISTA"_qs);
-        EXPECT_EQ(campo("txt", "Bairro"), u"BELA VISTA"_qs);
-        EXPECT_EQ(campo("cbo", "Cidade"), u"SAO PAULO"_qs);
-        EXPECT_EQ(campo("cbo", "UF"), u"SP"_qs);
-        EXPECT_EQ(pessoas().field(QString::fromLatin1(caso.pais)).text(), u"Brasil"_qs);
+        EXPECT_EQ(campo("msk", "CEP"), u"01310-100"_s);
+        EXPECT_EQ(campo("txt", "Endereco"), u"AV PAULISTA"_s);
+        EXPECT_EQ(campo("txt", "Bairro"), u"BELA VISTA"_s);
+        EXPECT_EQ(campo("cbo", "Cidade"), u"SAO PAULO"_s);
+        EXPECT_EQ(campo("cbo", "UF"), u"SP"_s);
+        EXPECT_EQ(pessoas().field(QString::fromLatin1(caso.pais)).text(), u"Brasil"_s);
         ASSERT_EQ(platform.boxes.size(), 1u);
         EXPECT_EQ(platform.boxes[0].text,
-                  u"Os Dados Estão sendo Transferidos!\nNão Esquecer de Complementar o Endereço com o [Número]!"_qs);
+                  u"Os Dados Estão sendo Transferidos!\nNão Esquecer de Complementar o Endereço com o [Número]!"_s);
         EXPECT_EQ(platform.boxes[0].title, titulo);
         EXPECT_EQ(platform.boxes[0].icon, screen::Icon::Information);
     }
 }
 
 TEST_F(BuscaCepTest, AStreetWithoutPartnersGoesBackWithItsBlank) {
-    contexto.EnderecoAlvoCep = u"COML"_qs;
+    contexto.EnderecoAlvoCep = u"COML"_s;
     abreCeps([&](Tela& tela) {
-        buscaRua(tela, u"paulista"_qs);
+        buscaRua(tela, u"paulista"_s);
         user.doubleClickCell(tela.Flex, 2, 1);
     });
-    EXPECT_EQ(pessoas().txtEndereco.text(), u" PAULISTA 2"_qs);
+    EXPECT_EQ(pessoas().txtEndereco.text(), u" PAULISTA 2"_s);
     EXPECT_EQ(pessoas().cboCidade.text(), QString());
 }
 
 TEST_F(BuscaCepTest, WithoutATargetNothingIsWrittenButTheScreenCloses) {
-    for (const auto& [chamadora, alvo] :
-         {std::pair(u"frmPessoas"_qs, QString()), std::pair(u"frmOutra"_qs, u"COML"_qs)}) {
+    for (const auto& [chamadora, alvo] : {std::pair(u"frmPessoas"_s, QString()), std::pair(u"frmOutra"_s, u"COML"_s)}) {
         contexto.TelaChamadora = chamadora;
         contexto.EnderecoAlvoCep = alvo;
         platform.boxes.clear();
         abreCeps([&](Tela& tela) {
-            buscaRua(tela, u"paulista"_qs);
+            buscaRua(tela, u"paulista"_s);
             user.doubleClickCell(tela.Flex, 1, 1);
             EXPECT_FALSE(tela.isLoaded());
         });
@@ -257,7 +254,7 @@ TEST_F(BuscaCepTest, EnterOnTheButtonMovesOn) {
 }
 
 TEST_F(BuscaCepTest, AnApostropheEndsTheProgram) {
-    abreCeps([&](Tela& tela) { buscaRua(tela, u"d'avila"_qs); });
+    abreCeps([&](Tela& tela) { buscaRua(tela, u"d'avila"_s); });
     EXPECT_EQ(falha(), errorNumber::StatementRefused);
 }
 

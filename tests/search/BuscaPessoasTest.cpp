@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "search/BuscaTest.h"
 
 #include "base/RuntimeError.h"
@@ -8,9 +9,9 @@ namespace {
 
 using Tela = frmBROWSE_PESSOAS;
 
-const QStringList colunas{u"IDPESS"_qs,    u"NOME_PESS"_qs,      u"NOME_CONH"_qs, u"CPF0_CNPJ"_qs, u"TELE_0001_PESS"_qs,
-                          u"DATA_DESA"_qs, u"PESS_CODI_EXTE"_qs, u"IDCLIE"_qs,    u"IDFORN"_qs,    u"IDVEND"_qs,
-                          u"IDDECO"_qs,    u"IDARQT"_qs,         u"IDMOTO"_qs,    u"IDTRPT"_qs};
+const QStringList colunas{u"IDPESS"_s,    u"NOME_PESS"_s,      u"NOME_CONH"_s, u"CPF0_CNPJ"_s, u"TELE_0001_PESS"_s,
+                          u"DATA_DESA"_s, u"PESS_CODI_EXTE"_s, u"IDCLIE"_s,    u"IDFORN"_s,    u"IDVEND"_s,
+                          u"IDDECO"_s,    u"IDARQT"_s,         u"IDMOTO"_s,    u"IDTRPT"_s};
 
 QList<data::Value> pessoa(qint64 id, const char* nome, data::Value clie = {}) {
     return {number(id),      text(nome), text("CONHECIDO"), text("111.222.333-44"),
@@ -23,24 +24,22 @@ QList<data::Value> pessoa(qint64 id, const char* nome, data::Value clie = {}) {
 
 class BuscaPessoasTest : public BuscaTest {
   protected:
-    void responde(const QList<QList<data::Value>>& linhas) {
-        database.answer(u"FROM PESS WHERE"_qs, {colunas, linhas});
-    }
+    void responde(const QList<QList<data::Value>>& linhas) { database.answer(u"FROM PESS WHERE"_s, {colunas, linhas}); }
 
     void abreBusca(const std::function<void(Tela&)>& faz) { abre<Tela>("frmBROWSE_PESSOAS", faz); }
 };
 
 TEST_F(BuscaPessoasTest, FirstOpeningShowsHeadersOnly) {
     abreBusca([&](Tela& tela) {
-        EXPECT_EQ(database.sent, (QStringList{u"SELECT * FROM EMPR_CNFG WHERE NOME_PARA='COR_PADRAO'"_qs,
-                                              u"SELECT * FROM COR_SIST WHERE DESC_COR_SIST = ''"_qs}));
-        EXPECT_EQ(tela.caption(), u"ERP VORTA - Nexoria - Release 2015.07.24"_qs);
-        EXPECT_EQ(tela.Label2.text(), u"Pesquisa de Pessoas"_qs);
+        EXPECT_EQ(database.sent, (QStringList{u"SELECT * FROM EMPR_CNFG WHERE NOME_PARA='COR_PADRAO'"_s,
+                                              u"SELECT * FROM COR_SIST WHERE DESC_COR_SIST = ''"_s}));
+        EXPECT_EQ(tela.caption(), u"ERP VORTA - Nexoria - Release 2015.07.24"_s);
+        EXPECT_EQ(tela.Label2.text(), u"Pesquisa de Pessoas"_s);
         EXPECT_TRUE(tela.opNome.value() && tela.opTodos.value() && tela.opQualquerParte.value());
         EXPECT_EQ(tela.Flex.Rows(), 1);
         EXPECT_EQ(linhaDo(tela.Flex, 0),
-                  (QStringList{u"IDPESSOA"_qs, u"CGC/CPF"_qs, u"Razão Social"_qs, u"Nome Fantasia"_qs, u"Fone"_qs,
-                               u"DT Desativa"_qs, u"ID DO PAPEL"_qs, u"Cod. Externo"_qs, u"idClie"_qs, u"idForn"_qs}));
+                  (QStringList{u"IDPESSOA"_s, u"CGC/CPF"_s, u"Razão Social"_s, u"Nome Fantasia"_s, u"Fone"_s,
+                               u"DT Desativa"_s, u"ID DO PAPEL"_s, u"Cod. Externo"_s, u"idClie"_s, u"idForn"_s}));
         EXPECT_EQ(tela.Flex.columns()[6].width, 0);
         EXPECT_EQ(tela.background(), screen::colour::ButtonFace);
     });
@@ -48,9 +47,9 @@ TEST_F(BuscaPessoasTest, FirstOpeningShowsHeadersOnly) {
 }
 
 TEST_F(BuscaPessoasTest, PaintsItselfByTheSchemeOfTheCompany) {
-    database.answer(u"'COR_PADRAO'"_qs, {{u"nome_para"_qs, u"valo_para"_qs}, {{text("COR_PADRAO"), text("AZUL")}}});
-    database.answer(u"DESC_COR_SIST = 'AZUL'"_qs,
-                    {{u"CODI_BACK_0001"_qs, u"CODI_FORE_0001"_qs, u"CODI_BACK_0002"_qs, u"CODI_FORE_0002"_qs},
+    database.answer(u"'COR_PADRAO'"_s, {{u"nome_para"_s, u"valo_para"_s}, {{text("COR_PADRAO"), text("AZUL")}}});
+    database.answer(u"DESC_COR_SIST = 'AZUL'"_s,
+                    {{u"CODI_BACK_0001"_s, u"CODI_FORE_0001"_s, u"CODI_BACK_0002"_s, u"CODI_FORE_0002"_s},
                      {{text("16711680"), text("255"), text("1"), text("2")}}});
     abreBusca([&](Tela& tela) {
         EXPECT_EQ(tela.background(), 16711680);
@@ -65,15 +64,15 @@ TEST_F(BuscaPessoasTest, PaintsItselfByTheSchemeOfTheCompany) {
 
 TEST_F(BuscaPessoasTest, NothingFoundTellsSoAndGoesBackToTheText) {
     abreBusca([&](Tela& tela) {
-        user.type(tela.cboCod, u"ninguém"_qs);
+        user.type(tela.cboCod, u"ninguém"_s);
         user.click(tela.cmdPesquisa);
         ASSERT_EQ(platform.boxes.size(), 1u);
-        EXPECT_EQ(platform.boxes[0].text, u"Nenhum Registro Localizado com esses parâmetros..."_qs);
+        EXPECT_EQ(platform.boxes[0].text, u"Nenhum Registro Localizado com esses parâmetros..."_s);
         EXPECT_EQ(platform.boxes[0].title, QString());
         EXPECT_EQ(platform.boxes[0].icon, screen::Icon::None);
         EXPECT_EQ(tela.focus(), &tela.cboCod);
         EXPECT_EQ(tela.Flex.Rows(), 1);
-        EXPECT_EQ(tela.cboCod.text(), u"NINGUÉM"_qs);
+        EXPECT_EQ(tela.cboCod.text(), u"NINGUÉM"_s);
         EXPECT_EQ(tela.pointer(), screen::Pointer::Default);
     });
 }
@@ -84,7 +83,7 @@ TEST_F(BuscaPessoasTest, RowsAndNulls) {
     abreBusca([&](Tela& tela) {
         user.click(tela.cmdPesquisa);
         EXPECT_EQ(linhaDo(tela.Flex, 1),
-                  (QStringList{u"7"_qs, {}, u"MARIA"_qs, {}, {}, u"03/02/2026"_qs, {}, {}, {}, {}}));
+                  (QStringList{u"7"_s, {}, u"MARIA"_s, {}, {}, u"03/02/2026"_s, {}, {}, {}, {}}));
         EXPECT_EQ(tela.Flex.Row(), 1) << "a single result stays the current row";
         EXPECT_EQ(platform.progressed.back(), (std::pair<qint64, qint64>(0, 0)));
     });
@@ -98,8 +97,7 @@ TEST_F(BuscaPessoasTest, SeveralRowsLeaveNoRowCurrent) {
         EXPECT_EQ(tela.Flex.Row(), 0);
         EXPECT_EQ(
             linhaDo(tela.Flex, 2),
-            (QStringList{
-                u"2"_qs, u"111.222.333-44"_qs, u"B"_qs, u"CONHECIDO"_qs, u"11 3333"_qs, {}, {}, u"EXT"_qs, {}, {}}));
+            (QStringList{u"2"_s, u"111.222.333-44"_s, u"B"_s, u"CONHECIDO"_s, u"11 3333"_s, {}, {}, u"EXT"_s, {}, {}}));
     });
 }
 
@@ -130,11 +128,11 @@ TEST_F(BuscaPessoasTest, RoleFilterRowByRow) {
             esquece();
             user.click(tela.cmdPesquisa);
             ASSERT_EQ(tela.Flex.Rows(), 2);
-            EXPECT_EQ(tela.Flex.cell(1, 0), u"1"_qs);
-            EXPECT_EQ(tela.Flex.cell(1, 6), u"91"_qs);
-            EXPECT_EQ(tela.Flex.cell(1, 8), caso.vezes == 2 ? u"91"_qs : QString());
+            EXPECT_EQ(tela.Flex.cell(1, 0), u"1"_s);
+            EXPECT_EQ(tela.Flex.cell(1, 6), u"91"_s);
+            EXPECT_EQ(tela.Flex.cell(1, 8), caso.vezes == 2 ? u"91"_s : QString());
             EXPECT_EQ(tela.Flex.cell(1, 9), QString());
-            EXPECT_EQ(database.sent.count(QString::fromLatin1(caso.consulta) + u" AND DATA_DESA IS NULL"_qs),
+            EXPECT_EQ(database.sent.count(QString::fromLatin1(caso.consulta) + u" AND DATA_DESA IS NULL"_s),
                       caso.vezes);
             EXPECT_EQ(database.sent.size(), 1 + caso.vezes + 1) << "one lookup for the row that is skipped";
         }
@@ -142,24 +140,24 @@ TEST_F(BuscaPessoasTest, RoleFilterRowByRow) {
         tela.opVendedor.setValue(true);
         esquece();
         tela.chkVisualiza.setChecked(true);
-        EXPECT_EQ(database.sent, (QStringList{u"SELECT * FROM PESS WHERE (NOT DATA_DESA IS NULL) ORDER BY NOME_PESS"_qs,
-                                              u"SELECT IDVEND FROM VEND WHERE IDPESS = 1"_qs,
-                                              u"SELECT IDVEND FROM VEND WHERE IDPESS = 2"_qs}));
+        EXPECT_EQ(database.sent, (QStringList{u"SELECT * FROM PESS WHERE (NOT DATA_DESA IS NULL) ORDER BY NOME_PESS"_s,
+                                              u"SELECT IDVEND FROM VEND WHERE IDPESS = 1"_s,
+                                              u"SELECT IDVEND FROM VEND WHERE IDPESS = 2"_s}));
     });
 }
 
 TEST_F(BuscaPessoasTest, ProspectHasNoLinkOfItsOwnRow) {
     responde({pessoa(1, "CLIENTE", number(5)), pessoa(2, "PROSPECT"), pessoa(3, "ZERO", number(0))});
-    database.answer(u"FROM CLIE WHERE IDPESS = 2"_qs, {{u"idclie"_qs}, {{number(44)}}});
+    database.answer(u"FROM CLIE WHERE IDPESS = 2"_s, {{u"idclie"_s}, {{number(44)}}});
     abreBusca([&](Tela& tela) {
         tela.opProspect.setValue(true);
         esquece();
         user.click(tela.cmdPesquisa);
         ASSERT_EQ(tela.Flex.Rows(), 3);
-        EXPECT_EQ(tela.Flex.cell(1, 0), u"2"_qs);
-        EXPECT_EQ(tela.Flex.cell(1, 6), u"0"_qs);
-        EXPECT_EQ(tela.Flex.cell(1, 8), u"44"_qs);
-        EXPECT_EQ(tela.Flex.cell(2, 8), u"0"_qs);
+        EXPECT_EQ(tela.Flex.cell(1, 0), u"2"_s);
+        EXPECT_EQ(tela.Flex.cell(1, 6), u"0"_s);
+        EXPECT_EQ(tela.Flex.cell(1, 8), u"44"_s);
+        EXPECT_EQ(tela.Flex.cell(2, 8), u"0"_s);
         EXPECT_EQ(enviados("FROM CLIE").size(), 2);
     });
 }
@@ -176,10 +174,10 @@ TEST_F(BuscaPessoasTest, AllRowsSkippedGivesAnEmptyGridWithoutAMessage) {
 
 TEST_F(BuscaPessoasTest, BranchSearchFailsAtItsFirstRow) {
     QStringList semExterno = colunas;
-    semExterno.removeOne(u"PESS_CODI_EXTE"_qs);
+    semExterno.removeOne(u"PESS_CODI_EXTE"_s);
     QList<data::Value> linha = pessoa(1, "A");
     linha.removeAt(6);
-    database.answer(u"FROM ATIV, PESS, PESS_ATIV"_qs, {semExterno, {linha}});
+    database.answer(u"FROM ATIV, PESS, PESS_ATIV"_s, {semExterno, {linha}});
     abreBusca([&](Tela& tela) {
         tela.opRamoAtividade.setValue(true);
         user.click(tela.cmdPesquisa);
@@ -197,27 +195,27 @@ TEST_F(BuscaPessoasTest, BranchSearchWithoutAMatchTellsSo) {
 }
 
 TEST_F(BuscaPessoasTest, OnlyTheBranchSearchFillsTheList) {
-    database.answer(u"FROM ATIV WHERE"_qs, {{u"desc_ativ"_qs}, {{text("MOVEIS")}, {text("MODA")}}});
+    database.answer(u"FROM ATIV WHERE"_s, {{u"desc_ativ"_s}, {{text("MOVEIS")}, {text("MODA")}}});
     abreBusca([&](Tela& tela) {
         esquece();
         user.dropDown(tela.cboCod);
         EXPECT_TRUE(database.sent.isEmpty());
         tela.opRamoAtividade.setValue(true);
-        tela.cboCod.setText(u" mo "_qs);
+        tela.cboCod.setText(u" mo "_s);
         user.dropDown(tela.cboCod);
         EXPECT_EQ(database.sent,
                   QStringList{u"SELECT DESC_ATIV FROM ATIV WHERE DATA_DESA IS NULL AND DESC_ATIV LIKE 'MO%' "
-                              "ORDER BY DESC_ATIV"_qs});
-        EXPECT_EQ(tela.cboCod.items(), (QStringList{u"MOVEIS"_qs, u"MODA"_qs}));
+                              "ORDER BY DESC_ATIV"_s});
+        EXPECT_EQ(tela.cboCod.items(), (QStringList{u"MOVEIS"_s, u"MODA"_s}));
     });
 }
 
 TEST_F(BuscaPessoasTest, EnterMovesOnAndLeavingTheTextPutsItInCapitals) {
     abreBusca([&](Tela& tela) {
         esquece();
-        user.type(tela.cboCod, u"joão"_qs);
+        user.type(tela.cboCod, u"joão"_s);
         user.key(tela.cboCod, screen::Key::Enter);
-        EXPECT_EQ(tela.cboCod.text(), u"JOÃO"_qs);
+        EXPECT_EQ(tela.cboCod.text(), u"JOÃO"_s);
         EXPECT_EQ(tela.focus(), &tela.cmdPesquisa);
         user.key(tela.cmdPesquisa, screen::Key::Enter);
         EXPECT_EQ(tela.focus(), &tela.cmdLimpar);
@@ -237,18 +235,18 @@ TEST_F(BuscaPessoasTest, CheckBoxSearchesAtOnce) {
 
 TEST_F(BuscaPessoasTest, ClearKeepsTheMatchOptionAndTheMemory) {
     responde({pessoa(1, "A")});
-    contexto.UltimoPapelBusca = u"opVendedor"_qs;
+    contexto.UltimoPapelBusca = u"opVendedor"_s;
     abreBusca([&](Tela& tela) {
         tela.opInicialCom.setValue(true);
         tela.opUF.setValue(true);
-        tela.cboCod.setText(u"SP"_qs);
+        tela.cboCod.setText(u"SP"_s);
         user.click(tela.cmdPesquisa);
         user.click(tela.cmdLimpar);
         EXPECT_EQ(tela.Flex.Rows(), 1);
         EXPECT_TRUE(tela.opNome.value() && tela.opTodos.value() && tela.opInicialCom.value());
         EXPECT_EQ(tela.cboCod.text(), QString());
         EXPECT_EQ(tela.focus(), &tela.cboCod);
-        EXPECT_EQ(contexto.UltimoPapelBusca, u"opVendedor"_qs);
+        EXPECT_EQ(contexto.UltimoPapelBusca, u"opVendedor"_s);
     });
 }
 

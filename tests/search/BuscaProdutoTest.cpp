@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "search/BuscaTest.h"
 #include "search/frmBROWSE_PRODUTO.h"
@@ -19,7 +20,7 @@ class TelaDeFora : public screen::Screen {
     screen::TextField txtCodigo{this, "txtCodigo"};
     screen::TextField txtidProdProt{this, "txtidProdProt"};
     screen::Label lblDescricao{this, "lblDescricao"};
-    screen::MaskedField mskDtmovto{this, "mskDtmovto", QStringLiteral("##/##/####")};
+    screen::MaskedField mskDtmovto{this, "mskDtmovto", u"##/##/####"_s};
 };
 
 const QString cabeca =
@@ -29,15 +30,15 @@ const QString cabeca =
     "PROD_EMPR.LOCA_FISI_CORREDOR, PROD_EMPR.LOCA_FISI_ESTANTE, PROD_EMPR.LOCA_FISI_PRATELEIRA, "
     "TIPO_PROD.DESC_TIPO_PROD FROM PROD, PROD_EMPR, TIPO_PROD "
     "WHERE PROD.IDPROD = PROD_EMPR.IDPROD AND PROD.IDTIPO_PROD = TIPO_PROD.IDTIPO_PROD "
-    "AND PROD_EMPR.CODI_EMPR = '0001' "_qs;
-const QString ativos = u"AND PROD.DATA_DESA IS NULL "_qs;
+    "AND PROD_EMPR.CODI_EMPR = '0001' "_s;
+const QString ativos = u"AND PROD.DATA_DESA IS NULL "_s;
 
 const QStringList colunas{
-    u"IDPROD"_qs,          u"CODI_PROD"_qs,          u"DESC_PROD"_qs,         u"DATA_DESA"_qs,
-    u"IDTIPO_PROD"_qs,     u"CODI_REFE_PROD"_qs,     u"QTDE_DISP"_qs,         u"VALO_VEDS"_qs,
-    u"VALO_VEDS_B"_qs,     u"VALO_VEDS_C"_qs,        u"LOCA_FISI_ARMAZEM"_qs, u"LOCA_FISI_PAVIMENTO"_qs,
-    u"LOCA_FISI_SETOR"_qs, u"LOCA_FISI_CORREDOR"_qs, u"LOCA_FISI_ESTANTE"_qs, u"LOCA_FISI_PRATELEIRA"_qs,
-    u"DESC_TIPO_PROD"_qs};
+    u"IDPROD"_s,          u"CODI_PROD"_s,          u"DESC_PROD"_s,         u"DATA_DESA"_s,
+    u"IDTIPO_PROD"_s,     u"CODI_REFE_PROD"_s,     u"QTDE_DISP"_s,         u"VALO_VEDS"_s,
+    u"VALO_VEDS_B"_s,     u"VALO_VEDS_C"_s,        u"LOCA_FISI_ARMAZEM"_s, u"LOCA_FISI_PAVIMENTO"_s,
+    u"LOCA_FISI_SETOR"_s, u"LOCA_FISI_CORREDOR"_s, u"LOCA_FISI_ESTANTE"_s, u"LOCA_FISI_PRATELEIRA"_s,
+    u"DESC_TIPO_PROD"_s};
 
 QList<data::Value> produto(qint64 id, const char* codigo, const char* descricao) {
     return {number(id),   text(codigo),   text(descricao), date(2024, 6, 28), number(1),   text("REF"),
@@ -51,23 +52,23 @@ class BuscaProdutoTest : public BuscaTest {
   protected:
     BuscaProdutoTest() {
         contexto.TelaChamadora.clear();
-        contexto.CaminhoImagens = u"/img/"_qs;
-        contexto.ExtensaoImagens = u".bmp"_qs;
-        contexto.CaminhoImagensDetalhe = u"/grande/"_qs;
-        contexto.ExtensaoImagensDetalhe = u".jpg"_qs;
-        contexto.ImagemSemFoto = u"/img/semfoto.bmp"_qs;
-        contexto.CaminhoPaginas = u"/paginas/"_qs;
+        contexto.CaminhoImagens = u"/img/"_s;
+        contexto.ExtensaoImagens = u".bmp"_s;
+        contexto.CaminhoImagensDetalhe = u"/grande/"_s;
+        contexto.ExtensaoImagensDetalhe = u".jpg"_s;
+        contexto.ImagemSemFoto = u"/img/semfoto.bmp"_s;
+        contexto.CaminhoPaginas = u"/paginas/"_s;
         existe("/img/semfoto.bmp");
     }
 
     void existe(const char* arquivo) { platform.files[QString::fromLatin1(arquivo)] = {}; }
     void responde(const QList<QList<data::Value>>& linhas) {
-        database.answer(u"FROM PROD, PROD_EMPR"_qs, {colunas, linhas});
+        database.answer(u"FROM PROD, PROD_EMPR"_s, {colunas, linhas});
     }
     /// The search as a caller opens it: the company is set once the screen stands.
     void busca(const std::function<void(Tela&)>& faz) {
         abre<Tela>("frmBROWSE_PRODUTO", [&](Tela& tela) {
-            tela.lblCodiEmpresa.setText(u"0001"_qs);
+            tela.lblCodiEmpresa.setText(u"0001"_s);
             faz(tela);
         });
     }
@@ -77,19 +78,19 @@ class BuscaProdutoTest : public BuscaTest {
 };
 
 TEST_F(BuscaProdutoTest, TheOpeningSearchesNothing) {
-    database.answer(u"FROM TIPO_PROD WHERE"_qs, {{u"DESC_TIPO_PROD"_qs}, {{text("B")}, {text("A")}}});
+    database.answer(u"FROM TIPO_PROD WHERE"_s, {{u"DESC_TIPO_PROD"_s}, {{text("B")}, {text("A")}}});
     busca([&](Tela& tela) {
-        EXPECT_EQ(database.sent, QStringList(u"SELECT DESC_TIPO_PROD FROM TIPO_PROD WHERE DATA_DESA IS NULL"_qs));
+        EXPECT_EQ(database.sent, QStringList(u"SELECT DESC_TIPO_PROD FROM TIPO_PROD WHERE DATA_DESA IS NULL"_s));
         EXPECT_EQ(tela.caption(), ContextoExecucao::Titulo());
         EXPECT_TRUE(tela.Option3.value() && tela.opQQPosicao.value());
         EXPECT_FALSE(tela.Option1.value() || tela.Option2.value() || tela.Option4.value());
-        EXPECT_EQ(tela.txtMaxReg.text(), u"100"_qs);
-        EXPECT_EQ(tela.cboTipoProd.items(), (QStringList{u"B"_qs, u"A"_qs}));
+        EXPECT_EQ(tela.txtMaxReg.text(), u"100"_s);
+        EXPECT_EQ(tela.cboTipoProd.items(), (QStringList{u"B"_s, u"A"_s}));
         EXPECT_EQ(linhaDo(tela.Flex, 0),
-                  (QStringList{u"ID"_qs, u"Código"_qs, u"Descrição"_qs, u"Est.Fis."_qs, u"Est.Disp."_qs, u"Est.Ped."_qs,
-                               u"Vr.Prod.A"_qs, u"Vr.Prod.B"_qs, u"Vr.Prod.C"_qs, u"Armazém"_qs, u"Pavimento"_qs,
-                               u"Setor"_qs, u"Corredor"_qs, u"Estante"_qs, u"Prateleira"_qs, u"Tipo Produto"_qs,
-                               u"Referência"_qs, u"DT Desativa"_qs}));
+                  (QStringList{u"ID"_s, u"Código"_s, u"Descrição"_s, u"Est.Fis."_s, u"Est.Disp."_s, u"Est.Ped."_s,
+                               u"Vr.Prod.A"_s, u"Vr.Prod.B"_s, u"Vr.Prod.C"_s, u"Armazém"_s, u"Pavimento"_s, u"Setor"_s,
+                               u"Corredor"_s, u"Estante"_s, u"Prateleira"_s, u"Tipo Produto"_s, u"Referência"_s,
+                               u"DT Desativa"_s}));
         EXPECT_EQ(tela.Flex.columns()[0].width, 0);
         EXPECT_EQ(tela.Flex.Rows(), 1);
     });
@@ -114,13 +115,13 @@ TEST_F(BuscaProdutoTest, TheStatementOfEveryOption) {
                 const QString ordem = QString::fromUtf16(forma.ordem);
                 opcao(tela, forma.opcao).setValue(true);
                 opcao(tela, nome).setValue(true);
-                tela.txtCOD.setText(u" abc "_qs);
+                tela.txtCOD.setText(u" abc "_s);
                 esquece();
                 user.click(tela.cmdPesquisa);
                 const QString filtro =
                     forma.filtro ? QString::fromUtf16(forma.filtro) + QString::fromUtf16(comparacao) : QString();
                 EXPECT_EQ(database.sent, QStringList(cabeca + ativos + filtro + ordem));
-                tela.txtCOD.setText(u"   "_qs);
+                tela.txtCOD.setText(u"   "_s);
                 esquece();
                 user.click(tela.cmdPesquisa);
                 EXPECT_EQ(database.sent, QStringList(cabeca + ativos + ordem)) << "blanks are no filter";
@@ -129,24 +130,24 @@ TEST_F(BuscaProdutoTest, TheStatementOfEveryOption) {
 }
 
 TEST_F(BuscaProdutoTest, TypeCollectionAndDeactivated) {
-    database.answer(u"SELECT IDTIPO_PROD"_qs, {{u"idtipo_prod"_qs}, {{number(4)}}});
-    database.answer(u"SELECT IDCOLE"_qs, {{u"idcole"_qs}, {{number(9)}}});
+    database.answer(u"SELECT IDTIPO_PROD"_s, {{u"idtipo_prod"_s}, {{number(4)}}});
+    database.answer(u"SELECT IDCOLE"_s, {{u"idcole"_s}, {{number(9)}}});
     busca([&](Tela& tela) {
         tela.Option1.setValue(true);
-        tela.cboTipoProd.setText(u" serviço "_qs);
-        tela.cboCole.setText(u"verão"_qs);
+        tela.cboTipoProd.setText(u" serviço "_s);
+        tela.cboCole.setText(u"verão"_s);
         esquece();
         user.click(tela.chkVisualiza);
         EXPECT_EQ(database.sent,
-                  (QStringList{u"SELECT IDTIPO_PROD FROM TIPO_PROD WHERE DESC_TIPO_PROD='SERVIÇO'"_qs,
-                               u"SELECT IDCOLE FROM COLE WHERE DESC_COLE='VERÃO'"_qs,
+                  (QStringList{u"SELECT IDTIPO_PROD FROM TIPO_PROD WHERE DESC_TIPO_PROD='SERVIÇO'"_s,
+                               u"SELECT IDCOLE FROM COLE WHERE DESC_COLE='VERÃO'"_s,
                                cabeca + u"AND (NOT PROD.DATA_DESA IS NULL) AND PROD.IDTIPO_PROD = 4 AND PROD.IDCOLE = "
-                                        "9 ORDER BY PROD.IDPROD"_qs}));
+                                        "9 ORDER BY PROD.IDPROD"_s}));
         tela.cboTipoProd.setText({});
         tela.cboCole.setText({});
         esquece();
         user.click(tela.chkVisualiza);
-        EXPECT_EQ(database.sent, QStringList(cabeca + ativos + u"ORDER BY PROD.IDPROD"_qs));
+        EXPECT_EQ(database.sent, QStringList(cabeca + ativos + u"ORDER BY PROD.IDPROD"_s));
     });
 }
 
@@ -156,7 +157,7 @@ TEST_F(BuscaProdutoTest, NothingFoundTellsSo) {
         EXPECT_EQ(tela.pointer(), screen::Pointer::Default);
     });
     ASSERT_EQ(platform.boxes.size(), 1u);
-    EXPECT_EQ(platform.boxes[0].text, u"Nenhum Registro Localizado com esses parâmetros..."_qs);
+    EXPECT_EQ(platform.boxes[0].text, u"Nenhum Registro Localizado com esses parâmetros..."_s);
     EXPECT_EQ(platform.boxes[0].title, QString());
     EXPECT_EQ(platform.boxes[0].icon, screen::Icon::None);
 }
@@ -166,19 +167,19 @@ TEST_F(BuscaProdutoTest, ARowWithItsStockAndARowOfNulls) {
     nulo[0] = number(8);
     responde({produto(7, "P-7", "MESA"), nulo});
     database.answer(
-        u"FROM PROD_EMPR WHERE IDPROD = 7 AND CODI_EMPR='0001'"_qs,
-        {{u"qtde_disp"_qs, u"qtde_disp_0002"_qs, u"QTDE_ESTO_COPR"_qs, u"QTDE_ESTO_EMB1"_qs, u"QTDE_ESTO_EMB2"_qs,
-          u"QTDE_ESTO_EMB3"_qs, u"QTDE_PEDI_ABER"_qs, u"qtde_esto_consig"_qs, u"qtde_esto_demonstr"_qs},
+        u"FROM PROD_EMPR WHERE IDPROD = 7 AND CODI_EMPR='0001'"_s,
+        {{u"qtde_disp"_s, u"qtde_disp_0002"_s, u"QTDE_ESTO_COPR"_s, u"QTDE_ESTO_EMB1"_s, u"QTDE_ESTO_EMB2"_s,
+          u"QTDE_ESTO_EMB3"_s, u"QTDE_PEDI_ABER"_s, u"qtde_esto_consig"_s, u"qtde_esto_demonstr"_s},
          {{number(1), null(), null(), null(), null(), null(), amount(250), null(), number(1)}}});
     busca([&](Tela& tela) {
         esquece();
         user.click(tela.cmdPesquisa);
         EXPECT_EQ(linhaDo(tela.Flex, 1),
-                  (QStringList{u"7"_qs, u"P-7"_qs, u"MESA"_qs, u"12,5"_qs, u"-2,5"_qs, u"2,5"_qs, u"1234,50"_qs,
-                               u"0,50"_qs, u"10,00"_qs, u"ARM"_qs, u"PAV"_qs, u"SET"_qs, u"COR"_qs, u"EST"_qs,
-                               u"PRA"_qs, u"TIPO"_qs, u"REF"_qs, u"28/06/2024"_qs}));
+                  (QStringList{u"7"_s, u"P-7"_s, u"MESA"_s, u"12,5"_s, u"-2,5"_s, u"2,5"_s, u"1234,50"_s, u"0,50"_s,
+                               u"10,00"_s, u"ARM"_s, u"PAV"_s, u"SET"_s, u"COR"_s, u"EST"_s, u"PRA"_s, u"TIPO"_s,
+                               u"REF"_s, u"28/06/2024"_s}));
         EXPECT_EQ(linhaDo(tela.Flex, 2),
-                  (QStringList{u"8"_qs, {}, {}, {}, u"0"_qs, u"0"_qs, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}}));
+                  (QStringList{u"8"_s, {}, {}, {}, u"0"_s, u"0"_s, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}}));
         EXPECT_EQ(tela.Flex.Row(), 0) << "two rows or more leave none current";
         EXPECT_EQ(database.sent.size(), 1 + 2 * 2);
         EXPECT_EQ(platform.progressed.back(), (std::pair<qint64, qint64>(0, 0)));
@@ -236,68 +237,68 @@ TEST_F(BuscaProdutoTest, AClickOnARowRemembersTheSearch) {
         SCOPED_TRACE(escolhida);
         busca([&](Tela& tela) {
             opcao(tela, escolhida).setValue(true);
-            tela.txtCOD.setText(u" p"_qs);
-            tela.cboCole.setText(u"COLE"_qs);
+            tela.txtCOD.setText(u" p"_s);
+            tela.cboCole.setText(u"COLE"_s);
             user.click(tela.cmdPesquisa);
-            contexto.UltimaFormaProduto = u"antes"_qs;
+            contexto.UltimaFormaProduto = u"antes"_s;
             user.clickCell(tela.Flex, 0, 1);
-            EXPECT_EQ(contexto.UltimaFormaProduto, u"antes"_qs) << "the header remembers nothing";
+            EXPECT_EQ(contexto.UltimaFormaProduto, u"antes"_s) << "the header remembers nothing";
             user.clickCell(tela.Flex, 2, 3);
             EXPECT_EQ(contexto.UltimaFormaProduto, QString::fromLatin1(lembrada));
-            EXPECT_EQ(contexto.UltimoTextoProduto, u" P"_qs);
-            EXPECT_EQ(contexto.UltimoVisualizaProduto, u"Não"_qs);
-            EXPECT_EQ(contexto.UltimaColecaoProduto, u"COLE"_qs);
+            EXPECT_EQ(contexto.UltimoTextoProduto, u" P"_s);
+            EXPECT_EQ(contexto.UltimoVisualizaProduto, u"Não"_s);
+            EXPECT_EQ(contexto.UltimaColecaoProduto, u"COLE"_s);
         });
         busca([&](Tela& tela) {
             EXPECT_TRUE(opcao(tela, *lembrada ? lembrada : "Option3").value());
-            EXPECT_EQ(tela.txtCOD.text(), u" P"_qs);
-            EXPECT_EQ(tela.cboCole.text(), u"COLE"_qs);
+            EXPECT_EQ(tela.txtCOD.text(), u" P"_s);
+            EXPECT_EQ(tela.cboCole.text(), u"COLE"_s);
             EXPECT_FALSE(tela.chkVisualiza.checked());
         });
     }
 }
 
 TEST_F(BuscaProdutoTest, RememberedDeactivatedProductsAreSearchedAtOnce) {
-    contexto.UltimaFormaProduto = u"Option2"_qs;
-    contexto.UltimoTextoProduto = u"X"_qs;
-    contexto.UltimoVisualizaProduto = u"Sim"_qs;
-    contexto.UltimaColecaoProduto = u"COLE"_qs;
+    contexto.UltimaFormaProduto = u"Option2"_s;
+    contexto.UltimoTextoProduto = u"X"_s;
+    contexto.UltimoVisualizaProduto = u"Sim"_s;
+    contexto.UltimaColecaoProduto = u"COLE"_s;
     busca([&](Tela& tela) {
         const QStringList buscas = enviados("FROM PROD, PROD_EMPR");
         ASSERT_EQ(buscas.size(), 1);
         EXPECT_TRUE(buscas[0].endsWith(u"PROD_EMPR.CODI_EMPR = '' AND (NOT PROD.DATA_DESA IS NULL)  AND PROD.CODI_PROD "
-                                       "LIKE '%X%'  ORDER BY PROD.CODI_PROD"_qs))
+                                       "LIKE '%X%'  ORDER BY PROD.CODI_PROD"_s))
             << "neither the company nor the collection stand yet";
-        EXPECT_EQ(tela.cboCole.text(), u"COLE"_qs);
+        EXPECT_EQ(tela.cboCole.text(), u"COLE"_s);
     });
     EXPECT_EQ(platform.boxes.size(), 1u);
 }
 
 TEST_F(BuscaProdutoTest, ThePictureOfARow) {
     responde({produto(7, " P-7 ", "MESA"), produto(8, "P-8", "BANCO"), produto(9, "P-9", "SOFA")});
-    database.answer(u"FROM PROD WHERE IDPROD=8"_qs, {{u"CAMINHO_ARQ_LOCAL_THUMB"_qs, u"CAMINHO_ARQ_LOCAL_NATURAL"_qs},
-                                                     {{text("/fora/p8.bmp"), text("/fora/p8_grande.bmp")}}});
+    database.answer(u"FROM PROD WHERE IDPROD=8"_s, {{u"CAMINHO_ARQ_LOCAL_THUMB"_s, u"CAMINHO_ARQ_LOCAL_NATURAL"_s},
+                                                    {{text("/fora/p8.bmp"), text("/fora/p8_grande.bmp")}}});
     existe("/img/P-7.bmp");
     existe("/fora/p8.bmp");
     busca([&](Tela& tela) {
         user.click(tela.cmdPesquisa);
         esquece();
         user.clickCell(tela.Flex, 1, 4);
-        EXPECT_EQ(tela.Image1.picture(), u"/img/P-7.bmp"_qs);
-        EXPECT_EQ(contexto.ImagemProduto, u"/img/P-7.bmp"_qs);
-        EXPECT_EQ(contexto.ImagemProdutoDetalhe, u"/grande/P-7.jpg"_qs);
+        EXPECT_EQ(tela.Image1.picture(), u"/img/P-7.bmp"_s);
+        EXPECT_EQ(contexto.ImagemProduto, u"/img/P-7.bmp"_s);
+        EXPECT_EQ(contexto.ImagemProdutoDetalhe, u"/grande/P-7.jpg"_s);
         EXPECT_TRUE(database.sent.isEmpty()) << "the file of the code needs no reading";
         user.clickCell(tela.Flex, 2, 4);
-        EXPECT_EQ(tela.Image1.picture(), u"/fora/p8.bmp"_qs);
-        EXPECT_EQ(contexto.ImagemProdutoDetalhe, u"/fora/p8_grande.bmp"_qs);
+        EXPECT_EQ(tela.Image1.picture(), u"/fora/p8.bmp"_s);
+        EXPECT_EQ(contexto.ImagemProdutoDetalhe, u"/fora/p8_grande.bmp"_s);
         user.clickCell(tela.Flex, 3, 4);
-        EXPECT_EQ(tela.Image1.picture(), u"/img/semfoto.bmp"_qs);
+        EXPECT_EQ(tela.Image1.picture(), u"/img/semfoto.bmp"_s);
         EXPECT_EQ(contexto.ImagemProduto, QString());
         EXPECT_EQ(contexto.ImagemProdutoDetalhe, QString());
-        platform.files.remove(u"/fora/p8.bmp"_qs);
+        platform.files.remove(u"/fora/p8.bmp"_s);
         user.clickCell(tela.Flex, 2, 4);
-        EXPECT_EQ(tela.Image1.picture(), u"/img/semfoto.bmp"_qs) << "the row names a file that is gone";
-        EXPECT_EQ(contexto.ImagemProduto, u"/fora/p8.bmp"_qs);
+        EXPECT_EQ(tela.Image1.picture(), u"/img/semfoto.bmp"_s) << "the row names a file that is gone";
+        EXPECT_EQ(contexto.ImagemProduto, u"/fora/p8.bmp"_s);
     });
     EXPECT_EQ(falha(), 0);
 }
@@ -330,7 +331,7 @@ TEST_F(BuscaProdutoTest, TheFourViews) {
             EXPECT_EQ(tela.Flex.Col(), 1);
             user.doubleClick(tela.Image1);
         }
-        EXPECT_EQ(platform.addresses, QStringList(u"file:///grande/P-7_3.jpg"_qs))
+        EXPECT_EQ(platform.addresses, QStringList(u"file:///grande/P-7_3.jpg"_s))
             << "only the view with a large picture opens it";
     });
 }
@@ -349,33 +350,33 @@ TEST_F(BuscaProdutoTest, WhatEveryCallerGets) {
     };
     const char16_t* codigo = u" P-7 ";
     const Retorno retornos[]{
-        {{u"frmProduto"_qs}, "KIT", {{"cboProduto", u"P-7"}}, nullptr},
-        {{u"frmMateriaPrima"_qs}, "KIT", {{"txtCodProduto", codigo}}, nullptr},
-        {{u"frmProduto"_qs, u"frmMateriaPrima"_qs}, "", {{"txtRowID", u"7"}, {"txtCodigo", codigo}}, nullptr},
-        {{u"frmPrototipo"_qs}, "PROT", {{"txtCodProduto", codigo}}, "txtCodProduto"},
-        {{u"frmPrototipo"_qs}, "KIT", {}, nullptr, false},
-        {{u"frmOrcaVeds"_qs, u"frmPontoVenda"_qs},
+        {{u"frmProduto"_s}, "KIT", {{"cboProduto", u"P-7"}}, nullptr},
+        {{u"frmMateriaPrima"_s}, "KIT", {{"txtCodProduto", codigo}}, nullptr},
+        {{u"frmProduto"_s, u"frmMateriaPrima"_s}, "", {{"txtRowID", u"7"}, {"txtCodigo", codigo}}, nullptr},
+        {{u"frmPrototipo"_s}, "PROT", {{"txtCodProduto", codigo}}, "txtCodProduto"},
+        {{u"frmPrototipo"_s}, "KIT", {}, nullptr, false},
+        {{u"frmOrcaVeds"_s, u"frmPontoVenda"_s},
          "KIT",
          {{"txtidProdProt", u"7"}, {"txtCodProduto", codigo}},
          "txtCodProduto"},
-        {{u"frmPedido"_qs, u"frmOrdemServico"_qs, u"frmPedidoExpress"_qs, u"frmPedidoExpressCash"_qs,
-          u"frmContaMesa"_qs, u"frmTransfEstoque"_qs, u"frmCaixa"_qs},
+        {{u"frmPedido"_s, u"frmOrdemServico"_s, u"frmPedidoExpress"_s, u"frmPedidoExpressCash"_s, u"frmContaMesa"_s,
+          u"frmTransfEstoque"_s, u"frmCaixa"_s},
          "",
          {{"cboProduto", codigo}},
          "cboProduto"},
-        {{u"frmMoveEstoqueCC"_qs}, "", {{"cboProduto", codigo}, {"lblDescricao", u"MESA"}}, "mskDtmovto"},
-        {{u"frmProjetaCompra"_qs, u"frmMonitorProduto"_qs, u"frmMoveEstoque"_qs, u"frmCompras"_qs, u"frmCotaCompra"_qs,
-          u"frmPesqProdPed"_qs, u"frmCheckNulo"_qs, u"frmRelaNaoAtendido"_qs},
+        {{u"frmMoveEstoqueCC"_s}, "", {{"cboProduto", codigo}, {"lblDescricao", u"MESA"}}, "mskDtmovto"},
+        {{u"frmProjetaCompra"_s, u"frmMonitorProduto"_s, u"frmMoveEstoque"_s, u"frmCompras"_s, u"frmCotaCompra"_s,
+          u"frmPesqProdPed"_s, u"frmCheckNulo"_s, u"frmRelaNaoAtendido"_s},
          "",
          {{"txtCodProduto", codigo}},
          "txtCodProduto"},
-        {{u"frmEtiqProduto"_qs, u"frmEtiqProdutoPimaco"_qs, u"frmEtiqProdutoCrystal"_qs, u"frmCorrProdutos"_qs,
-          u"frmNFEntrada"_qs, u"frmNFGenerica"_qs},
+        {{u"frmEtiqProduto"_s, u"frmEtiqProdutoPimaco"_s, u"frmEtiqProdutoCrystal"_s, u"frmCorrProdutos"_s,
+          u"frmNFEntrada"_s, u"frmNFGenerica"_s},
          "",
          {{"txtCodigo", codigo}},
          "txtCodigo"},
-        {{u"frmPessoas"_qs}, "", {{"cboProduto", u"P-7"}}, "cboProduto"},
-        {{u"frmQualquer"_qs}, "KIT", {}, nullptr},
+        {{u"frmPessoas"_s}, "", {{"cboProduto", u"P-7"}}, "cboProduto"},
+        {{u"frmQualquer"_s}, "KIT", {}, nullptr},
     };
     responde({produto(7, " P-7 ", "MESA")});
     for (const Retorno& retorno : retornos)
@@ -386,7 +387,7 @@ TEST_F(BuscaProdutoTest, WhatEveryCallerGets) {
             contexto.TelaChamadora = nome;
             contexto.TipoConsulta = QString::fromLatin1(retorno.tipo);
             screen::Screen& chamadora = contexto.Tela(nome);
-            chamadora.SetFocus(chamadora.field(u"txtOutro"_qs));
+            chamadora.SetFocus(chamadora.field(u"txtOutro"_s));
             for (screen::Field* campo : chamadora.fields())
                 campo->setText({});
             contexto.TopoGridBusca = 99;
@@ -416,7 +417,7 @@ TEST_F(BuscaProdutoTest, WhatEveryCallerGets) {
 
 TEST_F(BuscaProdutoTest, ACallerThatThisProgramDoesNotHave) {
     responde({produto(7, "P-7", "MESA")});
-    contexto.TelaChamadora = u"frmPedido"_qs;
+    contexto.TelaChamadora = u"frmPedido"_s;
     busca([&](Tela& tela) {
         user.click(tela.cmdPesquisa);
         user.doubleClickCell(tela.Flex, 1, 1);
@@ -427,11 +428,11 @@ TEST_F(BuscaProdutoTest, ACallerThatThisProgramDoesNotHave) {
 TEST_F(BuscaProdutoTest, ClearingFailsBehindTheGrid) {
     responde({produto(7, "P-7", "MESA")});
     busca([&](Tela& tela) {
-        tela.txtCOD.setText(u"X"_qs);
+        tela.txtCOD.setText(u"X"_s);
         user.click(tela.cmdPesquisa);
         user.click(tela.cmdLimpar);
         EXPECT_EQ(tela.Flex.Rows(), 1);
-        EXPECT_EQ(tela.txtCOD.text(), u"X"_qs);
+        EXPECT_EQ(tela.txtCOD.text(), u"X"_s);
     });
     EXPECT_EQ(falha(), errorNumber::NoSuchMember);
 }
@@ -439,9 +440,9 @@ TEST_F(BuscaProdutoTest, ClearingFailsBehindTheGrid) {
 TEST_F(BuscaProdutoTest, EnterMovesOnAndLeavingTheTextPutsItInCapitals) {
     busca([&](Tela& tela) {
         esquece();
-        user.type(tela.txtCOD, u"maçã"_qs);
+        user.type(tela.txtCOD, u"maçã"_s);
         user.key(tela.txtCOD, screen::Key::Enter);
-        EXPECT_EQ(tela.txtCOD.text(), u"MAÇÃ"_qs);
+        EXPECT_EQ(tela.txtCOD.text(), u"MAÇÃ"_s);
         EXPECT_EQ(tela.focus(), &tela.cmdPesquisa);
         user.key(tela.cmdPesquisa, screen::Key::Enter);
         EXPECT_EQ(tela.focus(), &tela.cmdLimpar);
@@ -450,14 +451,14 @@ TEST_F(BuscaProdutoTest, EnterMovesOnAndLeavingTheTextPutsItInCapitals) {
 }
 
 TEST_F(BuscaProdutoTest, TheListOfCollections) {
-    database.answer(u"FROM COLE WHERE"_qs, {{u"desc_cole"_qs}, {{text("JARDIM")}}});
+    database.answer(u"FROM COLE WHERE"_s, {{u"desc_cole"_s}, {{text("JARDIM")}}});
     busca([&](Tela& tela) {
-        tela.cboCole.setText(u" jar "_qs);
+        tela.cboCole.setText(u" jar "_s);
         esquece();
         user.dropDown(tela.cboCole);
         EXPECT_EQ(database.sent, QStringList(u"SELECT DESC_COLE FROM COLE WHERE DATA_DESA IS NULL AND (DESC_COLE LIKE "
-                                             "'%JAR%') ORDER BY DESC_COLE"_qs));
-        EXPECT_EQ(tela.cboCole.items(), QStringList(u"JARDIM"_qs));
+                                             "'%JAR%') ORDER BY DESC_COLE"_s));
+        EXPECT_EQ(tela.cboCole.items(), QStringList(u"JARDIM"_s));
     });
 }
 
@@ -468,15 +469,15 @@ TEST_F(BuscaProdutoTest, TheFoundProductsAsATable) {
     existe("/img/P-7.bmp");
     const QString linha =
         u"<TR style='FONT-WEIGHT: bold; FONT-SIZE: 8pt; FONT-FAMILY: Tahoma; FONT-VARIANT: small'>"
-        "<TD width=30%><P ALIGN=Center><IMG SRC='%1'></TD><TD width=30%>%2</TD><TD width=40%>%3</TD></TR>"_qs;
+        "<TD width=30%><P ALIGN=Center><IMG SRC='%1'></TD><TD width=30%>%2</TD><TD width=40%>%3</TD></TR>"_s;
     busca([&](Tela& tela) {
-        EXPECT_EQ(tela.MontaDetalheHTML(), u"<TABLE BORDER CELLPADDING='2'></TABLE>"_qs);
+        EXPECT_EQ(tela.MontaDetalheHTML(), u"<TABLE BORDER CELLPADDING='2'></TABLE>"_s);
         user.click(tela.cmdPesquisa);
         tela.Flex.setCol(1);
         esquece();
-        EXPECT_EQ(tela.MontaDetalheHTML(),
-                  u"<TABLE BORDER CELLPADDING='2'>"_qs + linha.arg(u"/img/P-7.bmp"_qs, u"P-7"_qs, u"MESA"_qs) +
-                      linha.arg(u"/img/semfoto.bmp"_qs, u"P-8"_qs, u"BANCO"_qs) + u"</TABLE>"_qs);
+        EXPECT_EQ(tela.MontaDetalheHTML(), u"<TABLE BORDER CELLPADDING='2'>"_s +
+                                               linha.arg(u"/img/P-7.bmp"_s, u"P-7"_s, u"MESA"_s) +
+                                               linha.arg(u"/img/semfoto.bmp"_s, u"P-8"_s, u"BANCO"_s) + u"</TABLE>"_s);
         EXPECT_EQ(enviados("CODI_PROD='BANCO'").size(), 1);
         EXPECT_EQ(tela.Flex.Row(), 2);
         EXPECT_EQ(tela.Flex.Col(), 2);
@@ -487,7 +488,7 @@ TEST_F(BuscaProdutoTest, AnOldPageOfProductsIsRemoved) {
     existe("/paginas/pesquisa_produtos.html");
     busca([&](Tela& tela) {
         tela.ApagaPaginaProdutos();
-        EXPECT_FALSE(platform.fileExists(u"/paginas/pesquisa_produtos.html"_qs));
+        EXPECT_FALSE(platform.fileExists(u"/paginas/pesquisa_produtos.html"_s));
         tela.ApagaPaginaProdutos();
     });
     EXPECT_EQ(falha(), 0);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Literals.h"
 #include "screen/User.h"
 #include "search/RegistraTelasBusca.h"
 #include "search/frmBROWSE_CEPS.h"
@@ -25,19 +26,19 @@ class TelaQueChama : public screen::Screen {
     screen::TextField txtBairro{this, "txtBairro"};
     screen::ListField cboCidade{this, "cboCidade"};
     screen::ListField cboUF{this, "cboUF"};
-    screen::MaskedField mskCEP{this, "mskCEP", QStringLiteral("#####-###")};
+    screen::MaskedField mskCEP{this, "mskCEP", u"#####-###"_s};
     screen::ListField cboPais_Coml{this, "cboPais_Coml"};
     screen::TextField txtCob_Endereco{this, "txtCob_Endereco"};
     screen::TextField txtCob_Bairro{this, "txtCob_Bairro"};
     screen::ListField cboCob_Cidade{this, "cboCob_Cidade"};
     screen::ListField cboCob_UF{this, "cboCob_UF"};
-    screen::MaskedField mskCob_CEP{this, "mskCob_CEP", QStringLiteral("#####-###")};
+    screen::MaskedField mskCob_CEP{this, "mskCob_CEP", u"#####-###"_s};
     screen::ListField cboPais_Cobr{this, "cboPais_Cobr"};
     screen::TextField txtEnt_Endereco{this, "txtEnt_Endereco"};
     screen::TextField txtEnt_Bairro{this, "txtEnt_Bairro"};
     screen::ListField cboEnt_Cidade{this, "cboEnt_Cidade"};
     screen::ListField cboEnt_UF{this, "cboEnt_UF"};
-    screen::MaskedField mskEnt_CEP{this, "mskEnt_CEP", QStringLiteral("#####-###")};
+    screen::MaskedField mskEnt_CEP{this, "mskEnt_CEP", u"#####-###"_s};
     screen::ListField cboPais_Entg{this, "cboPais_Entg"};
 };
 
@@ -55,10 +56,10 @@ class BuscaTest : public testing::Test {
     BuscaTest() {
         RegistraTelasBusca(contexto);
         registraChamadora("frmPessoas");
-        contexto.TelaChamadora = QStringLiteral("frmPessoas");
-        contexto.TipoBanco = QStringLiteral("FIREBIRD");
+        contexto.TelaChamadora = u"frmPessoas"_s;
+        contexto.TipoBanco = u"FIREBIRD"_s;
         contexto.ConexaoPrincipal = contexto.novaConexao();
-        contexto.ConexaoPrincipal->Open(data::Engine::Firebird, QStringLiteral("base"));
+        contexto.ConexaoPrincipal->Open(data::Engine::Firebird, u"base"_s);
     }
 
     void registraChamadora(const char* nome) {
@@ -67,7 +68,7 @@ class BuscaTest : public testing::Test {
                               [chave](ContextoExecucao& dono) { return std::make_unique<TelaQueChama>(dono, chave); });
     }
 
-    TelaQueChama& pessoas() { return static_cast<TelaQueChama&>(contexto.Tela(QStringLiteral("frmPessoas"))); }
+    TelaQueChama& pessoas() { return static_cast<TelaQueChama&>(contexto.Tela(u"frmPessoas"_s)); }
 
     /// Shows a screen and does something while it is open. Gives false when the program has ended.
     template <typename Tela>

@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "search/BuscaTest.h"
 
 #include "base/RuntimeError.h"
@@ -8,8 +9,8 @@ namespace {
 
 using Tela = frmBROWSE_PESSOAS;
 
-const QString consultaRamo = QStringLiteral(
-    "SELECT PESS.IDPESS, PESS.NOME_PESS, PESS.NOME_CONH, PESS.PSFI_PSJU, PESS.CPF0_CNPJ, PESS.RG00_IE00, "
+const QString consultaRamo =
+    u"SELECT PESS.IDPESS, PESS.NOME_PESS, PESS.NOME_CONH, PESS.PSFI_PSJU, PESS.CPF0_CNPJ, PESS.RG00_IE00, "
     "PESS.ENDE_COML_PESS, PESS.BAIR_COML_PESS, PESS.CIDA_COML_PESS, PESS.CEP0_COML_PESS, PESS.UF00_COML_PESS, "
     "PESS.ENDE_ENTG_PESS, PESS.BAIR_ENTG_PESS, PESS.CIDA_ENTG_PESS, PESS.CEP0_ENTG_PESS, PESS.UF00_ENTG_PESS, "
     "PESS.TELE_0001_PESS, PESS.TELE_0002_PESS, PESS.EMAI_PESS, PESS.HTTP_PESS, PESS.ENDE_COBR_PESS, "
@@ -17,9 +18,9 @@ const QString consultaRamo = QStringLiteral(
     "PESS.FAX0_0002_PESS, PESS.DATA_ANIV, PESS.SEXO, PESS.DATA_INCL, PESS.USER_INCL, PESS.DATA_DESA, "
     "PESS.USER_DESA, ATIV.DESC_ATIV, PESS.IDCLIE, PESS.IDTRPT, PESS.IDVEND, PESS.IDMOTO, PESS.IDDECO, PESS.IDFORN, "
     "PESS.IDARQT FROM ATIV, PESS, PESS_ATIV WHERE PESS_ATIV.IDPESS = PESS.IDPESS AND PESS_ATIV.IDATIV = ATIV.IDATIV "
-    "AND (PESS.DATA_DESA IS NULL) ");
-const QString ativos = QStringLiteral("SELECT * FROM PESS WHERE DATA_DESA IS NULL ");
-const QString desativados = QStringLiteral("SELECT * FROM PESS WHERE (NOT DATA_DESA IS NULL) ");
+    "AND (PESS.DATA_DESA IS NULL) "_s;
+const QString ativos = u"SELECT * FROM PESS WHERE DATA_DESA IS NULL "_s;
+const QString desativados = u"SELECT * FROM PESS WHERE (NOT DATA_DESA IS NULL) "_s;
 
 /// One row of the option table with a text and without one, behind the piece for active persons.
 struct Linha {
@@ -79,40 +80,40 @@ class ConsultaPessoasTest : public BuscaTest, public testing::WithParamInterface
 INSTANTIATE_TEST_SUITE_P(Engines, ConsultaPessoasTest, testing::Values("FIREBIRD", "MS-SQL"));
 
 TEST_P(ConsultaPessoasTest, EveryRowOfTheOptionTable) {
-    const QString texto = QStringLiteral("  joão 10 ");
+    const QString texto = u"  joão 10 "_s;
     for (const Linha& linha : linhas) {
         SCOPED_TRACE(linha.comTexto);
         EXPECT_EQ(consulta(linha, texto, false), ativos + QString::fromUtf8(linha.comTexto));
-        EXPECT_EQ(contexto.VinculoAtual, u"N"_qs);
+        EXPECT_EQ(contexto.VinculoAtual, u"N"_s);
         EXPECT_EQ(consulta(linha, texto, true), desativados + QString::fromUtf8(linha.comTexto));
-        EXPECT_EQ(contexto.VinculoAtual, u"S"_qs);
-        EXPECT_EQ(consulta(linha, u"   "_qs, false), ativos + QString::fromUtf8(linha.semTexto));
+        EXPECT_EQ(contexto.VinculoAtual, u"S"_s);
+        EXPECT_EQ(consulta(linha, u"   "_s, false), ativos + QString::fromUtf8(linha.semTexto));
         EXPECT_EQ(consulta(linha, {}, true), desativados + QString::fromUtf8(linha.semTexto));
     }
 }
 
 TEST_P(ConsultaPessoasTest, BranchReplacesTheStatementAndLooksAtActivePersonsOnly) {
     const Linha ramo{"opRamoAtividade", "opCampoInteiro", "", ""};
-    const QString comTexto = consultaRamo + u"AND (ATIV.DESC_ATIV LIKE '%MOVEIS%') ORDER BY NOME_CONH"_qs;
-    EXPECT_EQ(consulta(ramo, u"moveis"_qs, false), comTexto);
-    EXPECT_EQ(contexto.VinculoAtual, u"N"_qs);
-    EXPECT_EQ(consulta(ramo, u"moveis"_qs, true), comTexto);
-    EXPECT_EQ(contexto.VinculoAtual, u"S"_qs);
-    EXPECT_EQ(consulta(ramo, {}, false), consultaRamo + u"ORDER BY NOME_CONH"_qs);
+    const QString comTexto = consultaRamo + u"AND (ATIV.DESC_ATIV LIKE '%MOVEIS%') ORDER BY NOME_CONH"_s;
+    EXPECT_EQ(consulta(ramo, u"moveis"_s, false), comTexto);
+    EXPECT_EQ(contexto.VinculoAtual, u"N"_s);
+    EXPECT_EQ(consulta(ramo, u"moveis"_s, true), comTexto);
+    EXPECT_EQ(contexto.VinculoAtual, u"S"_s);
+    EXPECT_EQ(consulta(ramo, {}, false), consultaRamo + u"ORDER BY NOME_CONH"_s);
 }
 
 TEST_P(ConsultaPessoasTest, WildcardsAndHyphensGoAsTheyStand) {
     const Linha nome{"opNome", "opInicialCom", "", ""};
-    EXPECT_EQ(consulta(nome, u"a%b_c-d--e"_qs, false),
-              ativos + u"AND NOME_PESS LIKE 'A%B_C-D--E%' ORDER BY NOME_PESS"_qs);
+    EXPECT_EQ(consulta(nome, u"a%b_c-d--e"_s, false),
+              ativos + u"AND NOME_PESS LIKE 'A%B_C-D--E%' ORDER BY NOME_PESS"_s);
     const QString longo(10000, u'x');
     EXPECT_EQ(consulta(nome, longo, false),
-              ativos + u"AND NOME_PESS LIKE '"_qs + longo.toUpper() + u"%' ORDER BY NOME_PESS"_qs);
+              ativos + u"AND NOME_PESS LIKE '"_s + longo.toUpper() + u"%' ORDER BY NOME_PESS"_s);
 }
 
 TEST_P(ConsultaPessoasTest, AnApostropheEndsTheProgramAndNothingOfItRuns) {
     abre<Tela>("frmBROWSE_PESSOAS", [&](Tela& tela) {
-        tela.cboCod.setText(u"x' or '1'='1"_qs);
+        tela.cboCod.setText(u"x' or '1'='1"_s);
         esquece();
         user.click(tela.cmdPesquisa);
     });

@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "search/BuscaTest.h"
 
 #include "base/RuntimeError.h"
@@ -9,7 +10,7 @@ namespace {
 using Tela = frmPESSOAS_INCL;
 using screen::Answer;
 
-const QStringList colunasDocumento{u"IDPESS"_qs, u"NOME_PESS"_qs};
+const QStringList colunasDocumento{u"IDPESS"_s, u"NOME_PESS"_s};
 
 } // namespace
 
@@ -21,41 +22,38 @@ class DuplicidadeTest : public BuscaTest {
         QList<QList<data::Value>> linhas;
         for (const char* nome : nomes)
             linhas += {number(1), text(nome)};
-        database.answer(QStringLiteral("CPF0_CNPJ='%1'").arg(QString::fromLatin1(documento)),
-                        {colunasDocumento, linhas});
+        database.answer(u"CPF0_CNPJ='%1'"_s.arg(QString::fromLatin1(documento)), {colunasDocumento, linhas});
     }
     void existeNome(const char* nome) {
-        database.answer(QStringLiteral("PESS.NOME_PESS='%1'").arg(QString::fromUtf8(nome)),
-                        {{u"idpess"_qs}, {{number(3)}}});
-        database.answer(QStringLiteral("CPF0_CNPJ FROM PESS WHERE PESS.NOME_PESS='%1'").arg(QString::fromUtf8(nome)),
-                        {{u"cpf0_cnpj"_qs}, {{text("529.982.247-25")}}});
+        database.answer(u"PESS.NOME_PESS='%1'"_s.arg(QString::fromUtf8(nome)), {{u"idpess"_s}, {{number(3)}}});
+        database.answer(u"CPF0_CNPJ FROM PESS WHERE PESS.NOME_PESS='%1'"_s.arg(QString::fromUtf8(nome)),
+                        {{u"cpf0_cnpj"_s}, {{text("529.982.247-25")}}});
     }
     void existeFantasia(const char* nome) {
-        database.answer(QStringLiteral("PESS.NOME_CONH='%1'").arg(QString::fromUtf8(nome)),
-                        {{u"idpess"_qs}, {{number(3)}}});
+        database.answer(u"PESS.NOME_CONH='%1'"_s.arg(QString::fromUtf8(nome)), {{u"idpess"_s}, {{number(3)}}});
     }
 };
 
 TEST_F(DuplicidadeTest, Load) {
     abreCheque([&](Tela& tela) {
-        EXPECT_EQ(tela.caption(), u"ERP VORTA - Nexoria - Release 2015.07.24"_qs);
-        EXPECT_EQ(tela.Label2.text(), u"Inclusão de Pessoas - Fase 1 (Verificação de Duplicidade de Cadastros)"_qs);
+        EXPECT_EQ(tela.caption(), u"ERP VORTA - Nexoria - Release 2015.07.24"_s);
+        EXPECT_EQ(tela.Label2.text(), u"Inclusão de Pessoas - Fase 1 (Verificação de Duplicidade de Cadastros)"_s);
         EXPECT_TRUE(tela.Option2.value());
-        EXPECT_EQ(tela.mskCodigo.mask(), u"###.###.###-##"_qs);
-        EXPECT_EQ(tela.mskCodigo.text(), u"___.___.___-__"_qs);
-        EXPECT_EQ(tela.cmdPesquisa.text(), u"Verificar"_qs);
-        EXPECT_EQ(tela.Command1.text(), u"Cancelar"_qs);
+        EXPECT_EQ(tela.mskCodigo.mask(), u"###.###.###-##"_s);
+        EXPECT_EQ(tela.mskCodigo.text(), u"___.___.___-__"_s);
+        EXPECT_EQ(tela.cmdPesquisa.text(), u"Verificar"_s);
+        EXPECT_EQ(tela.Command1.text(), u"Cancelar"_s);
     });
 }
 
 TEST_F(DuplicidadeTest, KindChangesTheMaskAndEmptiesTheDocument) {
     abreCheque([&](Tela& tela) {
-        user.type(tela.mskCodigo, u"52998224725"_qs);
+        user.type(tela.mskCodigo, u"52998224725"_s);
         user.click(tela.Option1);
-        EXPECT_EQ(tela.mskCodigo.mask(), u"##.###.###/####-##"_qs);
-        EXPECT_EQ(tela.mskCodigo.text(), u"__.___.___/____-__"_qs);
+        EXPECT_EQ(tela.mskCodigo.mask(), u"##.###.###/####-##"_s);
+        EXPECT_EQ(tela.mskCodigo.text(), u"__.___.___/____-__"_s);
         user.click(tela.Option2);
-        EXPECT_EQ(tela.mskCodigo.text(), u"___.___.___-__"_qs);
+        EXPECT_EQ(tela.mskCodigo.text(), u"___.___.___-__"_s);
     });
 }
 
@@ -63,15 +61,15 @@ TEST_F(DuplicidadeTest, EmptyNameAndDocumentAskTheTwoNameLookupsOnly) {
     abreCheque([&](Tela& tela) {
         esquece();
         user.click(tela.cmdPesquisa);
-        EXPECT_EQ(database.sent, (QStringList{u"SELECT IDPESS FROM PESS WHERE PESS.NOME_PESS=''"_qs,
-                                              u"SELECT IDPESS FROM PESS WHERE PESS.NOME_CONH=''"_qs}));
+        EXPECT_EQ(database.sent, (QStringList{u"SELECT IDPESS FROM PESS WHERE PESS.NOME_PESS=''"_s,
+                                              u"SELECT IDPESS FROM PESS WHERE PESS.NOME_CONH=''"_s}));
         EXPECT_TRUE(tela.lstLog.items().isEmpty());
         EXPECT_EQ(tela.mskCodigo.mask(), QString()) << "without a document the mask is not put back";
-        EXPECT_EQ(tela.mskCodigo.text(), u"___.___.___-__"_qs);
+        EXPECT_EQ(tela.mskCodigo.text(), u"___.___.___-__"_s);
         user.focus(tela.mskCodigo);
         user.focus(tela.cboCod);
         EXPECT_TRUE(tela.Option1.value()) << "leaving the field without its mask gives it the company's";
-        EXPECT_EQ(tela.mskCodigo.mask(), u"##.###.###/####-##"_qs);
+        EXPECT_EQ(tela.mskCodigo.mask(), u"##.###.###/####-##"_s);
     });
     EXPECT_TRUE(platform.boxes.empty());
     EXPECT_EQ(contexto.RetornoPesquisa, QString());
@@ -80,7 +78,7 @@ TEST_F(DuplicidadeTest, EmptyNameAndDocumentAskTheTwoNameLookupsOnly) {
 TEST_F(DuplicidadeTest, DocumentsThatCountAsNotGiven) {
     abreCheque([&](Tela& tela) {
         for (const QString& vazio :
-             {u"000.000.000-00"_qs, u"00.000.000/000-00"_qs, u"__.___.___/____-__"_qs, u"   "_qs, QString()}) {
+             {u"000.000.000-00"_s, u"00.000.000/000-00"_s, u"__.___.___/____-__"_s, u"   "_s, QString()}) {
             tela.mskCodigo.setMask({});
             tela.mskCodigo.setText(vazio);
             esquece();
@@ -88,12 +86,12 @@ TEST_F(DuplicidadeTest, DocumentsThatCountAsNotGiven) {
             EXPECT_EQ(enviados("CPF0_CNPJ").size(), 0) << vazio;
         }
         user.click(tela.Option1);
-        user.type(tela.mskCodigo, u"00000000000000"_qs);
+        user.type(tela.mskCodigo, u"00000000000000"_s);
         esquece();
         user.click(tela.cmdPesquisa);
         EXPECT_EQ(database.sent.value(0),
-                  u"SELECT PESS.IDPESS, PESS.NOME_PESS FROM PESS WHERE PESS.CPF0_CNPJ='00.000.000/0000-00'"_qs);
-        EXPECT_EQ(tela.mskCodigo.mask(), u"##.###.###/####-##"_qs);
+                  u"SELECT PESS.IDPESS, PESS.NOME_PESS FROM PESS WHERE PESS.CPF0_CNPJ='00.000.000/0000-00'"_s);
+        EXPECT_EQ(tela.mskCodigo.mask(), u"##.###.###/####-##"_s);
     });
 }
 
@@ -102,36 +100,36 @@ TEST_F(DuplicidadeTest, DocumentFound) {
     existeNome("MARIA SILVA");
     existeFantasia("MARIA SILVA");
     abreCheque([&](Tela& tela) {
-        user.type(tela.cboCod, u"outra"_qs);
-        user.type(tela.mskCodigo, u"52998224725"_qs);
+        user.type(tela.cboCod, u"outra"_s);
+        user.type(tela.mskCodigo, u"52998224725"_s);
         esquece();
         user.click(tela.cmdPesquisa);
         EXPECT_EQ(database.sent,
-                  (QStringList{u"SELECT PESS.IDPESS, PESS.NOME_PESS FROM PESS WHERE PESS.CPF0_CNPJ='529.982.247-25'"_qs,
-                               u"SELECT IDPESS FROM PESS WHERE PESS.NOME_PESS='MARIA SILVA'"_qs,
-                               u"SELECT CPF0_CNPJ FROM PESS WHERE PESS.NOME_PESS='MARIA SILVA'"_qs,
-                               u"SELECT IDPESS FROM PESS WHERE PESS.NOME_CONH='MARIA SILVA'"_qs}));
-        EXPECT_EQ(tela.cboCod.text(), u"MARIA SILVA"_qs);
-        EXPECT_EQ(tela.lstLog.items(), (QStringList{u"Já Existe Cadastro com este CNPJ/CPF"_qs, u"MARIA SILVA"_qs,
-                                                    u"Já Existe Cadastro Com Esta Razão Social"_qs,
-                                                    u"Já Existe Cadastro Com Este Nome Fantasia"_qs}));
+                  (QStringList{u"SELECT PESS.IDPESS, PESS.NOME_PESS FROM PESS WHERE PESS.CPF0_CNPJ='529.982.247-25'"_s,
+                               u"SELECT IDPESS FROM PESS WHERE PESS.NOME_PESS='MARIA SILVA'"_s,
+                               u"SELECT CPF0_CNPJ FROM PESS WHERE PESS.NOME_PESS='MARIA SILVA'"_s,
+                               u"SELECT IDPESS FROM PESS WHERE PESS.NOME_CONH='MARIA SILVA'"_s}));
+        EXPECT_EQ(tela.cboCod.text(), u"MARIA SILVA"_s);
+        EXPECT_EQ(tela.lstLog.items(), (QStringList{u"Já Existe Cadastro com este CNPJ/CPF"_s, u"MARIA SILVA"_s,
+                                                    u"Já Existe Cadastro Com Esta Razão Social"_s,
+                                                    u"Já Existe Cadastro Com Este Nome Fantasia"_s}));
         EXPECT_EQ(tela.mskCodigo.mask(), QString());
-        EXPECT_EQ(tela.mskCodigo.text(), u"529.982.247-25"_qs);
+        EXPECT_EQ(tela.mskCodigo.text(), u"529.982.247-25"_s);
     });
     EXPECT_TRUE(platform.boxes.empty());
-    EXPECT_EQ(contexto.RetornoPesquisa, u"[ID]MARIA SILVA"_qs);
+    EXPECT_EQ(contexto.RetornoPesquisa, u"[ID]MARIA SILVA"_s);
 }
 
 TEST_F(DuplicidadeTest, DoubleDocumentIsToldInTheLog) {
     existeDocumento("529.982.247-25", {"A", "B"});
     abreCheque([&](Tela& tela) {
-        user.type(tela.cboCod, u"nova"_qs);
-        user.type(tela.mskCodigo, u"52998224725"_qs);
+        user.type(tela.cboCod, u"nova"_s);
+        user.type(tela.mskCodigo, u"52998224725"_s);
         user.click(tela.cmdPesquisa);
         EXPECT_EQ(tela.lstLog.items(),
                   QStringList{u"Atenção! Você está com problemas de cadastros, duplicidades de CNPJ/CPF "
-                              "foram detectados!"_qs});
-        EXPECT_EQ(tela.cboCod.text(), u"NOVA"_qs);
+                              "foram detectados!"_s});
+        EXPECT_EQ(tela.cboCod.text(), u"NOVA"_s);
     });
     EXPECT_TRUE(platform.boxes.empty());
 }
@@ -139,11 +137,11 @@ TEST_F(DuplicidadeTest, DoubleDocumentIsToldInTheLog) {
 TEST_F(DuplicidadeTest, NamesakeShowsItsDocumentWithoutAMask) {
     existeNome("MARIA SILVA");
     abreCheque([&](Tela& tela) {
-        user.type(tela.cboCod, u"maria silva"_qs);
+        user.type(tela.cboCod, u"maria silva"_s);
         user.click(tela.cmdPesquisa);
-        EXPECT_EQ(tela.lstLog.items(), QStringList{u"Já Existe Cadastro Com Esta Razão Social"_qs});
+        EXPECT_EQ(tela.lstLog.items(), QStringList{u"Já Existe Cadastro Com Esta Razão Social"_s});
         EXPECT_EQ(tela.mskCodigo.mask(), QString());
-        EXPECT_EQ(tela.mskCodigo.text(), u"529.982.247-25"_qs);
+        EXPECT_EQ(tela.mskCodigo.text(), u"529.982.247-25"_s);
     });
     EXPECT_TRUE(platform.boxes.empty());
 }
@@ -151,74 +149,74 @@ TEST_F(DuplicidadeTest, NamesakeShowsItsDocumentWithoutAMask) {
 TEST_F(DuplicidadeTest, FreeNameAndDocumentGoToThePersonScreen) {
     platform.willAnswer(Answer::Yes);
     abreCheque([&](Tela& tela) {
-        user.type(tela.cboCod, u"maria silva "_qs);
-        user.type(tela.mskCodigo, u"52998224725"_qs);
+        user.type(tela.cboCod, u"maria silva "_s);
+        user.type(tela.mskCodigo, u"52998224725"_s);
         user.click(tela.cmdPesquisa);
         EXPECT_FALSE(tela.isLoaded());
     });
     ASSERT_EQ(platform.boxes.size(), 1u);
     EXPECT_EQ(platform.boxes[0].text,
               u"Cadastro não localizado, A Inclusão Poderá ser Realizada.\nDeseja Iniciar o "
-              "Cadastramento?\nos dados [nome] e [cnpj/cpf] serão transportados para a próxima tela."_qs);
-    EXPECT_EQ(platform.boxes[0].title, u"ERP VORTA - Nexoria - Release 2015.07.24"_qs);
+              "Cadastramento?\nos dados [nome] e [cnpj/cpf] serão transportados para a próxima tela."_s);
+    EXPECT_EQ(platform.boxes[0].title, u"ERP VORTA - Nexoria - Release 2015.07.24"_s);
     EXPECT_EQ(platform.boxes[0].buttons, screen::Buttons::YesNo);
-    EXPECT_EQ(pessoas().txtDescricao.text(), u"MARIA SILVA "_qs);
-    EXPECT_EQ(pessoas().txtNomeFantasia.text(), u"MARIA SILVA "_qs);
-    EXPECT_EQ(pessoas().cboFisJur.text(), u"Física"_qs);
-    EXPECT_EQ(pessoas().mskCodigo.text(), u"529.982.247-25"_qs);
-    EXPECT_EQ(contexto.RetornoPesquisa, u"[OK]"_qs);
+    EXPECT_EQ(pessoas().txtDescricao.text(), u"MARIA SILVA "_s);
+    EXPECT_EQ(pessoas().txtNomeFantasia.text(), u"MARIA SILVA "_s);
+    EXPECT_EQ(pessoas().cboFisJur.text(), u"Física"_s);
+    EXPECT_EQ(pessoas().mskCodigo.text(), u"529.982.247-25"_s);
+    EXPECT_EQ(contexto.RetornoPesquisa, u"[OK]"_s);
 }
 
 TEST_F(DuplicidadeTest, WithoutADocumentTheZerosGoOver) {
     platform.willAnswer(Answer::Yes);
     abreCheque([&](Tela& tela) {
-        user.type(tela.cboCod, u"a"_qs);
+        user.type(tela.cboCod, u"a"_s);
         user.click(tela.cmdPesquisa);
     });
-    EXPECT_EQ(pessoas().mskCodigo.text(), u"000.000.000-00"_qs);
+    EXPECT_EQ(pessoas().mskCodigo.text(), u"000.000.000-00"_s);
     platform.willAnswer(Answer::Yes);
     abreCheque([&](Tela& tela) {
         user.click(tela.Option1);
-        user.type(tela.cboCod, u"b"_qs);
+        user.type(tela.cboCod, u"b"_s);
         user.click(tela.cmdPesquisa);
     });
-    EXPECT_EQ(pessoas().cboFisJur.text(), u"Jurídica"_qs);
-    EXPECT_EQ(pessoas().mskCodigo.text(), u"00.000.000/0000-00"_qs);
+    EXPECT_EQ(pessoas().cboFisJur.text(), u"Jurídica"_s);
+    EXPECT_EQ(pessoas().mskCodigo.text(), u"00.000.000/0000-00"_s);
 }
 
 TEST_F(DuplicidadeTest, NoKeepsTheScreenAndWritesNothing) {
     platform.willAnswer(Answer::No);
-    contexto.RetornoPesquisa = u"[OK]"_qs;
+    contexto.RetornoPesquisa = u"[OK]"_s;
     abreCheque([&](Tela& tela) {
-        user.type(tela.cboCod, u"a"_qs);
+        user.type(tela.cboCod, u"a"_s);
         user.click(tela.cmdPesquisa);
         EXPECT_TRUE(tela.isLoaded());
         EXPECT_EQ(pessoas().txtDescricao.text(), QString());
         user.click(tela.Command1);
         EXPECT_FALSE(tela.isLoaded());
     });
-    EXPECT_EQ(contexto.RetornoPesquisa, u"[OK]"_qs) << "an earlier inclusion's answer survives a cancel";
+    EXPECT_EQ(contexto.RetornoPesquisa, u"[OK]"_s) << "an earlier inclusion's answer survives a cancel";
 }
 
 TEST_F(DuplicidadeTest, OtherCallers) {
     registraChamadora("frmClienteExpress");
-    contexto.TelaChamadora = u"frmClienteExpress"_qs;
+    contexto.TelaChamadora = u"frmClienteExpress"_s;
     platform.willAnswer(Answer::Yes);
     abreCheque([&](Tela& tela) {
-        user.type(tela.cboCod, u"x"_qs);
+        user.type(tela.cboCod, u"x"_s);
         user.click(tela.cmdPesquisa);
         EXPECT_FALSE(tela.isLoaded());
     });
-    auto& express = static_cast<TelaQueChama&>(contexto.Tela(u"frmClienteExpress"_qs));
-    EXPECT_EQ(express.txtDescricao.text(), u"X"_qs);
+    auto& express = static_cast<TelaQueChama&>(contexto.Tela(u"frmClienteExpress"_s));
+    EXPECT_EQ(express.txtDescricao.text(), u"X"_s);
     EXPECT_EQ(express.txtNomeFantasia.text(), QString());
-    EXPECT_EQ(express.mskCodigo.text(), u"000.000.000-00"_qs);
+    EXPECT_EQ(express.mskCodigo.text(), u"000.000.000-00"_s);
 
-    contexto.TelaChamadora = u"frmOutra"_qs;
+    contexto.TelaChamadora = u"frmOutra"_s;
     contexto.RetornoPesquisa.clear();
     platform.willAnswer(Answer::Yes);
     abreCheque([&](Tela& tela) {
-        user.type(tela.cboCod, u"x"_qs);
+        user.type(tela.cboCod, u"x"_s);
         user.click(tela.cmdPesquisa);
         EXPECT_TRUE(tela.isLoaded());
     });
@@ -226,10 +224,10 @@ TEST_F(DuplicidadeTest, OtherCallers) {
 }
 
 TEST_F(DuplicidadeTest, ListOfCustomersDropsDownWide) {
-    database.answer(u"FROM CLIE, PESS"_qs, {{u"NOME_PESS"_qs, u"CPF0_CNPJ"_qs, u"IDPESS"_qs, u"IDCLIE"_qs},
-                                            {{text("MARIA"), null(), number(7), number(8)}}});
+    database.answer(u"FROM CLIE, PESS"_s, {{u"NOME_PESS"_s, u"CPF0_CNPJ"_s, u"IDPESS"_s, u"IDCLIE"_s},
+                                           {{text("MARIA"), null(), number(7), number(8)}}});
     abreCheque([&](Tela& tela) {
-        tela.cboCod.setText(u" mar "_qs);
+        tela.cboCod.setText(u" mar "_s);
         esquece();
         user.dropDown(tela.cboCod);
         EXPECT_EQ(tela.cboCod.dropWidth(), 580);
@@ -238,19 +236,19 @@ TEST_F(DuplicidadeTest, ListOfCustomersDropsDownWide) {
             QStringList{
                 u"SELECT PESS.IDPESS, PESS.NOME_PESS, PESS.NOME_CONH, PESS.PSFI_PSJU, PESS.CPF0_CNPJ, CLIE.IDCLIE FROM "
                 "CLIE, PESS WHERE CLIE.IDPESS = PESS.IDPESS  AND (CLIE.DATA_DESA IS NULL) AND (PESS.NOME_PESS LIKE "
-                "'%MAR%') ORDER BY PESS.NOME_PESS"_qs});
+                "'%MAR%') ORDER BY PESS.NOME_PESS"_s});
         EXPECT_EQ(tela.cboCod.items(),
-                  QStringList{u"MARIA"_qs.leftJustified(50) + u'|' + QString(20, u' ') + u"|7         |8         "_qs});
+                  QStringList{u"MARIA"_s.leftJustified(50) + u'|' + QString(20, u' ') + u"|7         |8         "_s});
     });
 }
 
 TEST_F(DuplicidadeTest, EnterMovesOn) {
     abreCheque([&](Tela& tela) {
-        user.type(tela.cboCod, u"a"_qs);
+        user.type(tela.cboCod, u"a"_s);
         esquece();
         user.key(tela.cboCod, screen::Key::Enter);
         EXPECT_EQ(tela.focus(), &tela.Option2) << "the chosen kind of document";
-        EXPECT_EQ(tela.cboCod.text(), u"A"_qs);
+        EXPECT_EQ(tela.cboCod.text(), u"A"_s);
         user.focus(tela.cmdPesquisa);
         user.key(tela.cmdPesquisa, screen::Key::Enter);
         EXPECT_EQ(tela.focus(), &tela.Command1);
@@ -260,7 +258,7 @@ TEST_F(DuplicidadeTest, EnterMovesOn) {
 
 TEST_F(DuplicidadeTest, AnApostropheInTheNameEndsTheProgram) {
     abreCheque([&](Tela& tela) {
-        user.type(tela.cboCod, u"d'avila"_qs);
+        user.type(tela.cboCod, u"d'avila"_s);
         user.click(tela.cmdPesquisa);
     });
     EXPECT_EQ(falha(), errorNumber::StatementRefused);

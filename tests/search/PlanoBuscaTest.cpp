@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "firebird/Client.h"
 #include "firebird/EmbeddedEngine.h"
 #include "firebird/FirebirdAdapter.h"
@@ -55,7 +56,7 @@ class PlanoBusca : public BuscaTest {
                                  "'NOME ' || mod(:i * 7919, 5000), 'CONH ' "
                                  "|| :i, :i, :i, 'CIDADE ' || mod(:i, 90), 'U' || mod(:i, 27), iif(mod(:i, 20) = 0, "
                                  "date '2020-01-01', null)); i = i + 1; "
-                                 "end end"_qs));
+                                 "end end"_s));
         for (const QString& comando : kit::IndexStatements(data::Engine::Firebird, kit::Base::Main))
             motor->execute(comoTexto(comando));
     }
@@ -65,7 +66,7 @@ class PlanoBusca : public BuscaTest {
         pasta.reset();
     }
 
-    static QString arquivo() { return pasta->filePath(QStringLiteral("plano.fdb")); }
+    static QString arquivo() { return pasta->filePath(u"plano.fdb"_s); }
 
     /// The statement that the screen sends for that way of searching.
     QString consulta(Opcao forma, Opcao conteudo, const char* texto) {
@@ -100,7 +101,7 @@ class PlanoBusca : public BuscaTest {
         Colunas achados;
         motor->query(
             comoTexto(u"select s.rdb$index_name from rdb$index_segments s join rdb$indices i on i.rdb$index_name = "
-                      "s.rdb$index_name where i.rdb$relation_name = 'PESS' and s.rdb$field_name = '"_qs +
+                      "s.rdb$index_name where i.rdb$relation_name = 'PESS' and s.rdb$field_name = '"_s +
                       QString::fromLatin1(coluna) + u'\''),
             achados);
         return achados.textos.value(0);
@@ -137,7 +138,7 @@ TEST_F(PlanoBusca, BeginningAndWholeFieldUseTheIndex) {
 
 TEST_F(PlanoBusca, ATextAnywhereWalksTheIndexOfItsOrder) {
     const QString usado = plano(consulta(&Tela::opNome, &Tela::opQualquerParte, "nome"));
-    EXPECT_TRUE(usado.contains(u"ORDER "_qs + indiceDe("NOME_PESS"))) << usado;
+    EXPECT_TRUE(usado.contains(u"ORDER "_s + indiceDe("NOME_PESS"))) << usado;
 }
 
 } // namespace vorta::test

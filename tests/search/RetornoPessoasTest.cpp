@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "search/BuscaTest.h"
 
 #include "base/RuntimeError.h"
@@ -8,8 +9,8 @@ namespace {
 
 using Tela = frmBROWSE_PESSOAS;
 
-const QStringList colunas{u"IDPESS"_qs,         u"CPF0_CNPJ"_qs, u"NOME_PESS"_qs,     u"NOME_CONH"_qs,
-                          u"TELE_0001_PESS"_qs, u"DATA_DESA"_qs, u"PESS_CODI_EXTE"_qs};
+const QStringList colunas{u"IDPESS"_s,         u"CPF0_CNPJ"_s, u"NOME_PESS"_s,     u"NOME_CONH"_s,
+                          u"TELE_0001_PESS"_s, u"DATA_DESA"_s, u"PESS_CODI_EXTE"_s};
 
 /// A caller of another program with the fields that the contract may write.
 class TelaAlheia : public screen::Screen {
@@ -37,16 +38,16 @@ class RetornoPessoasTest : public BuscaTest {
   protected:
     RetornoPessoasTest() {
         database.answer(
-            u"FROM PESS WHERE"_qs,
+            u"FROM PESS WHERE"_s,
             {colunas,
              {{number(10), text("11.111.111/0001-11"), text("ALFA"), text("ALFA C"), null(), null(), null()},
               {number(20), text("22.222.222/0001-22"), text("BETA"), text("BETA C"), null(), null(), null()},
               {number(30), text("33"), text("GAMA"), text("GAMA C"), null(), null(), null()}}});
-        database.answer(u"FROM CLIE WHERE IDPESS"_qs, {{u"idclie"_qs}, {{number(77)}}});
-        database.answer(u"FROM FORN WHERE IDPESS"_qs, {{u"idforn"_qs}, {{number(88)}}});
-        database.answer(u"PESS.NOME_PESS='BETA'"_qs, {{u"idforn"_qs}, {{number(99)}}});
-        database.answer(u"SELECT TABE_PREC"_qs, {{u"tabe_prec"_qs}, {{text("TABELA B")}}});
-        database.answer(u"SELECT PESS.IDVEND"_qs, {{u"idvend"_qs}, {{number(5)}}});
+        database.answer(u"FROM CLIE WHERE IDPESS"_s, {{u"idclie"_s}, {{number(77)}}});
+        database.answer(u"FROM FORN WHERE IDPESS"_s, {{u"idforn"_s}, {{number(88)}}});
+        database.answer(u"PESS.NOME_PESS='BETA'"_s, {{u"idforn"_s}, {{number(99)}}});
+        database.answer(u"SELECT TABE_PREC"_s, {{u"tabe_prec"_s}, {{text("TABELA B")}}});
+        database.answer(u"SELECT PESS.IDVEND"_s, {{u"idvend"_s}, {{number(5)}}});
     }
 
     void abreBusca(const std::function<void(Tela&)>& faz) { abre<Tela>("frmBROWSE_PESSOAS", faz); }
@@ -60,9 +61,9 @@ TEST_F(RetornoPessoasTest, TheChoiceGoesIntoTheSearchKeyOfThePersonScreen) {
         escolhe(tela, 2);
         EXPECT_FALSE(tela.isLoaded());
     });
-    EXPECT_EQ(pessoas().txtRowID.text(), u"20"_qs);
+    EXPECT_EQ(pessoas().txtRowID.text(), u"20"_s);
     EXPECT_EQ(pessoas().focus(), &pessoas().txtRowID);
-    EXPECT_EQ(contexto.VinculoAtual, u" "_qs);
+    EXPECT_EQ(contexto.VinculoAtual, u" "_s);
 }
 
 TEST_F(RetornoPessoasTest, HeaderRowChangesNothing) {
@@ -72,14 +73,14 @@ TEST_F(RetornoPessoasTest, HeaderRowChangesNothing) {
         EXPECT_TRUE(tela.isLoaded());
         EXPECT_EQ(contexto.UltimaFormaBusca, QString());
         EXPECT_EQ(contexto.UltimoVisualiza, QString());
-        EXPECT_EQ(contexto.VinculoAtual, u"N"_qs);
+        EXPECT_EQ(contexto.VinculoAtual, u"N"_s);
     });
     EXPECT_EQ(pessoas().txtRowID.text(), QString());
 }
 
 TEST_F(RetornoPessoasTest, TheLastSearchComesBack) {
     abreBusca([&](Tela& tela) {
-        tela.cboCod.setText(u" bet "_qs);
+        tela.cboCod.setText(u" bet "_s);
         tela.opFantasia.setValue(true);
         tela.opCampoInteiro.setValue(true);
         tela.opCliente.setValue(true);
@@ -87,19 +88,19 @@ TEST_F(RetornoPessoasTest, TheLastSearchComesBack) {
         tela.Flex.setTopRow(3);
         escolhe(tela, 3);
     });
-    EXPECT_EQ(contexto.UltimaFormaBusca, u"opFantasia"_qs);
-    EXPECT_EQ(contexto.UltimoConteudoBusca, u"opCampoInteiro"_qs);
-    EXPECT_EQ(contexto.UltimoTextoBusca, u" BET "_qs) << "leaving the text put it in capitals, its blanks stay";
-    EXPECT_EQ(contexto.UltimoVisualiza, u"Não"_qs);
-    EXPECT_EQ(contexto.UltimoPapelBusca, u"opCliente"_qs);
+    EXPECT_EQ(contexto.UltimaFormaBusca, u"opFantasia"_s);
+    EXPECT_EQ(contexto.UltimoConteudoBusca, u"opCampoInteiro"_s);
+    EXPECT_EQ(contexto.UltimoTextoBusca, u" BET "_s) << "leaving the text put it in capitals, its blanks stay";
+    EXPECT_EQ(contexto.UltimoVisualiza, u"Não"_s);
+    EXPECT_EQ(contexto.UltimoPapelBusca, u"opCliente"_s);
     EXPECT_EQ(contexto.TopoGridBusca, 3);
     esquece();
     abreBusca([&](Tela& tela) {
         EXPECT_TRUE(tela.opFantasia.value() && tela.opCampoInteiro.value() && tela.opCliente.value());
-        EXPECT_EQ(tela.cboCod.text(), u" BET "_qs);
+        EXPECT_EQ(tela.cboCod.text(), u" BET "_s);
         EXPECT_EQ(enviados("FROM PESS WHERE"),
                   QStringList{u"SELECT * FROM PESS WHERE DATA_DESA IS NULL AND NOME_CONH = 'BET' "
-                              "ORDER BY NOME_CONH"_qs});
+                              "ORDER BY NOME_CONH"_s});
         EXPECT_EQ(tela.Flex.Rows(), 4);
         EXPECT_EQ(tela.Flex.TopRow(), 3);
     });
@@ -107,7 +108,7 @@ TEST_F(RetornoPessoasTest, TheLastSearchComesBack) {
 
 TEST_F(RetornoPessoasTest, CodesAndSomeRolesAreNotRemembered) {
     abreBusca([&](Tela& tela) {
-        tela.cboCod.setText(u"2"_qs);
+        tela.cboCod.setText(u"2"_s);
         tela.opCodInterno.setValue(true);
         tela.opInicialCom.setValue(true);
         user.click(tela.cmdPesquisa);
@@ -120,27 +121,27 @@ TEST_F(RetornoPessoasTest, CodesAndSomeRolesAreNotRemembered) {
         EXPECT_TRUE(tela.opNome.value() && tela.opQualquerParte.value() && tela.opTodos.value());
         EXPECT_EQ(
             enviados("FROM PESS WHERE"),
-            QStringList{u"SELECT * FROM PESS WHERE DATA_DESA IS NULL AND NOME_PESS LIKE '%2%' ORDER BY NOME_PESS"_qs});
+            QStringList{u"SELECT * FROM PESS WHERE DATA_DESA IS NULL AND NOME_PESS LIKE '%2%' ORDER BY NOME_PESS"_s});
     });
 }
 
 TEST_F(RetornoPessoasTest, RolesThatNothingStores) {
-    database.answer(u"FROM ARQT WHERE IDPESS"_qs, {{u"idarqt"_qs}, {{number(3)}}});
+    database.answer(u"FROM ARQT WHERE IDPESS"_s, {{u"idarqt"_s}, {{number(3)}}});
     abreBusca([&](Tela& tela) {
         tela.opArquiteto.setValue(true);
         user.click(tela.cmdPesquisa);
         escolhe(tela, 1);
     });
     EXPECT_EQ(contexto.UltimoPapelBusca, QString());
-    contexto.UltimoPapelBusca = u"opArquiteto"_qs;
+    contexto.UltimoPapelBusca = u"opArquiteto"_s;
     abreBusca([&](Tela& tela) { EXPECT_TRUE(tela.opArquiteto.value()) << "it is known when it stands there"; });
-    contexto.UltimoPapelBusca = u"opDecorador"_qs;
+    contexto.UltimoPapelBusca = u"opDecorador"_s;
     abreBusca([&](Tela& tela) { EXPECT_TRUE(tela.opTodos.value()); });
 }
 
 TEST_F(RetornoPessoasTest, ARememberedCheckSearchesTwice) {
-    contexto.UltimoVisualiza = u"Sim"_qs;
-    contexto.UltimoPapelBusca = u"opVendedor"_qs;
+    contexto.UltimoVisualiza = u"Sim"_s;
+    contexto.UltimoPapelBusca = u"opVendedor"_s;
     abreBusca([&](Tela& tela) {
         EXPECT_TRUE(tela.chkVisualiza.checked());
         EXPECT_EQ(enviados("FROM PESS WHERE (NOT DATA_DESA IS NULL)").size(), 2);
@@ -172,9 +173,9 @@ TEST_F(RetornoPessoasTest, RoleWordPresetsOneOption) {
                                                                  {"CLIENTEEXPRESS", "opCliente"},
                                                                  {"PROSPECTEXPRESS", "opProspect"},
                                                                  {"MOTORISTATRELOGA", "opMotorista"}};
-    const QStringList papeis{u"opTodos"_qs,          u"opCliente"_qs,   u"opFornecedor"_qs,
-                             u"opTransportadora"_qs, u"opVendedor"_qs,  u"opMotorista"_qs,
-                             u"opArquiteto"_qs,      u"opDecorador"_qs, u"opProspect"_qs};
+    const QStringList papeis{u"opTodos"_s,          u"opCliente"_s,   u"opFornecedor"_s,
+                             u"opTransportadora"_s, u"opVendedor"_s,  u"opMotorista"_s,
+                             u"opArquiteto"_s,      u"opDecorador"_s, u"opProspect"_s};
     for (const auto& [palavra, opcao] : casos) {
         contexto.TipoConsulta = QString::fromLatin1(palavra);
         abreBusca([&, opcao = QString::fromLatin1(opcao)](Tela& tela) {
@@ -185,13 +186,13 @@ TEST_F(RetornoPessoasTest, RoleWordPresetsOneOption) {
             }
         });
     }
-    contexto.TipoConsulta = u"cliente"_qs;
+    contexto.TipoConsulta = u"cliente"_s;
     abreBusca([&](Tela& tela) { EXPECT_TRUE(tela.opTodos.value() && tela.opVendedor.enabled()); });
 }
 
 TEST_F(RetornoPessoasTest, TheRememberedRoleWinsOverTheRoleWord) {
-    contexto.TipoConsulta = u"CLIENTE"_qs;
-    contexto.UltimoPapelBusca = u"opTodos"_qs;
+    contexto.TipoConsulta = u"CLIENTE"_s;
+    contexto.UltimoPapelBusca = u"opTodos"_s;
     abreBusca([&](Tela& tela) {
         EXPECT_TRUE(tela.opTodos.value());
         EXPECT_FALSE(tela.opTodos.enabled());
@@ -199,12 +200,12 @@ TEST_F(RetornoPessoasTest, TheRememberedRoleWinsOverTheRoleWord) {
 }
 
 TEST_F(RetornoPessoasTest, ContractTowardsTheOtherPrograms) {
-    const QStringList rotulos{u"lblCliente=BETA"_qs, u"lblCNPJCPF=22.222.222/0001-22"_qs, u"lblidPess=20"_qs,
-                              u"lblIDCliente=77"_qs};
-    const QStringList pedido = rotulos + QStringList{u"cboTabelaPrecos=TABELA B"_qs, u"cboVendedor=5"_qs};
-    const QStringList rowId{u"txtRowID=20"_qs};
-    const QStringList idCliente{u"txtIdCliente=20"_qs};
-    const QStringList documento{u"mskCodigo=22.222.222/0001-22"_qs};
+    const QStringList rotulos{u"lblCliente=BETA"_s, u"lblCNPJCPF=22.222.222/0001-22"_s, u"lblidPess=20"_s,
+                              u"lblIDCliente=77"_s};
+    const QStringList pedido = rotulos + QStringList{u"cboTabelaPrecos=TABELA B"_s, u"cboVendedor=5"_s};
+    const QStringList rowId{u"txtRowID=20"_s};
+    const QStringList idCliente{u"txtIdCliente=20"_s};
+    const QStringList documento{u"mskCodigo=22.222.222/0001-22"_s};
     const CasoContrato casos[]{
         {"frmOrcamento", "", idCliente, "txtIdCliente"},
         {"frmPedido", "CLIENTE", pedido, nullptr},
@@ -213,8 +214,8 @@ TEST_F(RetornoPessoasTest, ContractTowardsTheOtherPrograms) {
         {"frmBuffetAtendimento", "CLIENTE", pedido, nullptr},
         {"frmCartaCreditoClie", "CLIENTE", rotulos, nullptr},
         {"frmPedidoExpressCash", "CLIENTE", rotulos, nullptr},
-        {"frmAgendaCliente", "", {u"cboCliente=BETA"_qs}, nullptr},
-        {"frmRelaPedidos", "CLIENTE", {u"lblCliente=BETA"_qs}, nullptr},
+        {"frmAgendaCliente", "", {u"cboCliente=BETA"_s}, nullptr},
+        {"frmRelaPedidos", "CLIENTE", {u"lblCliente=BETA"_s}, nullptr},
         {"frmCliente", "", rowId, "txtRowID"},
         {"frmClienteExpress", "", rowId, "txtRowID"},
         {"frmProspectExpress", "", rowId, "txtRowID"},
@@ -231,20 +232,20 @@ TEST_F(RetornoPessoasTest, ContractTowardsTheOtherPrograms) {
         {"frmRelPedCanc", "", rowId, "txtRowID"},
         {"frmCompras",
          "FORNECEDOR",
-         {u"txtIdFornecedor=20"_qs, u"lblFornecedor=BETA"_qs, u"txtObservacao="_qs},
+         {u"txtIdFornecedor=20"_s, u"lblFornecedor=BETA"_s, u"txtObservacao="_s},
          "txtObservacao"},
         {"frmRecebi",
          "FORNECEDOR",
-         {u"txtIdFornecedor=20"_qs, u"lblFornecedor=BETA"_qs, u"lblCNPJ=22.222.222/0001-22"_qs, u"txtOrdemCompra="_qs},
+         {u"txtIdFornecedor=20"_s, u"lblFornecedor=BETA"_s, u"lblCNPJ=22.222.222/0001-22"_s, u"txtOrdemCompra="_s},
          "txtOrdemCompra"},
-        {"frmCPagar", "FORNECEDOR", {u"txtIdFornecedor=99"_qs, u"lblFornecedor=BETA"_qs}, "txtIdFornecedor"},
-        {"frmCReceber", "CLIENTE", {u"txtIdCliente=77"_qs}, "txtIdCliente"},
+        {"frmCPagar", "FORNECEDOR", {u"txtIdFornecedor=99"_s, u"lblFornecedor=BETA"_s}, "txtIdFornecedor"},
+        {"frmCReceber", "CLIENTE", {u"txtIdCliente=77"_s}, "txtIdCliente"},
         {"frmNFGenerica",
          "CLIENTE",
-         {u"txtRemetente="_qs, u"txtEndereco="_qs, u"cboCidade="_qs, u"txtCEP="_qs, u"txtUF="_qs, u"txtCNPJ="_qs,
-          u"txtIE="_qs, u"txtBairro="_qs},
+         {u"txtRemetente="_s, u"txtEndereco="_s, u"cboCidade="_s, u"txtCEP="_s, u"txtUF="_s, u"txtCNPJ="_s, u"txtIE="_s,
+          u"txtBairro="_s},
          "txtRemetente"},
-        {"frmEnviaEmailOrcaPedi", "", {u"txtCodigo=20"_qs}, "txtCodigo"},
+        {"frmEnviaEmailOrcaPedi", "", {u"txtCodigo=20"_s}, "txtCodigo"},
     };
     for (const CasoContrato& caso : casos) {
         SCOPED_TRACE(caso.chamadora);
@@ -272,30 +273,29 @@ TEST_F(RetornoPessoasTest, ContractTowardsTheOtherPrograms) {
 }
 
 TEST_F(RetornoPessoasTest, InvoiceTakesEightFieldsOfTheCustomerInTheirOrder) {
-    const QStringList campos{u"txtRemetente"_qs, u"txtEndereco"_qs, u"cboCidade"_qs, u"txtCEP"_qs,
-                             u"txtUF"_qs,        u"txtCNPJ"_qs,     u"txtIE"_qs,     u"txtBairro"_qs};
-    contexto.RegistraTela(u"frmNFGenerica"_qs, [=](ContextoExecucao& dono) {
-        return std::make_unique<TelaAlheia>(dono, u"frmNFGenerica"_qs, campos);
+    const QStringList campos{u"txtRemetente"_s, u"txtEndereco"_s, u"cboCidade"_s, u"txtCEP"_s,
+                             u"txtUF"_s,        u"txtCNPJ"_s,     u"txtIE"_s,     u"txtBairro"_s};
+    contexto.RegistraTela(u"frmNFGenerica"_s, [=](ContextoExecucao& dono) {
+        return std::make_unique<TelaAlheia>(dono, u"frmNFGenerica"_s, campos);
     });
-    const QStringList dados{u"NOME_PESS"_qs,           u"ENDE_COML_PESS"_qs, u"CIDA_COML_PESS"_qs,
-                            u"UF00_COML_PESS"_qs,      u"CEP0_COML_PESS"_qs, u"RG00_IE00"_qs,
-                            u"cpf0_cnpj"_qs,           u"BAIR_COML_PESS"_qs, u"NUME_COML_PESS"_qs,
-                            u"CODI_MUNI_COML_PESS"_qs, u"TELE_0001_PESS"_qs, u"psFI_psJU"_qs,
-                            u"CMPL_COML_PESS"_qs,      u"EMAI_PESS"_qs,      u"TELE_0002_PESS"_qs,
-                            u"FAX0_0002_PESS"_qs,      u"NOME_CONH"_qs,      u"IDPESS"_qs};
+    const QStringList dados{
+        u"NOME_PESS"_s,      u"ENDE_COML_PESS"_s, u"CIDA_COML_PESS"_s, u"UF00_COML_PESS"_s, u"CEP0_COML_PESS"_s,
+        u"RG00_IE00"_s,      u"cpf0_cnpj"_s,      u"BAIR_COML_PESS"_s, u"NUME_COML_PESS"_s, u"CODI_MUNI_COML_PESS"_s,
+        u"TELE_0001_PESS"_s, u"psFI_psJU"_s,      u"CMPL_COML_PESS"_s, u"EMAI_PESS"_s,      u"TELE_0002_PESS"_s,
+        u"FAX0_0002_PESS"_s, u"NOME_CONH"_s,      u"IDPESS"_s};
     QList<data::Value> linha;
     for (int campo = 1; campo <= dados.size(); ++campo)
-        linha += data::Value(QStringLiteral("c%1").arg(campo));
-    database.answer(u"CLIE.IDCLIE = '77'"_qs, {dados, {linha}});
-    contexto.TelaChamadora = u"frmNFGenerica"_qs;
-    contexto.TipoConsulta = u"CLIENTE"_qs;
+        linha += data::Value(u"c%1"_s.arg(campo));
+    database.answer(u"CLIE.IDCLIE = '77'"_s, {dados, {linha}});
+    contexto.TelaChamadora = u"frmNFGenerica"_s;
+    contexto.TipoConsulta = u"CLIENTE"_s;
     abreBusca([&](Tela& tela) {
         user.click(tela.cmdPesquisa);
         escolhe(tela, 2);
     });
     ASSERT_EQ(falha(), 0);
     for (int campo = 0; campo < campos.size(); ++campo)
-        EXPECT_EQ(contexto.Tela(u"frmNFGenerica"_qs).field(campos[campo]).text(), QStringLiteral("c%1").arg(campo + 1));
+        EXPECT_EQ(contexto.Tela(u"frmNFGenerica"_s).field(campos[campo]).text(), u"c%1"_s.arg(campo + 1));
     EXPECT_EQ(enviados("CLIE.IDCLIE = '77'").size(), 1);
 }
 
@@ -315,14 +315,14 @@ TEST_F(RetornoPessoasTest, WithoutTheRoleSomeCallersCloseAndSomeStayOpen) {
             user.click(tela.cmdPesquisa);
             escolhe(tela, 1);
             EXPECT_TRUE(tela.isLoaded()) << nome;
-            EXPECT_EQ(contexto.UltimoPapelBusca, u"opTodos"_qs) << "the choice is remembered all the same";
+            EXPECT_EQ(contexto.UltimoPapelBusca, u"opTodos"_s) << "the choice is remembered all the same";
         });
     }
     EXPECT_EQ(falha(), 0);
 }
 
 TEST_F(RetornoPessoasTest, ACallerThatIsNoScreenOfThisProgramIsAMissingObject) {
-    contexto.TelaChamadora = u"frmOrcamento"_qs;
+    contexto.TelaChamadora = u"frmOrcamento"_s;
     abreBusca([&](Tela& tela) {
         user.click(tela.cmdPesquisa);
         escolhe(tela, 1);
@@ -332,10 +332,10 @@ TEST_F(RetornoPessoasTest, ACallerThatIsNoScreenOfThisProgramIsAMissingObject) {
 }
 
 TEST_F(RetornoPessoasTest, ACallerWithoutTheFieldFailsAtThatLine) {
-    contexto.RegistraTela(u"frmOrcamento"_qs, [](ContextoExecucao& dono) {
-        return std::make_unique<TelaAlheia>(dono, u"frmOrcamento"_qs, QStringList{u"outro"_qs});
+    contexto.RegistraTela(u"frmOrcamento"_s, [](ContextoExecucao& dono) {
+        return std::make_unique<TelaAlheia>(dono, u"frmOrcamento"_s, QStringList{u"outro"_s});
     });
-    contexto.TelaChamadora = u"frmOrcamento"_qs;
+    contexto.TelaChamadora = u"frmOrcamento"_s;
     abreBusca([&](Tela& tela) {
         user.click(tela.cmdPesquisa);
         escolhe(tela, 1);

@@ -1,4 +1,5 @@
 #include "shared/Consultas.h"
+#include "base/Literals.h"
 
 #include "support/World.h"
 
@@ -22,11 +23,11 @@ struct Consulta {
 
 template <auto funcao>
 QString inteiro(C& contexto) {
-    return QString::number(funcao(contexto, QStringLiteral("Ação 1")));
+    return QString::number(funcao(contexto, u"Ação 1"_s));
 }
 template <auto funcao>
 QString texto(C& contexto) {
-    return funcao(contexto, QStringLiteral("7"));
+    return funcao(contexto, u"7"_s);
 }
 
 const std::vector<Consulta> consultas{
@@ -36,7 +37,7 @@ const std::vector<Consulta> consultas{
     {"IdBanco", inteiro<IdBanco>, "SELECT IDBANC FROM BANC WHERE NOME_BANC='AÇÃO 1'", "idbanc", "0"},
     {"IdTipoCliente", inteiro<IdTipoCliente>, "SELECT IDTIPO_CLIE FROM TIPO_CLIE WHERE DESC_TIPO_CLIE='AÇÃO 1'",
      "idtipo_clie", "0"},
-    {"IdTipoProduto", [](C& contexto) { return QString::number(IdTipoProduto(contexto, u" caixa "_qs)); },
+    {"IdTipoProduto", [](C& contexto) { return QString::number(IdTipoProduto(contexto, u" caixa "_s)); },
      "SELECT IDTIPO_PROD FROM TIPO_PROD WHERE DESC_TIPO_PROD='CAIXA'", "idtipo_prod", "0"},
     {"IdTransportadora", inteiro<IdTransportadora>,
      "SELECT TRPT.IDTRPT FROM TRPT, PESS WHERE PESS.IDPESS = TRPT.IDPESS AND PESS.NOME_CONH='AÇÃO 1'", "idTRPT", "0"},
@@ -52,7 +53,7 @@ const std::vector<Consulta> consultas{
      "SELECT IDPESS, PESS_CODI_EXTE FROM PESS WHERE PESS.PESS_CODI_EXTE='AÇÃO 1'", "IDPESS", "0", true},
     {"IdAtividade", inteiro<IdAtividade>,
      "SELECT ativ.idativ, ativ.desc_ativ FROM ativ WHERE (ativ.desc_ativ='Ação 1')", "idAtiv", "0"},
-    {"IdRegimeEspecial", [](C& contexto) { return IdRegimeEspecial(contexto, u"Ação 1"_qs); },
+    {"IdRegimeEspecial", [](C& contexto) { return IdRegimeEspecial(contexto, u"Ação 1"_s); },
      "SELECT IDREGI_ESPE_ICMS FROM REGI_ESPE_ICMS WHERE DESC_REGI_ESPE_ICMS = 'AÇÃO 1'", "idregi_espe_icms", ""},
     {"DescricaoAtividade", [](C& contexto) { return DescricaoAtividade(contexto, 7); },
      "SELECT desc_ativ From ativ Where idativ = 7", "desc_ativ", ""},
@@ -67,7 +68,7 @@ const std::vector<Consulta> consultas{
      "SELECT PESS.NOME_CONH FROM PESS, VEND WHERE PESS.IDPESS = VEND.IDPESS AND VEND.IDVEND =7", "NOME_CONH", ""},
     {"DescricaoRegimeEspecial", texto<DescricaoRegimeEspecial>,
      "SELECT DESC_REGI_ESPE_ICMS FROM REGI_ESPE_ICMS WHERE IDREGI_ESPE_ICMS =7", "Desc_regi_espe_icms", ""},
-    {"MarcaProduto", [](C& contexto) { return QString::number(MarcaProduto(contexto, u"7"_qs)); },
+    {"MarcaProduto", [](C& contexto) { return QString::number(MarcaProduto(contexto, u"7"_s)); },
      "SELECT IDMARC FROM PROD WHERE IDPROD='7'", "idmarc", "0", true},
     {"CodigoExternoPessoa", texto<CodigoExternoPessoa>, "SELECT IDPESS, PESS_CODI_EXTE FROM PESS WHERE PESS.IDPESS='7'",
      "pess_codi_exte", "", true},
@@ -77,14 +78,14 @@ const std::vector<Consulta> consultas{
      "SELECT TABE_PREC FROM PESS, CLIE WHERE PESS.IDPESS = CLIE.IDPESS AND CLIE.IDCLIE=7", "tabe_prec", "0", true},
     {"VendedorCliente", texto<VendedorCliente>,
      "SELECT PESS.IDVEND FROM PESS, CLIE WHERE PESS.IDPESS = CLIE.IDPESS AND CLIE.IDCLIE=7", "idvend", "0", true},
-    {"RetornaDocumentoPessoa by id", [](C& contexto) { return RetornaDocumentoPessoa(contexto, u"7"_qs, u"MARIA"_qs); },
+    {"RetornaDocumentoPessoa by id", [](C& contexto) { return RetornaDocumentoPessoa(contexto, u"7"_s, u"MARIA"_s); },
      "SELECT CPF0_CNPJ FROM PESS WHERE PESS.IDPESS='7'", "cpf0_cnpj", "", true},
-    {"RetornaDocumentoPessoa by name", [](C& contexto) { return RetornaDocumentoPessoa(contexto, {}, u"Maria"_qs); },
+    {"RetornaDocumentoPessoa by name", [](C& contexto) { return RetornaDocumentoPessoa(contexto, {}, u"Maria"_s); },
      "SELECT CPF0_CNPJ FROM PESS WHERE PESS.NOME_PESS='MARIA'", "cpf0_cnpj", "", true},
     {"CodigoMunicipio",
      [](C& contexto) {
-         QString cidade = QStringLiteral(" Santos ");
-         return CodigoMunicipio(contexto, cidade, u" SP "_qs);
+         QString cidade = u" Santos "_s;
+         return CodigoMunicipio(contexto, cidade, u" SP "_s);
      },
      "SELECT CODI_MUNI_IBGE FROM MUNI_IBGE WHERE DESC_MUNI_IBGE = 'SANTOS' AND UF00_MUNI_IBGE = 'SP'", "codi_muni_ibge",
      ""},
@@ -113,8 +114,8 @@ TEST(Consultas, ARowGivesItsColumn) {
     for (const Consulta& consulta : consultas) {
         World mundo;
         mundo.connect();
-        mundo.database.answer(u""_qs, {{u"outra"_qs, QString::fromUtf8(consulta.coluna)}, {{text("x"), number(42)}}});
-        EXPECT_EQ(consulta.chama(mundo.contexto), u"42"_qs) << consulta.nome;
+        mundo.database.answer(u""_s, {{u"outra"_s, QString::fromUtf8(consulta.coluna)}, {{text("x"), number(42)}}});
+        EXPECT_EQ(consulta.chama(mundo.contexto), u"42"_s) << consulta.nome;
     }
 }
 
@@ -122,7 +123,7 @@ TEST(Consultas, ANullIsForgivenWhereForeseenOnly) {
     for (const Consulta& consulta : consultas) {
         World mundo;
         mundo.connect();
-        mundo.database.answer(u""_qs, {{QString::fromUtf8(consulta.coluna)}, {{null()}}});
+        mundo.database.answer(u""_s, {{QString::fromUtf8(consulta.coluna)}, {{null()}}});
         QString resultado;
         const int erro = errorOf([&] { resultado = consulta.chama(mundo.contexto); });
         EXPECT_EQ(erro, consulta.nuloSeguro ? 0 : errorNumber::InvalidNull) << consulta.nome;
@@ -137,7 +138,7 @@ TEST(Consultas, AFailureIsNotCaught) {
         World mundo;
         EXPECT_EQ(errorOf([&] { consulta.chama(mundo.contexto); }), errorNumber::ObjectNotSet) << consulta.nome;
         mundo.connect();
-        mundo.database.fail(u""_qs, errorNumber::StatementRefused);
+        mundo.database.fail(u""_s, errorNumber::StatementRefused);
         EXPECT_EQ(errorOf([&] { consulta.chama(mundo.contexto); }), errorNumber::StatementRefused) << consulta.nome;
     }
 }
@@ -145,42 +146,42 @@ TEST(Consultas, AFailureIsNotCaught) {
 TEST(Consultas, AnApostropheBreaksItsOwnLookupOnly) {
     World mundo;
     mundo.connect();
-    EXPECT_EQ(errorOf([&] { IdBanco(mundo.contexto, u"D'AVILA"_qs); }), errorNumber::StatementRefused);
-    EXPECT_EQ(errorOf([&] { IdBanco(mundo.contexto, u"x' or '1'='1"_qs); }), errorNumber::StatementRefused);
+    EXPECT_EQ(errorOf([&] { IdBanco(mundo.contexto, u"D'AVILA"_s); }), errorNumber::StatementRefused);
+    EXPECT_EQ(errorOf([&] { IdBanco(mundo.contexto, u"x' or '1'='1"_s); }), errorNumber::StatementRefused);
     EXPECT_TRUE(mundo.database.sent.isEmpty());
 }
 
 TEST(Consultas, TheCapitalOfSaoPauloGetsItsAccent) {
     World mundo;
     mundo.connect();
-    QString cidade = QStringLiteral("SAO PAULO");
-    CodigoMunicipio(mundo.contexto, cidade, u"SP"_qs);
-    EXPECT_EQ(cidade, u"São Paulo"_qs);
+    QString cidade = u"SAO PAULO"_s;
+    CodigoMunicipio(mundo.contexto, cidade, u"SP"_s);
+    EXPECT_EQ(cidade, u"São Paulo"_s);
     EXPECT_EQ(mundo.database.sent.last(),
-              u"SELECT CODI_MUNI_IBGE FROM MUNI_IBGE WHERE DESC_MUNI_IBGE = 'SÃO PAULO' AND UF00_MUNI_IBGE = 'SP'"_qs);
-    cidade = QStringLiteral("SAO PAULO ");
-    CodigoMunicipio(mundo.contexto, cidade, u"SP"_qs);
-    EXPECT_EQ(cidade, u"SAO PAULO "_qs);
+              u"SELECT CODI_MUNI_IBGE FROM MUNI_IBGE WHERE DESC_MUNI_IBGE = 'SÃO PAULO' AND UF00_MUNI_IBGE = 'SP'"_s);
+    cidade = u"SAO PAULO "_s;
+    CodigoMunicipio(mundo.contexto, cidade, u"SP"_s);
+    EXPECT_EQ(cidade, u"SAO PAULO "_s);
 }
 
 TEST(Consultas, CustomerExists) {
     World mundo;
     mundo.connect();
-    EXPECT_FALSE(ClienteExiste(mundo.contexto, u"7"_qs));
-    EXPECT_EQ(mundo.database.sent, QStringList(u"SELECT * From clie WHERE idClie=7"_qs));
-    mundo.database.answer(u"From clie"_qs, {{u"idclie"_qs}, {{number(7)}}});
-    EXPECT_TRUE(ClienteExiste(mundo.contexto, u"7"_qs));
+    EXPECT_FALSE(ClienteExiste(mundo.contexto, u"7"_s));
+    EXPECT_EQ(mundo.database.sent, QStringList(u"SELECT * From clie WHERE idClie=7"_s));
+    mundo.database.answer(u"From clie"_s, {{u"idclie"_s}, {{number(7)}}});
+    EXPECT_TRUE(ClienteExiste(mundo.contexto, u"7"_s));
 }
 
 TEST(Consultas, PostalCodesAreActiveForACapitalSOnly) {
     World mundo;
     mundo.connect();
     EXPECT_FALSE(CepAtivo(mundo.contexto));
-    EXPECT_EQ(mundo.database.sent, QStringList(u"SELECT STAT_CEP8 FROM EMPR WHERE DATA_DESA IS NULL"_qs));
+    EXPECT_EQ(mundo.database.sent, QStringList(u"SELECT STAT_CEP8 FROM EMPR WHERE DATA_DESA IS NULL"_s));
     const std::vector<std::pair<data::Value, bool>> casos{
         {text("S"), true}, {text("s"), false}, {text("N"), false}, {text(""), false}, {null(), false}};
     for (const auto& [valor, ativo] : casos) {
-        mundo.database.answer(u"STAT_CEP8"_qs, {{u"STAT_CEP8"_qs}, {{valor}}});
+        mundo.database.answer(u"STAT_CEP8"_s, {{u"STAT_CEP8"_s}, {{valor}}});
         EXPECT_EQ(CepAtivo(mundo.contexto), ativo);
     }
 }
@@ -188,58 +189,58 @@ TEST(Consultas, PostalCodesAreActiveForACapitalSOnly) {
 TEST(Consultas, PictureColumnsOfAProduct) {
     World mundo;
     mundo.connect();
-    EXPECT_EQ(RetornaCaminhoImagem(mundo.contexto, u" 7 "_qs, u"LocalThumb"_qs), QString());
-    EXPECT_EQ(mundo.database.sent, QStringList(u"SELECT * FROM PROD WHERE IDPROD=7"_qs));
-    mundo.database.answer(
-        u"FROM PROD"_qs, {{u"CAMINHO_ARQ_LOCAL_THUMB"_qs, u"CAMINHO_ARQ_LOCAL_NATURAL"_qs, u"CAMINHO_ARQ_WEB_THUMB"_qs},
-                          {{text("local"), text("natural"), null()}}});
-    EXPECT_EQ(RetornaCaminhoImagem(mundo.contexto, u"7"_qs, u"LocalThumb"_qs), u"local"_qs);
-    EXPECT_EQ(RetornaCaminhoImagem(mundo.contexto, u"7"_qs, u"LocalNatural"_qs), u"natural"_qs);
-    EXPECT_EQ(RetornaCaminhoImagem(mundo.contexto, u"7"_qs, u"WEBThumb"_qs), QString());
-    EXPECT_EQ(RetornaCaminhoImagem(mundo.contexto, u"7"_qs, u"WEBNatural"_qs), u"local"_qs);
-    EXPECT_EQ(RetornaCaminhoImagem(mundo.contexto, u"7"_qs, u"outro"_qs), QString());
+    EXPECT_EQ(RetornaCaminhoImagem(mundo.contexto, u" 7 "_s, u"LocalThumb"_s), QString());
+    EXPECT_EQ(mundo.database.sent, QStringList(u"SELECT * FROM PROD WHERE IDPROD=7"_s));
+    mundo.database.answer(u"FROM PROD"_s,
+                          {{u"CAMINHO_ARQ_LOCAL_THUMB"_s, u"CAMINHO_ARQ_LOCAL_NATURAL"_s, u"CAMINHO_ARQ_WEB_THUMB"_s},
+                           {{text("local"), text("natural"), null()}}});
+    EXPECT_EQ(RetornaCaminhoImagem(mundo.contexto, u"7"_s, u"LocalThumb"_s), u"local"_s);
+    EXPECT_EQ(RetornaCaminhoImagem(mundo.contexto, u"7"_s, u"LocalNatural"_s), u"natural"_s);
+    EXPECT_EQ(RetornaCaminhoImagem(mundo.contexto, u"7"_s, u"WEBThumb"_s), QString());
+    EXPECT_EQ(RetornaCaminhoImagem(mundo.contexto, u"7"_s, u"WEBNatural"_s), u"local"_s);
+    EXPECT_EQ(RetornaCaminhoImagem(mundo.contexto, u"7"_s, u"outro"_s), QString());
 }
 
 TEST(Consultas, PictureOfAProductIsItsFileItsRowOrTheMissingPhoto) {
     World mundo;
     mundo.connect();
-    mundo.contexto.CaminhoImagens = u"/img/"_qs;
-    mundo.contexto.ExtensaoImagens = u".jpg"_qs;
-    mundo.contexto.ImagemSemFoto = u"/img/semfoto.jpg"_qs;
-    const auto imagem = [&] { return LocalizaImagemProduto(mundo.contexto, u" P1 "_qs); };
-    EXPECT_EQ(imagem(), u"/img/semfoto.jpg"_qs);
-    mundo.database.answer(u"CODI_PROD"_qs, {{u"idprod"_qs}, {{number(7)}}});
-    mundo.database.answer(u"IDPROD=7"_qs, {{u"CAMINHO_ARQ_LOCAL_THUMB"_qs}, {{text("/outra/p1.png")}}});
-    EXPECT_EQ(imagem(), u"/img/semfoto.jpg"_qs) << "the path of the row names no file";
-    mundo.platform.files[u"/outra/p1.png"_qs] = {};
-    EXPECT_EQ(imagem(), u"/outra/p1.png"_qs);
-    mundo.platform.files[u"/img/P1.jpg"_qs] = {};
+    mundo.contexto.CaminhoImagens = u"/img/"_s;
+    mundo.contexto.ExtensaoImagens = u".jpg"_s;
+    mundo.contexto.ImagemSemFoto = u"/img/semfoto.jpg"_s;
+    const auto imagem = [&] { return LocalizaImagemProduto(mundo.contexto, u" P1 "_s); };
+    EXPECT_EQ(imagem(), u"/img/semfoto.jpg"_s);
+    mundo.database.answer(u"CODI_PROD"_s, {{u"idprod"_s}, {{number(7)}}});
+    mundo.database.answer(u"IDPROD=7"_s, {{u"CAMINHO_ARQ_LOCAL_THUMB"_s}, {{text("/outra/p1.png")}}});
+    EXPECT_EQ(imagem(), u"/img/semfoto.jpg"_s) << "the path of the row names no file";
+    mundo.platform.files[u"/outra/p1.png"_s] = {};
+    EXPECT_EQ(imagem(), u"/outra/p1.png"_s);
+    mundo.platform.files[u"/img/P1.jpg"_s] = {};
     mundo.database.sent.clear();
-    EXPECT_EQ(imagem(), u"/img/P1.jpg"_qs);
-    EXPECT_EQ(mundo.contexto.ImagemProduto, u"/img/P1.jpg"_qs);
+    EXPECT_EQ(imagem(), u"/img/P1.jpg"_s);
+    EXPECT_EQ(mundo.contexto.ImagemProduto, u"/img/P1.jpg"_s);
     EXPECT_TRUE(mundo.database.sent.isEmpty()) << "a file by its code asks nothing";
 }
 
 TEST(Consultas, CustomerDataInEighteenFields) {
     World mundo;
     mundo.connect();
-    EXPECT_EQ(DadosCliente(mundo.contexto, u"9"_qs), QString(18, u'^'));
+    EXPECT_EQ(DadosCliente(mundo.contexto, u"9"_s), QString(18, u'^'));
     EXPECT_EQ(
         mundo.database.sent,
         QStringList(u"SELECT PESS.NOME_PESS, PESS.NOME_CONH, PESS.ENDE_COML_PESS, PESS.CIDA_COML_PESS, "
                     "PESS.UF00_COML_PESS, PESS.IDPESS, PESS.CEP0_COML_PESS, PESS.RG00_IE00, PESS.CPF0_CNPJ, "
                     "PESS.BAIR_COML_PESS, PESS.NUME_COML_PESS, CMPL_COML_PESS, PESS.CODI_MUNI_COML_PESS, "
                     "PESS.TELE_0001_PESS, PESS.PSFI_PSJU, PESS.EMAI_PESS, PESS.TELE_0002_PESS, "
-                    "PESS.FAX0_0002_PESS FROM CLIE, PESS WHERE PESS.IDPESS = CLIE.IDPESS AND CLIE.IDCLIE = '9'"_qs));
+                    "PESS.FAX0_0002_PESS FROM CLIE, PESS WHERE PESS.IDPESS = CLIE.IDPESS AND CLIE.IDCLIE = '9'"_s));
     mundo.database.answer(
-        u"CLIE.IDCLIE"_qs,
-        {{u"NOME_PESS"_qs, u"NOME_CONH"_qs, u"ENDE_COML_PESS"_qs, u"CIDA_COML_PESS"_qs, u"UF00_COML_PESS"_qs,
-          u"IDPESS"_qs, u"CEP0_COML_PESS"_qs, u"RG00_IE00"_qs, u"CPF0_CNPJ"_qs, u"BAIR_COML_PESS"_qs,
-          u"NUME_COML_PESS"_qs, u"CMPL_COML_PESS"_qs, u"CODI_MUNI_COML_PESS"_qs, u"TELE_0001_PESS"_qs, u"PSFI_PSJU"_qs,
-          u"EMAI_PESS"_qs, u"TELE_0002_PESS"_qs, u"FAX0_0002_PESS"_qs},
+        u"CLIE.IDCLIE"_s,
+        {{u"NOME_PESS"_s, u"NOME_CONH"_s, u"ENDE_COML_PESS"_s, u"CIDA_COML_PESS"_s, u"UF00_COML_PESS"_s, u"IDPESS"_s,
+          u"CEP0_COML_PESS"_s, u"RG00_IE00"_s, u"CPF0_CNPJ"_s, u"BAIR_COML_PESS"_s, u"NUME_COML_PESS"_s,
+          u"CMPL_COML_PESS"_s, u"CODI_MUNI_COML_PESS"_s, u"TELE_0001_PESS"_s, u"PSFI_PSJU"_s, u"EMAI_PESS"_s,
+          u"TELE_0002_PESS"_s, u"FAX0_0002_PESS"_s},
          {{text("MARIA"), text("MA"), text("RUA A"), text("SANTOS"), text("SP"), number(7), text("11015-200"), null(),
            text("111.444.777-35"), text("CENTRO"), text("10"), null(), text("3548500"), text("3222"), text("F"),
            text("m@c.br"), null(), text("FAX")}}});
-    EXPECT_EQ(DadosCliente(mundo.contexto, u"9"_qs),
-              u"MARIA^RUA A^SANTOS^SP^11015-200^^111.444.777-35^CENTRO^10^3548500^3222^F^^m@c.br^^FAX^MA^7^"_qs);
+    EXPECT_EQ(DadosCliente(mundo.contexto, u"9"_s),
+              u"MARIA^RUA A^SANTOS^SP^11015-200^^111.444.777-35^CENTRO^10^3548500^3222^F^^m@c.br^^FAX^MA^7^"_s);
 }

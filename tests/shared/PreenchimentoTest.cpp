@@ -1,4 +1,5 @@
 #include "shared/Preenchimento.h"
+#include "base/Literals.h"
 
 #include "support/World.h"
 
@@ -11,7 +12,7 @@ using C = ContextoExecucao;
 using screen::ListField;
 
 struct Tela : screen::Screen {
-    explicit Tela(screen::Program& program) : Screen(program, QStringLiteral("frmTeste")) {}
+    explicit Tela(screen::Program& program) : Screen(program, u"frmTeste"_s) {}
     ListField lista{this, "cboTipoCli"};
     ListField precos{this, "cboTabelaPrecos"};
 };
@@ -26,11 +27,11 @@ struct Lista {
 
 template <auto funcao>
 void comTexto(C& contexto, Tela& tela) {
-    funcao(contexto, QStringLiteral(" Me "), tela.lista);
+    funcao(contexto, u" Me "_s, tela.lista);
 }
 template <auto funcao>
 void semTexto(C& contexto, Tela& tela) {
-    funcao(contexto, QStringLiteral("  "), tela.lista);
+    funcao(contexto, u"  "_s, tela.lista);
 }
 template <auto funcao>
 void fixa(C& contexto, Tela& tela) {
@@ -69,7 +70,7 @@ const std::vector<Lista> listas{
      "SELECT NOME_PAIS FROM PAIS  WHERE DATA_DESA IS NULL AND (PAIS.NOME_PAIS LIKE '%ME%') ORDER BY NOME_PAIS",
      "nome_pais"},
     {"PreencheMunicipios",
-     [](C& contexto, Tela& tela) { PreencheMunicipios(contexto, u" SP "_qs, u" Sant "_qs, tela.lista); },
+     [](C& contexto, Tela& tela) { PreencheMunicipios(contexto, u" SP "_s, u" Sant "_s, tela.lista); },
      "SELECT * FROM MUNI_IBGE  WHERE DATA_DESA IS NULL AND UF00_MUNI_IBGE = 'SP' "
      "AND (MUNI_IBGE.DESC_MUNI_IBGE LIKE '%SANT%') ORDER BY DESC_MUNI_IBGE",
      "desc_muni_ibge"},
@@ -81,19 +82,19 @@ const std::vector<Lista> listas{
     {"PreencheColecoes", comTexto<PreencheColecoes>,
      "SELECT DESC_COLE FROM COLE WHERE DATA_DESA IS NULL AND (DESC_COLE LIKE '%ME%') ORDER BY DESC_COLE", "desc_cole"},
     {"PreencheBancosOuCartoes by name",
-     [](C& contexto, Tela& tela) { PreencheBancosOuCartoes(contexto, u" Itau "_qs, u"BOLETO"_qs, tela.lista); },
+     [](C& contexto, Tela& tela) { PreencheBancosOuCartoes(contexto, u" Itau "_s, u"BOLETO"_s, tela.lista); },
      "SELECT NOME_BANC FROM BANC WHERE DATA_DESA IS NULL AND NOME_BANC LIKE '%ITAU%' ORDER BY NOME_BANC", "nome_banc"},
     {"PreencheBancosOuCartoes by code",
-     [](C& contexto, Tela& tela) { PreencheBancosOuCartoes(contexto, u" 34"_qs, u"DOC"_qs, tela.lista); },
+     [](C& contexto, Tela& tela) { PreencheBancosOuCartoes(contexto, u" 34"_s, u"DOC"_s, tela.lista); },
      "SELECT NOME_BANC FROM BANC WHERE DATA_DESA IS NULL AND CODI_BANC LIKE '34%' ORDER BY NOME_BANC", "nome_banc"},
     {"PreencheBancosOuCartoes empty",
-     [](C& contexto, Tela& tela) { PreencheBancosOuCartoes(contexto, {}, u"TED"_qs, tela.lista); },
+     [](C& contexto, Tela& tela) { PreencheBancosOuCartoes(contexto, {}, u"TED"_s, tela.lista); },
      "SELECT NOME_BANC FROM BANC WHERE DATA_DESA IS NULL ORDER BY NOME_BANC", "nome_banc"},
     {"PreencheBancosOuCartoes card",
-     [](C& contexto, Tela& tela) { PreencheBancosOuCartoes(contexto, u"Vis"_qs, u"CARTAO"_qs, tela.lista); },
+     [](C& contexto, Tela& tela) { PreencheBancosOuCartoes(contexto, u"Vis"_s, u"CARTAO"_s, tela.lista); },
      "SELECT NOME_CART FROM CART WHERE DATA_DESA IS NULL AND NOME_CART LIKE '%VIS%' ORDER BY NOME_CART", "nome_cart"},
     {"PreencheBancosOuCartoes card, empty",
-     [](C& contexto, Tela& tela) { PreencheBancosOuCartoes(contexto, {}, u"CARTAO"_qs, tela.lista); },
+     [](C& contexto, Tela& tela) { PreencheBancosOuCartoes(contexto, {}, u"CARTAO"_s, tela.lista); },
      "SELECT NOME_CART FROM CART WHERE DATA_DESA IS NULL ORDER BY NOME_CART", "nome_cart"},
 };
 
@@ -113,12 +114,12 @@ TEST(Preenchimento, TheListIsEmptiedAndTakesTheRowsInTheirOrder) {
     for (const Lista& lista : listas) {
         World mundo;
         mundo.connect();
-        mundo.database.answer(u""_qs, {{QString::fromUtf8(lista.coluna)}, {{text("ZETA")}, {text("ÁLVARO")}}});
+        mundo.database.answer(u""_s, {{QString::fromUtf8(lista.coluna)}, {{text("ZETA")}, {text("ÁLVARO")}}});
         Tela tela(mundo.program);
-        tela.lista.addItem(u"VELHO"_qs);
-        tela.lista.setText(u"VELHO"_qs);
+        tela.lista.addItem(u"VELHO"_s);
+        tela.lista.setText(u"VELHO"_s);
         lista.preenche(mundo.contexto, tela);
-        EXPECT_EQ(tela.lista.items(), QStringList({u"ZETA"_qs, u"ÁLVARO"_qs})) << lista.nome;
+        EXPECT_EQ(tela.lista.items(), QStringList({u"ZETA"_s, u"ÁLVARO"_s})) << lista.nome;
         EXPECT_EQ(tela.lista.text(), QString()) << lista.nome;
     }
 }
@@ -127,13 +128,13 @@ TEST(Preenchimento, ANullNameIsSkippedForSalespersonsOnly) {
     for (const Lista& lista : listas) {
         World mundo;
         mundo.connect();
-        mundo.database.answer(u""_qs, {{QString::fromUtf8(lista.coluna)}, {{null()}, {text("ANA")}}});
+        mundo.database.answer(u""_s, {{QString::fromUtf8(lista.coluna)}, {{null()}, {text("ANA")}}});
         Tela tela(mundo.program);
         const bool pula = QLatin1String(lista.nome).startsWith(QLatin1String("PreencheVendedores"));
         EXPECT_EQ(errorOf([&] { lista.preenche(mundo.contexto, tela); }), pula ? 0 : errorNumber::InvalidNull)
             << lista.nome;
         if (pula) {
-            EXPECT_EQ(tela.lista.items(), QStringList(u"ANA"_qs));
+            EXPECT_EQ(tela.lista.items(), QStringList(u"ANA"_s));
         }
     }
 }
@@ -143,15 +144,15 @@ TEST(Preenchimento, StatesBeginWithABlankItem) {
     mundo.connect();
     Tela tela(mundo.program);
     PreencheUFs(mundo.contexto, tela.lista);
-    EXPECT_EQ(tela.lista.items(), QStringList(u"  "_qs));
+    EXPECT_EQ(tela.lista.items(), QStringList(u"  "_s));
     EXPECT_EQ(
         mundo.database.sent,
         QStringList(
-            u"SELECT UF00.IDUF00, UF00.CODI_UF00 FROM UF00 WHERE (UF00.DATA_DESA IS NULL) ORDER BY UF00.CODI_UF00"_qs));
-    mundo.database.answer(u"UF00"_qs,
-                          {{u"IDUF00"_qs, u"CODI_UF00"_qs}, {{number(1), text("AC")}, {number(2), text("AL")}}});
+            u"SELECT UF00.IDUF00, UF00.CODI_UF00 FROM UF00 WHERE (UF00.DATA_DESA IS NULL) ORDER BY UF00.CODI_UF00"_s));
+    mundo.database.answer(u"UF00"_s,
+                          {{u"IDUF00"_s, u"CODI_UF00"_s}, {{number(1), text("AC")}, {number(2), text("AL")}}});
     PreencheUFs(mundo.contexto, tela.lista);
-    EXPECT_EQ(tela.lista.items(), QStringList({u"  "_qs, u"AC"_qs, u"AL"_qs}));
+    EXPECT_EQ(tela.lista.items(), QStringList({u"  "_s, u"AC"_s, u"AL"_s}));
 }
 
 TEST(Preenchimento, TenPriceTables) {
@@ -160,22 +161,22 @@ TEST(Preenchimento, TenPriceTables) {
     PreencheTabelasPreco(tela);
     PreencheTabelasPreco(tela);
     EXPECT_EQ(tela.precos.items(),
-              QStringList({u"Tabela A"_qs, u"Tabela B"_qs, u"Tabela C"_qs, u"Tabela D"_qs, u"Tabela E"_qs,
-                           u"Tabela F"_qs, u"Tabela G"_qs, u"Tabela H"_qs, u"Tabela I"_qs, u"Tabela J"_qs}));
+              QStringList({u"Tabela A"_s, u"Tabela B"_s, u"Tabela C"_s, u"Tabela D"_s, u"Tabela E"_s, u"Tabela F"_s,
+                           u"Tabela G"_s, u"Tabela H"_s, u"Tabela I"_s, u"Tabela J"_s}));
 }
 
 TEST(Preenchimento, OtherWaysOfPayingLeaveTheListEmpty) {
     World mundo;
     mundo.connect();
     Tela tela(mundo.program);
-    for (const QString& forma : {u"DINHEIRO"_qs, u"boleto"_qs, QString()}) {
-        tela.lista.addItem(u"VELHO"_qs);
-        PreencheBancosOuCartoes(mundo.contexto, u"1"_qs, forma, tela.lista);
+    for (const QString& forma : {u"DINHEIRO"_s, u"boleto"_s, QString()}) {
+        tela.lista.addItem(u"VELHO"_s);
+        PreencheBancosOuCartoes(mundo.contexto, u"1"_s, forma, tela.lista);
         EXPECT_TRUE(tela.lista.items().isEmpty());
     }
     EXPECT_TRUE(mundo.database.sent.isEmpty());
-    for (const QString& forma : {u"BOLETO"_qs, u"CHEQUE"_qs, u"TRANSFERENCIA"_qs, u"TED"_qs, u"DOC"_qs})
-        PreencheBancosOuCartoes(mundo.contexto, u"1"_qs, forma, tela.lista);
+    for (const QString& forma : {u"BOLETO"_s, u"CHEQUE"_s, u"TRANSFERENCIA"_s, u"TED"_s, u"DOC"_s})
+        PreencheBancosOuCartoes(mundo.contexto, u"1"_s, forma, tela.lista);
     EXPECT_EQ(mundo.database.sent.size(), 5);
 }
 
@@ -185,20 +186,20 @@ TEST(Preenchimento, CustomersInColumns) {
     Tela tela(mundo.program);
     const QString inicio =
         u"SELECT PESS.IDPESS, PESS.NOME_PESS, PESS.NOME_CONH, PESS.PSFI_PSJU, PESS.CPF0_CNPJ, CLIE.IDCLIE "
-        "FROM CLIE, PESS WHERE CLIE.IDPESS = PESS.IDPESS  AND (CLIE.DATA_DESA IS NULL) "_qs;
-    PreencheListaClientes(mundo.contexto, u"  "_qs, tela.lista);
-    PreencheListaClientes(mundo.contexto, u" 111. "_qs, tela.lista);
-    PreencheListaClientes(mundo.contexto, u" mar "_qs, tela.lista);
+        "FROM CLIE, PESS WHERE CLIE.IDPESS = PESS.IDPESS  AND (CLIE.DATA_DESA IS NULL) "_s;
+    PreencheListaClientes(mundo.contexto, u"  "_s, tela.lista);
+    PreencheListaClientes(mundo.contexto, u" 111. "_s, tela.lista);
+    PreencheListaClientes(mundo.contexto, u" mar "_s, tela.lista);
     EXPECT_EQ(mundo.database.sent,
-              QStringList({inicio + u"ORDER BY PESS.NOME_PESS"_qs,
-                           inicio + u"AND (PESS.CPF0_CNPJ LIKE '%111.%') ORDER BY PESS.NOME_PESS"_qs,
-                           inicio + u"AND (PESS.NOME_PESS LIKE '%MAR%') ORDER BY PESS.NOME_PESS"_qs}));
-    mundo.database.answer(u"FROM CLIE"_qs, {{u"IDPESS"_qs, u"NOME_PESS"_qs, u"CPF0_CNPJ"_qs, u"IDCLIE"_qs},
-                                            {{number(7), text("MARIA"), null(), number(12)}}});
+              QStringList({inicio + u"ORDER BY PESS.NOME_PESS"_s,
+                           inicio + u"AND (PESS.CPF0_CNPJ LIKE '%111.%') ORDER BY PESS.NOME_PESS"_s,
+                           inicio + u"AND (PESS.NOME_PESS LIKE '%MAR%') ORDER BY PESS.NOME_PESS"_s}));
+    mundo.database.answer(u"FROM CLIE"_s, {{u"IDPESS"_s, u"NOME_PESS"_s, u"CPF0_CNPJ"_s, u"IDCLIE"_s},
+                                           {{number(7), text("MARIA"), null(), number(12)}}});
     PreencheListaClientes(mundo.contexto, {}, tela.lista);
     ASSERT_EQ(tela.lista.items().size(), 1);
     EXPECT_EQ(tela.lista.items().first(),
-              u"MARIA"_qs + QString(45, u' ') + u'|' + QString(20, u' ') + u"|7         |12        "_qs);
+              u"MARIA"_s + QString(45, u' ') + u'|' + QString(20, u' ') + u"|7         |12        "_s);
 }
 
 TEST(Preenchimento, ProductsInColumns) {
@@ -206,14 +207,14 @@ TEST(Preenchimento, ProductsInColumns) {
     mundo.connect();
     Tela tela(mundo.program);
     PreencheListaProdutos(mundo.contexto, {}, tela.lista);
-    PreencheListaProdutos(mundo.contexto, u" mesa "_qs, tela.lista);
+    PreencheListaProdutos(mundo.contexto, u" mesa "_s, tela.lista);
     EXPECT_EQ(
         mundo.database.sent,
-        QStringList({u"SELECT DESC_PROD, CODI_PROD, IDPROD FROM PROD  WHERE DATA_DESA IS NULL ORDER BY DESC_PROD"_qs,
+        QStringList({u"SELECT DESC_PROD, CODI_PROD, IDPROD FROM PROD  WHERE DATA_DESA IS NULL ORDER BY DESC_PROD"_s,
                      u"SELECT DESC_PROD, CODI_PROD, IDPROD FROM PROD  WHERE DATA_DESA IS NULL AND (PROD.DESC_PROD "
-                     "LIKE '%MESA%') ORDER BY DESC_PROD"_qs}));
-    mundo.database.answer(u"FROM PROD"_qs,
-                          {{u"desc_prod"_qs, u"codi_prod"_qs, u"idprod"_qs}, {{text("MESA"), text("M1"), number(3)}}});
+                     "LIKE '%MESA%') ORDER BY DESC_PROD"_s}));
+    mundo.database.answer(u"FROM PROD"_s,
+                          {{u"desc_prod"_s, u"codi_prod"_s, u"idprod"_s}, {{text("MESA"), text("M1"), number(3)}}});
     PreencheListaProdutos(mundo.contexto, {}, tela.lista);
-    EXPECT_EQ(tela.lista.items(), QStringList(u"MESA"_qs + QString(66, u' ') + u"|M1             |3         "_qs));
+    EXPECT_EQ(tela.lista.items(), QStringList(u"MESA"_s + QString(66, u' ') + u"|M1             |3         "_s));
 }

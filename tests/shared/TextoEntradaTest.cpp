@@ -1,4 +1,5 @@
 #include "shared/TextoEntrada.h"
+#include "base/Literals.h"
 
 #include "support/World.h"
 
@@ -8,9 +9,9 @@ using namespace vorta::test;
 namespace {
 
 struct Tela : screen::Screen {
-    explicit Tela(screen::Program& program) : Screen(program, QStringLiteral("frmTeste")) {}
+    explicit Tela(screen::Program& program) : Screen(program, u"frmTeste"_s) {}
     screen::TextField txtNome{this, "txtNome"};
-    screen::MaskedField mskCEP{this, "mskCEP", QStringLiteral("#####-###")};
+    screen::MaskedField mskCEP{this, "mskCEP", u"#####-###"_s};
     screen::ListField cboCidade{this, "cboCidade"};
     screen::Button cmdSair{this, "cmdSair"};
     screen::TextField txtObs{this, "txtObs"};
@@ -36,49 +37,49 @@ TEST(TextoEntrada, ColumnsOfFixedWidth) {
         EXPECT_EQ(AlinhaTexto(texto, caso.largura, caso.aEsquerda), QString::fromUtf8(caso.resultado)) << caso.texto;
         EXPECT_EQ(texto, QString::fromUtf8(caso.depois)) << caso.texto;
     }
-    QString longo = QStringLiteral("ABCDEF");
-    EXPECT_EQ(AlinhaTexto(longo, 3, true), u"ABC"_qs);
-    EXPECT_EQ(AlinhaTexto(data::Value(), 3, true), u"   "_qs);
-    EXPECT_EQ(AlinhaTexto(number(42), 5, false), u"   42"_qs);
+    QString longo = u"ABCDEF"_s;
+    EXPECT_EQ(AlinhaTexto(longo, 3, true), u"ABC"_s);
+    EXPECT_EQ(AlinhaTexto(data::Value(), 3, true), u"   "_s);
+    EXPECT_EQ(AlinhaTexto(number(42), 5, false), u"   42"_s);
 }
 
 TEST(TextoEntrada, Substitution) {
-    QString texto = QStringLiteral("01/05");
-    EXPECT_EQ(SubstituiTexto(texto, u"/"_qs, u" "_qs), u"01 05"_qs);
-    EXPECT_EQ(texto, u"01 05"_qs);
-    texto = QStringLiteral("a--b");
-    EXPECT_EQ(SubstituiTexto(texto, u" - "_qs, u""_qs), u"ab"_qs);
+    QString texto = u"01/05"_s;
+    EXPECT_EQ(SubstituiTexto(texto, u"/"_s, u" "_s), u"01 05"_s);
+    EXPECT_EQ(texto, u"01 05"_s);
+    texto = u"a--b"_s;
+    EXPECT_EQ(SubstituiTexto(texto, u" - "_s, u""_s), u"ab"_s);
 }
 
 TEST(TextoEntrada, AccentsOfVowelsAndCedillas) {
     World mundo;
-    EXPECT_EQ(RemoveAcentos(mundo.contexto, u"AÇÃO"_qs), u"ACAO"_qs);
-    EXPECT_EQ(RemoveAcentos(mundo.contexto, u"ÀÁÂÃÄÅÇÈÉÊËÌÍÎÏÒÓÔÕÖÙÚÛÜàáâãäåçèéêëìíîïòóôõöùúûü"_qs),
-              u"AAAAAACEEEEIIIIOOOOOUUUUaaaaaaceeeeiiiiooooouuuu"_qs);
-    EXPECT_EQ(RemoveAcentos(mundo.contexto, u"Ññ Ýÿ ß"_qs), u"Ññ Ýÿ ß"_qs);
+    EXPECT_EQ(RemoveAcentos(mundo.contexto, u"AÇÃO"_s), u"ACAO"_s);
+    EXPECT_EQ(RemoveAcentos(mundo.contexto, u"ÀÁÂÃÄÅÇÈÉÊËÌÍÎÏÒÓÔÕÖÙÚÛÜàáâãäåçèéêëìíîïòóôõöùúûü"_s),
+              u"AAAAAACEEEEIIIIOOOOOUUUUaaaaaaceeeeiiiiooooouuuu"_s);
+    EXPECT_EQ(RemoveAcentos(mundo.contexto, u"Ññ Ýÿ ß"_s), u"Ññ Ýÿ ß"_s);
     mundo.contexto.PreservaAcentos = true;
-    EXPECT_EQ(RemoveAcentos(mundo.contexto, u"AÇÃO"_qs), u"AÇÃO"_qs);
+    EXPECT_EQ(RemoveAcentos(mundo.contexto, u"AÇÃO"_s), u"AÇÃO"_s);
 }
 
 TEST(TextoEntrada, WritesGoInCapitalsWithoutAccents) {
     World mundo;
     mundo.connect();
     data::Statement comando("update pess set nome_pess='");
-    comando += QStringLiteral("João d´Ávila");
+    comando += u"João d´Ávila"_s;
     comando << "' where idpess=7";
     ExecutaSemAcentos(mundo.contexto, comando);
     mundo.contexto.PreservaAcentos = true;
     ExecutaSemAcentos(mundo.contexto, comando);
-    EXPECT_EQ(mundo.database.writes, QStringList({u"UPDATE PESS SET NOME_PESS='JOAO D´AVILA' WHERE IDPESS=7"_qs,
-                                                  u"UPDATE PESS SET NOME_PESS='JOÃO D´ÁVILA' WHERE IDPESS=7"_qs}));
+    EXPECT_EQ(mundo.database.writes, QStringList({u"UPDATE PESS SET NOME_PESS='JOAO D´AVILA' WHERE IDPESS=7"_s,
+                                                  u"UPDATE PESS SET NOME_PESS='JOÃO D´ÁVILA' WHERE IDPESS=7"_s}));
 }
 
 TEST(TextoEntrada, SelectsTextAndMaskedFieldsOnly) {
     World mundo;
     Tela tela(mundo.program);
     SelecionaTexto(tela); // no focus, nothing to do
-    tela.txtNome.setText(u"MARIA"_qs);
-    tela.cboCidade.setText(u"SANTOS"_qs);
+    tela.txtNome.setText(u"MARIA"_s);
+    tela.cboCidade.setText(u"SANTOS"_s);
     tela.SetFocus(tela.txtNome);
     SelecionaTexto(tela);
     EXPECT_EQ(tela.txtNome.selectionStart(), 0);
@@ -94,30 +95,30 @@ TEST(TextoEntrada, SelectsTextAndMaskedFieldsOnly) {
 TEST(TextoEntrada, ClearingAMaskedFieldKeepsItsMask) {
     World mundo;
     Tela tela(mundo.program);
-    tela.mskCEP.setText(u"11015-200"_qs);
+    tela.mskCEP.setText(u"11015-200"_s);
     LimpaMascara(tela.mskCEP);
-    EXPECT_EQ(tela.mskCEP.text(), u"_____-___"_qs);
-    EXPECT_EQ(tela.mskCEP.mask(), u"#####-###"_qs);
+    EXPECT_EQ(tela.mskCEP.text(), u"_____-___"_s);
+    EXPECT_EQ(tela.mskCEP.mask(), u"#####-###"_s);
 }
 
 TEST(TextoEntrada, MailAddressInLowerCase) {
     World mundo;
-    AbreEmail(mundo.contexto, u"   "_qs);
+    AbreEmail(mundo.contexto, u"   "_s);
     EXPECT_TRUE(mundo.platform.addresses.isEmpty());
-    AbreEmail(mundo.contexto, u" MARIA@Casa.COM "_qs);
-    EXPECT_EQ(mundo.platform.addresses, QStringList(u"mailto:maria@casa.com"_qs));
+    AbreEmail(mundo.contexto, u" MARIA@Casa.COM "_s);
+    EXPECT_EQ(mundo.platform.addresses, QStringList(u"mailto:maria@casa.com"_s));
 }
 
 TEST(TextoEntrada, TrimsTheFieldsNamedTxt) {
     World mundo;
     Tela tela(mundo.program);
-    tela.txtNome.setText(u"  MARIA "_qs);
-    tela.txtObs.setText(u"   "_qs);
-    tela.cboCidade.setText(u" SANTOS "_qs);
+    tela.txtNome.setText(u"  MARIA "_s);
+    tela.txtObs.setText(u"   "_s);
+    tela.cboCidade.setText(u" SANTOS "_s);
     TrimCamposTexto(tela);
-    EXPECT_EQ(tela.txtNome.text(), u"MARIA"_qs);
+    EXPECT_EQ(tela.txtNome.text(), u"MARIA"_s);
     EXPECT_EQ(tela.txtObs.text(), QString());
-    EXPECT_EQ(tela.cboCidade.text(), u" SANTOS "_qs);
+    EXPECT_EQ(tela.cboCidade.text(), u" SANTOS "_s);
 }
 
 TEST(TextoEntrada, LockedFieldsAreGreyAndFreeOnesWhite) {

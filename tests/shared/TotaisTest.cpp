@@ -1,4 +1,5 @@
 #include "shared/Totais.h"
+#include "base/Literals.h"
 
 #include "support/World.h"
 
@@ -19,8 +20,8 @@ struct Total {
 const std::vector<Total> totais{
     {"TotalPedidoVenda",
      [](C& contexto) {
-         QString id = QStringLiteral("7");
-         return TotalPedidoVenda(contexto, id, u"C"_qs);
+         QString id = u"7"_s;
+         return TotalPedidoVenda(contexto, id, u"C"_s);
      },
      "SELECT pedi_veds_deta.idpedi_veds, pedi_veds_deta.idprod, pedi_veds_deta.qtde, pedi_veds_deta.valo_liqu, "
      "pedi_veds_deta.idnff0 FROM pedi_veds_deta Where (pedi_veds_deta.idpedi_veds = 7) And (pedi_veds_deta.data_desa "
@@ -28,18 +29,18 @@ const std::vector<Total> totais{
      "Null) "},
     {"TotalPedidoVenda, pending",
      [](C& contexto) {
-         QString id = QStringLiteral("7");
-         return TotalPedidoVenda(contexto, id, u"S"_qs);
+         QString id = u"7"_s;
+         return TotalPedidoVenda(contexto, id, u"S"_s);
      },
      "SELECT pedi_veds_deta.idpedi_veds, pedi_veds_deta.idprod, pedi_veds_deta.qtde, pedi_veds_deta.valo_liqu, "
      "pedi_veds_deta.idnff0 FROM pedi_veds_deta Where (pedi_veds_deta.idpedi_veds = 7) And (pedi_veds_deta.data_desa "
      "Is "
      "Null)  AND (pedi_veds_deta.idnff0 Is Null)"},
-    {"TotalOrcamento", [](C& contexto) { return TotalOrcamento(contexto, u"7"_qs); },
+    {"TotalOrcamento", [](C& contexto) { return TotalOrcamento(contexto, u"7"_s); },
      "SELECT * FROM orca_veds_deta Where idorca_veds = 7 And data_desa Is Null"},
-    {"TotalOS", [](C& contexto) { return TotalOS(contexto, u"7"_qs); },
+    {"TotalOS", [](C& contexto) { return TotalOS(contexto, u"7"_s); },
      "SELECT * FROM os_veds_deta Where idos_veds = 7 And data_desa Is Null"},
-    {"TotalPedidoCompra", [](C& contexto) { return TotalPedidoCompra(contexto, u"7"_qs); },
+    {"TotalPedidoCompra", [](C& contexto) { return TotalPedidoCompra(contexto, u"7"_s); },
      "SELECT pedi_comp_deta.idpedi_comp, pedi_comp_deta.idprod, pedi_comp_deta.qtde, pedi_comp_deta.valo_liqu FROM "
      "pedi_comp_deta Where (pedi_comp_deta.idpedi_comp = 7) And (pedi_comp_deta.data_desa Is Null)"},
 };
@@ -52,8 +53,8 @@ TEST(Totais, QuantityTimesUnitPriceOfEveryItem) {
         mundo.connect();
         EXPECT_EQ(total.soma(mundo.contexto), 0) << total.nome;
         EXPECT_EQ(mundo.database.sent, QStringList(QString::fromUtf8(total.enviado))) << total.nome;
-        mundo.database.answer(
-            u"deta"_qs, {{u"qtde"_qs, u"valo_liqu"_qs}, {{number(2), amount(1050)}, {amount(150), amount(1000)}}});
+        mundo.database.answer(u"deta"_s,
+                              {{u"qtde"_s, u"valo_liqu"_s}, {{number(2), amount(1050)}, {amount(150), amount(1000)}}});
         EXPECT_DOUBLE_EQ(total.soma(mundo.contexto), 36.0) << total.nome;
     }
 }
@@ -63,7 +64,7 @@ TEST(Totais, ANullInsideATotalIsAnError) {
         for (const QList<data::Value>& linha : {QList<data::Value>{null(), amount(1)}, {number(1), null()}}) {
             World mundo;
             mundo.connect();
-            mundo.database.answer(u"deta"_qs, {{u"qtde"_qs, u"valo_liqu"_qs}, {linha}});
+            mundo.database.answer(u"deta"_s, {{u"qtde"_s, u"valo_liqu"_s}, {linha}});
             EXPECT_EQ(errorOf([&] { total.soma(mundo.contexto); }), errorNumber::InvalidNull) << total.nome;
         }
 }
@@ -72,38 +73,38 @@ TEST(Totais, AnEmptyDocumentIsDocumentZero) {
     World mundo;
     mundo.connect();
     QString id;
-    EXPECT_EQ(TotalPedidoVenda(mundo.contexto, id, u"C"_qs), 0);
-    EXPECT_EQ(id, u"0"_qs);
+    EXPECT_EQ(TotalPedidoVenda(mundo.contexto, id, u"C"_s), 0);
+    EXPECT_EQ(id, u"0"_s);
     EXPECT_TRUE(mundo.database.sent.first().contains(u"idpedi_veds = 0)"));
 }
 
 TEST(Totais, ItemCountsLeaveNullsOut) {
     World mundo;
     mundo.connect();
-    mundo.database.answer(u"_DETA"_qs, {{u"IDPROD"_qs, u"QTDE"_qs},
-                                        {{number(1), number(2)}, {number(2), null()}, {number(3), amount(150)}}});
+    mundo.database.answer(u"_DETA"_s, {{u"IDPROD"_s, u"QTDE"_s},
+                                       {{number(1), number(2)}, {number(2), null()}, {number(3), amount(150)}}});
     EXPECT_DOUBLE_EQ(QtdeItensPedidoVenda(mundo.contexto, 7, 0), 3.5);
     EXPECT_DOUBLE_EQ(QtdeItensPedidoCompra(mundo.contexto, 7), 3.5);
     ASSERT_EQ(mundo.database.sent.size(), 2);
-    EXPECT_EQ(mundo.database.sent[0], u"SELECT IDPROD, QTDE FROM PEDI_VEDS_DETA WHERE IDPEDI_VEDS = 7"_qs);
-    EXPECT_EQ(mundo.database.sent[1], u"SELECT IDPROD, QTDE FROM PEDI_COMP_DETA WHERE IDPEDI_COMP = 7"_qs);
-    mundo.database.answer(u"IDPROD='3'"_qs, {{u"idmarc"_qs}, {{number(9)}}});
+    EXPECT_EQ(mundo.database.sent[0], u"SELECT IDPROD, QTDE FROM PEDI_VEDS_DETA WHERE IDPEDI_VEDS = 7"_s);
+    EXPECT_EQ(mundo.database.sent[1], u"SELECT IDPROD, QTDE FROM PEDI_COMP_DETA WHERE IDPEDI_COMP = 7"_s);
+    mundo.database.answer(u"IDPROD='3'"_s, {{u"idmarc"_s}, {{number(9)}}});
     EXPECT_DOUBLE_EQ(QtdeItensPedidoVenda(mundo.contexto, 7, 9), 1.5) << "of one brand only";
 }
 
 TEST(Totais, WhatCanBeSold) {
     World mundo;
     mundo.connect();
-    EXPECT_EQ(EstoqueDisponivel(mundo.contexto, 7, u"0001"_qs), 0);
-    EXPECT_EQ(QtdePedidosAbertos(mundo.contexto, 7, u"0001"_qs), 0);
+    EXPECT_EQ(EstoqueDisponivel(mundo.contexto, 7, u"0001"_s), 0);
+    EXPECT_EQ(QtdePedidosAbertos(mundo.contexto, 7, u"0001"_s), 0);
     for (const QString& enviado : mundo.database.sent)
-        EXPECT_EQ(enviado, u"SELECT * FROM PROD_EMPR WHERE IDPROD = 7 AND CODI_EMPR='0001'"_qs);
-    const QStringList colunas{u"qtde_disp"_qs,      u"qtde_disp_0002"_qs,   u"QTDE_ESTO_COPR"_qs,
-                              u"QTDE_ESTO_EMB1"_qs, u"QTDE_ESTO_EMB2"_qs,   u"QTDE_ESTO_EMB3"_qs,
-                              u"QTDE_PEDI_ABER"_qs, u"qtde_esto_consig"_qs, u"qtde_esto_demonstr"_qs};
-    mundo.database.answer(u"PROD_EMPR"_qs, {colunas,
-                                            {{number(1), number(2), number(4), number(8), number(16), number(32),
-                                              number(64), number(128), null()}}});
-    EXPECT_DOUBLE_EQ(EstoqueDisponivel(mundo.contexto, 7, u"0001"_qs), 63 - 192);
-    EXPECT_DOUBLE_EQ(QtdePedidosAbertos(mundo.contexto, 7, u"0001"_qs), 64);
+        EXPECT_EQ(enviado, u"SELECT * FROM PROD_EMPR WHERE IDPROD = 7 AND CODI_EMPR='0001'"_s);
+    const QStringList colunas{u"qtde_disp"_s,      u"qtde_disp_0002"_s,   u"QTDE_ESTO_COPR"_s,
+                              u"QTDE_ESTO_EMB1"_s, u"QTDE_ESTO_EMB2"_s,   u"QTDE_ESTO_EMB3"_s,
+                              u"QTDE_PEDI_ABER"_s, u"qtde_esto_consig"_s, u"qtde_esto_demonstr"_s};
+    mundo.database.answer(u"PROD_EMPR"_s, {colunas,
+                                           {{number(1), number(2), number(4), number(8), number(16), number(32),
+                                             number(64), number(128), null()}}});
+    EXPECT_DOUBLE_EQ(EstoqueDisponivel(mundo.contexto, 7, u"0001"_s), 63 - 192);
+    EXPECT_DOUBLE_EQ(QtdePedidosAbertos(mundo.contexto, 7, u"0001"_s), 64);
 }

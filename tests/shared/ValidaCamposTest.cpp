@@ -1,4 +1,5 @@
 #include "shared/ValidaCampos.h"
+#include "base/Literals.h"
 
 #include "support/World.h"
 
@@ -20,8 +21,8 @@ constexpr const char* dobrado = "O e-mail contém pontos consecutivos (..) após
 
 /// A screen with one masked date field, its mask off as the check finds it.
 struct TelaData : screen::Screen {
-    explicit TelaData(screen::Program& program) : Screen(program, QStringLiteral("frmTeste")) {}
-    screen::MaskedField campo{this, "mskDtAdmissao", QStringLiteral("##/##/####")};
+    explicit TelaData(screen::Program& program) : Screen(program, u"frmTeste"_s) {}
+    screen::MaskedField campo{this, "mskDtAdmissao", u"##/##/####"_s};
 };
 
 } // namespace
@@ -85,27 +86,27 @@ TEST(ValidaCampos, TypedDates) {
     World mundo; // 20/11/2026 14:30
     TelaData tela(mundo.program);
     const auto formata = [&](const QString& texto) { return FormataDataDigitada(mundo.contexto, texto, tela.campo); };
-    EXPECT_EQ(formata(u"__/__/____"_qs), u"__/__/____"_qs);
-    EXPECT_EQ(formata(u"__/__/____ 10:30"_qs), u"__/__/____ __:__"_qs);
-    EXPECT_EQ(formata(u"05/11/2026"_qs), u"05/11/2026"_qs);
-    EXPECT_EQ(formata(u"05/11/2026 09:07"_qs), u"05/11/2026 09:07"_qs);
-    EXPECT_EQ(tela.campo.text(), u"__/__/____"_qs) << "only a number of days goes into the field";
-    EXPECT_EQ(formata(u"30/__/____"_qs), u"20/12/2026"_qs);
-    EXPECT_EQ(tela.campo.text(), u"20/12/2026"_qs);
+    EXPECT_EQ(formata(u"__/__/____"_s), u"__/__/____"_s);
+    EXPECT_EQ(formata(u"__/__/____ 10:30"_s), u"__/__/____ __:__"_s);
+    EXPECT_EQ(formata(u"05/11/2026"_s), u"05/11/2026"_s);
+    EXPECT_EQ(formata(u"05/11/2026 09:07"_s), u"05/11/2026 09:07"_s);
+    EXPECT_EQ(tela.campo.text(), u"__/__/____"_s) << "only a number of days goes into the field";
+    EXPECT_EQ(formata(u"30/__/____"_s), u"20/12/2026"_s);
+    EXPECT_EQ(tela.campo.text(), u"20/12/2026"_s);
     // Day and month without a year are read as one number, 105 days.
-    EXPECT_EQ(formata(u"01/05/____"_qs), u"05/03/2027"_qs);
+    EXPECT_EQ(formata(u"01/05/____"_s), u"05/03/2027"_s);
 }
 
 TEST(ValidaCampos, NumericKeys) {
     for (const char tecla : std::string(",0123456789%-"))
         EXPECT_EQ(FiltraTeclaNumerica(tecla), QString::number(tecla));
-    EXPECT_EQ(FiltraTeclaNumerica(8), u"8"_qs);
+    EXPECT_EQ(FiltraTeclaNumerica(8), u"8"_s);
     for (const qint16 tecla : {13, 27, 32, 39, 43, 46, 65, 97})
-        EXPECT_EQ(FiltraTeclaNumerica(tecla), u"0"_qs) << tecla;
+        EXPECT_EQ(FiltraTeclaNumerica(tecla), u"0"_s) << tecla;
 }
 
 TEST(ValidaCampos, CommasBecomePoints) {
-    QString texto = QStringLiteral("1.234,56");
-    EXPECT_EQ(VirgulaParaPonto(texto), u"1.234.56"_qs);
-    EXPECT_EQ(texto, u"1.234.56"_qs);
+    QString texto = u"1.234,56"_s;
+    EXPECT_EQ(VirgulaParaPonto(texto), u"1.234.56"_s);
+    EXPECT_EQ(texto, u"1.234.56"_s);
 }

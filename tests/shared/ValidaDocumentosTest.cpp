@@ -1,4 +1,5 @@
 #include "shared/ValidaDocumentos.h"
+#include "base/Literals.h"
 
 #include <gtest/gtest.h>
 
@@ -54,12 +55,12 @@ TEST(ValidaDocumentos, PersonNumbers) {
 }
 
 TEST(ValidaDocumentos, StateRegistrationLosesItsMarks) {
-    QString inscricao = QStringLiteral("110.042.490.114");
-    EXPECT_TRUE(ValidaInscricaoEstadual(inscricao, QStringLiteral(" SP ")));
-    EXPECT_EQ(inscricao, QStringLiteral("110042490114"));
-    inscricao = QStringLiteral(" 062.307.904/0081-1 ");
-    EXPECT_FALSE(ValidaInscricaoEstadual(inscricao, QStringLiteral("MG")));
-    EXPECT_EQ(inscricao, QStringLiteral(" 06230790400811 "));
-    inscricao = QStringLiteral("ISENTO");
-    EXPECT_TRUE(ValidaInscricaoEstadual(inscricao, QStringLiteral("RJ")));
+    QString inscricao = u"110.042.490.114"_s;
+    EXPECT_TRUE(ValidaInscricaoEstadual(inscricao, u" SP "_s));
+    EXPECT_EQ(inscricao, u"110042490114"_s);
+    inscricao = u" 062.307.904/0081-1 "_s;
+    EXPECT_FALSE(ValidaInscricaoEstadual(inscricao, u"MG"_s));
+    EXPECT_EQ(inscricao, u" 06230790400811 "_s);
+    inscricao = u"ISENTO"_s;
+    EXPECT_TRUE(ValidaInscricaoEstadual(inscricao, u"RJ"_s));
 }

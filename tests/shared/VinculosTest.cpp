@@ -1,4 +1,5 @@
 #include "shared/Vinculos.h"
+#include "base/Literals.h"
 
 #include "support/World.h"
 
@@ -25,11 +26,11 @@ const std::vector<FuncaoVinculo> papeisTestados{
     {VinculoArquiteto, "SELECT IDARQT FROM ARQT WHERE IDPESS = 7", "idarqt"},
 };
 
-const QStringList botoes{u"cmdCliente"_qs,    u"cmdTransportadora"_qs, u"cmdVendedor"_qs, u"cmdMotorista"_qs,
-                         u"cmdFornecedor"_qs, u"cmdDecorador"_qs,      u"cmdArquiteto"_qs};
+const QStringList botoes{u"cmdCliente"_s,    u"cmdTransportadora"_s, u"cmdVendedor"_s, u"cmdMotorista"_s,
+                         u"cmdFornecedor"_s, u"cmdDecorador"_s,      u"cmdArquiteto"_s};
 
 struct Tela : screen::Screen {
-    explicit Tela(screen::Program& program) : Screen(program, QStringLiteral("frmPessoas")) {}
+    explicit Tela(screen::Program& program) : Screen(program, u"frmPessoas"_s) {}
     screen::TextField txtRowID{this, "txtRowID"};
     screen::Button cmdCliente{this, "cmdCliente"};
     screen::Button cmdTransportadora{this, "cmdTransportadora"};
@@ -51,28 +52,28 @@ QStringList figuras(const Tela& tela) {
 
 TEST(Vinculos, DeactivatedRowsCountWhileTheLinkStateIsSOnly) {
     for (const FuncaoVinculo& papel : papeisTestados)
-        for (const QString& estado : {u"N"_qs, u" "_qs, QString(), u"S"_qs}) {
+        for (const QString& estado : {u"N"_s, u" "_s, QString(), u"S"_s}) {
             World mundo;
             mundo.connect();
             mundo.contexto.VinculoAtual = estado;
-            EXPECT_EQ(papel.vinculo(mundo.contexto, u"7"_qs), u"0"_qs);
-            const QString filtro = estado == u"S" ? QString() : u" AND DATA_DESA IS NULL"_qs;
+            EXPECT_EQ(papel.vinculo(mundo.contexto, u"7"_s), u"0"_s);
+            const QString filtro = estado == u"S" ? QString() : u" AND DATA_DESA IS NULL"_s;
             EXPECT_EQ(mundo.database.sent, QStringList(QString::fromUtf8(papel.enviado) + filtro));
-            mundo.database.answer(u""_qs, {{QString::fromUtf8(papel.coluna)}, {{number(12)}}});
-            EXPECT_EQ(papel.vinculo(mundo.contexto, u"7"_qs), u"12"_qs);
+            mundo.database.answer(u""_s, {{QString::fromUtf8(papel.coluna)}, {{number(12)}}});
+            EXPECT_EQ(papel.vinculo(mundo.contexto, u"7"_s), u"12"_s);
         }
 }
 
 TEST(Vinculos, WithoutAPersonAllButtonsShowNoLinkAndNothingIsAsked) {
     World mundo;
     mundo.platform.everyFileExists = true;
-    mundo.contexto.CaminhoImagens = u"/img/"_qs;
-    mundo.contexto.VinculoAtual = u"S"_qs;
+    mundo.contexto.CaminhoImagens = u"/img/"_s;
+    mundo.contexto.VinculoAtual = u"S"_s;
     Tela tela(mundo.program);
-    tela.txtRowID.setText(u"  "_qs);
+    tela.txtRowID.setText(u"  "_s);
     AtualizaIndicadoresVinculo(mundo.contexto, tela);
-    EXPECT_EQ(figuras(tela), QStringList(7, u"/img/semvinculo.bmp"_qs));
-    EXPECT_EQ(mundo.contexto.VinculoAtual, u"N"_qs);
+    EXPECT_EQ(figuras(tela), QStringList(7, u"/img/semvinculo.bmp"_s));
+    EXPECT_EQ(mundo.contexto.VinculoAtual, u"N"_s);
     EXPECT_TRUE(mundo.database.sent.isEmpty());
 }
 
@@ -80,34 +81,33 @@ TEST(Vinculos, EachRoleIsAskedInItsOrderAndShown) {
     World mundo;
     mundo.connect();
     mundo.platform.everyFileExists = true;
-    mundo.contexto.CaminhoImagens = u"/img/"_qs;
-    mundo.contexto.VinculoAtual = u"S"_qs;
-    mundo.database.answer(u"FROM CLIE"_qs, {{u"idclie"_qs}, {{number(3)}}});
-    mundo.database.answer(u"FROM MOTO"_qs, {{u"idmoto"_qs}, {{number(0)}}});
-    mundo.database.answer(u"FROM ARQT"_qs, {{u"idarqt"_qs}, {{number(5)}}});
+    mundo.contexto.CaminhoImagens = u"/img/"_s;
+    mundo.contexto.VinculoAtual = u"S"_s;
+    mundo.database.answer(u"FROM CLIE"_s, {{u"idclie"_s}, {{number(3)}}});
+    mundo.database.answer(u"FROM MOTO"_s, {{u"idmoto"_s}, {{number(0)}}});
+    mundo.database.answer(u"FROM ARQT"_s, {{u"idarqt"_s}, {{number(5)}}});
     Tela tela(mundo.program);
-    tela.txtRowID.setText(u"7"_qs);
+    tela.txtRowID.setText(u"7"_s);
     AtualizaIndicadoresVinculo(mundo.contexto, tela);
     QStringList tabelas;
     for (const QString& enviado : mundo.database.sent) {
         EXPECT_TRUE(enviado.endsWith(u" WHERE IDPESS = 7 AND DATA_DESA IS NULL")) << enviado;
         tabelas += enviado.section(u' ', 3, 3);
     }
-    EXPECT_EQ(tabelas,
-              QStringList({u"CLIE"_qs, u"TRPT"_qs, u"VEND"_qs, u"MOTO"_qs, u"FORN"_qs, u"DECO"_qs, u"ARQT"_qs}));
-    QStringList esperado(7, u"/img/semvinculo.bmp"_qs);
-    esperado[0] = esperado[6] = u"/img/comvinculo.bmp"_qs;
+    EXPECT_EQ(tabelas, QStringList({u"CLIE"_s, u"TRPT"_s, u"VEND"_s, u"MOTO"_s, u"FORN"_s, u"DECO"_s, u"ARQT"_s}));
+    QStringList esperado(7, u"/img/semvinculo.bmp"_s);
+    esperado[0] = esperado[6] = u"/img/comvinculo.bmp"_s;
     EXPECT_EQ(figuras(tela), esperado);
-    EXPECT_EQ(mundo.contexto.VinculoAtual, u"N"_qs);
+    EXPECT_EQ(mundo.contexto.VinculoAtual, u"N"_s);
 }
 
 TEST(Vinculos, AMissingPictureOrButtonIsAnError) {
     World mundo;
-    mundo.contexto.CaminhoImagens = u"/img"_qs;
+    mundo.contexto.CaminhoImagens = u"/img"_s;
     Tela tela(mundo.program);
     EXPECT_EQ(errorOf([&] { AtualizaIndicadoresVinculo(mundo.contexto, tela); }), errorNumber::FileNotFound);
     struct Outra : screen::Screen {
-        explicit Outra(screen::Program& program) : Screen(program, QStringLiteral("frmOutra")) {}
+        explicit Outra(screen::Program& program) : Screen(program, u"frmOutra"_s) {}
         screen::TextField txtRowID{this, "txtRowID"};
     } outra(mundo.program);
     EXPECT_EQ(errorOf([&] { AtualizaIndicadoresVinculo(mundo.contexto, outra); }), errorNumber::NoSuchMember);
@@ -150,15 +150,15 @@ TEST(Vinculos, DocumentsAreMaskedByTheirLength) {
         QString documento = QString::fromUtf8(caso.documento);
         RetornaPessoaPorDocumento(mundo.contexto, documento, QString::fromUtf8(caso.papel));
         EXPECT_EQ(mundo.database.sent,
-                  QStringList(u"SELECT PESS.IDPESS, PESS.NOME_PESS "_qs + QString::fromUtf8(caso.enviado)))
+                  QStringList(u"SELECT PESS.IDPESS, PESS.NOME_PESS "_s + QString::fromUtf8(caso.enviado)))
             << caso.documento;
         EXPECT_EQ(documento, QString::fromUtf8(caso.depois));
     }
 }
 
 TEST(Vinculos, WhatTheDocumentSearchTells) {
-    const FakeRows uma{{u"IDPESS"_qs, u"NOME_PESS"_qs}, {{number(7), text("MARIA")}}};
-    const FakeRows duas{{u"IDPESS"_qs, u"NOME_PESS"_qs}, {{number(7), text("MARIA")}, {number(8), text("ANA")}}};
+    const FakeRows uma{{u"IDPESS"_s, u"NOME_PESS"_s}, {{number(7), text("MARIA")}}};
+    const FakeRows duas{{u"IDPESS"_s, u"NOME_PESS"_s}, {{number(7), text("MARIA")}, {number(8), text("ANA")}}};
     struct Caso {
         const char* documento;
         const char* papel;
@@ -182,8 +182,8 @@ TEST(Vinculos, WhatTheDocumentSearchTells) {
         World mundo;
         mundo.connect();
         if (caso.linhas)
-            mundo.database.answer(u"PESS"_qs, *caso.linhas);
-        mundo.contexto.RetornoPesquisa = u"velho"_qs;
+            mundo.database.answer(u"PESS"_s, *caso.linhas);
+        mundo.contexto.RetornoPesquisa = u"velho"_s;
         QString documento = QString::fromUtf8(caso.documento);
         EXPECT_EQ(RetornaPessoaPorDocumento(mundo.contexto, documento, QString::fromUtf8(caso.papel)),
                   QString::fromUtf8(caso.nome));
@@ -194,8 +194,8 @@ TEST(Vinculos, WhatTheDocumentSearchTells) {
 TEST(Vinculos, BackReferencesOfThePerson) {
     World mundo;
     mundo.connect();
-    GravaVinculoPess(mundo.contexto, u"7"_qs, "idCLIE", u"12"_qs);
-    LimpaVinculoPess(mundo.contexto, u"7"_qs, "idFORN");
-    EXPECT_EQ(mundo.database.writes, QStringList({u"UPDATE PESS SET IDCLIE = 12 WHERE IDPESS = 7"_qs,
-                                                  u"UPDATE PESS SET IDFORN = 0 WHERE IDPESS = 7"_qs}));
+    GravaVinculoPess(mundo.contexto, u"7"_s, "idCLIE", u"12"_s);
+    LimpaVinculoPess(mundo.contexto, u"7"_s, "idFORN");
+    EXPECT_EQ(mundo.database.writes, QStringList({u"UPDATE PESS SET IDCLIE = 12 WHERE IDPESS = 7"_s,
+                                                  u"UPDATE PESS SET IDFORN = 0 WHERE IDPESS = 7"_s}));
 }

@@ -1,5 +1,7 @@
 #include "support/FailingStatements.h"
 
+#include "base/Literals.h"
+
 namespace vorta::test {
 
 struct FailingStatements::State {
@@ -10,7 +12,7 @@ struct FailingStatements::State {
 
     void count(const data::Statement& statement) {
         if (++sent == failing)
-            throw RuntimeError(statementError, QStringLiteral("falha preparada"), 0, {}, statement.text());
+            throw RuntimeError(statementError, u"falha preparada"_s, 0, {}, statement.text());
     }
 };
 
@@ -27,7 +29,7 @@ class FailingAdapter : public data::Adapter {
     void begin() override { engine_->begin(); }
     void commit() override {
         if (const int number = std::exchange(state_->commitError, 0))
-            throw RuntimeError(number, QStringLiteral("falha preparada"));
+            throw RuntimeError(number, u"falha preparada"_s);
         engine_->commit();
     }
     void execute(const data::Statement& statement) override {

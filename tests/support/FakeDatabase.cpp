@@ -1,5 +1,6 @@
 #include "support/FakeDatabase.h"
 
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 
 #include <algorithm>
@@ -18,12 +19,12 @@ class FakeAdapter : public data::Adapter {
     }
     void close() override {
         if (open_)
-            database_.sent += QStringLiteral("CLOSE");
+            database_.sent += u"CLOSE"_s;
         open_ = false;
     }
     bool isOpen() const override { return open_; }
-    void begin() override { database_.sent += QStringLiteral("BEGIN"); }
-    void commit() override { database_.sent += QStringLiteral("COMMIT"); }
+    void begin() override { database_.sent += u"BEGIN"_s; }
+    void commit() override { database_.sent += u"COMMIT"_s; }
     void execute(const data::Statement& statement) override {
         database_.sent += statement.text();
         database_.failIfAsked(statement);
@@ -67,29 +68,40 @@ void FakeDatabase::answer(const QString& part, FakeRows rows) {
     answers_.insert(answers_.begin(), {part, std::move(rows)});
 }
 
-void FakeDatabase::fail(const QString& part, int errorNumber) { failures_.push_back({part, errorNumber}); }
+void FakeDatabase::fail(const QString& part, int errorNumber) {
+    failures_.push_back({part, errorNumber});
+}
 
 data::AdapterFactory FakeDatabase::factory() {
     return [this](data::Engine engine) { return std::make_unique<FakeAdapter>(*this, engine); };
 }
 
 const FakeRows* FakeDatabase::rowsFor(const QString& text) const {
-    const auto found = std::find_if(answers_.begin(), answers_.end(), [&](const auto& entry) {
-        return text.contains(entry.first, Qt::CaseInsensitive);
-    });
+    const auto found = std::find_if(answers_.begin(), answers_.end(),
+                                    [&](const auto& entry) { return text.contains(entry.first, Qt::CaseInsensitive); });
     return found == answers_.end() ? nullptr : &found->second;
 }
 
 void FakeDatabase::failIfAsked(const data::Statement& statement) const {
     for (const auto& [part, number] : failures_)
         if (statement.text().contains(part, Qt::CaseInsensitive))
-            throw RuntimeError(number, QStringLiteral("falha preparada"), 0, {}, statement.text());
+            throw RuntimeError(number, u"falha preparada"_s, 0, {}, statement.text());
 }
 
-data::Value text(const char* utf8) { return data::Value(QString::fromUtf8(utf8)); }
-data::Value number(qint64 integer) { return data::Value(integer); }
-data::Value amount(qint64 cents) { return data::Value(data::Decimal{cents, 2}); }
-data::Value date(int year, int month, int day) { return data::Value(QDate(year, month, day).startOfDay()); }
-data::Value null() { return {}; }
+data::Value text(const char* utf8) {
+    return data::Value(QString::fromUtf8(utf8));
+}
+data::Value number(qint64 integer) {
+    return data::Value(integer);
+}
+data::Value amount(qint64 cents) {
+    return data::Value(data::Decimal{cents, 2});
+}
+data::Value date(int year, int month, int day) {
+    return data::Value(QDate(year, month, day).startOfDay());
+}
+data::Value null() {
+    return {};
+}
 
 } // namespace vorta::test

@@ -14,8 +14,8 @@ struct FakeRows {
     QList<QList<data::Value>> rows;
 };
 
-/// A database without an engine: it remembers every text that reaches it and answers queries with prepared rows. A query without a
-/// prepared answer gives no rows. Shared by all connections made of it.
+/// A database without an engine: it remembers every text that reaches it and answers queries with prepared rows. A
+/// query without a prepared answer gives no rows. Shared by all connections made of it.
 class FakeDatabase {
   public:
     /// Answers queries whose text contains `part`; of several the one prepared last wins.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Literals.h"
 #include "screen/Platform.h"
 #include "screen/Screen.h"
 
@@ -10,15 +11,15 @@
 
 namespace vorta::test {
 
-/// The outside world of a test: boxes are recorded and answered from a queue, files are names in a set or lines in a map, the clock stands still.
-/// A box that asks without a waiting answer fails the test.
+/// The outside world of a test: boxes are recorded and answered from a queue, files are names in a set or lines in a
+/// map, the clock stands still. A box that asks without a waiting answer fails the test.
 class TestPlatform : public screen::Platform {
   public:
     screen::Answer messageBox(const screen::Box& box) override;
     void runModal(screen::Screen& screen) override;
     void openAddress(const QString& address) override { addresses += address; }
     void progress(qint64 done, qint64 total) override { progressed.push_back({done, total}); }
-    QString home() const override { return QStringLiteral("/vorta"); }
+    QString home() const override { return u"/vorta"_s; }
     QDateTime now() const override { return clock; }
     bool fileExists(const QString& path) const override;
     QStringList readLines(const QString& path, int most) const override;
@@ -26,7 +27,9 @@ class TestPlatform : public screen::Platform {
 
     void willAnswer(screen::Answer answer) { answers.push(answer); }
     /// What is done while the screen of that name is shown; it closes afterwards when that has not closed it.
-    void whenShown(const QString& screen, std::function<void(screen::Screen&)> play) { plays[screen] = std::move(play); }
+    void whenShown(const QString& screen, std::function<void(screen::Screen&)> play) {
+        plays[screen] = std::move(play);
+    }
 
     QDateTime clock{QDate(2026, 11, 20), QTime(14, 30)};
     std::vector<screen::Box> boxes;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Literals.h"
 #include "launch/ContextoExecucao.h"
 #include "support/ErrorOf.h"
 #include "support/FakeDatabase.h"
@@ -17,7 +18,7 @@ struct World {
     ContextoExecucao contexto{program, database.factory()};
 
     /// Opens the main connection as the launch would, with that engine tag.
-    void connect(const QString& tag = QStringLiteral("FIREBIRD")) {
+    void connect(const QString& tag = u"FIREBIRD"_s) {
         contexto.TipoBanco = tag;
         contexto.ConexaoPrincipal = contexto.novaConexao();
         contexto.ConexaoPrincipal->Open(tag == u"FIREBIRD" ? data::Engine::Firebird : data::Engine::SqlServer, tag);

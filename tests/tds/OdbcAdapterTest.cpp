@@ -1,4 +1,5 @@
 #include "odbc/OdbcAdapter.h"
+#include "base/Literals.h"
 
 #include "base/RuntimeError.h"
 #include "launch/EngineTags.h"
@@ -93,14 +94,14 @@ const Statement renameThird("UPDATE PESS SET NOME_CONH = 'NOVO' WHERE idPESS = 3
 
 TEST(ConnectionKeys, EveryFormSaysTheSame) {
     const QString expected =
-        u"DRIVER={FreeTDS};TDS_VERSION=7.4;CLIENTCHARSET=UTF-8;SERVER={srv};PORT={1433};UID={me};PWD={p=w}d};DATABASE={erp};"_qs;
+        u"DRIVER={FreeTDS};TDS_VERSION=7.4;CLIENTCHARSET=UTF-8;SERVER={srv};PORT={1433};UID={me};PWD={p=w}d};DATABASE={erp};"_s;
     int forms = 0;
     for (const EngineTag& tag : EngineTags()) {
         if (tag.engine != data::Engine::SqlServer)
             continue;
         ++forms;
         QStringList parts =
-            OdbcConnectionString(QString::fromLatin1(tag.form).arg(u"srv"_qs, u"me"_qs, u"p=w}d"_qs, u"erp"_qs))
+            OdbcConnectionString(QString::fromLatin1(tag.form).arg(u"srv"_s, u"me"_s, u"p=w}d"_s, u"erp"_s))
                 .split(u';');
         QStringList same = expected.split(u';');
         parts.sort();
@@ -112,7 +113,7 @@ TEST(ConnectionKeys, EveryFormSaysTheSame) {
 
 TEST(ConnectionKeys, ServersHaveManyNames) {
     const auto server = [](const char* name) {
-        return OdbcConnectionString(u"server="_qs + QString::fromLatin1(name)).section(u';', 3);
+        return OdbcConnectionString(u"server="_s + QString::fromLatin1(name)).section(u';', 3);
     };
     EXPECT_EQ(server("srv"), u"SERVER={srv};PORT={1433};");
     EXPECT_EQ(server(" srv, 14330"), u"SERVER={srv};PORT={14330};");
@@ -123,8 +124,8 @@ TEST(ConnectionKeys, ServersHaveManyNames) {
 }
 
 TEST(OdbcAdapter, OpensWithEveryForm) {
-    const QString password = u"s}e{c=r t"_qs;
-    const TdsServer server({u"--password"_qs, password});
+    const QString password = u"s}e{c=r t"_s;
+    const TdsServer server({u"--password"_s, password});
     for (const EngineTag& tag : EngineTags()) {
         if (tag.engine != data::Engine::SqlServer)
             continue;
@@ -134,14 +135,14 @@ TEST(OdbcAdapter, OpensWithEveryForm) {
         adapter->close();
         EXPECT_FALSE(adapter->isOpen());
     }
-    EXPECT_EQ(server.trace().filter(u"LOGIN vorta VORTA 74"_qs).size(), 5);
+    EXPECT_EQ(server.trace().filter(u"LOGIN vorta VORTA 74"_s).size(), 5);
 }
 
 TEST(OdbcAdapter, ReadsEveryType) {
     const TdsServer server;
     auto adapter = opened(server);
     const Rows rows = read(*adapter, Statement("SELECT * FROM PESS ORDER BY idPESS"));
-    EXPECT_EQ(rows.names.mid(0, 3), QStringList({u"idPESS"_qs, u"NOME_PESS"_qs, u"NOME_CONH"_qs}));
+    EXPECT_EQ(rows.names.mid(0, 3), QStringList({u"idPESS"_s, u"NOME_PESS"_s, u"NOME_CONH"_s}));
     ASSERT_EQ(rows.rows.size(), 3);
     const std::vector<Value> first{
         number(1), text("JOÃO DA SILVA"),    text("JOÃO"), text("A1"), day(2026, 11, 20), {}, Decimal{123450, 2},
@@ -159,7 +160,7 @@ TEST(OdbcAdapter, ReadsNothingFromAnEmptyResult) {
     const TdsServer server;
     auto adapter = opened(server);
     const Rows rows = read(*adapter, Statement("SELECT NOME_PESS FROM PESS WHERE idPESS = 99"));
-    EXPECT_EQ(rows.names, QStringList(u"NOME_PESS"_qs));
+    EXPECT_EQ(rows.names, QStringList(u"NOME_PESS"_s));
     EXPECT_TRUE(rows.rows.empty());
 }
 
@@ -169,12 +170,12 @@ TEST(OdbcAdapter, SendsTextsAsTheyStand) {
     adapter->execute(Statement("UPDATE PESS SET NOME_CONH = 'ÇÃÉ €' WHERE idPESS = 3"));
     EXPECT_EQ(single(*adapter, nameOfThird), text("ÇÃÉ €"));
     EXPECT_EQ(single(*adapter, Statement("SELECT COUNT(*) 'QT' FROM PESS")), number(3));
-    EXPECT_TRUE(server.trace().contains(u"UPDATE PESS SET NOME_CONH = 'ÇÃÉ €' WHERE idPESS = 3"_qs));
-    EXPECT_TRUE(server.trace().contains(u"SELECT COUNT(*) 'QT' FROM PESS"_qs));
+    EXPECT_TRUE(server.trace().contains(u"UPDATE PESS SET NOME_CONH = 'ÇÃÉ €' WHERE idPESS = 3"_s));
+    EXPECT_TRUE(server.trace().contains(u"SELECT COUNT(*) 'QT' FROM PESS"_s));
 }
 
 TEST(OdbcAdapter, ReadsBothFormsOfDatesWhateverTheLanguageOfTheLogin) {
-    const TdsServer server({u"--language"_qs, u"brazilian"_qs});
+    const TdsServer server({u"--language"_s, u"brazilian"_s});
     auto adapter = opened(server);
     adapter->execute(Statement("UPDATE PESS SET DATA_INCL = '2026/02/13', DATA_DESA = '2026/02/13' WHERE idPESS = 3"));
     adapter->execute(Statement("UPDATE PESS SET DATA_INCL = '20260214' WHERE idPESS = 2"));
@@ -189,7 +190,7 @@ TEST(OdbcAdapter, ReadsTextsOfAnyLength) {
     auto adapter = opened(server);
     adapter->execute(Statement("CREATE TABLE LONGO (idLONGO int NOT NULL, TEXTO varchar(max), FATOR float)"));
     for (const int length : {0, 1, 32766, 32767, 32768, 65535, 65536, 300001}) {
-        const QString content = u"AÇÃO€"_qs.repeated(length / 5 + 1).left(length);
+        const QString content = u"AÇÃO€"_s.repeated(length / 5 + 1).left(length);
         Statement insert;
         insert << "INSERT INTO LONGO (idLONGO, TEXTO, FATOR) VALUES (" << length << ", '" << content << "', 0.1)";
         adapter->execute(insert);
@@ -301,17 +302,17 @@ TEST(OdbcConnection, FailsWithoutAServer) {
 TEST(OdbcConnection, FailsWhenTheServerRefuses) {
     const TdsServer server;
     const char* form = "driver={SQL Server};server=%1;uid=%2;pwd=%3;database=%4";
-    const RuntimeError password = openFailure(server.connectionString(form, u"errada"_qs));
+    const RuntimeError password = openFailure(server.connectionString(form, u"errada"_s));
     EXPECT_EQ(password.number(), errorNumber::ConnectionFailed);
     EXPECT_EQ(password.description(), u"Login failed for user 'vorta'.");
-    EXPECT_EQ(openFailure(server.connectionString(form, u"vorta"_qs, u"NADA"_qs)).number(),
+    EXPECT_EQ(openFailure(server.connectionString(form, u"vorta"_s, u"NADA"_s)).number(),
               errorNumber::ConnectionFailed);
-    const TdsServer refusing({u"--refuse-login"_qs});
+    const TdsServer refusing({u"--refuse-login"_s});
     EXPECT_EQ(openFailure(refusing.connectionString()).number(), errorNumber::ConnectionFailed);
 }
 
 TEST(OdbcConnection, WaitsAsLongAsItIsTold) {
-    const TdsServer server({u"--slow-login"_qs, u"2"_qs});
+    const TdsServer server({u"--slow-login"_s, u"2"_s});
     QElapsedTimer clock;
     clock.start();
     EXPECT_EQ(openFailure(server.connectionString(), 1).number(), errorNumber::ConnectionFailed);
@@ -322,14 +323,14 @@ TEST(OdbcConnection, WaitsAsLongAsItIsTold) {
 }
 
 TEST(OdbcConnection, ASlowAnswerIsAnAnswer) {
-    const TdsServer server({u"--slow"_qs, u"1.2"_qs});
+    const TdsServer server({u"--slow"_s, u"1.2"_s});
     auto adapter = MakeOdbcAdapter();
     adapter->open(server.connectionString(), 1);
     EXPECT_EQ(single(*adapter, Statement("SELECT COUNT(*) FROM PESS")), number(3));
 }
 
 TEST(OdbcConnection, IsLostDuringASave) {
-    const TdsServer server({u"--drop-on"_qs, u"NOME_CONH = 'FIM'"_qs});
+    const TdsServer server({u"--drop-on"_s, u"NOME_CONH = 'FIM'"_s});
     auto adapter = opened(server);
     adapter->begin();
     adapter->execute(renameThird);
@@ -343,7 +344,7 @@ TEST(OdbcConnection, IsLostDuringASave) {
 }
 
 TEST(OdbcConnection, IsLostAtTheCommit) {
-    const TdsServer server({u"--drop-on"_qs, u"^TRANSACTION COMMIT"_qs});
+    const TdsServer server({u"--drop-on"_s, u"^TRANSACTION COMMIT"_s});
     auto adapter = opened(server);
     adapter->begin();
     adapter->execute(renameThird);

@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "launch/AcessoDados.h"
 #include "launch/ConectaServidor.h"
@@ -20,15 +21,14 @@ class SqlServerRoad : public testing::Test {
   protected:
     SqlServerRoad() : SqlServerRoad(QStringList()) {}
     explicit SqlServerRoad(const QStringList& options) : server(options) {
-        platform.files[config("server_aplic.ini")] = {u"^^"_qs};
+        platform.files[config("server_aplic.ini")] = {u"^^"_s};
     }
 
-    static QString config(const char* file) { return u"/vorta/config/"_qs + QString::fromLatin1(file); }
+    static QString config(const char* file) { return u"/vorta/config/"_s + QString::fromLatin1(file); }
 
     void configure(const char* tag) {
-        const QString line = QStringLiteral("127.0.0.1,%1^VORTA^vorta^vorta^%2^^False^")
-                                 .arg(server.port())
-                                 .arg(QString::fromLatin1(tag));
+        const QString line =
+            u"127.0.0.1,%1^VORTA^vorta^vorta^%2^^False^"_s.arg(server.port()).arg(QString::fromLatin1(tag));
         platform.files[config("server.ini")] = {line};
         platform.files[config("server_cep.ini")] = {line};
     }
@@ -59,7 +59,7 @@ class SqlServerRoad : public testing::Test {
 
 class LosingSqlServerRoad : public SqlServerRoad {
   protected:
-    LosingSqlServerRoad() : SqlServerRoad({u"--drop-on"_qs, u"FIM"_qs}) {}
+    LosingSqlServerRoad() : SqlServerRoad({u"--drop-on"_s, u"FIM"_s}) {}
 };
 
 } // namespace
@@ -68,7 +68,7 @@ TEST_F(SqlServerRoad, EveryTagConnects) {
     for (const char* tag : {"", "MS-SQL", "MSSQL", "MS-SQL2005WEB", "MS-SQL2008WEB", "MS-SQL-REMOTO"}) {
         contexto.ConexaoPrincipal.reset();
         connect(tag);
-        EXPECT_EQ(LeParametroEmpresa(contexto, u"PESS_TELA_CLIENTE"_qs), u"N") << tag;
+        EXPECT_EQ(LeParametroEmpresa(contexto, u"PESS_TELA_CLIENTE"_s), u"N") << tag;
     }
     EXPECT_TRUE(platform.boxes.empty());
 }
@@ -86,8 +86,7 @@ TEST_F(SqlServerRoad, ThePostalCodeConnectionComesAndGoes) {
 }
 
 TEST_F(SqlServerRoad, ARefusedLoginEndsTheProcessWithItsBox) {
-    platform.files[config("server.ini")] = {
-        QStringLiteral("127.0.0.1,%1^VORTA^vorta^errada^MS-SQL^^False^").arg(server.port())};
+    platform.files[config("server.ini")] = {u"127.0.0.1,%1^VORTA^vorta^errada^MS-SQL^^False^"_s.arg(server.port())};
     EXPECT_FALSE(program.dispatch([&] { ConectaServidor(contexto); }));
     ASSERT_EQ(platform.boxes.size(), 1);
     EXPECT_TRUE(platform.boxes[0].text.startsWith(u"O Servidor de dados não está respondendo."));
@@ -112,7 +111,7 @@ TEST_F(SqlServerRoad, TheKeyOfANewRow) {
     Executa(contexto, Statement("insert into pess (nome_pess, data_incl) values ('ação', '20261121')"));
     EXPECT_EQ(UltimoIdentity(contexto), 4);
     EXPECT_EQ(read(Statement("select nome_pess from pess where idpess = 4")).Fields(0).text(), u"AÇÃO");
-    EXPECT_TRUE(server.trace().contains(u"SELECT @@IDENTITY AS 'MAXROWID'"_qs));
+    EXPECT_TRUE(server.trace().contains(u"SELECT @@IDENTITY AS 'MAXROWID'"_s));
 }
 
 TEST_F(SqlServerRoad, AColumnOfTwoTablesIsTakenFromTheFirst) {

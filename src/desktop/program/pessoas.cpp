@@ -1,4 +1,5 @@
 #include "app/Register.h"
+#include "base/Literals.h"
 #include "desktop/DesktopApplication.h"
 #include "desktop/DesktopPlatform.h"
 
@@ -9,6 +10,7 @@
 namespace {
 
 using vorta::RuntimeError;
+using namespace Qt::StringLiterals;
 
 constexpr int outOfMemory = 7;
 constexpr int internalError = 51;
@@ -28,7 +30,7 @@ void raiseAsRuntimeError(const std::function<void()>& raise) {
     } catch (const RuntimeError&) {
         throw;
     } catch (const std::bad_alloc&) {
-        throw RuntimeError(outOfMemory, QStringLiteral("Memória insuficiente"));
+        throw RuntimeError(outOfMemory, u"Memória insuficiente"_s);
     } catch (const std::exception& error) {
         throw RuntimeError(internalError, QString::fromUtf8(error.what()));
     }

@@ -2,6 +2,7 @@
 // [LAUNCH STRING]. It looks and begins operations, but saves nothing.
 
 #include "app/Register.h"
+#include "base/Literals.h"
 #include "desktop/DesktopApplication.h"
 #include "desktop/DesktopPlatform.h"
 #include "desktop/MessageBox.h"
@@ -38,7 +39,7 @@ class Tour : public desktop::DesktopPlatform {
     screen::Answer messageBox(const screen::Box& box) override {
         QTimer::singleShot(0, qApp, [this] {
             auto* shown = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            picture(*shown, QStringLiteral("pergunta"));
+            picture(*shown, u"pergunta"_s);
             // Whatever has been begun is given up.
             for (const screen::Answer answer : {screen::Answer::Cancel, screen::Answer::No, screen::Answer::OK})
                 if (QAbstractButton* button = desktop::ButtonOf(*shown, answer))
@@ -57,10 +58,10 @@ class Tour : public desktop::DesktopPlatform {
 
     /// What is done on a screen; one that is only looked at is closed by its frame.
     void station(screen::Screen& screen) {
-        static const std::map<QString, Part> parts{{QStringLiteral("frmPessoas"), &Tour::persons},
-                                                   {QStringLiteral("frmBROWSE_PESSOAS"), &Tour::personSearch},
-                                                   {QStringLiteral("frmBROWSE_CEPS"), &Tour::streetSearch},
-                                                   {QStringLiteral("frmBROWSE_PRODUTO"), &Tour::productSearch}};
+        static const std::map<QString, Part> parts{{u"frmPessoas"_s, &Tour::persons},
+                                                   {u"frmBROWSE_PESSOAS"_s, &Tour::personSearch},
+                                                   {u"frmBROWSE_CEPS"_s, &Tour::streetSearch},
+                                                   {u"frmBROWSE_PRODUTO"_s, &Tour::productSearch}};
         // The offscreen platform has a small screen; its pictures need none.
         top()->resize(top()->wholeSize());
         const auto part = parts.find(screen.name());
@@ -80,12 +81,12 @@ class Tour : public desktop::DesktopPlatform {
         pages("SSTab2");
         const QString person = field("txtRowID").text();
         click("cmdALTERAR");
-        picture(QStringLiteral("alteracao"));
+        picture(u"alteracao"_s);
         click("cmdCEP");
         giveUp();
         click("cmdINCLUIR");
         type("txtDescricao", "Maria da Conceição d'Ávila");
-        picture(QStringLiteral("inclusao"));
+        picture(u"inclusao"_s);
         giveUp();
         for (const char* other : {"frmPESSOAS_INCL", "frmInfoPess", "frmBROWSE_PRODUTO", "frmCliente", "frmFornecedor",
                                   "frmTransportadora", "frmMotorista", "frmVendedor", "frmArquiteto", "frmDecorador"})
@@ -114,7 +115,7 @@ class Tour : public desktop::DesktopPlatform {
     }
 
     void productSearch() {
-        field("lblCodiEmpresa").setText(QStringLiteral("0001"));
+        field("lblCodiEmpresa").setText(u"0001"_s);
         click("cmdPesquisa");
         picture();
     }
@@ -163,7 +164,7 @@ class Tour : public desktop::DesktopPlatform {
     }
     void picture(QWidget& widget, const QString& what) {
         QCoreApplication::processEvents();
-        const QString name = QStringLiteral("%1 %2.png").arg(++pictures_, 2, 10, QChar(u'0')).arg(what);
+        const QString name = u"%1 %2.png"_s.arg(++pictures_, 2, 10, QChar(u'0')).arg(what);
         std::printf("%s\n", qUtf8Printable(name));
         if (!widget.grab().save(folder_.filePath(name)))
             std::fprintf(stderr, "%s cannot be written\n", qUtf8Printable(folder_.filePath(name)));
@@ -188,5 +189,5 @@ int main(int argc, char** argv) {
     // The user's own places of windows are none of the tour's business.
     const QTemporaryDir settings;
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
-    return Tour(arguments[1]).play(arguments.value(2, QStringLiteral("1^1^PRD^False^")));
+    return Tour(arguments[1]).play(arguments.value(2, u"1^1^PRD^False^"_s));
 }

@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "firebird/EmbeddedEngine.h"
 #include "kit/Check.h"
@@ -78,7 +79,7 @@ class ProgressLine {
         if (!terminal_ || (since_.isValid() && since_.elapsed() < 200 && done != all))
             return;
         since_.start();
-        const QString line = all > 0 ? QStringLiteral("%1: %2 de %3").arg(what).arg(done).arg(all) : what;
+        const QString line = all > 0 ? u"%1: %2 de %3"_s.arg(what).arg(done).arg(all) : what;
         std::fprintf(stderr, "\r\033[K%s", qUtf8Printable(line));
         shown_ = true;
     }
@@ -94,8 +95,7 @@ class ProgressLine {
 };
 
 int create(const QStringList& words) {
-    const Arguments arguments(words, {QStringLiteral("--home"), QStringLiteral("--people"), QStringLiteral("--seed")},
-                              {QStringLiteral("--demo")});
+    const Arguments arguments(words, {u"--home"_s, u"--people"_s, u"--seed"_s}, {u"--demo"_s});
     kit::Contents contents;
     bool peopleRight = true, seedRight = true;
     contents.demo = arguments.has("--demo");
@@ -110,13 +110,13 @@ int create(const QStringList& words) {
     firebird::PrepareEmbeddedEngine(arguments.value("--home"));
     ProgressLine progress;
     kit::CreateInstallation(arguments.value("--home"), contents, std::ref(progress));
-    say(stdout, QStringLiteral("Instalação criada em %1").arg(arguments.value("--home")));
+    say(stdout, u"Instalação criada em %1"_s.arg(arguments.value("--home")));
     return succeeded;
 }
 
 int ddl(const QStringList& words) {
-    static const std::map<QString, data::Engine> engines{{QStringLiteral("firebird"), data::Engine::Firebird},
-                                                         {QStringLiteral("sqlserver"), data::Engine::SqlServer}};
+    static const std::map<QString, data::Engine> engines{{u"firebird"_s, data::Engine::Firebird},
+                                                         {u"sqlserver"_s, data::Engine::SqlServer}};
     const auto engine = words.size() == 1 ? engines.find(words.front()) : engines.end();
     if (engine == engines.end())
         return misuse();
@@ -127,37 +127,36 @@ int ddl(const QStringList& words) {
 /// The engine leaves its own folder in a home, so it is not woken for one that holds nothing.
 void prepareInstallation(const QString& home) {
     const kit::Layout layout(home);
-    if (!QFile::exists(layout.config(QStringLiteral("server_aplic.ini"))) &&
-        !QFile::exists(layout.config(QStringLiteral("server.ini"))))
-        throw RuntimeError(errorNumber::FileNotFound, QStringLiteral("%1 não contém uma instalação").arg(layout.home));
+    if (!QFile::exists(layout.config(u"server_aplic.ini"_s)) && !QFile::exists(layout.config(u"server.ini"_s)))
+        throw RuntimeError(errorNumber::FileNotFound, u"%1 não contém uma instalação"_s.arg(layout.home));
     firebird::PrepareEmbeddedEngine(layout.home);
 }
 
 int cep(const QStringList& words) {
-    const Arguments arguments(words, {QStringLiteral("--home")}, {});
+    const Arguments arguments(words, {u"--home"_s}, {});
     if (arguments.wrong || arguments.rest.size() != 1 || arguments.value("--home").isEmpty())
         return misuse();
     prepareInstallation(arguments.value("--home"));
     kit::ListMistakes mistakes;
     const qint64 loaded = kit::LoadPostalCodeFile(arguments.value("--home"), arguments.rest.front(), mistakes);
     if (mistakes.all == 0) {
-        say(stdout, QStringLiteral("%1 logradouros carregados").arg(loaded));
+        say(stdout, u"%1 logradouros carregados"_s.arg(loaded));
         return succeeded;
     }
     for (const QString& line : std::as_const(mistakes.lines))
         say(stderr, line);
-    say(stderr, QStringLiteral("%1 erro(s); nada foi carregado").arg(mistakes.all));
+    say(stderr, u"%1 erro(s); nada foi carregado"_s.arg(mistakes.all));
     return failed;
 }
 
 int check(const QStringList& words) {
-    const Arguments arguments(words, {QStringLiteral("--home")}, {});
+    const Arguments arguments(words, {u"--home"_s}, {});
     if (arguments.wrong || !arguments.rest.isEmpty() || arguments.value("--home").isEmpty())
         return misuse();
     prepareInstallation(arguments.value("--home"));
     bool right = true;
     for (const kit::Finding& finding : kit::CheckInstallation(arguments.value("--home"))) {
-        say(stdout, (finding.right ? QStringLiteral("ok     ") : QStringLiteral("FALTA  ")) + finding.words);
+        say(stdout, (finding.right ? u"ok     "_s : u"FALTA  "_s) + finding.words);
         right = right && finding.right;
     }
     return right ? succeeded : failed;
@@ -167,10 +166,8 @@ int check(const QStringList& words) {
 
 int main(int argc, char** argv) {
     QCoreApplication application(argc, argv);
-    static const std::map<QString, int (*)(const QStringList&)> commands{{QStringLiteral("create"), create},
-                                                                         {QStringLiteral("ddl"), ddl},
-                                                                         {QStringLiteral("cep"), cep},
-                                                                         {QStringLiteral("check"), check}};
+    static const std::map<QString, int (*)(const QStringList&)> commands{
+        {u"create"_s, create}, {u"ddl"_s, ddl}, {u"cep"_s, cep}, {u"check"_s, check}};
     const QStringList words = QCoreApplication::arguments().sliced(1);
     const auto command = commands.find(words.value(0));
     if (command == commands.end())

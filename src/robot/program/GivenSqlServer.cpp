@@ -1,5 +1,6 @@
 #include "robot/program/GivenSqlServer.h"
 
+#include "base/Literals.h"
 #include "kit/Ddl.h"
 #include "odbc/OdbcAdapter.h"
 #include "robot/RowText.h"
@@ -37,17 +38,17 @@ SqlServerLogin loginOf(const QString& connectionString) {
         // The program finds them as fields of a line.
         const QString& value = login.*key.place;
         if (value.isEmpty() || value.contains(u'^'))
-            throw Failure{QStringLiteral("the server is no \"server=...;uid=...;pwd=...;database=...\"")};
+            throw Failure{u"the server is no \"server=...;uid=...;pwd=...;database=...\""_s};
     }
     return login;
 }
 
 QString literal(const QJsonValue& value) {
     if (value.isNull())
-        return QStringLiteral("NULL");
+        return u"NULL"_s;
     if (value.isDouble())
         return QString::number(value.toInteger());
-    return u'\'' + value.toString().replace(u'\'', QStringLiteral("''")) + u'\'';
+    return u'\'' + value.toString().replace(u'\'', u"''"_s) + u'\'';
 }
 
 QString rowLiteral(const QJsonArray& row) {
@@ -76,22 +77,21 @@ void GivenSqlServer::run(const QString& statement) {
 
 bool GivenSqlServer::stands(const kit::Table& table) {
     RowText found;
-    connection().query(AsOneText(QStringLiteral("SELECT OBJECT_ID('%1')").arg(table.name)), found);
+    connection().query(AsOneText(u"SELECT OBJECT_ID('%1')"_s.arg(table.name)), found);
     return found.text() != u"<null>";
 }
 
 void GivenSqlServer::requireNoTable() {
     for (const kit::Table& table : kit::Tables())
         if (stands(table))
-            throw Failure{QStringLiteral("the database %1 has a table %2 already; the player makes its own and removes "
-                                         "them, and touches no other")
-                              .arg(login_.database, table.name)};
+            throw Failure{u"the database %1 has a table %2 already; the player makes its own and removes "
+                          "them, and touches no other"_s.arg(login_.database, table.name)};
 }
 
 void GivenSqlServer::dropTables() {
     for (const kit::Table& table : kit::Tables())
         if (stands(table))
-            run(QStringLiteral("DROP TABLE %1").arg(table.name));
+            run(u"DROP TABLE %1"_s.arg(table.name));
 }
 
 void GivenSqlServer::makeTables(kit::Base kind) {
@@ -103,17 +103,17 @@ void GivenSqlServer::makeTables(kit::Base kind) {
 void GivenSqlServer::take(Base base, const TableRows& taken) {
     const auto [kind, isNew] = taken_.try_emplace(KindOf(base), base);
     if (kind->second != base)
-        throw Failure{QStringLiteral("the given database has room for one environment")};
+        throw Failure{u"the given database has room for one environment"_s};
     if (isNew)
         makeTables(kind->first);
     const QString& table = taken.table.name;
     QStringList columns;
     for (const QJsonValue& column : taken.columns)
         columns += column.toString();
-    const QString insert = QStringLiteral("INSERT INTO %1 (%2) VALUES ").arg(table, columns.join(u','));
+    const QString insert = u"INSERT INTO %1 (%2) VALUES "_s.arg(table, columns.join(u','));
     const bool keyed = taken.table.hasKey() && !taken.rows.isEmpty();
     if (keyed)
-        run(QStringLiteral("SET IDENTITY_INSERT %1 ON").arg(table));
+        run(u"SET IDENTITY_INSERT %1 ON"_s.arg(table));
     QStringList rows;
     for (qsizetype at = 0; at < taken.rows.size(); ++at) {
         rows += rowLiteral(taken.rows[at].toArray());
@@ -123,10 +123,10 @@ void GivenSqlServer::take(Base base, const TableRows& taken) {
         }
     }
     if (keyed)
-        run(QStringLiteral("SET IDENTITY_INSERT %1 OFF").arg(table));
+        run(u"SET IDENTITY_INSERT %1 OFF"_s.arg(table));
     // A table that never had a row takes the number itself as its next key, any other the one behind it.
     if (taken.lastKey && (keyed || *taken.lastKey > 0))
-        run(QStringLiteral("DBCC CHECKIDENT ('%1', RESEED, %2)").arg(table).arg(*taken.lastKey + (keyed ? 0 : 1)));
+        run(u"DBCC CHECKIDENT ('%1', RESEED, %2)"_s.arg(table).arg(*taken.lastKey + (keyed ? 0 : 1)));
 }
 
 void GivenSqlServer::open() {

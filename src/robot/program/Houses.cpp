@@ -1,5 +1,6 @@
 #include "robot/program/Houses.h"
 
+#include "base/Literals.h"
 #include "launch/EngineTags.h"
 #include "robot/program/Application.h"
 #include "robot/program/GivenSqlServer.h"
@@ -43,10 +44,10 @@ class ServerHouse : public House {
 /// The engine tag for the lines; an empty one is good for SQL Server too.
 QString tagOf(const Options& options) {
     if (options.tag.isNull())
-        return QStringLiteral("MS-SQL");
+        return u"MS-SQL"_s;
     const EngineTag* tag = FindEngineTag(options.tag);
     if (!options.tag.isEmpty() && !(tag && tag->engine == data::Engine::SqlServer))
-        throw Failure{QStringLiteral("no engine tag of SQL Server: %1").arg(options.tag)};
+        throw Failure{u"no engine tag of SQL Server: %1"_s.arg(options.tag)};
     return options.tag;
 }
 
@@ -57,7 +58,7 @@ class OwnSqlServerHouse : public House {
         : home_(options.home), tag_(tagOf(options)), wire_(options.wire) {
         servers::TdsServer::require();
         if (!wire_.isEmpty() && !QFile(wire_).open(QIODevice::WriteOnly))
-            throw Failure{QStringLiteral("%1 cannot be written").arg(wire_)};
+            throw Failure{u"%1 cannot be written"_s.arg(wire_)};
     }
     std::unique_ptr<Stage> stage(const QString& copy) const override {
         return std::make_unique<SqlServerStage>(home_, copy, std::make_unique<OwnSqlServer>(copy, wire_), tag_);
@@ -75,7 +76,7 @@ class GivenSqlServerHouse : public House {
     explicit GivenSqlServerHouse(const Options& options)
         : home_(options.home), tag_(tagOf(options)), server_(options.server) {
         if (!options.wire.isEmpty())
-            throw Failure{QStringLiteral("--wire is for the test server")};
+            throw Failure{u"--wire is for the test server"_s};
         withDatabase(&GivenSqlServer::requireNoTable);
     }
     std::unique_ptr<Stage> stage(const QString& copy) const override {
@@ -101,7 +102,7 @@ class GivenSqlServerHouse : public House {
 template <typename Kind>
 std::unique_ptr<House> makeFirebirdHouse(const Options& options) {
     if (!options.server.isEmpty() || !options.tag.isNull() || !options.wire.isEmpty())
-        throw Failure{QStringLiteral("--server, --tag and --wire are for SQL Server")};
+        throw Failure{u"--server, --tag and --wire are for SQL Server"_s};
     return std::make_unique<Kind>(options);
 }
 
@@ -129,7 +130,7 @@ std::unique_ptr<House> OpenHouse(const Options& options) {
         return options.engine == QLatin1StringView(known.name);
     });
     if (row == engines.end())
-        throw Failure{QStringLiteral("no engine %1; there are embedded, server and sqlserver").arg(options.engine)};
+        throw Failure{u"no engine %1; there are embedded, server and sqlserver"_s.arg(options.engine)};
     try {
         return row->make(options);
     } catch (const std::exception& error) {

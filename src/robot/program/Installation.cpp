@@ -1,5 +1,6 @@
 #include "robot/program/Installation.h"
 
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "firebird/ConnectionText.h"
 #include "firebird/FirebirdAdapter.h"
@@ -24,8 +25,8 @@ namespace {
 constexpr qint16 tagField = 5;
 constexpr qint16 connectionField = 6;
 
-const QString serverFile = QStringLiteral("server.ini");
-const QString postalCodeFile = QStringLiteral("server_cep.ini");
+const QString serverFile = u"server.ini"_s;
+const QString postalCodeFile = u"server_cep.ini"_s;
 
 /// Links are followed, so that nothing in the copy is shared, and everything in it may be written.
 void copyTree(const QString& from, const QString& to) {
@@ -36,7 +37,7 @@ void copyTree(const QString& from, const QString& to) {
         for (const fs::directory_entry& entry : fs::recursive_directory_iterator(target))
             fs::permissions(entry.path(), fs::perms::owner_read | fs::perms::owner_write, fs::perm_options::add);
     } catch (const fs::filesystem_error& error) {
-        throw Failure{QStringLiteral("%1 cannot be copied: %2").arg(from, QString::fromLocal8Bit(error.what()))};
+        throw Failure{u"%1 cannot be copied: %2"_s.arg(from, QString::fromLocal8Bit(error.what()))};
     }
 }
 
@@ -54,12 +55,12 @@ data::Statement AsOneText(const QString& text) {
 }
 
 bool Installation::isOne(const QString& home) {
-    return QFileInfo(home + QStringLiteral("/config/") + serverFile).isFile();
+    return QFileInfo(home + u"/config/"_s + serverFile).isFile();
 }
 
 Installation::Installation(const QString& home, const QString& copy) : home_(copy) {
     if (!isOne(home))
-        throw Failure{QStringLiteral("%1 holds no installation").arg(home)};
+        throw Failure{u"%1 holds no installation"_s.arg(home)};
     copyTree(home, copy);
     kit::Relocate(copy);
     learnFiles(serverFile, {Base::Main, Base::History, Base::Development});
@@ -67,7 +68,7 @@ Installation::Installation(const QString& home, const QString& copy) : home_(cop
 }
 
 void Installation::learnFiles(const QString& file, std::initializer_list<Base> bases) {
-    QFile source(home_ + QStringLiteral("/config/") + file);
+    QFile source(home_ + u"/config/"_s + file);
     if (!source.open(QIODevice::ReadOnly))
         return;
     for (const Base base : bases) {
@@ -78,7 +79,7 @@ void Installation::learnFiles(const QString& file, std::initializer_list<Base> b
         const std::optional<QString> own = ownFile(connection);
         // A scenario may write into a database only when it has been copied with the rest.
         if (!own)
-            throw Failure{QStringLiteral("the database %1 lies outside the installation").arg(connection)};
+            throw Failure{u"the database %1 lies outside the installation"_s.arg(connection)};
         files_[base] = *own;
     }
 }
@@ -101,7 +102,7 @@ void Installation::redirect(const Redirection& redirected) const {
     while (files.hasNext()) {
         QFile file(files.next());
         if (!file.open(QIODevice::ReadWrite))
-            throw Failure{QStringLiteral("%1 cannot be written").arg(file.fileName())};
+            throw Failure{u"%1 cannot be written"_s.arg(file.fileName())};
         QByteArrayList lines = file.readAll().split('\n');
         for (QByteArray& line : lines)
             line = redirectedLine(line, redirected);
@@ -125,7 +126,7 @@ std::unique_ptr<Cast> Installation::cast(screen::Platform& platform, data::State
 }
 
 QString Installation::connectionTo(const QString& file) const {
-    return QStringLiteral("database=%1;user=SYSDBA").arg(file);
+    return u"database=%1;user=SYSDBA"_s.arg(file);
 }
 
 data::Adapter& Installation::connection(Base base) {
@@ -134,7 +135,7 @@ data::Adapter& Installation::connection(Base base) {
         return *adapter;
     const auto known = files_.find(base);
     if (known == files_.end())
-        throw Failure{QStringLiteral("expected an embedded database in the configuration, there is none")};
+        throw Failure{u"expected an embedded database in the configuration, there is none"_s};
     auto opened = data::MakeFirebirdAdapter();
     opened->open(connectionTo(known->second), secondsToOpen);
     adapter = std::move(opened);

@@ -1,5 +1,6 @@
 #include "robot/program/OwnSqlServer.h"
 
+#include "base/Literals.h"
 #include "kit/Ddl.h"
 #include "robot/Scenario.h"
 
@@ -13,13 +14,13 @@ namespace {
 QString databaseOf(Base base) {
     switch (base) {
     case Base::Main:
-        return QStringLiteral("VORTA");
+        return u"VORTA"_s;
     case Base::History:
-        return QStringLiteral("HISTORICO");
+        return u"HISTORICO"_s;
     case Base::Development:
-        return QStringLiteral("DESENVOLVIMENTO");
+        return u"DESENVOLVIMENTO"_s;
     case Base::PostalCode:
-        return QStringLiteral("CEP");
+        return u"CEP"_s;
     }
     return {};
 }
@@ -28,11 +29,11 @@ QString databaseOf(Base base) {
 QByteArray definitions(const std::set<Base>& bases) {
     QString script;
     for (const Base base : bases) {
-        script += QStringLiteral("USE %1\nGO\n").arg(databaseOf(base));
+        script += u"USE %1\nGO\n"_s.arg(databaseOf(base));
         for (const QStringList& statements : {kit::TableStatements(data::Engine::SqlServer, KindOf(base)),
                                               kit::IndexStatements(data::Engine::SqlServer, KindOf(base))})
             for (const QString& statement : statements)
-                script += statement + QStringLiteral("\nGO\n");
+                script += statement + u"\nGO\n"_s;
     }
     return script.toUtf8();
 }
@@ -40,18 +41,18 @@ QByteArray definitions(const std::set<Base>& bases) {
 } // namespace
 
 OwnSqlServer::OwnSqlServer(const QString& folder, const QString& wire)
-    : folder_(folder), wire_(wire), rows_(folder + QStringLiteral("/rows.jsonl")) {}
+    : folder_(folder), wire_(wire), rows_(folder + u"/rows.jsonl"_s) {}
 
 void OwnSqlServer::take(Base base, const TableRows& rows) {
     if (!rows_.isOpen() && !rows_.open(QIODevice::WriteOnly))
-        throw Failure{QStringLiteral("%1 cannot be written").arg(rows_.fileName())};
+        throw Failure{u"%1 cannot be written"_s.arg(rows_.fileName())};
     taken_.insert(base);
-    QJsonObject line{{QStringLiteral("table"), rows.table.name},
-                     {QStringLiteral("database"), databaseOf(base)},
-                     {QStringLiteral("columns"), rows.columns},
-                     {QStringLiteral("rows"), rows.rows}};
+    QJsonObject line{{u"table"_s, rows.table.name},
+                     {u"database"_s, databaseOf(base)},
+                     {u"columns"_s, rows.columns},
+                     {u"rows"_s, rows.rows}};
     if (rows.lastKey)
-        line.insert(QStringLiteral("identity"), *rows.lastKey);
+        line.insert(u"identity"_s, *rows.lastKey);
     rows_.write(QJsonDocument(line).toJson(QJsonDocument::Compact) + '\n');
 }
 
@@ -59,25 +60,24 @@ void OwnSqlServer::open() {
     if (taken_.empty())
         return;
     rows_.close();
-    QFile tables(folder_ + QStringLiteral("/tables.sql"));
+    QFile tables(folder_ + u"/tables.sql"_s);
     if (!tables.open(QIODevice::WriteOnly) || tables.write(definitions(taken_)) < 0)
-        throw Failure{QStringLiteral("%1 cannot be written").arg(tables.fileName())};
+        throw Failure{u"%1 cannot be written"_s.arg(tables.fileName())};
     tables.close();
-    QStringList options{QStringLiteral("--collation"), QStringLiteral("Latin1_General_CI_AI")};
+    QStringList options{u"--collation"_s, u"Latin1_General_CI_AI"_s};
     for (const Base base : taken_)
-        options += {QStringLiteral("--database"), databaseOf(base)};
+        options += {u"--database"_s, databaseOf(base)};
     if (!wire_.isEmpty())
-        options += {QStringLiteral("--trace"), wire_};
+        options += {u"--trace"_s, wire_};
     const auto server = std::make_shared<servers::TdsServer>(
-        options, QStringList{QStringLiteral("--ddl"), tables.fileName(), QStringLiteral("--load"), rows_.fileName()});
+        options, QStringList{u"--ddl"_s, tables.fileName(), u"--load"_s, rows_.fileName()});
     for (const Base base : taken_)
         servers_[base] = server;
     taken_.clear();
 }
 
 SqlServerLogin OwnSqlServer::login(Base base) const {
-    return {QStringLiteral("127.0.0.1,%1").arg(servers_.at(base)->port()), QStringLiteral("vorta"),
-            QStringLiteral("vorta"), databaseOf(base)};
+    return {u"127.0.0.1,%1"_s.arg(servers_.at(base)->port()), u"vorta"_s, u"vorta"_s, databaseOf(base)};
 }
 
 } // namespace vorta::robot

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Literals.h"
 #include "kit/Schema.h"
 #include "robot/Stage.h"
 
@@ -25,8 +26,7 @@ struct SqlServerLogin {
     QString database;
 
     QString connectionString() const {
-        return QStringLiteral("driver={SQL Server};server=%1;uid=%2;pwd=%3;database=%4")
-            .arg(server, user, password, database);
+        return u"driver={SQL Server};server=%1;uid=%2;pwd=%3;database=%4"_s.arg(server, user, password, database);
     }
 };
 

@@ -1,5 +1,6 @@
 #include "robot/program/SqlServerStage.h"
 
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "launch/EngineTags.h"
 #include "odbc/OdbcAdapter.h"
@@ -69,12 +70,11 @@ TableRows SqlServerStage::rowsOf(Base base, const kit::Table& table) {
         names += column.name;
     taken.columns = QJsonArray::fromStringList(names);
     JsonRows sink;
-    connection(base).query(AsOneText(QStringLiteral("SELECT %1 FROM %2").arg(names.join(u','), table.name)), sink);
+    connection(base).query(AsOneText(u"SELECT %1 FROM %2"_s.arg(names.join(u','), table.name)), sink);
     taken.rows = sink.rows;
     if (!table.generator.isEmpty())
         taken.lastKey =
-            Installation::query(base, QStringLiteral("SELECT GEN_ID(%1, 0) FROM RDB$DATABASE").arg(table.generator))
-                .toLongLong();
+            Installation::query(base, u"SELECT GEN_ID(%1, 0) FROM RDB$DATABASE"_s.arg(table.generator)).toLongLong();
     return taken;
 }
 
@@ -82,8 +82,7 @@ QStringList SqlServerStage::lineOf(const QStringList& fields, Base base) const {
     const SqlServerLogin login = host_->login(base);
     const EngineTag* tag = FindEngineTag(tag_);
     const bool known = base != Base::PostalCode || !tag || tag->postalCode;
-    const QStringList line{
-        login.server, login.database, login.user, login.password, known ? tag_ : QStringLiteral("MS-SQL"), {}};
+    const QStringList line{login.server, login.database, login.user, login.password, known ? tag_ : u"MS-SQL"_s, {}};
     return line + fields.mid(line.size());
 }
 
@@ -106,10 +105,10 @@ void SqlServerStage::execute(Base base, const QString& statement) {
     } catch (const RuntimeError& error) {
         if (error.engineCode() != keyGivenToIdentity)
             throw;
-        const QString setting = QStringLiteral("SET IDENTITY_INSERT %1 ").arg(insertedTable(statement));
-        adapter.execute(AsOneText(setting + QStringLiteral("ON")));
+        const QString setting = u"SET IDENTITY_INSERT %1 "_s.arg(insertedTable(statement));
+        adapter.execute(AsOneText(setting + u"ON"_s));
         adapter.execute(AsOneText(statement));
-        adapter.execute(AsOneText(setting + QStringLiteral("OFF")));
+        adapter.execute(AsOneText(setting + u"OFF"_s));
     }
 }
 

@@ -1,6 +1,7 @@
 // Plays scenario files: pessoas-roteiro [--home DIR] [--engine embedded|server|sqlserver] [--desktop] [--trace FILE]
 // FILE...
 
+#include "base/Literals.h"
 #include "desktop/DesktopHands.h"
 #include "firebird/EmbeddedEngine.h"
 #include "robot/ModelHands.h"
@@ -34,7 +35,7 @@ data::StatementTrace traceInto(QFile& file) {
         return {};
     return [&file](const QString& statement) {
         QString line = statement;
-        line.replace(u'\n', QStringLiteral("\\n")).replace(u'\r', QStringLiteral("\\r"));
+        line.replace(u'\n', u"\\n"_s).replace(u'\r', u"\\r"_s);
         file.write(line.toUtf8() + '\n');
     };
 }
@@ -43,13 +44,13 @@ std::optional<Verdict> playOne(const Options& options, const House& house, const
                                const QString& copy, const std::function<void(int)>& atLine) {
     // Windows make an application of their own, and say much that no scenario is about.
     qputenv("XDG_RUNTIME_DIR", copy.toUtf8());
-    QLoggingCategory::setFilterRules(QStringLiteral("*.warning=false"));
+    QLoggingCategory::setFilterRules(u"*.warning=false"_s);
     std::optional<Application> application;
     if (!options.desktop)
         application.emplace();
     QFile trace(options.trace);
     if (!options.trace.isEmpty() && !trace.open(QIODevice::Append))
-        throw Failure{QStringLiteral("%1 cannot be written").arg(options.trace)};
+        throw Failure{u"%1 cannot be written"_s.arg(options.trace)};
     const std::unique_ptr<Stage> stage = house.stage(copy);
     // The engine's root lies in the copy; this process opens no other installation.
     qputenv("VORTA_HOME", copy.toUtf8());
@@ -60,15 +61,15 @@ std::optional<Verdict> playOne(const Options& options, const House& house, const
 }
 
 int run(const QStringList& arguments) {
-    const Options options = Options::parse(arguments, qEnvironmentVariable("VORTA_HOME", QStringLiteral("/opt/vorta")));
+    const Options options = Options::parse(arguments, qEnvironmentVariable("VORTA_HOME", u"/opt/vorta"_s));
     if (!Installation::isOne(options.home))
-        throw Failure{QStringLiteral("%1 holds no installation").arg(options.home)};
+        throw Failure{u"%1 holds no installation"_s.arg(options.home)};
     std::vector<Scenario> scenarios;
     for (const QString& file : options.files)
         scenarios.push_back(Scenario::read(file));
     QFile trace(options.trace);
     if (!options.trace.isEmpty() && !trace.open(QIODevice::WriteOnly))
-        throw Failure{QStringLiteral("%1 cannot be written").arg(options.trace)};
+        throw Failure{u"%1 cannot be written"_s.arg(options.trace)};
     trace.close();
     const std::unique_ptr<House> house = OpenHouse(options);
     return RunAll(

@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "conformance/Contexts.h"
 #include "data/Recordset.h"
@@ -53,7 +54,7 @@ TEST_P(ConformanceTest, EmptyTextIsNoNull) {
 }
 
 TEST_P(ConformanceTest, RepertoireComesBackAsItWent) {
-    QString repertoire = QStringLiteral("€‚ƒ„…†‡ˆ‰Š‹ŒŽ‘’“”•–—˜™š›œžŸ");
+    QString repertoire = u"€‚ƒ„…†‡ˆ‰Š‹ŒŽ‘’“”•–—˜™š›œžŸ"_s;
     for (char16_t c = 0xa1; c <= 0xff; ++c)
         repertoire += QChar(c);
     for (int start = 0; start < repertoire.size(); start += 50)
@@ -67,7 +68,7 @@ TEST_P(ConformanceTest, RepertoireComesBackAsItWent) {
 }
 
 TEST_P(ConformanceTest, LongTextComesBackWhole) {
-    const QString text = QStringLiteral("AÇÃO ").repeated(3000);
+    const QString text = u"AÇÃO "_s.repeated(3000);
     Statement statement;
     statement << "insert into pess (idpess, obse) values (1, '" << text << "')";
     write(statement);
@@ -97,13 +98,13 @@ TEST_P(ConformanceTest, AggregatesKeepTheirKind) {
 TEST_P(ConformanceTest, ManyRowsInOrder) {
     connection->BeginTrans();
     for (int i = 1; i <= 3000; ++i)
-        write(person(i, QStringLiteral("PESSOA %1").arg(i)));
+        write(person(i, u"PESSOA %1"_s.arg(i)));
     connection->CommitTrans();
     Recordset rows;
     rows.Open(Statement("select idpess, nome from pess order by idpess"), *connection);
     ASSERT_EQ(rows.RecordCount(), 3000);
     for (int i = 1; i <= 3000; ++i, rows.MoveNext())
-        ASSERT_EQ(rows.Fields("nome").text(), QStringLiteral("PESSOA %1").arg(i));
+        ASSERT_EQ(rows.Fields("nome").text(), u"PESSOA %1"_s.arg(i));
 }
 
 TEST_P(ConformanceTest, DateLiteralsByTheColumnNotByTheLook) {
@@ -126,27 +127,27 @@ TEST_P(ConformanceTest, ImpossibleDateIsRefused) {
 
 TEST_P(ConformanceTest, TopLimitsTheRows) {
     for (int i = 1; i <= 5; ++i)
-        write(person(i, QStringLiteral("P")));
+        write(person(i, u"P"_s));
     Statement statement;
-    statement << "SELECT TOP " << QStringLiteral("2") << " IDPESS FROM PESS ORDER BY IDPESS DESC";
+    statement << "SELECT TOP " << u"2"_s << " IDPESS FROM PESS ORDER BY IDPESS DESC";
     Recordset rows;
     rows.Open(statement, *connection);
     ASSERT_EQ(rows.RecordCount(), 2);
     EXPECT_EQ(rows.Fields(0).toInt32(), 5);
     Statement typed;
-    typed << "SELECT TOP " << QStringLiteral("dois") << " IDPESS FROM PESS";
+    typed << "SELECT TOP " << u"dois"_s << " IDPESS FROM PESS";
     EXPECT_EQ(ErrorOf([&] { rows.Open(typed, *connection); }), errorNumber::StatementRefused);
 }
 
 TEST_P(ConformanceTest, AliasInApostrophesNamesTheColumn) {
-    write(person(1, QStringLiteral("A")));
+    write(person(1, u"A"_s));
     Recordset rows;
     rows.Open(Statement("select count(*) 'qt' from pess where data_incl is null"), *connection);
     EXPECT_EQ(rows.Fields("QT").toInt32(), 1);
 }
 
 TEST_P(ConformanceTest, RoleKeyBesideThePersonIsNotAmbiguous) {
-    write(person(1, QStringLiteral("CLIENTE")));
+    write(person(1, u"CLIENTE"_s));
     write(Statement("insert into clie (idclie, idpess) values (9, 1)"));
     Recordset rows;
     rows.Open(Statement("SELECT IDCLIE, NOME FROM CLIE, PESS WHERE CLIE.IDPESS = PESS.IDPESS"), *connection);
@@ -156,7 +157,7 @@ TEST_P(ConformanceTest, RoleKeyBesideThePersonIsNotAmbiguous) {
 
 /// The databases have the collations that the kit's definitions ask for.
 TEST_P(ConformanceTest, SearchFindsAccentsByTheCollation) {
-    write(person(1, QStringLiteral("JOÃO DA CONCEIÇÃO")));
+    write(person(1, u"JOÃO DA CONCEIÇÃO"_s));
     EXPECT_EQ(one(Statement("SELECT COUNT(*) FROM PESS WHERE NOME LIKE '%CONCEICAO%'")), u"1");
     EXPECT_EQ(one(Statement("SELECT COUNT(*) FROM PESS WHERE NOME LIKE '%JOÃO%'")), u"1");
 }
@@ -175,12 +176,12 @@ TEST_P(ConformanceTest, PlainNumbersAnswerAsTheirText) {
         EXPECT_EQ(count("idpess = ", 1), 1);
         EXPECT_EQ(count("idpess = ", 2), 1);
         EXPECT_EQ(count("idpess = ", 3), 0);
-        EXPECT_EQ(count("idpess = ", QStringLiteral("2")), 1);
-        EXPECT_EQ(count("idpess > ", QStringLiteral("-1")), 2);
-        EXPECT_EQ(count("idpess < ", QStringLiteral("9999999999")), 2);
+        EXPECT_EQ(count("idpess = ", u"2"_s), 1);
+        EXPECT_EQ(count("idpess > ", u"-1"_s), 2);
+        EXPECT_EQ(count("idpess < ", u"9999999999"_s), 2);
         EXPECT_EQ(count("valor = ", 3), 1);
         EXPECT_EQ(count("valor > ", 2), 2);
-        EXPECT_EQ(count("valor = ", QStringLiteral("2.50")), 1);
+        EXPECT_EQ(count("valor = ", u"2.50"_s), 1);
         EXPECT_EQ(count("idpess + 1 = ", 3), 1);
         EXPECT_EQ(count("valor * 2 = ", 5), 1);
     }

@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "conformance/Contexts.h"
 #include "data/Recordset.h"
@@ -104,7 +105,7 @@ TEST_P(ConformanceWrites, TextLongerThanItsColumnIsRefused) {
 TEST_P(ConformanceWrites, ValueCannotLeaveItsLiteral) {
     write(Statement("insert into pess (idpess, nome) values (1, 'FICA')"));
     Statement attack;
-    attack << "update pess set nome='" << QStringLiteral("X' where 1=1; delete from pess; --") << "' where idpess=1";
+    attack << "update pess set nome='" << u"X' where 1=1; delete from pess; --"_s << "' where idpess=1";
     EXPECT_EQ(ErrorOf([&] { write(attack); }), errorNumber::StatementRefused);
     EXPECT_EQ(one(Statement("select nome from pess")), u"FICA");
 }

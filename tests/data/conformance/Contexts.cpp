@@ -1,5 +1,6 @@
 #include "conformance/Contexts.h"
 
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "data/Recordset.h"
 #include "firebird/EmbeddedEngine.h"
@@ -59,16 +60,14 @@ EngineContext embeddedFirebird() {
             .adapter = [] { return data::MakeFirebirdAdapter(); },
             .connectionString =
                 [] {
-                    const QString text =
-                        QStringLiteral("Database=") + folder().filePath(QStringLiteral("embedded.fdb"));
+                    const QString text = u"Database="_s + folder().filePath(u"embedded.fdb"_s);
                     firebird::CreateDatabase(text);
                     return text;
                 },
             .unusable =
                 [] {
-                    return QStringList{QString(), QStringLiteral("User=a"),
-                                       QStringLiteral("Database=") + folder().filePath(QStringLiteral("missing.fdb")),
-                                       QStringLiteral("Database=") + folder().path()};
+                    return QStringList{QString(), u"User=a"_s, u"Database="_s + folder().filePath(u"missing.fdb"_s),
+                                       u"Database="_s + folder().path()};
                 },
             .tables = firebirdTables(),
             .afterwards = {},
@@ -81,17 +80,16 @@ EngineContext firebirdServer() {
             .adapter = [] { return data::MakeFirebirdAdapter(); },
             .connectionString =
                 [] {
-                    const QString text = server().connectionString(QStringLiteral("server.fdb"));
+                    const QString text = server().connectionString(u"server.fdb"_s);
                     firebird::CreateDatabase(text);
                     return text;
                 },
             .unusable =
                 [] {
                     const FirebirdServer& shared = server();
-                    return QStringList{shared.connectionString(QStringLiteral("missing.fdb")),
-                                       shared.connectionString(QStringLiteral("server.fdb")) +
-                                           QStringLiteral(";password=wrong"),
-                                       QStringLiteral("Server=127.0.0.1;Port=1;Database=/x.fdb;UID=A;PWD=B")};
+                    return QStringList{shared.connectionString(u"missing.fdb"_s),
+                                       shared.connectionString(u"server.fdb"_s) + u";password=wrong"_s,
+                                       u"Server=127.0.0.1;Port=1;Database=/x.fdb;UID=A;PWD=B"_s};
                 },
             .tables = firebirdTables(),
             .afterwards = {},
@@ -99,17 +97,15 @@ EngineContext firebirdServer() {
 }
 
 EngineContext sqlServer(const QString& connectionString) {
-    return {
-        .name = "SqlServer",
-        .engine = Engine::SqlServer,
-        .adapter = data::MakeOdbcAdapter,
-        .connectionString = [connectionString] { return connectionString; },
-        .unusable =
-            [] { return QStringList{QStringLiteral("driver={SQL Server};server=127.0.0.1,1;uid=a;pwd=b;database=c")}; },
-        .tables = sqlServerTables(),
-        .afterwards = {Statement("drop table pess"), Statement("drop table clie"), Statement("drop table arqt"),
-                       Statement("drop table logr")},
-        .keyMayBeGiven = false};
+    return {.name = "SqlServer",
+            .engine = Engine::SqlServer,
+            .adapter = data::MakeOdbcAdapter,
+            .connectionString = [connectionString] { return connectionString; },
+            .unusable = [] { return QStringList{u"driver={SQL Server};server=127.0.0.1,1;uid=a;pwd=b;database=c"_s}; },
+            .tables = sqlServerTables(),
+            .afterwards = {Statement("drop table pess"), Statement("drop table clie"), Statement("drop table arqt"),
+                           Statement("drop table logr")},
+            .keyMayBeGiven = false};
 }
 
 /// The connection strings of the engines that this run has used, by name.
@@ -182,7 +178,7 @@ std::unique_ptr<data::Connection> ConformanceTest::connect() const {
 QString ConformanceTest::one(data::Connection& connection, const Statement& statement) {
     data::Recordset rows;
     rows.Open(statement, connection);
-    return rows.Eof() ? QStringLiteral("(none)") : rows.Fields(0).textOr(QStringLiteral("(null)"));
+    return rows.Eof() ? u"(none)"_s : rows.Fields(0).textOr(u"(null)"_s);
 }
 
 int ErrorOf(const std::function<void()>& work) {

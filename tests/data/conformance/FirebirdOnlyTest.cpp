@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "conformance/Contexts.h"
 #include "conformance/Peer.h"
@@ -26,14 +27,14 @@ class FirebirdOnly : public testing::Test {
         connection.Open(data::Engine::Firebird, path());
         connection.Execute(Statement("create table logr (nome varchar(60))"));
     }
-    QString path() const { return folder.filePath(QStringLiteral("base.fdb")); }
+    QString path() const { return folder.filePath(u"base.fdb"_s); }
     static data::AdapterFactory factory() {
         return [](data::Engine) { return data::MakeFirebirdAdapter(); };
     }
     QString one(const Statement& statement) {
         data::Recordset rows;
         rows.Open(statement, connection);
-        return rows.Eof() ? QStringLiteral("(none)") : rows.Fields(0).textOr(QStringLiteral("(null)"));
+        return rows.Eof() ? u"(none)"_s : rows.Fields(0).textOr(u"(null)"_s);
     }
 
     QTemporaryDir folder;
@@ -70,12 +71,12 @@ TEST_F(FirebirdOnly, TheTimeOfTheFirstOpeningIsUsed) {
 }
 
 TEST_F(FirebirdOnly, WhatIsDoneMeanwhileMayFailAndSoMayTheOpening) {
-    const auto failing = data::MakeFirebirdAdapter([] { throw RuntimeError(errorNumber::ObjectNotSet, u"x"_qs); });
+    const auto failing = data::MakeFirebirdAdapter([] { throw RuntimeError(errorNumber::ObjectNotSet, u"x"_s); });
     EXPECT_EQ(ErrorOf([&] { failing->open(path(), 0); }), errorNumber::ObjectNotSet);
     EXPECT_FALSE(failing->isOpen());
     int times = 0;
     const auto nowhere = data::MakeFirebirdAdapter([&] { ++times; });
-    EXPECT_EQ(ErrorOf([&] { nowhere->open(folder.filePath(u"none.fdb"_qs), 0); }), errorNumber::ConnectionFailed);
+    EXPECT_EQ(ErrorOf([&] { nowhere->open(folder.filePath(u"none.fdb"_s), 0); }), errorNumber::ConnectionFailed);
     EXPECT_EQ(times, 1);
 }
 
@@ -208,7 +209,7 @@ TEST_F(FirebirdOnly, TextKeptApartIsReadInTheColumnsCharacterSet) {
 }
 
 TEST_F(FirebirdOnly, BrokenFileDoesNotOpen) {
-    const QString broken = folder.filePath(QStringLiteral("broken.fdb"));
+    const QString broken = folder.filePath(u"broken.fdb"_s);
     QFile file(broken);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(QByteArray(100000, 'x'));
@@ -219,7 +220,7 @@ TEST_F(FirebirdOnly, BrokenFileDoesNotOpen) {
 
 TEST(FirebirdServerLost, StatementThatMeetsItTellsTheConnection) {
     servers::FirebirdServer server;
-    const QString text = server.connectionString(QStringLiteral("lost.fdb"));
+    const QString text = server.connectionString(u"lost.fdb"_s);
     firebird::CreateDatabase(text);
     data::Connection connection([](data::Engine) { return data::MakeFirebirdAdapter(); });
     connection.Open(data::Engine::Firebird, text);

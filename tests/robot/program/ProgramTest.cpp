@@ -1,5 +1,7 @@
 // The program that plays scenarios, from outside: arguments, result lines, exit status, the installation it works on.
 
+#include "base/Literals.h"
+
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
@@ -20,9 +22,9 @@ struct Outcome {
 Outcome RunProgram(const QStringList& arguments, const QString& homeOfEnvironment = {}) {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("VORTA_HOME"), homeOfEnvironment);
+    environment.insert(u"VORTA_HOME"_s, homeOfEnvironment);
     process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(ROTEIRO), arguments);
+    process.start(QString::fromUtf8(ROTEIRO), arguments);
     process.waitForFinished();
     return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
             QString::fromUtf8(process.readAllStandardError())};
@@ -30,12 +32,12 @@ Outcome RunProgram(const QStringList& arguments, const QString& homeOfEnvironmen
 
 /// The processes of a name that a process has started.
 QStringList ChildrenOf(qint64 process, const QByteArray& name) {
-    const QString proc = QStringLiteral("/proc/");
-    QFile children(proc + QStringLiteral("%1/task/%1/children").arg(process));
+    const QString proc = u"/proc/"_s;
+    QFile children(proc + u"%1/task/%1/children"_s.arg(process));
     QStringList found;
     if (children.open(QIODevice::ReadOnly))
         for (const QByteArray& child : children.readAll().split(' ')) {
-            QFile comm(proc + QString::fromLatin1(child) + QStringLiteral("/comm"));
+            QFile comm(proc + QString::fromLatin1(child) + u"/comm"_s);
             if (comm.open(QIODevice::ReadOnly) && comm.readAll().trimmed() == name)
                 found += QString::fromLatin1(child);
         }
@@ -48,22 +50,21 @@ bool EndsSoon(const QString& process) {
     constexpr int patience = 10'000;
     QElapsedTimer waited;
     for (waited.start(); !waited.hasExpired(patience); QThread::msleep(20))
-        if (!QFile::exists(QStringLiteral("/proc/%1/root/").arg(process)))
+        if (!QFile::exists(u"/proc/%1/root/"_s.arg(process)))
             return true;
     return false;
 }
 
 QString ContentOf(const QString& path) {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QStringLiteral("no file");
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : u"no file"_s;
 }
 
 class TheProgram : public testing::Test {
   protected:
     static void SetUpTestSuite() {
         folder_ = new QTemporaryDir;
-        const int status =
-            QProcess::execute(QStringLiteral(BASE), {QStringLiteral("create"), QStringLiteral("--home"), home()});
+        const int status = QProcess::execute(QString::fromUtf8(BASE), {u"create"_s, u"--home"_s, home()});
         ASSERT_EQ(status, 0);
     }
     static void TearDownTestSuite() {
@@ -85,10 +86,10 @@ class TheProgram : public testing::Test {
     static inline QTemporaryDir* folder_ = nullptr;
 };
 
-const QString homeSwitch = QStringLiteral("--home");
-const QString engineSwitch = QStringLiteral("--engine");
-const QString server = QStringLiteral("server");
-const QString sqlServer = QStringLiteral("sqlserver");
+const QString homeSwitch = u"--home"_s;
+const QString engineSwitch = u"--engine"_s;
+const QString server = u"server"_s;
+const QString sqlServer = u"sqlserver"_s;
 
 } // namespace
 
@@ -97,8 +98,7 @@ TEST_F(TheProgram, printsAResultLineForEachFileAndTheirNumbers) {
     const QString bad = write("mau.roteiro", "# one\nlaunch \"1^1^PRD^False^\"\nexpect mode \"I\"\n");
     const Outcome run = RunProgram({homeSwitch, home(), good, bad});
     EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.printed,
-              QStringLiteral("ok %1\nnot ok %2:3: expected mode \"I\", was \"\"\n1 passed, 1 failed\n").arg(good, bad));
+    EXPECT_EQ(run.printed, u"ok %1\nnot ok %2:3: expected mode \"I\", was \"\"\n1 passed, 1 failed\n"_s.arg(good, bad));
 }
 
 TEST_F(TheProgram, endsWithZeroWhenAllPassed) {
@@ -116,17 +116,17 @@ TEST_F(TheProgram, playsEveryFileOnAFreshCopy) {
 
 TEST_F(TheProgram, tracesTheStatementsOfAllFiles) {
     const QString file = write("rastro.roteiro", "sql \"DELETE FROM PESS\"\nlaunch \"98^99^PRD^False^\"\n");
-    const Outcome run = RunProgram({homeSwitch, home(), QStringLiteral("--trace"), path("rastro"), file, file});
+    const Outcome run = RunProgram({homeSwitch, home(), u"--trace"_s, path("rastro"), file, file});
     EXPECT_EQ(run.status, 0) << run.printed;
     const QString trace = ContentOf(path("rastro"));
-    EXPECT_EQ(trace.count(QStringLiteral("SELECT * FROM USEN WHERE IDUSEN=98\n")), 2);
-    EXPECT_FALSE(trace.contains(QStringLiteral("DELETE")));
+    EXPECT_EQ(trace.count(u"SELECT * FROM USEN WHERE IDUSEN=98\n"_s), 2);
+    EXPECT_FALSE(trace.contains(u"DELETE"_s));
 }
 
 TEST_F(TheProgram, playsTheSameFileOnRealWindows) {
     const QString file = write("janela.roteiro", "launch \"1^1^PRD^False^\"\nclick cmdINCLUIR\ntype txtNumero \"12\"\n"
                                                  "expect txtNumero text \"12\"\nexpect focus txtNumero\n");
-    const Outcome run = RunProgram({homeSwitch, home(), QStringLiteral("--desktop"), file});
+    const Outcome run = RunProgram({homeSwitch, home(), u"--desktop"_s, file});
     EXPECT_EQ(run.status, 0) << run.printed;
 }
 
@@ -158,15 +158,15 @@ TEST_F(TheProgram, playsLinesOfEachTagOfSqlServer) {
                 {"MS-SQL2008WEB", "MS-SQL2008WEB", "MS-SQL"},
                 {"MS-SQL-REMOTO", "MS-SQL-REMOTO", "MS-SQL"}};
     for (const auto& tag : tags) {
-        const QString text = QStringLiteral("launch \"1^1^PRD^False^\"\nexpect context TipoBanco \"%1\"\n"
-                                            "expect query \"SELECT DB_NAME()\" \"VORTA\"\nopen frmBROWSE_CEPS\n"
-                                            "type txtCEP \"00000000\"\nclick cmdPesquisa\n"
-                                            "expect context TipoBanco \"%2\"\n"
-                                            "expect cepquery \"SELECT DB_NAME()\" \"CEP\"\n")
-                                 .arg(QString::fromLatin1(tag.line), QString::fromLatin1(tag.postalCodeLine));
+        const QString text = u"launch \"1^1^PRD^False^\"\nexpect context TipoBanco \"%1\"\n"
+                             "expect query \"SELECT DB_NAME()\" \"VORTA\"\nopen frmBROWSE_CEPS\n"
+                             "type txtCEP \"00000000\"\nclick cmdPesquisa\n"
+                             "expect context TipoBanco \"%2\"\n"
+                             "expect cepquery \"SELECT DB_NAME()\" \"CEP\"\n"_s.arg(
+                                 QString::fromLatin1(tag.line), QString::fromLatin1(tag.postalCodeLine));
         const QString file = write("etiqueta.roteiro", text.toUtf8().constData());
-        const Outcome run = RunProgram({homeSwitch, home(), engineSwitch, sqlServer, QStringLiteral("--tag"),
-                                        QString::fromLatin1(tag.given), file});
+        const Outcome run =
+            RunProgram({homeSwitch, home(), engineSwitch, sqlServer, u"--tag"_s, QString::fromLatin1(tag.given), file});
         EXPECT_EQ(run.status, 0) << tag.given << run.printed.toStdString() << run.complaint.toStdString();
     }
 }
@@ -176,9 +176,9 @@ TEST_F(TheProgram, takesItsServerAlongWhenItIsKilled) {
     const QTemporaryDir leftovers; // nobody is there any more to remove them
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("TMPDIR"), leftovers.path());
+    environment.insert(u"TMPDIR"_s, leftovers.path());
     process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(ROTEIRO),
+    process.start(QString::fromUtf8(ROTEIRO),
                   QStringList{homeSwitch, home(), engineSwitch, server} + QStringList(1000, file));
     ASSERT_TRUE(process.waitForReadyRead());
     const QStringList servers = ChildrenOf(process.processId(), "firebird");
@@ -192,13 +192,12 @@ TEST_F(TheProgram, refusesUnusableArguments) {
     const QString good = write("bom.roteiro", "");
     const QString latin = write("latino.roteiro", "# \xE7\n");
     for (const QStringList& arguments :
-         {QStringList{}, QStringList{good, QStringLiteral("--nada")}, QStringList{good, homeSwitch},
+         {QStringList{}, QStringList{good, u"--nada"_s}, QStringList{good, homeSwitch},
           QStringList{path("nenhum.roteiro")}, QStringList{good, path("nenhum.roteiro")}, QStringList{latin},
-          QStringList{good, QStringLiteral("--trace"), path("no/such/file")}, QStringList{good, engineSwitch},
-          QStringList{good, engineSwitch, QStringLiteral("oracle")},
-          QStringList{good, QStringLiteral("--tag"), QStringLiteral("MS-SQL")},
-          QStringList{good, engineSwitch, sqlServer, QStringLiteral("--tag"), QStringLiteral("FIREBIRD")},
-          QStringList{good, engineSwitch, sqlServer, QStringLiteral("--server"), QStringLiteral("server=x")}}) {
+          QStringList{good, u"--trace"_s, path("no/such/file")}, QStringList{good, engineSwitch},
+          QStringList{good, engineSwitch, u"oracle"_s}, QStringList{good, u"--tag"_s, u"MS-SQL"_s},
+          QStringList{good, engineSwitch, sqlServer, u"--tag"_s, u"FIREBIRD"_s},
+          QStringList{good, engineSwitch, sqlServer, u"--server"_s, u"server=x"_s}}) {
         const Outcome run = RunProgram(arguments, home());
         EXPECT_EQ(run.status, 2) << arguments.join(u' ');
         EXPECT_EQ(run.printed, QString());

@@ -1,4 +1,5 @@
 #include "shared/inscricao/ConsisteInscricaoEstadual.h"
+#include "base/Literals.h"
 
 #include "ReckonedNumbers.h"
 
@@ -102,7 +103,7 @@ TEST(ConsisteInscricaoEstadual, ReckonedNumbersOfEveryState) {
 TEST(ConsisteInscricaoEstadual, ANumberTooShortOrTooLongIsRefused) {
     for (const auto& [uf, numbers] : reckoned)
         for (const char* number : numbers) {
-            EXPECT_EQ(code(uf, QString::fromLatin1(number) + u"1234567"_qs), 1) << uf << " " << number;
+            EXPECT_EQ(code(uf, QString::fromLatin1(number) + u"1234567"_s), 1) << uf << " " << number;
             if (qstrcmp(uf, "MT") == 0)
                 continue; // a short one there is one whose leading zeros were dropped
             EXPECT_EQ(code(uf, QString::fromLatin1(number).left(5)), 1) << uf << " " << number;
