@@ -78,6 +78,7 @@ QString Left(const QString& text, int count) {
 
 double Val(const QString& text) {
     QString number;
+    qsizetype complete = 0; // length of the longest beginning that is a number by itself
     bool point = false;
     bool exponent = false;
     for (const QChar character : text) {
@@ -97,15 +98,10 @@ double Val(const QString& text) {
         } else {
             break;
         }
+        if (digit)
+            complete = number.size();
     }
-    while (!number.isEmpty()) {
-        bool ok = false;
-        const double value = number.toDouble(&ok);
-        if (ok)
-            return value;
-        number.chop(1);
-    }
-    return 0;
+    return number.first(complete).toDouble();
 }
 
 bool IsNumeric(const QString& text) {

@@ -19,7 +19,8 @@ QString LCase(const QString& text);
 QString Mid(const QString& text, int start, int count = -1);
 QString Left(const QString& text, int count);
 
-/// Numeric prefix of a text, with a point as decimal mark; blanks inside the number do not end it; 0 without digits.
+/// Numeric prefix of a text, with a point as decimal mark; blanks inside the number do not end it; 0 without digits,
+/// infinite beyond what a double holds. One pass, however long the text.
 double Val(const QString& text);
 
 /// True for a text that reads as a number in the Brazilian form ("1.234,56", "12,5", "-3"), false for blank text.

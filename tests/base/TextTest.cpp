@@ -2,7 +2,10 @@
 #include "base/Literals.h"
 #include "base/RuntimeError.h"
 
+#include <QElapsedTimer>
+
 #include <gtest/gtest.h>
+#include <limits>
 
 using namespace vorta;
 
@@ -36,7 +39,21 @@ TEST(Text, ValReadsTheNumericPrefix) {
     EXPECT_EQ(Val(u"01 05"_s), 105);
     EXPECT_EQ(Val(u"2e3"_s), 2000);
     EXPECT_EQ(Val(u"2e"_s), 2);
+    EXPECT_EQ(Val(u"2e+"_s), 2);
+    EXPECT_EQ(Val(u"5.x"_s), 5);
+    EXPECT_EQ(Val(u"-.5-"_s), -0.5);
+    EXPECT_EQ(Val(u"-"_s), 0);
     EXPECT_EQ(Val(QString()), 0);
+}
+
+TEST(Text, ValTakesALongTextInOnePass) {
+    QElapsedTimer time;
+    time.start();
+    EXPECT_EQ(Val(QString(300'000, u'9')), std::numeric_limits<double>::infinity());
+    EXPECT_EQ(Val(u'-' + QString(300'000, u'9')), -std::numeric_limits<double>::infinity());
+    EXPECT_EQ(Val(u"7"_s + QString(300'000, u' ') + u"e"_s), 7);
+    EXPECT_LT(time.elapsed(), 5000);
+    EXPECT_THROW(ToInt32(Val(QString(400, u'9'))), RuntimeError);
 }
 
 TEST(Text, NumbersAreBrazilian) {
