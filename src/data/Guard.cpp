@@ -68,7 +68,8 @@ bool readAsNumber(const Tokens& tokens, QStringView text, qsizetype start, qsize
 
 bool allowed(const Tokens& tokens, QStringView text, const ValueSpan& span) {
     const QStringView value = text.sliced(span.start, span.length);
-    if (value.contains(QChar(u'\0')) || !apostrophesInPairs(value))
+    // A driver may stop reading at a zero or at half of a surrogate pair.
+    if (value.contains(QChar(u'\0')) || !value.isValidUtf16() || !apostrophesInPairs(value))
         return false;
     const auto token = tokenAt(tokens, span.start);
     if (token != tokens.end() && insideLiteral(*token, span.start, span.start + span.length))

@@ -116,6 +116,24 @@ TEST(Guard, ZeroCharacterIsRefused) {
     EXPECT_EQ(outcome(statement), refused);
 }
 
+/// A driver that takes the text for UTF-16 stops at half a pair, and what stands behind it would never be sent.
+TEST(Guard, HalfASurrogatePairIsRefused) {
+    constexpr QChar high(0xD83D);
+    constexpr QChar low(0xDE00);
+    const auto holding = [](const QString& value) {
+        Statement statement;
+        statement << "update pess set nome='" << value << "' where idpess=5";
+        return statement;
+    };
+    EXPECT_EQ(outcome(holding(QString(high))), refused);
+    EXPECT_EQ(outcome(holding(QString(low))), refused);
+    EXPECT_EQ(outcome(holding(u"a"_s + low + high + u'b')), refused);
+    EXPECT_EQ(outcome(holding(u"a"_s + high + low + u'b')), 0);
+    Statement halves = holding(QString(high));
+    halves << " or nome='" << QString(low) << "'";
+    EXPECT_EQ(outcome(halves), refused);
+}
+
 TEST(Guard, EmptyValueStandsAnywhere) {
     Statement statement;
     statement << "select " << QString() << "* from pe" << QString() << "ss";
