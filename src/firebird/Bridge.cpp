@@ -69,8 +69,9 @@ bool isAlias(const Tokens& tokens, std::size_t i) {
                         [&](auto word) { return tokens.in(i - 1).compare(word, Qt::CaseInsensitive) == 0; });
 }
 
+/// The name that a literal's content spells; a quote inside it is doubled, so that it cannot end the name.
 QString quotedName(QStringView content) {
-    return u'"' + content.toString().replace(u"''"_s, u"'"_s) + u'"';
+    return u'"' + content.toString().replace(u"''"_s, u"'"_s).replace(u"\""_s, u"\"\""_s) + u'"';
 }
 
 /// Both forms of the date at a literal: none unless it is eight digits that are a date of the calendar.

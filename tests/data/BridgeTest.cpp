@@ -35,6 +35,13 @@ TEST(Bridge, AliasInApostrophesBecomesAName) {
     EXPECT_EQ(syntax("SELECT max(x) 'a b' FROM t"), "SELECT max(x) \"a b\" FROM t");
 }
 
+TEST(Bridge, QuotesInAnAliasAreDoubled) {
+    EXPECT_EQ(syntax("select count(*) 'a\"b' from pess"), "select count(*) \"a\"\"b\" from pess");
+    EXPECT_EQ(syntax("select count(*) 'x\" from usen -- ' from pess"),
+              "select count(*) \"x\"\" from usen -- \" from pess");
+    EXPECT_EQ(syntax("select count(*) 'd''agua' from pess"), "select count(*) \"d'agua\" from pess");
+}
+
 TEST(Bridge, LiteralsThatAreNoAliasStay) {
     for (const Statement& statement :
          {Statement("SELECT 'X' FROM T"), Statement("SELECT DISTINCT 'X', 'Y' FROM T"),
