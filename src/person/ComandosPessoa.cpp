@@ -68,10 +68,9 @@ bool documento(const char* campo) {
 
 } // namespace
 
-void MontaInsertPessoa(ContextoExecucao& contexto, const screen::Screen& tela, qint32 novoId) {
+Statement MontaInsertPessoa(ContextoExecucao& contexto, const screen::Screen& tela, std::optional<qint32> novoId) {
     Insercao insercao("pess");
-    if (contexto.isFirebird())
-        insercao.inclui("idpess", QString::number(novoId));
+    insercao.incluiChave(Statement("idpess"), novoId);
     insercao.inclui("psfi_psju", valorDe(contexto, Forma::FisicaOuJuridica, textoDe(tela, "cboFisJur"), true));
     insercao.inclui("cpf0_cnpj", textoDe(tela, "mskCodigo"));
     insercao.inclui("nome_pess", textoDe(tela, "txtDescricao"));
@@ -85,12 +84,10 @@ void MontaInsertPessoa(ContextoExecucao& contexto, const screen::Screen& tela, q
             insercao.inclui(linha.coluna, u"0"_s);
     }
     insercao.inclui("codi_empr", textoDe(tela, "lblCodiEmpresa"));
-    insercao.inclui("data_incl", FormatDateSql(contexto.hoje()));
-    insercao.inclui("user_incl", QString::number(contexto.CodigoUsuario));
-    contexto.SqlComando = insercao.comando();
+    return insercao.encerra(contexto);
 }
 
-void MontaUpdatePessoa(ContextoExecucao& contexto, const screen::Screen& tela) {
+Statement MontaUpdatePessoa(ContextoExecucao& contexto, const screen::Screen& tela) {
     Statement comando("UPDATE PESS SET ");
     const std::span<const ColunaComando> linhas = ColunasUpdate();
     for (const ColunaComando& linha : linhas) {
@@ -110,8 +107,7 @@ void MontaUpdatePessoa(ContextoExecucao& contexto, const screen::Screen& tela) {
         else
             comando << ", ";
     }
-    comando << "WHERE (idPESS=" << textoDe(tela, "txtRowID") << ")";
-    contexto.SqlComando = comando;
+    return comando << "WHERE (idPESS=" << textoDe(tela, "txtRowID") << ")";
 }
 
 } // namespace vorta

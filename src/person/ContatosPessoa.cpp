@@ -113,11 +113,6 @@ void FlexAtividades_Click(frmPessoas& tela) {
         PreparaGridAtividades(tela);
 }
 
-void IncluiAutoria(const ContextoExecucao& contexto, Insercao& insercao) {
-    insercao.inclui("data_incl", FormatDateSql(contexto.hoje()));
-    insercao.inclui("user_incl", QString::number(contexto.CodigoUsuario));
-}
-
 } // namespace
 
 void LigaContatos(frmPessoas& tela) {
@@ -163,11 +158,10 @@ void CarregaContatos(frmPessoas& tela) {
     }
 }
 
-void InsereContato(frmPessoas& tela, const QString& idpess, int linha) {
+Statement MontaInsertContato(const frmPessoas& tela, const QString& idpess, int linha) {
     const screen::Grid& grade = tela.Flex;
     Insercao insercao("pess_cont");
-    if (tela.contexto().isFirebird())
-        insercao.inclui("idpess_cont", QString::number(ProximoGenerator(tela.contexto(), "GEN_PESS_CONT")));
+    insercao.incluiChave(Statement("idpess_cont"), ChaveDoGerador(tela.contexto(), data::Piece("GEN_PESS_CONT")));
     insercao.inclui("idpess", idpess);
     insercao.inclui("carg_pess_cont", grade.cell(linha, Tipo));
     insercao.inclui("nome_pess_cont", grade.cell(linha, Nome));
@@ -177,29 +171,24 @@ void InsereContato(frmPessoas& tela, const QString& idpess, int linha) {
         insercao.inclui("emai_pess_cont", email);
     if (const QString aniversario = grade.cell(linha, Aniversario); aniversario != semAniversario)
         insercao.inclui("data_nasc", aniversario);
-    IncluiAutoria(tela.contexto(), insercao);
-    tela.contexto().SqlComando = insercao.comando();
+    return insercao.encerra(tela.contexto());
 }
 
-void InsereAtividade(frmPessoas& tela, const QString& idpess, int linha) {
+Statement MontaInsertAtividade(const frmPessoas& tela, const QString& idpess, int linha) {
     Insercao insercao("pess_ativ");
-    if (tela.contexto().isFirebird())
-        insercao.inclui("idpess_ativ", QString::number(ProximoGenerator(tela.contexto(), "GEN_PESS_ATIV")));
+    insercao.incluiChave(Statement("idpess_ativ"), ChaveDoGerador(tela.contexto(), data::Piece("GEN_PESS_ATIV")));
     insercao.inclui("idpess", idpess);
     const QString ramo = tela.FlexAtividades.cell(linha, colunaAtividade);
     insercao.inclui("idativ", QString::number(IdAtividade(tela.contexto(), ramo)));
-    IncluiAutoria(tela.contexto(), insercao);
-    tela.contexto().SqlComando = insercao.comando();
+    return insercao.encerra(tela.contexto());
 }
 
-void ApagaContatos(frmPessoas& tela) {
-    tela.contexto().SqlComando = Statement("DELETE FROM PESS_CONT WHERE (idPESS=");
-    tela.contexto().SqlComando << tela.txtRowID.text() << ")";
+Statement MontaDeleteContatos(const frmPessoas& tela) {
+    return Statement("DELETE FROM PESS_CONT WHERE (idPESS=") << tela.txtRowID.text() << ")";
 }
 
-void ApagaAtividades(frmPessoas& tela) {
-    tela.contexto().SqlComando = Statement("DELETE FROM pess_ativ WHERE (idpess=");
-    tela.contexto().SqlComando << tela.txtRowID.text() << ")";
+Statement MontaDeleteAtividades(const frmPessoas& tela) {
+    return Statement("DELETE FROM pess_ativ WHERE (idpess=") << tela.txtRowID.text() << ")";
 }
 
 } // namespace vorta

@@ -18,10 +18,11 @@ void PreparaGridAtividades(frmPessoas& tela);
 void CarregaAtividades(frmPessoas& tela);
 void CarregaContatos(frmPessoas& tela);
 
-// Each leaves its statement in `SqlComando`. `linha` is a row of the grid, from 1.
-void InsereContato(frmPessoas& tela, const QString& idpess, int linha);
-void InsereAtividade(frmPessoas& tela, const QString& idpess, int linha);
-void ApagaContatos(frmPessoas& tela);
-void ApagaAtividades(frmPessoas& tela);
+// Statements of the two lists. `linha` is a row of the grid, from 1. An insert reads its table's generator first, where
+// that gives the key; the one of a branch looks the branch's key up by its description.
+data::Statement MontaInsertContato(const frmPessoas& tela, const QString& idpess, int linha);
+data::Statement MontaInsertAtividade(const frmPessoas& tela, const QString& idpess, int linha);
+data::Statement MontaDeleteContatos(const frmPessoas& tela);
+data::Statement MontaDeleteAtividades(const frmPessoas& tela);
 
 } // namespace vorta

@@ -3,6 +3,7 @@
 #include "person/ComandosPessoa.h"
 #include "person/ContatosPessoa.h"
 #include "person/frmPessoas.h"
+#include "shared/Insercao.h"
 #include "shared/TextoEntrada.h"
 
 namespace vorta {
@@ -23,12 +24,9 @@ void frmPessoas::cmdSALVAR_Click() {
 void frmPessoas::GravaInclusao() {
     setPointer(screen::Pointer::Hourglass);
     contexto_.principal().BeginTrans();
-    qint32 chave = contexto_.isFirebird() ? ProximoGenerator(contexto_, "GEN_PESS") : 0;
-    MontaInsertPessoa(contexto_, *this, chave);
-    ExecutaSemAcentos(contexto_, contexto_.SqlComando);
-    if (!contexto_.isFirebird())
-        chave = UltimoIdentity(contexto_);
-    txtRowID.setText(QString::number(chave));
+    const std::optional<qint32> chave = ChaveDoGerador(contexto_, data::Piece("GEN_PESS"));
+    EnviaComando(contexto_, MontaInsertPessoa(contexto_, *this, chave));
+    txtRowID.setText(QString::number(chave ? *chave : UltimoIdentity(contexto_)));
     GravaListas(txtRowID.text());
     TerminaGravacao();
 }
@@ -36,25 +34,18 @@ void frmPessoas::GravaInclusao() {
 void frmPessoas::GravaAlteracao() {
     setPointer(screen::Pointer::Hourglass);
     contexto_.principal().BeginTrans();
-    MontaUpdatePessoa(contexto_, *this);
-    ExecutaSemAcentos(contexto_, contexto_.SqlComando);
-    ApagaAtividades(*this);
-    ExecutaSemAcentos(contexto_, contexto_.SqlComando);
-    ApagaContatos(*this);
-    ExecutaSemAcentos(contexto_, contexto_.SqlComando);
+    EnviaComando(contexto_, MontaUpdatePessoa(contexto_, *this));
+    EnviaComando(contexto_, MontaDeleteAtividades(*this));
+    EnviaComando(contexto_, MontaDeleteContatos(*this));
     GravaListas(txtRowID.text());
     TerminaGravacao();
 }
 
 void frmPessoas::GravaListas(const QString& idpess) {
-    for (int linha = 1; linha < FlexAtividades.Rows(); ++linha) {
-        InsereAtividade(*this, idpess, linha);
-        ExecutaSemAcentos(contexto_, contexto_.SqlComando);
-    }
-    for (int linha = 1; linha < Flex.Rows(); ++linha) {
-        InsereContato(*this, idpess, linha);
-        ExecutaSemAcentos(contexto_, contexto_.SqlComando);
-    }
+    for (int linha = 1; linha < FlexAtividades.Rows(); ++linha)
+        EnviaComando(contexto_, MontaInsertAtividade(*this, idpess, linha));
+    for (int linha = 1; linha < Flex.Rows(); ++linha)
+        EnviaComando(contexto_, MontaInsertContato(*this, idpess, linha));
 }
 
 void frmPessoas::TerminaGravacao() {

@@ -81,15 +81,12 @@ void AbreTela(frmPessoas& tela, const char* nome) {
 Statement MontaInsertVinculo(const frmPessoas& tela, const VinculoDireto& vinculo) {
     ContextoExecucao& contexto = tela.contexto();
     Insercao insercao(vinculo.tabela);
-    if (contexto.isFirebird() && vinculo.gerador)
-        insercao.inclui(vinculo.chave, QString::number(ProximoGenerator(contexto, *vinculo.gerador)));
+    insercao.incluiChave(Statement(vinculo.chave), ChaveDoGerador(contexto, vinculo.gerador));
     insercao.inclui("idpess", tela.txtRowID.text());
     for (const ColunaInicial& inicial : vinculo.iniciais)
         insercao.inclui(inicial.coluna, QString::fromLatin1(inicial.valor));
     insercao.inclui("codi_empr", tela.lblCodiEmpresa.text());
-    insercao.inclui("data_incl", FormatDateSql(contexto.hoje()));
-    insercao.inclui("user_incl", QString::number(contexto.CodigoUsuario));
-    return insercao.comando();
+    return insercao.encerra(contexto);
 }
 
 /// Always a new row, also when an earlier link lies deactivated. The key is asked of the connection on every engine.
@@ -97,8 +94,7 @@ void CriaVinculo(frmPessoas& tela, const VinculoDireto& vinculo) {
     if (!Confirma(tela, u"Deseja Criar um Vínculo de %1?"_s.arg(QLatin1StringView(vinculo.palavra))))
         return;
     ContextoExecucao& contexto = tela.contexto();
-    contexto.SqlComando = MontaInsertVinculo(tela, vinculo);
-    ExecutaSemAcentos(contexto, contexto.SqlComando);
+    EnviaComando(contexto, MontaInsertVinculo(tela, vinculo));
     const qint32 id = UltimoIdentity(contexto);
     GravaVinculoPess(contexto, tela.txtRowID.text(), vinculo.colunaPess, QString::number(id));
     Informa(tela, u"Vínculo estabelecido com sucesso!"_s);

@@ -94,8 +94,7 @@ Statement ContatosPapel::MontaDeleteContatos(const QString& idPapel) const {
 Statement ContatosPapel::MontaInsertContato(const QString& idPapel, int linha) const {
     const auto coluna = [&](data::Piece assunto) { return Statement(assunto) << tabela_.tabela; };
     Insercao insercao(tabela_.tabela);
-    if (contexto_.isFirebird() && tabela_.gerador)
-        insercao.inclui(coluna("id"), QString::number(ProximoGenerator(contexto_, *tabela_.gerador)));
+    insercao.incluiChave(coluna("id"), ChaveDoGerador(contexto_, tabela_.gerador));
     insercao.inclui(tabela_.chavePapel, idPapel);
     insercao.inclui(coluna("carg_"), Flex.cell(linha, Tipo));
     insercao.inclui(coluna("nome_"), Flex.cell(linha, Nome));
@@ -105,9 +104,7 @@ Statement ContatosPapel::MontaInsertContato(const QString& idPapel, int linha) c
         insercao.inclui(coluna("emai_"), email);
     if (const QString aniversario = Flex.cell(linha, Aniversario); aniversario != semAniversario)
         insercao.inclui("data_nasc", aniversario);
-    insercao.inclui("data_incl", papel_.dataComando(contexto_.hoje()));
-    insercao.inclui("user_incl", QString::number(contexto_.CodigoUsuario));
-    return insercao.comando();
+    return insercao.encerra(contexto_, papel_.dataComando);
 }
 
 void ContatosPapel::cmdIncluirContato_Click() {

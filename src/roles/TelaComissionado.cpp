@@ -42,7 +42,7 @@ QString TelaComissionado::Banco() const {
     return QString::number(IdBanco(contexto(), cboBancoCartao.text()));
 }
 
-data::Statement TelaComissionado::MontaInsert(qint32 id) {
+data::Statement TelaComissionado::MontaInsert(std::optional<qint32> id) {
     Insercao insercao = IniciaInsert(id);
     if (const std::optional<QString> admissao = DataDoCampo(mskDtAdmissao))
         insercao.inclui("data_cred", *admissao);

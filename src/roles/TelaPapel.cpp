@@ -369,8 +369,7 @@ void TelaPapel::Grava(const std::function<void()>& passos) {
 }
 
 void TelaPapel::Envia(const Statement& comando) {
-    contexto_.SqlComando = comando;
-    ExecutaSemAcentos(contexto_, contexto_.SqlComando);
+    EnviaComando(contexto_, comando);
 }
 
 void TelaPapel::GravaAlteracao() {
@@ -383,10 +382,10 @@ void TelaPapel::GravaAlteracao() {
 }
 
 void TelaPapel::GravaInclusao() {
-    const bool porGerador = contexto_.isFirebird() && papel_.gerador;
-    qint32 id = porGerador ? ProximoGenerator(contexto_, *papel_.gerador) : 0;
-    Envia(MontaInsert(id));
-    if (papel_.chaveNova == ChaveNova::Perguntada || (papel_.chaveNova == ChaveNova::PorGerador && !porGerador))
+    const std::optional<qint32> gerada = ChaveDoGerador(contexto_, papel_.gerador);
+    Envia(MontaInsert(gerada));
+    qint32 id = gerada.value_or(0);
+    if (papel_.chaveNova == ChaveNova::Perguntada || (papel_.chaveNova == ChaveNova::PorGerador && !gerada))
         id = UltimoIdentity(contexto_);
     if (papel_.colunaPess)
         GravaVinculoPess(contexto_, contexto_.Tela(telaPessoas).field(u"txtRowID"_s).text(), *papel_.colunaPess,
@@ -428,18 +427,15 @@ void TelaPapel::chkVisualiza_Click() {
     }
 }
 
-Insercao TelaPapel::IniciaInsert(qint32 id) const {
+Insercao TelaPapel::IniciaInsert(std::optional<qint32> id) const {
     Insercao insercao(papel_.tabela);
-    if (contexto_.isFirebird() && papel_.gerador)
-        insercao.inclui(papel_.chave, QString::number(id));
+    insercao.incluiChave(Statement(papel_.chave), id);
     insercao.inclui("idpess", txtRowID.text());
     return insercao;
 }
 
 Statement TelaPapel::EncerraInsert(Insercao insercao) const {
-    insercao.inclui("data_incl", papel_.dataComando(contexto_.hoje()));
-    insercao.inclui("user_incl", QString::number(contexto_.CodigoUsuario));
-    return insercao.comando();
+    return insercao.encerra(contexto_, papel_.dataComando);
 }
 
 Statement TelaPapel::IniciaUpdate() const {

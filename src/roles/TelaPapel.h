@@ -38,7 +38,7 @@ class TelaPapel : public screen::Screen {
   protected:
     // What a screen of its own gives.
     /// Turns the fields into the insert of a new role row; `id` is its key where a generator gave one.
-    virtual data::Statement MontaInsert(qint32 id) = 0;
+    virtual data::Statement MontaInsert(std::optional<qint32> id) = 0;
     /// The update of the role row `id`.
     virtual data::Statement MontaUpdate(qint32 id) = 0;
     /// Shows a role row in the screen's fields.
@@ -62,7 +62,7 @@ class TelaPapel : public screen::Screen {
     void DataCredencial(screen::MaskedField& campo);
 
     /// An insert with the columns that every role begins with, and those that close it.
-    Insercao IniciaInsert(qint32 id) const;
+    Insercao IniciaInsert(std::optional<qint32> id) const;
     data::Statement EncerraInsert(Insercao insercao) const;
     data::Statement IniciaUpdate() const;
     data::Statement EncerraUpdate(data::Statement comando, qint32 id) const;

@@ -81,7 +81,7 @@ std::optional<QString> frmCliente::ChaveRegime() const {
     return IdRegimeEspecial(contexto(), cboRegimeEspecialICMS.text());
 }
 
-data::Statement frmCliente::MontaInsert(qint32 id) {
+data::Statement frmCliente::MontaInsert(std::optional<qint32> id) {
     Insercao insercao = IniciaInsert(id);
     const auto seHouver = [&](data::Piece coluna, const std::optional<QString>& valor) {
         if (valor)

@@ -36,7 +36,7 @@ QString frmFornecedor::Desconto() {
     return ValorDoCampo(txtDescontoFornecedor);
 }
 
-data::Statement frmFornecedor::MontaInsert(qint32 id) {
+data::Statement frmFornecedor::MontaInsert(std::optional<qint32> id) {
     Insercao insercao = IniciaInsert(id);
     if (const std::optional<QString> credencial = DataDoCampo(mskDtCredencial))
         insercao.inclui("data_cred", *credencial);

@@ -38,7 +38,7 @@ frmMotorista::frmMotorista(ContextoExecucao& contexto) : TelaPapel(contexto, pap
     cboUF_Emitente.DropDown = [this] { PreencheUFs(TelaPapel::contexto(), cboUF_Emitente); };
 }
 
-data::Statement frmMotorista::MontaInsert(qint32 id) {
+data::Statement frmMotorista::MontaInsert(std::optional<qint32> id) {
     Insercao insercao = IniciaInsert(id);
     if (const std::optional<QString> admissao = DataDoCampo(mskDtAdmissao))
         insercao.inclui("data_adms", *admissao);

@@ -20,7 +20,7 @@ class frmMotorista : public TelaPapel {
     screen::TextField txtRefeMoto{this, "txtRefeMoto"};
 
   protected:
-    data::Statement MontaInsert(qint32 id) override;
+    data::Statement MontaInsert(std::optional<qint32> id) override;
     data::Statement MontaUpdate(qint32 id) override;
     void CarregaCampos(const data::Recordset& registro) override;
 };

@@ -8,7 +8,7 @@ frmTransportadora::frmTransportadora(ContextoExecucao& contexto) : TelaPapel(con
     DataCredencial(mskDtCredencial);
 }
 
-data::Statement frmTransportadora::MontaInsert(qint32 id) {
+data::Statement frmTransportadora::MontaInsert(std::optional<qint32> id) {
     Insercao insercao = IniciaInsert(id);
     if (const std::optional<QString> credencial = DataDoCampo(mskDtCredencial))
         insercao.inclui("data_cred", *credencial);

@@ -14,7 +14,7 @@ class frmTransportadora : public TelaPapel {
     ContatosPapel contatos{TelaPapel::contexto(), *this, papel()};
 
   protected:
-    data::Statement MontaInsert(qint32 id) override;
+    data::Statement MontaInsert(std::optional<qint32> id) override;
     data::Statement MontaUpdate(qint32 id) override;
     void CarregaCampos(const data::Recordset& registro) override;
 };

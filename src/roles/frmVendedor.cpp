@@ -13,7 +13,7 @@ void frmVendedor::CompletaCampos() {
     ZeraVazios({&txtSalFixo, &txtPercPool, &txtPercIndi});
 }
 
-data::Statement frmVendedor::MontaInsert(qint32 id) {
+data::Statement frmVendedor::MontaInsert(std::optional<qint32> id) {
     Insercao insercao = IniciaInsert(id);
     if (const std::optional<QString> admissao = DataDoCampo(mskDtAdmissao))
         insercao.inclui("data_adms", *admissao);

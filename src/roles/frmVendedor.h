@@ -16,7 +16,7 @@ class frmVendedor : public TelaPapel {
     screen::TextField txtPercIndi{this, "txtPercIndi"};
 
   protected:
-    data::Statement MontaInsert(qint32 id) override;
+    data::Statement MontaInsert(std::optional<qint32> id) override;
     data::Statement MontaUpdate(qint32 id) override;
     void CarregaCampos(const data::Recordset& registro) override;
     void CompletaCampos() override;

@@ -1,6 +1,14 @@
 #include "shared/Insercao.h"
 
+#include "launch/AcessoDados.h"
+
 namespace vorta {
+
+std::optional<qint32> ChaveDoGerador(ContextoExecucao& contexto, std::optional<data::Piece> gerador) {
+    if (!contexto.isFirebird() || !gerador)
+        return std::nullopt;
+    return ProximoGenerator(contexto, *gerador);
+}
 
 Insercao::Insercao(data::Piece tabela) {
     colunas_ << "insert into " << tabela << " (";
@@ -17,9 +25,14 @@ Insercao& Insercao::inclui(const data::Statement& coluna, const QString& valor) 
     return *this;
 }
 
-data::Statement Insercao::comando() const {
-    data::Statement inteiro = colunas_;
-    return inteiro << ") " << valores_ << ")";
+Insercao& Insercao::incluiChave(const data::Statement& coluna, std::optional<qint32> chave) {
+    return chave ? inclui(coluna, QString::number(*chave)) : *this;
+}
+
+data::Statement Insercao::encerra(const ContextoExecucao& contexto, QString (*formaData)(const QDate&)) {
+    inclui("data_incl", formaData(contexto.hoje()));
+    inclui("user_incl", QString::number(contexto.CodigoUsuario));
+    return colunas_ << ") " << valores_ << ")";
 }
 
 } // namespace vorta

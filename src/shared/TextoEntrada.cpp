@@ -56,6 +56,11 @@ void ExecutaSemAcentos(ContextoExecucao& contexto, const data::Statement& comand
         comando.upper().mapped([&](const QString& texto) { return RemoveAcentos(contexto, texto); }));
 }
 
+void EnviaComando(ContextoExecucao& contexto, const data::Statement& comando) {
+    contexto.SqlComando = comando;
+    ExecutaSemAcentos(contexto, contexto.SqlComando);
+}
+
 void SelecionaTexto(screen::Screen& tela) {
     Field* campo = tela.focus();
     if (campo && (campo->kind() == FieldKind::Text || campo->kind() == FieldKind::Masked))

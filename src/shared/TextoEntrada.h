@@ -18,6 +18,8 @@ QString SubstituiTexto(QString& texto, const QString& procurado, const QString& 
 QString RemoveAcentos(const ContextoExecucao& contexto, const QString& texto);
 /// Executes a write statement in capitals and without accents, as all saves and status changes do.
 void ExecutaSemAcentos(ContextoExecucao& contexto, const data::Statement& comando);
+/// The same for a statement that has just been assembled: it is left in `SqlComando`.
+void EnviaComando(ContextoExecucao& contexto, const data::Statement& comando);
 
 /// Selects the whole text of the text or masked field with the focus; does nothing with any other field.
 void SelecionaTexto(screen::Screen& tela);

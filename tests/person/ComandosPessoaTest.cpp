@@ -3,6 +3,7 @@
 
 #include "person/ContatosPessoa.h"
 #include "person/PessoasFixture.h"
+#include "shared/Insercao.h"
 
 namespace vorta::test {
 
@@ -18,16 +19,15 @@ const QString valoresMinimos =
 
 TEST_F(ComandosPessoa, AnInsertWithoutOptionalFieldsStillHoldsBlankMasksCountriesAndClass) {
     PreenchePessoa();
-    MontaInsertPessoa(contexto, tela, 501);
-    EXPECT_EQ(contexto.SqlComando.text(),
+    EXPECT_EQ(MontaInsertPessoa(contexto, tela, 501).text(),
               u"insert into pess (idpess, "_s + insereMinimo + u"values ('501', "_s + valoresMinimos);
 }
 
 TEST_F(ComandosPessoa, OtherEnginesAssignTheKeyThemselves) {
     UsaBanco(u"MS-SQL"_s);
     PreenchePessoa();
-    MontaInsertPessoa(contexto, tela, 0);
-    EXPECT_EQ(contexto.SqlComando.text(), u"insert into pess ("_s + insereMinimo + u"values ("_s + valoresMinimos);
+    EXPECT_EQ(MontaInsertPessoa(contexto, tela, ChaveDoGerador(contexto, data::Piece("GEN_PESS"))).text(),
+              u"insert into pess ("_s + insereMinimo + u"values ("_s + valoresMinimos);
 }
 
 class ComandosPessoaCompleta : public PessoasFixture {
@@ -89,9 +89,8 @@ class ComandosPessoaCompleta : public PessoasFixture {
 };
 
 TEST_F(ComandosPessoaCompleta, TheInsertNamesEveryColumnInItsPlace) {
-    MontaInsertPessoa(contexto, tela, 501);
     EXPECT_EQ(
-        contexto.SqlComando.text(),
+        MontaInsertPessoa(contexto, tela, 501).text(),
         u"insert into pess (idpess, psfi_psju, cpf0_cnpj, nome_pess, nome_conh, pess_codi_exte, rg00_ie00, "
         "ENDE_COML_PESS, NUME_COML_PESS, CMPL_COML_PESS, BAIR_COML_PESS, CIDA_COML_PESS, UF00_COML_PESS, "
         "CEP0_COML_PESS, PAIS_COML_PESS, CODI_MUNI_COML_PESS, ENDE_ENTG_PESS, NUME_ENTG_PESS, CMPL_ENTG_PESS, "
@@ -110,8 +109,7 @@ TEST_F(ComandosPessoaCompleta, TheInsertNamesEveryColumnInItsPlace) {
 }
 
 TEST_F(ComandosPessoaCompleta, TheUpdateNamesEveryColumnInItsPlace) {
-    MontaUpdatePessoa(contexto, tela);
-    EXPECT_EQ(contexto.SqlComando.text(),
+    EXPECT_EQ(MontaUpdatePessoa(contexto, tela).text(),
               u"UPDATE PESS SET CPF0_CNPJ='11.222.333/0001-81', PSFI_PSJU='J', NOME_PESS='METALURGICA AURORA LTDA', "
               "NOME_CONH='AURORA', pess_codi_exte='X9', RG00_IE00='110042490114', ENDE_COML_PESS='RUA DAS FLORES', "
               "ENDE_ENTG_PESS='RUA B', ENDE_COBR_PESS='RUA C', NUME_COML_PESS='10', NUME_ENTG_PESS='20', "
@@ -133,10 +131,10 @@ TEST_F(ComandosPessoaCompleta, NamesThatWereTypedInsteadOfChosenAreStoredAsZero)
     database.answer(u"FROM VEND"_s, {});
     database.answer(u"FROM TRPT"_s, {});
     database.answer(u"FROM TIPO_CLIE"_s, {});
-    MontaUpdatePessoa(contexto, tela);
-    EXPECT_TRUE(contexto.SqlComando.text().contains(u"idvend='0', "));
-    EXPECT_TRUE(contexto.SqlComando.text().contains(u"idTipo_Clie='0', "));
-    EXPECT_TRUE(contexto.SqlComando.text().contains(u"IDPESS_TRPT='0', "));
+    const data::Statement comando = MontaUpdatePessoa(contexto, tela);
+    EXPECT_TRUE(comando.text().contains(u"idvend='0', "));
+    EXPECT_TRUE(comando.text().contains(u"idTipo_Clie='0', "));
+    EXPECT_TRUE(comando.text().contains(u"IDPESS_TRPT='0', "));
 }
 
 TEST_F(ComandosPessoa, AnUpdateOfAnEmptyScreenSetsNulls) {
@@ -145,9 +143,8 @@ TEST_F(ComandosPessoa, AnUpdateOfAnEmptyScreenSetsNulls) {
          {&tela.mskCodigo, &tela.mskCEP, &tela.mskEnt_CEP, &tela.mskCob_CEP, &tela.mskDtNasc})
         campo->setMask({}), campo->setText({});
     tela.lblCodiEmpresa.setText({});
-    MontaUpdatePessoa(contexto, tela);
     EXPECT_EQ(
-        contexto.SqlComando.text(),
+        MontaUpdatePessoa(contexto, tela).text(),
         u"UPDATE PESS SET CPF0_CNPF=null, PSFI_PSJU='J', NOME_PESS=null, NOME_CONH=null, pess_codi_exte=null, "
         "RG00_IE00=null, ENDE_COML_PESS=null, ENDE_ENTG_PESS=null, ENDE_COBR_PESS=null, NUME_COML_PESS=null, "
         "NUME_ENTG_PESS=null, NUME_COBR_PESS=null, CMPL_COML_PESS=null, CMPL_ENTG_PESS=null, CMPL_COBR_PESS=null, "
@@ -165,34 +162,28 @@ TEST_F(ComandosPessoa, AnUpdateOfAnEmptyScreenSetsNulls) {
 TEST_F(ComandosPessoa, AnInvalidAnniversaryIsNotStored) {
     PreenchePessoa();
     tela.mskDtAnivRel.setText(u"31/02/2020"_s);
-    MontaInsertPessoa(contexto, tela, 1);
-    EXPECT_FALSE(contexto.SqlComando.text().contains(u"data_aniv_rela"));
-    MontaUpdatePessoa(contexto, tela);
-    EXPECT_TRUE(contexto.SqlComando.text().contains(u"data_aniv_rela=null, "));
+    EXPECT_FALSE(MontaInsertPessoa(contexto, tela, 1).text().contains(u"data_aniv_rela"));
+    EXPECT_TRUE(MontaUpdatePessoa(contexto, tela).text().contains(u"data_aniv_rela=null, "));
 }
 
 TEST_F(ComandosPessoa, TheMunicipalCodeIsTrimmedAtInclusionOnly) {
     PreenchePessoa();
     tela.lblCodMunIBGE.setText(u" 3509502 "_s);
-    MontaInsertPessoa(contexto, tela, 1);
-    EXPECT_TRUE(contexto.SqlComando.text().contains(u"'3509502'"));
-    MontaUpdatePessoa(contexto, tela);
-    EXPECT_TRUE(contexto.SqlComando.text().contains(u"CODI_MUNI_COML_PESS=' 3509502 '"));
+    EXPECT_TRUE(MontaInsertPessoa(contexto, tela, 1).text().contains(u"'3509502'"));
+    EXPECT_TRUE(MontaUpdatePessoa(contexto, tela).text().contains(u"CODI_MUNI_COML_PESS=' 3509502 '"));
 }
 
 TEST_F(ComandosPessoa, ContactInsert) {
     PreparaGridContatos(tela);
     tela.Flex.AddItem(u"\tCOMPRAS\tAna\t3333\ta@b.com\t31/12"_s);
     tela.Flex.AddItem(u"\tDIRETOR\tBia"_s);
-    InsereContato(tela, u"44"_s, 1);
     EXPECT_EQ(
-        contexto.SqlComando.text(),
+        MontaInsertContato(tela, u"44"_s, 1).text(),
         u"insert into pess_cont (idpess_cont, idpess, carg_pess_cont, nome_pess_cont, tele_pess_cont, "
         "emai_pess_cont, data_nasc, data_incl, user_incl) values ('71', '44', 'COMPRAS', 'Ana', '3333', 'a@b.com', "
         "'31/12', '20261120', '12')"_s);
     UsaBanco(u"MSSQL"_s);
-    InsereContato(tela, u"44"_s, 2);
-    EXPECT_EQ(contexto.SqlComando.text(),
+    EXPECT_EQ(MontaInsertContato(tela, u"44"_s, 2).text(),
               u"insert into pess_cont (idpess, carg_pess_cont, nome_pess_cont, data_nasc, data_incl, user_incl) "
               "values ('44', 'DIRETOR', 'Bia', '', '20261120', '12')"_s);
 }
@@ -201,22 +192,18 @@ TEST_F(ComandosPessoa, BranchInsertLooksTheKeyUpAfresh) {
     database.answer(u"FROM ativ"_s, {{u"idAtiv"_s}, {{number(33)}}});
     PreparaGridAtividades(tela);
     tela.FlexAtividades.AddItem(u"\tCOMERCIO\t"_s);
-    InsereAtividade(tela, u"44"_s, 1);
-    EXPECT_EQ(contexto.SqlComando.text(),
+    EXPECT_EQ(MontaInsertAtividade(tela, u"44"_s, 1).text(),
               u"insert into pess_ativ (idpess_ativ, idpess, idativ, data_incl, user_incl) values ('81', '44', '33', "
               "'20261120', '12')"_s);
     UsaBanco(u"MS-SQL2008WEB"_s);
-    InsereAtividade(tela, u"44"_s, 1);
-    EXPECT_EQ(contexto.SqlComando.text(),
+    EXPECT_EQ(MontaInsertAtividade(tela, u"44"_s, 1).text(),
               u"insert into pess_ativ (idpess, idativ, data_incl, user_incl) values ('44', '33', '20261120', '12')"_s);
 }
 
 TEST_F(ComandosPessoa, Deletes) {
     tela.txtRowID.setText(u"44"_s);
-    ApagaContatos(tela);
-    EXPECT_EQ(contexto.SqlComando.text(), u"DELETE FROM PESS_CONT WHERE (idPESS=44)"_s);
-    ApagaAtividades(tela);
-    EXPECT_EQ(contexto.SqlComando.text(), u"DELETE FROM pess_ativ WHERE (idpess=44)"_s);
+    EXPECT_EQ(MontaDeleteContatos(tela).text(), u"DELETE FROM PESS_CONT WHERE (idPESS=44)"_s);
+    EXPECT_EQ(MontaDeleteAtividades(tela).text(), u"DELETE FROM pess_ativ WHERE (idpess=44)"_s);
 }
 
 } // namespace vorta::test
