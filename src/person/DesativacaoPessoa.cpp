@@ -36,12 +36,12 @@ bool Confirma(frmPessoas& tela, const QString& pergunta) {
     return tela.program().MsgBox({pergunta, {}, Icon::None, Buttons::YesNo}) == Answer::Yes;
 }
 
-/// The links that hold a person in the register; drivers, architects and decorators do not.
+/// All links that hold a person in the register are asked, also behind the first one found.
 bool TemVinculo(frmPessoas& tela) {
     bool algum = false;
-    for (const TipoPapel papel :
-         {TipoPapel::Cliente, TipoPapel::Transportadora, TipoPapel::Vendedor, TipoPapel::Fornecedor})
-        algum |= Val(Vinculo(tela.contexto(), papel, tela.txtRowID.text())) > 0;
+    for (const Papel& papel : papeis)
+        if (papel.prendePessoa)
+            algum |= Val(Vinculo(tela.contexto(), papel, tela.txtRowID.text())) > 0;
     return algum;
 }
 

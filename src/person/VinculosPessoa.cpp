@@ -9,56 +9,14 @@
 #include "shared/TextoEntrada.h"
 #include "shared/Vinculos.h"
 
-#include <array>
-
 namespace vorta {
 
 namespace {
 
-using data::Piece;
 using data::Statement;
 using screen::Answer;
 using screen::Buttons;
 using screen::Icon;
-
-/// A column that a new role row gets besides the common ones.
-struct ColunaInicial {
-    Piece coluna;
-    const char* valor;
-};
-
-/// A role that a button of the person screen links at once, or opens the screen of.
-struct VinculoDireto {
-    TipoPapel papel;
-    screen::Button frmPessoas::*botao;
-    const char* palavra;   ///< in the questions
-    const char* parametro; ///< "N" links at once
-    Piece tabela;
-    Piece chave;
-    Piece colunaPess;
-    std::optional<Piece> gerador; ///< none where the database fills the key
-    const char* tela;
-    std::span<const ColunaInicial> iniciais = {};
-};
-
-constexpr std::array iniciaisCliente{ColunaInicial{"idTipo_Clie", "0"}};
-constexpr std::array iniciaisVendedor{ColunaInicial{"valo_sala", "0.00"}, ColunaInicial{"perc_pool", "0.00"},
-                                      ColunaInicial{"perc_coms", "0.00"}};
-
-constexpr std::array vinculos{
-    VinculoDireto{TipoPapel::Cliente, &frmPessoas::cmdCliente, "Cliente", "PESS_TELA_CLIENTE", "Clie", "idClie",
-                  "idCLIE", Piece("GEN_CLIE"), "frmCliente", iniciaisCliente},
-    VinculoDireto{TipoPapel::Fornecedor, &frmPessoas::cmdFornecedor, "Fornecedor", "PESS_TELA_FORNECEDOR", "forn",
-                  "idForn", "idFORN", Piece("GEN_FORN"), "frmFornecedor"},
-    VinculoDireto{TipoPapel::Transportadora, &frmPessoas::cmdTransportadora, "Transportadora",
-                  "PESS_TELA_TRANSPORTADORA", "TRPT", "idtrpt", "idTRPT", Piece("GEN_TRPT"), "frmTransportadora"},
-    VinculoDireto{TipoPapel::Vendedor, &frmPessoas::cmdVendedor, "Vendedor", "PESS_TELA_VENDEDOR", "Vend", "idvend",
-                  "idVEND", Piece("GEN_VEND"), "frmVendedor", iniciaisVendedor},
-    VinculoDireto{TipoPapel::Arquiteto, &frmPessoas::cmdArquiteto, "Arquiteto", "PESS_TELA_ARQUITETO", "arqt", "idarqt",
-                  "idARQT", std::nullopt, "frmArquiteto"},
-    VinculoDireto{TipoPapel::Decorador, &frmPessoas::cmdDecorador, "Decorador", "PESS_TELA_DECORADOR", "Deco", "iddeco",
-                  "idDECO", std::nullopt, "frmDecorador"},
-};
 
 /// A person that has never been saved has no key to link to.
 bool SemPessoa(const frmPessoas& tela) {
@@ -78,73 +36,77 @@ void AbreTela(frmPessoas& tela, const char* nome) {
     tela.contexto().MostraTela(QString::fromLatin1(nome));
 }
 
-Statement MontaInsertVinculo(const frmPessoas& tela, const VinculoDireto& vinculo) {
+Statement MontaInsertVinculo(const frmPessoas& tela, const Papel& papel) {
     ContextoExecucao& contexto = tela.contexto();
-    Insercao insercao(vinculo.tabela);
-    insercao.incluiChave(Statement(vinculo.chave), ChaveDoGerador(contexto, vinculo.gerador));
+    Insercao insercao(papel.tabela);
+    insercao.incluiChave(Statement(papel.chave), ChaveDoGerador(contexto, papel.gerador));
     insercao.inclui("idpess", tela.txtRowID.text());
-    for (const ColunaInicial& inicial : vinculo.iniciais)
+    for (const ColunaInicial& inicial : papel.iniciais)
         insercao.inclui(inicial.coluna, QString::fromLatin1(inicial.valor));
     insercao.inclui("codi_empr", tela.lblCodiEmpresa.text());
     return insercao.encerra(contexto);
 }
 
 /// Always a new row, also when an earlier link lies deactivated. The key is asked of the connection on every engine.
-void CriaVinculo(frmPessoas& tela, const VinculoDireto& vinculo) {
-    if (!Confirma(tela, u"Deseja Criar um Vínculo de %1?"_s.arg(QLatin1StringView(vinculo.palavra))))
+void CriaVinculo(frmPessoas& tela, const Papel& papel) {
+    if (!Confirma(tela, u"Deseja Criar um Vínculo de %1?"_s.arg(QLatin1StringView(papel.nome))))
         return;
     ContextoExecucao& contexto = tela.contexto();
-    EnviaComando(contexto, MontaInsertVinculo(tela, vinculo));
+    EnviaComando(contexto, MontaInsertVinculo(tela, papel));
     const qint32 id = UltimoIdentity(contexto);
-    GravaVinculoPess(contexto, tela.txtRowID.text(), vinculo.colunaPess, QString::number(id));
+    GravaVinculoPess(contexto, tela.txtRowID.text(), papel.chave, QString::number(id));
     Informa(tela, u"Vínculo estabelecido com sucesso!"_s);
 }
 
-void RemoveVinculo(frmPessoas& tela, const VinculoDireto& vinculo) {
-    if (!Confirma(tela, u"Deseja Exclui o Vínculo de %1?"_s.arg(QLatin1StringView(vinculo.palavra))))
+void RemoveVinculo(frmPessoas& tela, const Papel& papel) {
+    if (!Confirma(tela, u"Deseja Exclui o Vínculo de %1?"_s.arg(QLatin1StringView(papel.nome))))
         return;
     ContextoExecucao& contexto = tela.contexto();
-    const QString id = Vinculo(contexto, vinculo.papel, tela.txtRowID.text());
+    const QString id = Vinculo(contexto, papel, tela.txtRowID.text());
     Statement& comando = contexto.SqlComando;
     comando.clear();
-    comando << "UPDATE " << vinculo.tabela << " SET "
+    comando << "UPDATE " << papel.tabela << " SET "
             << "user_desa='" << contexto.CodigoUsuario << "', "
             << "data_desa='" << FormatDateSql(contexto.hoje()) << "' "
-            << "WHERE (" << vinculo.chave << "=" << id << ")";
+            << "WHERE (" << papel.chave << "=" << id << ")";
     ExecutaSemAcentos(contexto, comando);
-    LimpaVinculoPess(contexto, tela.txtRowID.text(), vinculo.colunaPess);
+    LimpaVinculoPess(contexto, tela.txtRowID.text(), papel.chave);
     Informa(tela, u"Vínculo excluído com sucesso!"_s);
 }
 
-void cmdPapel_Click(frmPessoas& tela, const VinculoDireto& vinculo) {
+void cmdPapel_Click(frmPessoas& tela, const Papel& papel) {
     if (SemPessoa(tela))
         return Informa(tela, u"Selecione ou Salve um Registro antes de vincular!"_s);
     ContextoExecucao& contexto = tela.contexto();
     contexto.VinculoAtual = u"N"_s;
-    if (LeParametroEmpresa(contexto, QString::fromLatin1(vinculo.parametro)) != u"N")
-        AbreTela(tela, vinculo.tela);
-    else if (Val(Vinculo(contexto, vinculo.papel, tela.txtRowID.text())) == 0)
-        CriaVinculo(tela, vinculo);
+    if (LeParametroEmpresa(contexto, QString::fromLatin1(papel.parametroTela)) != u"N")
+        AbreTela(tela, papel.tela);
+    else if (Val(Vinculo(contexto, papel, tela.txtRowID.text())) == 0)
+        CriaVinculo(tela, papel);
     else
-        RemoveVinculo(tela, vinculo);
+        RemoveVinculo(tela, papel);
     AtualizaIndicadoresVinculo(contexto, tela);
 }
 
-/// A driver is never linked directly; his screen refreshes the buttons by itself.
-void cmdMotorista_Click(frmPessoas& tela) {
+/// A role without a direct link: its screen refreshes the buttons by itself.
+void cmdSoTela_Click(frmPessoas& tela, const Papel& papel) {
     if (SemPessoa(tela)) {
         tela.program().MsgBox(u"Selecione um Registro antes de vincular!"_s);
         return;
     }
-    AbreTela(tela, "frmMotorista");
+    AbreTela(tela, papel.tela);
 }
 
 } // namespace
 
 void LigaVinculos(frmPessoas& tela) {
-    for (const VinculoDireto& vinculo : vinculos)
-        (tela.*vinculo.botao).Click = [&tela, &vinculo] { cmdPapel_Click(tela, vinculo); };
-    tela.cmdMotorista.Click = [&tela] { cmdMotorista_Click(tela); };
+    for (const Papel& papel : papeis) {
+        screen::Field& botao = tela.field(QString::fromLatin1(papel.botao));
+        if (papel.parametroTela)
+            botao.Click = [&tela, &papel] { cmdPapel_Click(tela, papel); };
+        else
+            botao.Click = [&tela, &papel] { cmdSoTela_Click(tela, papel); };
+    }
 }
 
 } // namespace vorta

@@ -15,26 +15,20 @@
 #include "shared/TextoEntrada.h"
 #include "shared/Vinculos.h"
 
+#include <algorithm>
+
 namespace vorta {
 
 namespace {
 
 using screen::Field;
 
-/// A role button that the company does not use is hidden by its switch.
-struct BotaoPapel {
-    const char* parametro;
-    const char* botao;
-};
-constexpr BotaoPapel botoesPapeis[]{
-    {"PESS_BOTAO_CLIENTE", "cmdCliente"},
-    {"PESS_BOTAO_FORNECEDOR", "cmdFornecedor"},
-    {"PESS_BOTAO_TRANSPORTADORA", "cmdTransportadora"},
-    {"PESS_BOTAO_VENDEDOR", "cmdVendedor"},
-    {"PESS_BOTAO_MOTORISTA", "cmdMotorista"},
-    {"PESS_BOTAO_DECORADOR", "cmdDecorador"},
-    {"PESS_BOTAO_ARQUITETO", "cmdArquiteto"},
-};
+/// The role that a field is the button of, if any.
+const Papel* PapelDoBotao(const Field& campo) {
+    const auto* achado = std::ranges::find_if(
+        papeis, [&](const Papel& papel) { return campo.name() == QLatin1StringView(papel.botao); });
+    return achado == papeis.end() ? nullptr : achado;
+}
 
 bool ChecaEntrada(ContextoExecucao& contexto) {
     return LeParametroEmpresa(contexto, u"PESS_CHECA_ENTRADA"_s) == u"S";
@@ -107,11 +101,12 @@ void frmPessoas::ExibeDataDesativacao() {
     lblDataDesa.setVisible(false);
 }
 
+/// A role button that the company does not use is hidden by its switch; the switches are asked in the order of the
+/// buttons.
 void frmPessoas::MostraBotoesPapeis() {
-    for (const BotaoPapel& linha : botoesPapeis) {
-        const bool escondido = LeParametroEmpresa(contexto_, QString::fromLatin1(linha.parametro)) == u"N";
-        field(QString::fromLatin1(linha.botao)).setVisible(!escondido);
-    }
+    for (Field* campo : fields())
+        if (const Papel* papel = PapelDoBotao(*campo))
+            campo->setVisible(LeParametroEmpresa(contexto_, QString::fromLatin1(papel->parametroBotao)) != u"N");
 }
 
 void frmPessoas::MostraBotoesCep() {

@@ -28,11 +28,13 @@ QString NomeColuna(const char* assunto, const TabelaContatos& tabela) {
 
 } // namespace
 
-ContatosPapel::ContatosPapel(ContextoExecucao& contexto, screen::Screen& tela, const PapelTela& papel)
+ContatosPapel::ContatosPapel(ContextoExecucao& contexto, screen::Screen& tela, const Papel& papel,
+                             const RegrasTelaPapel& regras)
     : cboTipoContato(&tela, "cboTipoContato"), txtNomeContato(&tela, "txtNomeContato"),
       txtFoneContato(&tela, "txtFoneContato"), txtEmailContato(&tela, "txtEmailContato"),
       mskDtNasc(&tela, "mskDtNasc", u"##/##"_s), cmdIncluirContato(&tela, "cmdIncluirContato", u"Incluir"_s),
-      Flex(&tela, "Flex"), contexto_(contexto), tela_(tela), papel_(papel), tabela_(*papel.contatos) {
+      Flex(&tela, "Flex"), contexto_(contexto), tela_(tela), papel_(papel), regras_(regras),
+      tabela_(papel.contatos.value()) {
     PreparaGridContatos();
     for (Field* campo :
          std::initializer_list<Field*>{&cboTipoContato, &txtNomeContato, &txtFoneContato, &txtEmailContato})
@@ -40,7 +42,7 @@ ContatosPapel::ContatosPapel(ContextoExecucao& contexto, screen::Screen& tela, c
     cmdIncluirContato.Click = [this] { cmdIncluirContato_Click(); };
     Flex.Click = [this] { Flex_Click(); };
     txtEmailContato.LostFocus = [this] { txtEmailContato_LostFocus(); };
-    if (!papel.entradaConferida)
+    if (!regras.grupo.entradaConferida)
         return;
     mskDtNasc.enterMovesOn = true;
     mskDtNasc.LostFocus = [this] { mskDtNasc_LostFocus(); };
@@ -75,7 +77,7 @@ void ContatosPapel::Carrega(const QString& idPapel) {
     contexto_.SqlConsulta.clear();
     contexto_.SqlConsulta << "SELECT * "
                           << "From " << tabela_.tabela << " "
-                          << "Where " << tabela_.chavePapel << "=" << idPapel;
+                          << "Where " << papel_.chave << "=" << idPapel;
     for (Recordset registros = AbreLeitura(contexto_, contexto_.SqlConsulta); !registros.Eof(); registros.MoveNext()) {
         QString linha(u'\t');
         for (const char* assunto : {"carg_", "nome_", "tele_", "emai_"})
@@ -87,7 +89,7 @@ void ContatosPapel::Carrega(const QString& idPapel) {
 Statement ContatosPapel::MontaDeleteContatos(const QString& idPapel) const {
     Statement comando;
     comando << "DELETE FROM " << tabela_.tabela << " "
-            << "WHERE (" << tabela_.chavePapel << "=" << idPapel << ")";
+            << "WHERE (" << papel_.chave << "=" << idPapel << ")";
     return comando;
 }
 
@@ -95,7 +97,7 @@ Statement ContatosPapel::MontaInsertContato(const QString& idPapel, int linha) c
     const auto coluna = [&](data::Piece assunto) { return Statement(assunto) << tabela_.tabela; };
     Insercao insercao(tabela_.tabela);
     insercao.incluiChave(coluna("id"), ChaveDoGerador(contexto_, tabela_.gerador));
-    insercao.inclui(tabela_.chavePapel, idPapel);
+    insercao.inclui(papel_.chave, idPapel);
     insercao.inclui(coluna("carg_"), Flex.cell(linha, Tipo));
     insercao.inclui(coluna("nome_"), Flex.cell(linha, Nome));
     if (const QString fone = Flex.cell(linha, Fone); !fone.isEmpty())
@@ -104,7 +106,7 @@ Statement ContatosPapel::MontaInsertContato(const QString& idPapel, int linha) c
         insercao.inclui(coluna("emai_"), email);
     if (const QString aniversario = Flex.cell(linha, Aniversario); aniversario != semAniversario)
         insercao.inclui("data_nasc", aniversario);
-    return insercao.encerra(contexto_, papel_.dataComando);
+    return insercao.encerra(contexto_, regras_.grupo.dataComando);
 }
 
 void ContatosPapel::cmdIncluirContato_Click() {

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "launch/ContextoExecucao.h"
-#include "roles/PapelTela.h"
+#include "roles/RegrasTelaPapel.h"
+#include "shared/Papeis.h"
 
 namespace vorta {
 
@@ -9,7 +10,8 @@ namespace vorta {
 /// between load and save. A save deletes all contacts of the role row and inserts the rows of the grid anew.
 class ContatosPapel {
   public:
-    ContatosPapel(ContextoExecucao& contexto, screen::Screen& tela, const PapelTela& papel);
+    /// For a role with a table of contacts.
+    ContatosPapel(ContextoExecucao& contexto, screen::Screen& tela, const Papel& papel, const RegrasTelaPapel& regras);
 
     /// Rebuilds the grid empty.
     void PreparaGridContatos();
@@ -41,7 +43,8 @@ class ContatosPapel {
 
     ContextoExecucao& contexto_;
     screen::Screen& tela_;
-    const PapelTela& papel_;
+    const Papel& papel_;
+    const RegrasTelaPapel& regras_;
     const TabelaContatos& tabela_;
 };
 

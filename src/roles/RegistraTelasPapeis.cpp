@@ -13,21 +13,21 @@ namespace vorta {
 namespace {
 
 template <typename Tela>
-void Registra(ContextoExecucao& contexto, const PapelTela& papel) {
-    contexto.RegistraTela(QString::fromLatin1(papel.tela),
+void Registra(ContextoExecucao& contexto, TipoPapel papel) {
+    contexto.RegistraTela(QString::fromLatin1(PapelDe(papel).tela),
                           [](ContextoExecucao& dono) { return std::make_unique<Tela>(dono); });
 }
 
 } // namespace
 
 void RegistraTelasPapeis(ContextoExecucao& contexto) {
-    Registra<frmCliente>(contexto, papelCliente);
-    Registra<frmFornecedor>(contexto, papelFornecedor);
-    Registra<frmTransportadora>(contexto, papelTransportadora);
-    Registra<frmMotorista>(contexto, papelMotorista);
-    Registra<frmVendedor>(contexto, papelVendedor);
-    Registra<frmArquiteto>(contexto, papelArquiteto);
-    Registra<frmDecorador>(contexto, papelDecorador);
+    Registra<frmCliente>(contexto, TipoPapel::Cliente);
+    Registra<frmFornecedor>(contexto, TipoPapel::Fornecedor);
+    Registra<frmTransportadora>(contexto, TipoPapel::Transportadora);
+    Registra<frmMotorista>(contexto, TipoPapel::Motorista);
+    Registra<frmVendedor>(contexto, TipoPapel::Vendedor);
+    Registra<frmArquiteto>(contexto, TipoPapel::Arquiteto);
+    Registra<frmDecorador>(contexto, TipoPapel::Decorador);
 }
 
 } // namespace vorta

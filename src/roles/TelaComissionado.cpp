@@ -7,9 +7,9 @@
 
 namespace vorta {
 
-TelaComissionado::TelaComissionado(ContextoExecucao& contexto, const PapelTela& papel,
+TelaComissionado::TelaComissionado(ContextoExecucao& contexto, TipoPapel papel, const RegrasTelaPapel& regras,
                                    const RegistroProfissional& registro)
-    : TelaPapel(contexto, papel), txtRegistro(this, registro.campo), registroProfissional_(registro) {
+    : TelaPapel(contexto, papel, regras), txtRegistro(this, registro.campo), registroProfissional_(registro) {
     Registro({&mskDtAdmissao, &txtRegistro, &cboBancoCartao, &txtBancAgen, &txtBancCont},
              {&txtSalFixo, &txtPercPool, &txtPercIndi});
     Contatos(contatos);

@@ -15,7 +15,8 @@ struct RegistroProfissional {
 /// generator gives their keys on any engine, and their saves write dates with slashes.
 class TelaComissionado : public TelaPapel {
   public:
-    TelaComissionado(ContextoExecucao& contexto, const PapelTela& papel, const RegistroProfissional& registro);
+    TelaComissionado(ContextoExecucao& contexto, TipoPapel papel, const RegrasTelaPapel& regras,
+                     const RegistroProfissional& registro);
 
     screen::MaskedField mskDtAdmissao{this, "mskDtAdmissao", u"##/##/####"_s};
     screen::TextField txtSalFixo{this, "txtSalFixo"};
@@ -25,7 +26,7 @@ class TelaComissionado : public TelaPapel {
     screen::ListField cboBancoCartao{this, "cboBancoCartao"};
     screen::TextField txtBancAgen{this, "txtBancAgen"};
     screen::TextField txtBancCont{this, "txtBancCont"};
-    ContatosPapel contatos{TelaPapel::contexto(), *this, papel()};
+    ContatosPapel contatos{TelaPapel::contexto(), *this, papel(), regras()};
 
   protected:
     data::Statement MontaInsert(std::optional<qint32> id) override;

@@ -32,9 +32,9 @@ QString DataDaLinha(const data::Value& valor) {
 
 } // namespace
 
-TelaPapel::TelaPapel(ContextoExecucao& contexto, const PapelTela& papel)
-    : Screen(contexto.program(), QString::fromLatin1(papel.tela)), lblRowId(this, papel.rotuloId), contexto_(contexto),
-      papel_(papel) {
+TelaPapel::TelaPapel(ContextoExecucao& contexto, TipoPapel papel, const RegrasTelaPapel& regras)
+    : Screen(contexto.program(), QString::fromLatin1(PapelDe(papel).tela)), lblRowId(this, regras.rotuloId),
+      contexto_(contexto), papel_(PapelDe(papel)), regras_(regras) {
     txtRowID.selectsOnFocus = true;
     txtRowID.enterMovesOn = true;
     txtRowID.setLocked(true);
@@ -47,7 +47,7 @@ TelaPapel::TelaPapel(ContextoExecucao& contexto, const PapelTela& papel)
     cmdSALVAR.Click = [this] { cmdSALVAR_Click(); };
     cmdSAIR.Click = [this] { cmdSAIR_Click(); };
     chkVisualiza.Click = [this] { chkVisualiza_Click(); };
-    if (papel.confereCodigo)
+    if (regras.grupo.confereCodigo)
         txtRowID.LostFocus = [this] { txtRowID_LostFocus(); };
 }
 
@@ -83,7 +83,7 @@ void TelaPapel::DataCredencial(screen::MaskedField& campo) {
 
 void TelaPapel::Load() {
     CentralizaForm(*this);
-    setCaption(TituloTela(contexto_, QString::fromLatin1(papel_.sufixo)));
+    setCaption(TituloTela(contexto_, QString::fromLatin1(regras_.sufixo)));
     BotoesOcioso();
     BloqueiaCampos();
     LimpaCampos();
@@ -96,7 +96,7 @@ void TelaPapel::Load() {
 }
 
 void TelaPapel::QueryUnload() {
-    if (papel_.atualizaPessoas)
+    if (regras_.grupo.atualizaPessoas)
         AtualizaIndicadoresVinculo(contexto_, contexto_.Tela(telaPessoas));
 }
 
@@ -148,7 +148,7 @@ void TelaPapel::LimpaCampos() {
     }
     for (Field* campo : numericos_)
         campo->setText(u"0"_s);
-    if (papel_.limpaDesativacao)
+    if (regras_.grupo.limpaDesativacao)
         txtDTDesativa.setText({});
 }
 
@@ -157,14 +157,17 @@ void TelaPapel::cmdPESQUISAR_Click() {
         return;
     Statement& consulta = contexto_.SqlConsulta;
     consulta.clear();
-    consulta << "SELECT " << papel_.chaveBusca << " "
+    consulta << "SELECT ";
+    if (regras_.buscaQualificada)
+        consulta << papel_.tabela << ".";
+    consulta << papel_.chave << " "
              << "FROM " << papel_.tabela << ", pess "
              << "WHERE pess.idpess = " << papel_.tabela << ".idpess "
              << "and pess.idpess=" << txtRowID.text();
     contexto_.RecordsetComum = AbreLeitura(contexto_, consulta);
     if (contexto_.RecordsetComum.Eof())
         return;
-    lblRowId.setText(contexto_.RecordsetComum.Fields(papel_.colunaBusca).text());
+    lblRowId.setText(contexto_.RecordsetComum.Fields(papel_.chave.toString()).text());
     contexto_.RecordsetComum.Close();
     CarregaRegistro();
 }
@@ -185,7 +188,7 @@ void TelaPapel::CarregaRegistro() {
 }
 
 bool TelaPapel::Selecionado() const {
-    return papel_.selecao == Selecao::PelaPessoa ? !RTrim(txtRowID.text()).isEmpty() : Val(lblRowId.text()) != 0;
+    return regras_.grupo.selecao == Selecao::PelaPessoa ? !RTrim(txtRowID.text()).isEmpty() : Val(lblRowId.text()) != 0;
 }
 
 bool TelaPapel::FaltaSelecao() {
@@ -218,7 +221,7 @@ void TelaPapel::Edita(const QString& modo, const QString& aviso) {
     contexto_.ModoTela = modo;
     lblAviso.setText(aviso);
     LiberaCampos();
-    SetFocus(field(QString::fromLatin1(papel_.primeiroCampo)));
+    SetFocus(field(QString::fromLatin1(regras_.primeiroCampo)));
 }
 
 void TelaPapel::cmdINCLUIR_Click() {
@@ -230,10 +233,10 @@ void TelaPapel::cmdINCLUIR_Click() {
     const auto passos = [this] {
         Edita(u"I"_s, u"O Modo <INCLUSÃO> está ATIVO"_s);
         LimpaCampos();
-        if (papel_.preencheCredencial)
+        if (regras_.grupo.preencheCredencial)
             field(u"mskDtCredencial"_s).setText(FormatDate(contexto_.hoje()));
     };
-    if (papel_.armadilhaIncluir)
+    if (regras_.grupo.armadilhaIncluir)
         ComArmadilha(u"Erro ao Incluir o Registro!"_s, passos);
     else
         passos();
@@ -274,8 +277,8 @@ void TelaPapel::cmdEXCLUIR_Click() {
     if (program().MsgBox({u"Deseja realmente Desativar?"_s, {}, Icon::None, Buttons::YesNo}) == Answer::Yes) {
         MudaSituacao(Statement("user_desa='") << contexto_.CodigoUsuario << "', "
                                               << "data_desa='" << FormatDateSql(contexto_.hoje()) << "' ");
-        if (papel_.colunaPess)
-            LimpaVinculoPess(contexto_, txtRowID.text(), *papel_.colunaPess);
+        if (regras_.guardaVinculo)
+            LimpaVinculoPess(contexto_, txtRowID.text(), papel_.chave);
     }
     BotoesOcioso();
     LimpaCampos();
@@ -289,7 +292,8 @@ void TelaPapel::cmdReativar_Click() {
         LimpaCampos();
         return;
     }
-    if (papel_.conferePessoaAtiva && !Trim(contexto_.Tela(telaPessoas).field(u"lblDataDesa"_s).text()).isEmpty()) {
+    if (regras_.grupo.conferePessoaAtiva &&
+        !Trim(contexto_.Tela(telaPessoas).field(u"lblDataDesa"_s).text()).isEmpty()) {
         program().MsgBox({u"Atenção!!!\nO registro 'Pessoa' deverá ser reativado antes dessa operação!"_s,
                           ContextoExecucao::Titulo(), Icon::Critical, Buttons::OK});
         return;
@@ -299,8 +303,8 @@ void TelaPapel::cmdReativar_Click() {
         MudaSituacao(Statement("user_desa=null, ") << "data_desa=null, "
                                                    << "user_incl='" << contexto_.CodigoUsuario << "', "
                                                    << "data_incl='" << FormatDateSql(contexto_.hoje()) << "' ");
-        if (papel_.colunaPess)
-            GravaVinculoPess(contexto_, txtRowID.text(), *papel_.colunaPess, lblRowId.text());
+        if (regras_.guardaVinculo)
+            GravaVinculoPess(contexto_, txtRowID.text(), papel_.chave, lblRowId.text());
     }
     BotoesOcioso();
     LimpaCampos();
@@ -329,7 +333,7 @@ void TelaPapel::cmdSAIR_Click() {
 
 void TelaPapel::cmdSALVAR_Click() {
     CompletaCampos();
-    if (papel_.exigePessoa && Trim(txtRowID.text()).isEmpty()) {
+    if (regras_.grupo.exigePessoa && Trim(txtRowID.text()).isEmpty()) {
         program().MsgBox(u"Falta Vinculo com a Tabela de Pessoas!!!"_s);
         return;
     }
@@ -345,7 +349,7 @@ void TelaPapel::cmdSALVAR_Click() {
     }
     BloqueiaCampos();
     BotoesOcioso();
-    if (papel_.limpaAposGravar)
+    if (regras_.grupo.limpaAposGravar)
         LimpaCampos();
     cmdPESQUISAR_Click();
 }
@@ -359,7 +363,7 @@ void TelaPapel::Grava(const std::function<void()>& passos) {
         passos();
         conexao.CommitTrans();
     } catch (const RuntimeError&) {
-        if (papel_.erroNoSalvar == ErroNoSalvar::Encerra)
+        if (regras_.erroNoSalvar == ErroNoSalvar::Encerra)
             throw;
         // A connection has no operation of this name: the program ends here and the transaction dies with the
         // connection.
@@ -385,10 +389,10 @@ void TelaPapel::GravaInclusao() {
     const std::optional<qint32> gerada = ChaveDoGerador(contexto_, papel_.gerador);
     Envia(MontaInsert(gerada));
     qint32 id = gerada.value_or(0);
-    if (papel_.chaveNova == ChaveNova::Perguntada || (papel_.chaveNova == ChaveNova::PorGerador && !gerada))
+    if (regras_.chaveNova == ChaveNova::Perguntada || (regras_.chaveNova == ChaveNova::PorGerador && !gerada))
         id = UltimoIdentity(contexto_);
-    if (papel_.colunaPess)
-        GravaVinculoPess(contexto_, contexto_.Tela(telaPessoas).field(u"txtRowID"_s).text(), *papel_.colunaPess,
+    if (regras_.guardaVinculo)
+        GravaVinculoPess(contexto_, contexto_.Tela(telaPessoas).field(u"txtRowID"_s).text(), papel_.chave,
                          QString::number(id));
     GravaContatos(QString::number(id));
 }
@@ -409,7 +413,7 @@ void TelaPapel::txtRowID_LostFocus() {
 
 /// The list of an older table of salespeople, whatever the role.
 void TelaPapel::chkVisualiza_Click() {
-    if (papel_.gradeAntiga == GradeAntiga::Nenhuma)
+    if (regras_.grupo.gradeAntiga == GradeAntiga::Nenhuma)
         return;
     contexto_.SqlConsulta = Statement("SELECT * FROM Vendedor");
     if (!chkVisualiza.checked())
@@ -435,7 +439,7 @@ Insercao TelaPapel::IniciaInsert(std::optional<qint32> id) const {
 }
 
 Statement TelaPapel::EncerraInsert(Insercao insercao) const {
-    return insercao.encerra(contexto_, papel_.dataComando);
+    return insercao.encerra(contexto_, regras_.grupo.dataComando);
 }
 
 Statement TelaPapel::IniciaUpdate() const {
@@ -448,7 +452,7 @@ Statement TelaPapel::EncerraUpdate(Statement comando, qint32 id) const {
 
 std::optional<QString> TelaPapel::DataDoCampo(const Field& campo) const {
     const std::optional<QDateTime> data = ParseDate(campo.text());
-    return data ? std::optional(papel_.dataComando(data->date())) : std::nullopt;
+    return data ? std::optional(regras_.grupo.dataComando(data->date())) : std::nullopt;
 }
 
 Statement OuNulo(const std::optional<QString>& valor) {

@@ -3,18 +3,19 @@
 #include "base/Literals.h"
 #include "launch/ContextoExecucao.h"
 #include "roles/ContatosPapel.h"
-#include "roles/PapelTela.h"
+#include "roles/RegrasTelaPapel.h"
 #include "shared/Insercao.h"
+#include "shared/Papeis.h"
 
 namespace vorta {
 
 /// The frame of the seven role screens. Each is opened for exactly one person, whose id stands in `IdPessoaVinculo`,
-/// and edits at most one row of its role's table. What differs between them is in their `PapelTela`; a screen of its
-/// own adds its fields and the statements that carry them. The operations stand in front of the record's fields, so
-/// that behind the last field the keyboard comes back to them.
+/// and edits at most one row of its role's table. What differs between them is in their `Papel` and their
+/// `RegrasTelaPapel`; a screen of its own adds its fields and the statements that carry them. The operations stand in
+/// front of the record's fields, so that behind the last field the keyboard comes back to them.
 class TelaPapel : public screen::Screen {
   public:
-    TelaPapel(ContextoExecucao& contexto, const PapelTela& papel);
+    TelaPapel(ContextoExecucao& contexto, TipoPapel papel, const RegrasTelaPapel& regras);
 
     void Load() override;
     void QueryUnload() override;
@@ -71,7 +72,8 @@ class TelaPapel : public screen::Screen {
     std::optional<QString> DataDoCampo(const screen::Field& campo) const;
 
     ContextoExecucao& contexto() const { return contexto_; }
-    const PapelTela& papel() const { return papel_; }
+    const Papel& papel() const { return papel_; }
+    const RegrasTelaPapel& regras() const { return regras_; }
 
   private:
     void BotoesOcioso();
@@ -102,7 +104,8 @@ class TelaPapel : public screen::Screen {
     void chkVisualiza_Click();
 
     ContextoExecucao& contexto_;
-    const PapelTela& papel_;
+    const Papel& papel_;
+    const RegrasTelaPapel& regras_;
     std::vector<screen::Field*> registro_;
     std::vector<screen::Field*> numericos_;
     ContatosPapel* contatos_ = nullptr;

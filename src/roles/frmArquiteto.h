@@ -4,11 +4,20 @@
 
 namespace vorta {
 
+inline constexpr RegrasTelaPapel regrasArquiteto{.grupo = comissionado,
+                                                 .sufixo = " - Cadastro de Arquitetos ",
+                                                 .rotuloId = "lblRowidArquiteto",
+                                                 .primeiroCampo = "mskDtAdmissao",
+                                                 .chaveNova = ChaveNova::Perguntada,
+                                                 .erroNoSalvar = ErroNoSalvar::Encerra,
+                                                 .buscaQualificada = true,
+                                                 .guardaVinculo = true};
+
 /// The record of a person as an architect.
 class frmArquiteto : public TelaComissionado {
   public:
     explicit frmArquiteto(ContextoExecucao& contexto)
-        : TelaComissionado(contexto, papelArquiteto, {"txtCREA", "arqt_crea"}) {}
+        : TelaComissionado(contexto, TipoPapel::Arquiteto, regrasArquiteto, {"txtCREA", "arqt_crea"}) {}
 };
 
 } // namespace vorta

@@ -11,6 +11,13 @@ namespace vorta {
 
 namespace {
 
+constexpr RegrasTelaPapel regrasCliente{.grupo = credenciado,
+                                        .sufixo = " - Cadastro de Clientes ",
+                                        .rotuloId = "lblRowIdCliente",
+                                        .primeiroCampo = "cboRevenda",
+                                        .chaveNova = ChaveNova::PorGerador,
+                                        .erroNoSalvar = ErroNoSalvar::Encerra};
+
 const QString sim = u"Sim"_s;
 const QString nao = u"Não"_s;
 
@@ -29,7 +36,7 @@ void MostraDescricaoSemZero(ContextoExecucao& contexto, screen::Field& campo, co
 
 } // namespace
 
-frmCliente::frmCliente(ContextoExecucao& contexto) : TelaPapel(contexto, papelCliente) {
+frmCliente::frmCliente(ContextoExecucao& contexto) : TelaPapel(contexto, TipoPapel::Cliente, regrasCliente) {
     for (screen::Field* campo : std::initializer_list<screen::Field*>{
              &cboRevenda, &txtLimiCred, &cboTipoCli, &cboTransportadora, &mskDtCredencial, &cboVendedor,
              &txtLimeMaxiConh, &cboRegimeEspecialICMS})

@@ -7,6 +7,14 @@ namespace vorta {
 
 namespace {
 
+constexpr RegrasTelaPapel regrasFornecedor{.grupo = credenciado,
+                                           .sufixo = " - Cadastro de Fornecedor ",
+                                           .rotuloId = "lblRowIdFornecedor",
+                                           .primeiroCampo = "mskDtCredencial",
+                                           .chaveNova = ChaveNova::PorGerador,
+                                           .erroNoSalvar = ErroNoSalvar::Encerra,
+                                           .buscaQualificada = true};
+
 constexpr int enter = 13;
 
 /// Digits, comma, percent and minus pass; a typed point becomes a comma. Enter stays the key that moves on.
@@ -20,7 +28,8 @@ void TeclaNumerica(int& tecla) {
 
 } // namespace
 
-frmFornecedor::frmFornecedor(ContextoExecucao& contexto) : TelaPapel(contexto, papelFornecedor) {
+frmFornecedor::frmFornecedor(ContextoExecucao& contexto)
+    : TelaPapel(contexto, TipoPapel::Fornecedor, regrasFornecedor) {
     Registro({&mskDtCredencial}, {&txtLimiCred, &txtDescontoFornecedor});
     Contatos(contatos);
     DataCredencial(mskDtCredencial);

@@ -9,6 +9,14 @@ namespace vorta {
 
 namespace {
 
+constexpr RegrasTelaPapel regrasMotorista{.grupo = empregado,
+                                          .sufixo = " - Cadastro de Motorista ",
+                                          .rotuloId = "lblRowIdMotorista",
+                                          .primeiroCampo = "mskDtAdmissao",
+                                          .chaveNova = ChaveNova::Perguntada,
+                                          .erroNoSalvar = ErroNoSalvar::PedeRollback,
+                                          .guardaVinculo = true};
+
 /// The texts of a driver in the order of the statements.
 struct ColunaTexto {
     data::Piece coluna;
@@ -29,7 +37,7 @@ screen::Field& CampoDe(const screen::Screen& tela, const ColunaTexto& texto) {
 
 } // namespace
 
-frmMotorista::frmMotorista(ContextoExecucao& contexto) : TelaPapel(contexto, papelMotorista) {
+frmMotorista::frmMotorista(ContextoExecucao& contexto) : TelaPapel(contexto, TipoPapel::Motorista, regrasMotorista) {
     Registro({&mskDtAdmissao, &txtCNH, &txtProntuario, &cboUF_Emitente, &txtPai0Moto, &txtMae0Moto, &txtRefeMoto});
     mskDtAdmissao.selectsOnFocus = true;
     mskDtAdmissao.LostFocus = [this] {

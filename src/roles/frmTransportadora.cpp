@@ -2,7 +2,19 @@
 
 namespace vorta {
 
-frmTransportadora::frmTransportadora(ContextoExecucao& contexto) : TelaPapel(contexto, papelTransportadora) {
+namespace {
+
+constexpr RegrasTelaPapel regrasTransportadora{.grupo = credenciado,
+                                               .sufixo = " - Cadastro de Transportadora ",
+                                               .rotuloId = "lblRowIdTransportadora",
+                                               .primeiroCampo = "mskDtCredencial",
+                                               .chaveNova = ChaveNova::PorGerador,
+                                               .erroNoSalvar = ErroNoSalvar::PedeRollback};
+
+} // namespace
+
+frmTransportadora::frmTransportadora(ContextoExecucao& contexto)
+    : TelaPapel(contexto, TipoPapel::Transportadora, regrasTransportadora) {
     Registro({&mskDtCredencial});
     Contatos(contatos);
     DataCredencial(mskDtCredencial);

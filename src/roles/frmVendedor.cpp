@@ -2,7 +2,18 @@
 
 namespace vorta {
 
-frmVendedor::frmVendedor(ContextoExecucao& contexto) : TelaPapel(contexto, papelVendedor) {
+namespace {
+
+constexpr RegrasTelaPapel regrasVendedor{.grupo = empregado,
+                                         .sufixo = " - Cadastro de Vendedores ",
+                                         .rotuloId = "lblRowIdVendedor",
+                                         .primeiroCampo = "mskDtAdmissao",
+                                         .chaveNova = ChaveNova::Dispensada,
+                                         .erroNoSalvar = ErroNoSalvar::PedeRollback};
+
+} // namespace
+
+frmVendedor::frmVendedor(ContextoExecucao& contexto) : TelaPapel(contexto, TipoPapel::Vendedor, regrasVendedor) {
     Registro({&mskDtAdmissao}, {&txtSalFixo, &txtPercPool, &txtPercIndi});
     mskDtAdmissao.selectsOnFocus = true;
     for (screen::Field* valor : {&txtSalFixo, &txtPercPool, &txtPercIndi})

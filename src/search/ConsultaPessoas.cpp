@@ -2,6 +2,7 @@
 
 #include "base/Literals.h"
 #include "base/Text.h"
+#include "shared/Vinculos.h"
 
 #include <algorithm>
 #include <array>
@@ -62,22 +63,6 @@ constexpr Piece consultaPorRamo =
     "WHERE PESS_ATIV.IDPESS = pess.IDPESS AND PESS_ATIV.IDATIV = ATIV.IDATIV "
     "AND (pess.DATA_DESA Is Null) ";
 
-/// The role options in the order in which they are asked.
-constexpr std::array filtros{
-    FiltroPapel{&Tela::opTodos, {}},
-    FiltroPapel{.opcao = &Tela::opProspect, .papel = {}, .prospect = true, .coluna8 = true},
-    FiltroPapel{.opcao = &Tela::opCliente, .papel = TipoPapel::Cliente, .coluna8 = true},
-    FiltroPapel{.opcao = &Tela::opFornecedor, .papel = TipoPapel::Fornecedor, .coluna8 = true},
-    FiltroPapel{&Tela::opTransportadora, TipoPapel::Transportadora},
-    FiltroPapel{&Tela::opVendedor, TipoPapel::Vendedor},
-    FiltroPapel{&Tela::opMotorista, TipoPapel::Motorista},
-    FiltroPapel{&Tela::opDecorador, TipoPapel::Decorador},
-    FiltroPapel{&Tela::opArquiteto, TipoPapel::Arquiteto},
-};
-
-/// The back-references of `PESS`, one for each role.
-constexpr std::array colunasVinculo{"idClie", "idForn", "idvend", "idDeco", "idArqt", "idMoto", "idTRPT"};
-
 /// The columns that the first grid columns show; column 6, between the date and the external code, belongs to the role.
 constexpr std::array colunasGrid{"IDPESS", "cpf0_cnpj", "NOME_PESS", "NOME_CONH", "TELE_0001_PESS", "data_desa"};
 
@@ -100,10 +85,18 @@ void acrescentaFiltro(Statement& comando, std::initializer_list<Piece> filtro, c
 }
 
 bool semVinculo(const Recordset& registros) {
-    return std::none_of(colunasVinculo.begin(), colunasVinculo.end(), [&](const char* coluna) {
-        const data::Value id = registros.Fields(coluna);
+    return std::none_of(papeis.begin(), papeis.end(), [&](const Papel& papel) {
+        const data::Value id = registros.Fields(papel.chave.toString());
         return !id.isNull() && id.number() > 0;
     });
+}
+
+/// The role whose id the column headed "idClie" shows. The supplier's stands there too: callers that want a supplier
+/// read it from that column.
+const Papel* papelDaColuna8(const FiltroPapel& filtro) {
+    if (filtro.prospect)
+        return &PapelDe(TipoPapel::Cliente);
+    return filtro.papel && filtro.papel->mostraIdNaBusca ? filtro.papel : nullptr;
 }
 
 } // namespace
@@ -129,10 +122,13 @@ Statement MontaConsultaPessoas(ContextoExecucao& contexto, const frmBROWSE_PESSO
     return comando;
 }
 
-const FiltroPapel& FiltroEscolhido(const frmBROWSE_PESSOAS& tela) {
-    const auto* achado = std::find_if(filtros.begin(), filtros.end(),
-                                      [&](const FiltroPapel& linha) { return (tela.*linha.opcao).value(); });
-    return achado == filtros.end() ? filtros.front() : *achado;
+FiltroPapel FiltroEscolhido(const frmBROWSE_PESSOAS& tela) {
+    if (tela.opProspect.value())
+        return {.prospect = true};
+    for (const Papel& papel : papeis)
+        if (tela.opcaoDe(papel).value())
+            return {.papel = &papel};
+    return {};
 }
 
 std::optional<QString> LinhaPessoa(ContextoExecucao& contexto, const Recordset& registros, const FiltroPapel& filtro) {
@@ -150,10 +146,8 @@ std::optional<QString> LinhaPessoa(ContextoExecucao& contexto, const Recordset& 
     for (const char* coluna : colunasGrid)
         linha += registros.Fields(coluna).textOr({}) + u'\t';
     linha += idPapel + u'\t' + registros.Fields("pess_codi_exte").textOr({});
-    // The supplier's own link stands there too: callers that want a supplier read it from that column.
-    if (filtro.coluna8)
-        linha +=
-            u'\t' + Vinculo(contexto, filtro.papel.value_or(TipoPapel::Cliente), registros.Fields("IDPESS").text());
+    if (const Papel* papel = papelDaColuna8(filtro))
+        linha += u'\t' + Vinculo(contexto, *papel, registros.Fields("IDPESS").text());
     return linha;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "search/frmBROWSE_PESSOAS.h"
-#include "shared/Vinculos.h"
+#include "shared/Papeis.h"
 
 #include <optional>
 
@@ -14,15 +14,12 @@ namespace vorta {
 /// statement as it stands.
 data::Statement MontaConsultaPessoas(ContextoExecucao& contexto, const frmBROWSE_PESSOAS& tela);
 
-/// What a role option asks of a row.
+/// What the chosen role option asks of a row.
 struct FiltroPapel {
-    screen::Option frmBROWSE_PESSOAS::*opcao;
-    std::optional<TipoPapel> papel; ///< the link that the person must have
-    bool prospect = false;          ///< instead: the person must have no link at all
-    bool coluna8 = false;           ///< the link is asked once more for the column headed "idClie"
+    const Papel* papel = nullptr; ///< the person must have this link
+    bool prospect = false;        ///< instead: the person must have no link at all
 };
-/// The filter of the chosen role option.
-const FiltroPapel& FiltroEscolhido(const frmBROWSE_PESSOAS& tela);
+FiltroPapel FiltroEscolhido(const frmBROWSE_PESSOAS& tela);
 
 /// The current row as the grid takes it, cells divided by tabs; nothing when the filter skips the row. Sends one or two
 /// lookups for a row with a role filter. A result without one of the grid's columns raises 3265.

@@ -10,68 +10,58 @@
 #include "shared/TextoEntrada.h"
 
 #include <algorithm>
-#include <array>
-#include <span>
+#include <vector>
 
 namespace vorta {
 
 namespace {
 
 using screen::Align;
+using screen::Option;
 using Tela = frmBROWSE_PESSOAS;
-using Opcao = screen::Option Tela::*;
+using Opcoes = std::vector<Option*>;
 
-/// The role words with which a search may be called, and the one option that stays free then.
-struct PapelPedido {
-    QStringView palavra;
-    Opcao opcao;
-};
+// What the memory knows. Other ways of searching fall back to the presets at the next opening.
+Opcoes formasLembradas(Tela& tela) {
+    return {&tela.opCPFCNPJ, &tela.opNome,          &tela.opFantasia, &tela.opCidade,
+            &tela.opUF,      &tela.opRamoAtividade, &tela.opTelefone};
+}
 
-constexpr std::array papeisPedidos{
-    PapelPedido{u"FORNECEDOR", &Tela::opFornecedor},
-    PapelPedido{u"FORNECEDOREXPRESS", &Tela::opFornecedor},
-    PapelPedido{u"CLIENTE", &Tela::opCliente},
-    PapelPedido{u"VENDEDOR", &Tela::opVendedor},
-    PapelPedido{u"VENDEDOREXPRESS", &Tela::opVendedor},
-    PapelPedido{u"ARQUITETO", &Tela::opArquiteto},
-    PapelPedido{u"ARQUITETOEXPRESS", &Tela::opArquiteto},
-    PapelPedido{u"DECORADOR", &Tela::opDecorador},
-    PapelPedido{u"DECORADOREXPRESS", &Tela::opDecorador},
-    PapelPedido{u"TRANSPORTADORA", &Tela::opTransportadora},
-    PapelPedido{u"CLIENTETRELOGA", &Tela::opCliente},
-    PapelPedido{u"CLIENTEEXPRESS", &Tela::opCliente},
-    PapelPedido{u"PROSPECTEXPRESS", &Tela::opProspect},
-    PapelPedido{u"MOTORISTATRELOGA", &Tela::opMotorista},
-};
+Opcoes conteudosLembrados(Tela& tela) {
+    return {&tela.opCampoInteiro, &tela.opQualquerParte};
+}
 
-constexpr std::array<Opcao, 9> opcoesPapel{&Tela::opTodos,          &Tela::opFornecedor, &Tela::opCliente,
-                                           &Tela::opTransportadora, &Tela::opVendedor,   &Tela::opMotorista,
-                                           &Tela::opArquiteto,      &Tela::opDecorador,  &Tela::opProspect};
+/// "Todos" and the roles that the memory keeps at least that well.
+Opcoes papeisLembrados(Tela& tela, MemoriaBusca memoria) {
+    Opcoes opcoes{&tela.opTodos};
+    for (const Papel& papel : papeis)
+        if (papel.memoria >= memoria)
+            opcoes.push_back(&tela.opcaoDe(papel));
+    return opcoes;
+}
 
-// What the memory knows. Other ways of searching fall back to the presets at the next opening; the architect is known
-// when read but is never written.
-constexpr std::array<Opcao, 7> formasLembradas{&Tela::opCPFCNPJ, &Tela::opNome, &Tela::opFantasia,
-                                               &Tela::opCidade,  &Tela::opUF,   &Tela::opRamoAtividade,
-                                               &Tela::opTelefone};
-constexpr std::array<Opcao, 2> conteudosLembrados{&Tela::opCampoInteiro, &Tela::opQualquerParte};
-constexpr std::array<Opcao, 6> papeisGuardados{&Tela::opTodos,          &Tela::opCliente,  &Tela::opFornecedor,
-                                               &Tela::opTransportadora, &Tela::opVendedor, &Tela::opMotorista};
-constexpr std::array<Opcao, 7> papeisLembrados{&Tela::opTodos,          &Tela::opCliente,  &Tela::opFornecedor,
-                                               &Tela::opTransportadora, &Tela::opVendedor, &Tela::opMotorista,
-                                               &Tela::opArquiteto};
+/// The option with which another screen asks for one role alone; none when the word is no role's.
+Option* opcaoPedida(Tela& tela, const QString& palavra) {
+    if (palavra == u"PROSPECTEXPRESS")
+        return &tela.opProspect;
+    for (const Papel& papel : papeis)
+        if (std::ranges::any_of(papel.pedidos, [&](QStringView pedido) { return palavra == pedido; }))
+            return &tela.opcaoDe(papel);
+    return nullptr;
+}
 
 /// The name of the chosen option, empty when none of these is.
-QString nomeEscolhido(const Tela& tela, std::span<const Opcao> opcoes) {
-    for (const Opcao opcao : opcoes)
-        if ((tela.*opcao).value())
-            return (tela.*opcao).name();
+QString nomeEscolhido(const Opcoes& opcoes) {
+    for (const Option* opcao : opcoes)
+        if (opcao->value())
+            return opcao->name();
     return {};
 }
 
-void escolhePorNome(Tela& tela, std::span<const Opcao> opcoes, const QString& nome) {
-    for (const Opcao opcao : opcoes)
-        if ((tela.*opcao).name() == nome)
-            (tela.*opcao).setValue(true);
+void escolhePorNome(const Opcoes& opcoes, const QString& nome) {
+    for (Option* opcao : opcoes)
+        if (opcao->name() == nome)
+            opcao->setValue(true);
 }
 
 bool lembrado(const QString& texto) {
@@ -124,20 +114,24 @@ void frmBROWSE_PESSOAS::MontaGridPessoas() {
                 {u"idForn"_s, -1, Align::Left}});
 }
 
+screen::Option& frmBROWSE_PESSOAS::opcaoDe(const Papel& papel) const {
+    return dynamic_cast<Option&>(field(QString::fromLatin1(papel.opcao)));
+}
+
 void frmBROWSE_PESSOAS::DesabilitaPapeis() {
-    for (const Opcao opcao : opcoesPapel)
-        (this->*opcao).setEnabled(false);
+    opTodos.setEnabled(false);
+    for (const Papel& papel : papeis)
+        opcaoDe(papel).setEnabled(false);
+    opProspect.setEnabled(false);
 }
 
 void frmBROWSE_PESSOAS::PresetaPapel() {
-    const auto* pedido = std::find_if(papeisPedidos.begin(), papeisPedidos.end(), [this](const PapelPedido& linha) {
-        return contexto_.TipoConsulta == linha.palavra;
-    });
-    if (pedido == papeisPedidos.end())
+    Option* pedida = opcaoPedida(*this, contexto_.TipoConsulta);
+    if (!pedida)
         return;
     DesabilitaPapeis();
-    (this->*pedido->opcao).setEnabled(true);
-    (this->*pedido->opcao).setValue(true);
+    pedida->setEnabled(true);
+    pedida->setValue(true);
 }
 
 bool frmBROWSE_PESSOAS::RestauraBusca() {
@@ -148,25 +142,26 @@ bool frmBROWSE_PESSOAS::RestauraBusca() {
         aplica(memoria);
         restaurou = true;
     };
-    restaura(contexto_.UltimaFormaBusca, [this](const QString& nome) { escolhePorNome(*this, formasLembradas, nome); });
+    restaura(contexto_.UltimaFormaBusca, [this](const QString& nome) { escolhePorNome(formasLembradas(*this), nome); });
     restaura(contexto_.UltimoConteudoBusca,
-             [this](const QString& nome) { escolhePorNome(*this, conteudosLembrados, nome); });
+             [this](const QString& nome) { escolhePorNome(conteudosLembrados(*this), nome); });
     restaura(contexto_.UltimoTextoBusca, [this](const QString& texto) { cboCod.setText(texto); });
     restaura(contexto_.UltimoVisualiza, [this](const QString& resposta) {
         if (resposta == u"Sim" || resposta == u"Não")
             chkVisualiza.setChecked(resposta == u"Sim");
     });
-    restaura(contexto_.UltimoPapelBusca, [this](const QString& nome) { escolhePorNome(*this, papeisLembrados, nome); });
+    restaura(contexto_.UltimoPapelBusca,
+             [this](const QString& nome) { escolhePorNome(papeisLembrados(*this, MemoriaBusca::SoLembra), nome); });
     return restaurou;
 }
 
 void frmBROWSE_PESSOAS::GuardaBusca() {
     contexto_.TopoGridBusca = Flex.TopRow();
-    contexto_.UltimaFormaBusca = nomeEscolhido(*this, formasLembradas);
-    contexto_.UltimoConteudoBusca = nomeEscolhido(*this, conteudosLembrados);
+    contexto_.UltimaFormaBusca = nomeEscolhido(formasLembradas(*this));
+    contexto_.UltimoConteudoBusca = nomeEscolhido(conteudosLembrados(*this));
     contexto_.UltimoTextoBusca = cboCod.text();
     contexto_.UltimoVisualiza = chkVisualiza.checked() ? u"Sim"_s : u"Não"_s;
-    contexto_.UltimoPapelBusca = nomeEscolhido(*this, papeisGuardados);
+    contexto_.UltimoPapelBusca = nomeEscolhido(papeisLembrados(*this, MemoriaBusca::Guarda));
 }
 
 void frmBROWSE_PESSOAS::cmdPesquisa_Click() {
@@ -187,7 +182,7 @@ void frmBROWSE_PESSOAS::cmdPesquisa_Click() {
 }
 
 void frmBROWSE_PESSOAS::PreencheGrid(data::Recordset& registros) {
-    const FiltroPapel& filtro = FiltroEscolhido(*this);
+    const FiltroPapel filtro = FiltroEscolhido(*this);
     const int total = registros.RecordCount();
     for (int lidos = 0; !registros.Eof(); registros.MoveNext(), ++lidos) {
         if (lidos % passoProgresso == 0)

@@ -3,6 +3,7 @@
 #include "base/Literals.h"
 #include "launch/ContextoExecucao.h"
 #include "screen/Screen.h"
+#include "shared/Papeis.h"
 
 namespace vorta {
 
@@ -17,6 +18,8 @@ class frmBROWSE_PESSOAS : public screen::Screen {
 
     /// Empties the grid down to its headers.
     void MontaGridPessoas();
+    /// The option that asks for persons in a role.
+    screen::Option& opcaoDe(const Papel& papel) const;
 
     screen::Label Label2{this, "Label2", u"Pesquisa de Pessoas"_s};
     screen::ListField cboCod{this, "cboCod"};

@@ -4,7 +4,6 @@
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
 
-#include <algorithm>
 #include <array>
 
 namespace vorta {
@@ -14,34 +13,13 @@ namespace {
 using data::Recordset;
 using data::Statement;
 
-constexpr std::array papeis{
-    PapelVinculo{TipoPapel::Cliente, "cmdCliente", "select idclie from clie ", "idClie"},
-    PapelVinculo{TipoPapel::Transportadora, "cmdTransportadora", "select idtrpt from trpt ", "idTRPT"},
-    PapelVinculo{TipoPapel::Vendedor, "cmdVendedor", "select idvend from vend ", "idvend"},
-    PapelVinculo{TipoPapel::Motorista, "cmdMotorista", "select idmoto from moto ", "idMoto"},
-    PapelVinculo{TipoPapel::Fornecedor, "cmdFornecedor", "select idforn from forn ", "idForn"},
-    PapelVinculo{TipoPapel::Decorador, "cmdDecorador", "select iddeco from deco ", "idDeco"},
-    PapelVinculo{TipoPapel::Arquiteto, "cmdArquiteto", "select idarqt from arqt ", "idArqt"},
-};
-
-/// The role words of the document search and their tables; any other word searches the whole register.
-struct TabelaPapel {
+/// Words of the document search that stand for tables of the freight program and no role of the register.
+struct TabelaFrete {
     QStringView palavra;
-    data::Piece de;   ///< the table in the FROM list
-    data::Piece liga; ///< the join
+    data::Piece tabela;
 };
 
-constexpr std::array tabelasPapel{
-    TabelaPapel{u"CLIENTE", "clie", "where pess.idpess = clie.idpess and "},
-    TabelaPapel{u"REMETENTE", "clie_reme", "where pess.idpess = clie_reme.idpess and "},
-    TabelaPapel{u"DESTINATARIO", "clie_dest", "where pess.idpess = clie_dest.idpess and "},
-    TabelaPapel{u"FORNECEDOR", "forn", "where pess.idpess = forn.idpess and "},
-    TabelaPapel{u"MOTORISTA", "moto", "where pess.idpess = moto.idpess and "},
-    TabelaPapel{u"TRANSPORTADORA", "trpt", "where pess.idpess = trpt.idpess and "},
-    TabelaPapel{u"DECORADOR", "deco", "where pess.idpess = deco.idpess and "},
-    TabelaPapel{u"ARQUITETO", "arqt", "where pess.idpess = arqt.idpess and "},
-    TabelaPapel{u"VENDEDOR", "vend", "where pess.idpess = vend.idpess and "},
-};
+constexpr std::array tabelasFrete{TabelaFrete{u"REMETENTE", "clie_reme"}, TabelaFrete{u"DESTINATARIO", "clie_dest"}};
 
 /// Length of a masked root of a company's number, "##.###.###".
 constexpr qsizetype tamanhoRaizMascarada = 10;
@@ -67,16 +45,21 @@ bool MascaraDocumento(QString& documento) {
     }
 }
 
-const TabelaPapel* TabelaDe(const QString& papel) {
-    const auto achada = std::find_if(tabelasPapel.begin(), tabelasPapel.end(),
-                                     [&](const TabelaPapel& linha) { return papel == linha.palavra; });
-    return achada == tabelasPapel.end() ? nullptr : &*achada;
+/// The table that a word of the document search stands for; none for a search of the whole register.
+std::optional<data::Piece> TabelaDe(const QString& palavra) {
+    for (const Papel& papel : papeis)
+        if (palavra == papel.palavra)
+            return papel.tabela;
+    for (const TabelaFrete& linha : tabelasFrete)
+        if (palavra == linha.palavra)
+            return linha.tabela;
+    return {};
 }
 
-Statement BuscaPorDocumento(const TabelaPapel* tabela, const QString& documento, bool parcial) {
+Statement BuscaPorDocumento(const std::optional<data::Piece>& tabela, const QString& documento, bool parcial) {
     Statement comando("select pess.IDPESS, pess.NOME_PESS ");
     if (tabela)
-        comando << "from pess, " << tabela->de << " " << tabela->liga;
+        comando << "from pess, " << *tabela << " where pess.idpess = " << *tabela << ".idpess and ";
     else
         comando << "from pess "
                 << "where ";
@@ -89,59 +72,50 @@ Statement BuscaPorDocumento(const TabelaPapel* tabela, const QString& documento,
 
 } // namespace
 
-std::span<const PapelVinculo> Papeis() {
-    return papeis;
-}
-
-const PapelVinculo& Papel(TipoPapel papel) {
-    return *std::find_if(papeis.begin(), papeis.end(), [&](const PapelVinculo& linha) { return linha.papel == papel; });
-}
-
-QString Vinculo(ContextoExecucao& contexto, TipoPapel papel, const QString& idpess) {
-    const PapelVinculo& linha = Papel(papel);
+QString Vinculo(ContextoExecucao& contexto, const Papel& papel, const QString& idpess) {
     contexto.SqlConsulta.clear();
-    contexto.SqlConsulta << linha.consulta << "where idpess = " << idpess;
+    contexto.SqlConsulta << "select " << papel.chave << " from " << papel.tabela << " where idpess = " << idpess;
     if (contexto.VinculoAtual != u"S")
         contexto.SqlConsulta << " and data_desa is null";
     Recordset registros = AbreLeitura(contexto, contexto.SqlConsulta);
-    return registros.Eof() ? u"0"_s : registros.Fields(linha.coluna).text();
+    return registros.Eof() ? u"0"_s : registros.Fields(papel.chave.toString()).text();
 }
 
 QString VinculoCliente(ContextoExecucao& contexto, const QString& idpess) {
-    return Vinculo(contexto, TipoPapel::Cliente, idpess);
+    return Vinculo(contexto, PapelDe(TipoPapel::Cliente), idpess);
 }
 
 QString VinculoMotorista(ContextoExecucao& contexto, const QString& idpess) {
-    return Vinculo(contexto, TipoPapel::Motorista, idpess);
+    return Vinculo(contexto, PapelDe(TipoPapel::Motorista), idpess);
 }
 
 QString VinculoTransportadora(ContextoExecucao& contexto, const QString& idpess) {
-    return Vinculo(contexto, TipoPapel::Transportadora, idpess);
+    return Vinculo(contexto, PapelDe(TipoPapel::Transportadora), idpess);
 }
 
 QString VinculoVendedor(ContextoExecucao& contexto, const QString& idpess) {
-    return Vinculo(contexto, TipoPapel::Vendedor, idpess);
+    return Vinculo(contexto, PapelDe(TipoPapel::Vendedor), idpess);
 }
 
 QString VinculoFornecedor(ContextoExecucao& contexto, const QString& idpess) {
-    return Vinculo(contexto, TipoPapel::Fornecedor, idpess);
+    return Vinculo(contexto, PapelDe(TipoPapel::Fornecedor), idpess);
 }
 
 QString VinculoDecorador(ContextoExecucao& contexto, const QString& idpess) {
-    return Vinculo(contexto, TipoPapel::Decorador, idpess);
+    return Vinculo(contexto, PapelDe(TipoPapel::Decorador), idpess);
 }
 
 QString VinculoArquiteto(ContextoExecucao& contexto, const QString& idpess) {
-    return Vinculo(contexto, TipoPapel::Arquiteto, idpess);
+    return Vinculo(contexto, PapelDe(TipoPapel::Arquiteto), idpess);
 }
 
 void AtualizaIndicadoresVinculo(ContextoExecucao& contexto, screen::Screen& tela) {
     contexto.VinculoAtual = u"N"_s;
     const QString idpess = tela.field(u"txtRowID"_s).text();
     const bool semPessoa = Trim(idpess).isEmpty();
-    for (const PapelVinculo& linha : papeis) {
-        const bool vinculado = !semPessoa && Val(Vinculo(contexto, linha.papel, idpess)) > 0;
-        tela.field(QString::fromLatin1(linha.botao))
+    for (const Papel& papel : papeis) {
+        const bool vinculado = !semPessoa && Val(Vinculo(contexto, papel, idpess)) > 0;
+        tela.field(QString::fromLatin1(papel.botao))
             .loadPicture(contexto.CaminhoImagens + (vinculado ? u"comvinculo.bmp"_s : u"semvinculo.bmp"_s));
     }
 }
@@ -150,7 +124,7 @@ QString RetornaPessoaPorDocumento(ContextoExecucao& contexto, QString& documento
     contexto.RetornoPesquisa.clear();
     documento = Trim(documento);
     const bool parcial = MascaraDocumento(documento);
-    const TabelaPapel* tabela = TabelaDe(papel);
+    const std::optional<data::Piece> tabela = TabelaDe(papel);
     Recordset registros = AbreLeitura(contexto, BuscaPorDocumento(tabela, documento, parcial));
     QString nome;
     if (registros.RecordCount() == 1)

@@ -7,6 +7,7 @@
 #include "desktop/DesktopPlatform.h"
 #include "desktop/MessageBox.h"
 #include "desktop/ScreenWindow.h"
+#include "shared/Papeis.h"
 
 #include <QDir>
 #include <QMessageBox>
@@ -88,9 +89,10 @@ class Tour : public desktop::DesktopPlatform {
         type("txtDescricao", "Maria da Conceição d'Ávila");
         picture(u"inclusao"_s);
         giveUp();
-        for (const char* other : {"frmPESSOAS_INCL", "frmInfoPess", "frmBROWSE_PRODUTO", "frmCliente", "frmFornecedor",
-                                  "frmTransportadora", "frmMotorista", "frmVendedor", "frmArquiteto", "frmDecorador"})
+        for (const char* other : {"frmPESSOAS_INCL", "frmInfoPess", "frmBROWSE_PRODUTO"})
             open(other, person);
+        for (const Papel& papel : papeis)
+            open(papel.tela, person);
         click("cmdSAIR");
     }
 

@@ -1,11 +1,10 @@
 #pragma once
 
 #include "base/Format.h"
-#include "data/Statement.h"
 
 #include <QDate>
-#include <optional>
 
+/// The differences between the role screens, as data: each screen tells its own to the frame that all of them share.
 namespace vorta {
 
 /// How a role screen knows that a record stands on it.
@@ -34,15 +33,8 @@ enum class ErroNoSalvar {
     PedeRollback ///< asks the connection for the operation "Rollback" first
 };
 
-/// A contact table of a role. Its columns are named after the table.
-struct TabelaContatos {
-    data::Piece tabela;
-    data::Piece chavePapel;             ///< key of the role row that owns the contacts
-    std::optional<data::Piece> gerador; ///< none where the database fills the key
-};
-
-/// What a role screen does; screens of one kin do the same.
-struct RegrasPapel {
+/// What the screens of one kin do.
+struct RegrasGrupo {
     Selecao selecao = Selecao::PeloRegistro;
     bool conferePessoaAtiva = true;  ///< a deactivated person must be reactivated before its role
     bool exigePessoa = true;         ///< the save refuses a screen without a person
@@ -57,41 +49,35 @@ struct RegrasPapel {
     QString (*dataComando)(const QDate&) = FormatDateSql; ///< form of dates in the inserts and updates of the save
 };
 
-/// What a role screen and its parts are called.
-struct NomesTela {
-    const char* tela;
+/// Customer, supplier and carrier have a credential.
+inline constexpr RegrasGrupo credenciado{.selecao = Selecao::PelaPessoa,
+                                         .confereCodigo = true,
+                                         .preencheCredencial = true,
+                                         .limpaDesativacao = false,
+                                         .limpaAposGravar = false,
+                                         .entradaConferida = true};
+
+/// Driver and salesperson work for the company.
+inline constexpr RegrasGrupo empregado{
+    .exigePessoa = false, .armadilhaIncluir = true, .gradeAntiga = GradeAntiga::SemGrade};
+
+/// Architect and decorator earn commissions.
+inline constexpr RegrasGrupo comissionado{.conferePessoaAtiva = false,
+                                          .armadilhaIncluir = true,
+                                          .atualizaPessoas = false,
+                                          .gradeAntiga = GradeAntiga::NosContatos,
+                                          .dataComando = FormatDateSqlSlashes};
+
+/// What one role screen tells the frame: the rules of its kin, its names, and what is its own.
+struct RegrasTelaPapel {
+    RegrasGrupo grupo;
     const char* sufixo;   ///< behind the register's title in the title bar
     const char* rotuloId; ///< label with the id of the role row
     const char* primeiroCampo;
-};
-
-/// The table of a role and the names of its key.
-struct TabelaPapel {
-    data::Piece tabela;
-    data::Piece chave;
-    data::Piece chaveBusca;  ///< the key as the search for a person's row names it
-    const char* colunaBusca; ///< the key in the search's result
-};
-
-/// What becomes of the key of a new row.
-struct ChavePapel {
-    std::optional<data::Piece> gerador;
     ChaveNova chaveNova;
-    std::optional<data::Piece> colunaPess = {}; ///< back-reference in `PESS` that the screen keeps by itself
-};
-
-/// One role screen for the frame that all seven share.
-struct PapelTela : RegrasPapel, NomesTela, TabelaPapel, ChavePapel {
     ErroNoSalvar erroNoSalvar;
-    std::optional<TabelaContatos> contatos = {};
+    bool buscaQualificada = false; ///< the search for the person's row names the key with its table
+    bool guardaVinculo = false;    ///< the screen keeps the person's back-reference by itself
 };
-
-extern const PapelTela papelCliente;
-extern const PapelTela papelFornecedor;
-extern const PapelTela papelTransportadora;
-extern const PapelTela papelMotorista;
-extern const PapelTela papelVendedor;
-extern const PapelTela papelArquiteto;
-extern const PapelTela papelDecorador;
 
 } // namespace vorta
