@@ -1,5 +1,6 @@
 #include "data/Recordset.h"
 
+#include "base/Moment.h"
 #include "base/RuntimeError.h"
 
 #include <algorithm>
@@ -69,12 +70,6 @@ void skip(const char*& at) {
     }
 }
 
-/// A moment of the database has no time zone; a zone's summer time must never move it or make it a moment that does not
-/// exist.
-QDateTime moment(const QDate& date, const QTime& time) {
-    return QDateTime(date, time, Qt::UTC);
-}
-
 Value take(const char*& at) {
     const auto tag = static_cast<quint8>(*at++);
     if (tag >= ShortText)
@@ -91,10 +86,10 @@ Value take(const char*& at) {
         return Decimal{unfolded(takeNumber(at)), scale};
     }
     case Date:
-        return moment(QDate::fromJulianDay(unfolded(takeNumber(at))), QTime(0, 0));
+        return Moment(QDate::fromJulianDay(unfolded(takeNumber(at))));
     case DateWithTime: {
         const QDate day = QDate::fromJulianDay(unfolded(takeNumber(at)));
-        return moment(day, QTime::fromMSecsSinceStartOfDay(static_cast<int>(takeNumber(at))));
+        return Moment(day, QTime::fromMSecsSinceStartOfDay(static_cast<int>(takeNumber(at))));
     }
     default:
         return {};

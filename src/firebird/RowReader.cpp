@@ -1,6 +1,7 @@
 #include "firebird/RowReader.h"
 
 #include "base/Literals.h"
+#include "base/Moment.h"
 
 #include <cstring>
 
@@ -118,10 +119,10 @@ void RowReader::give(const Column& column, Firebird::ITransaction& transaction, 
     case SQL_D_FLOAT:
         return giveBinary(read<double>(column), 15, rows);
     case SQL_TYPE_DATE:
-        return rows.date(QDateTime(dayOf(read<ISC_DATE>(column)), QTime(0, 0), Qt::UTC));
+        return rows.date(Moment(dayOf(read<ISC_DATE>(column))));
     case SQL_TIMESTAMP: {
         const auto stamp = read<ISC_TIMESTAMP>(column);
-        return rows.date(QDateTime(dayOf(stamp.timestamp_date), timeOf(stamp.timestamp_time), Qt::UTC));
+        return rows.date(Moment(dayOf(stamp.timestamp_date), timeOf(stamp.timestamp_time)));
     }
     case SQL_TYPE_TIME:
         return rows.text(timeOf(read<ISC_TIME>(column)).toString(u"hh:mm:ss"_s).toStdString());

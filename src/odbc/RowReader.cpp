@@ -1,5 +1,6 @@
 #include "odbc/RowReader.h"
 
+#include "base/Moment.h"
 #include "base/RuntimeError.h"
 
 #include <QLocale>
@@ -142,7 +143,7 @@ bool RowReader::sendDate(quint16 column, ValueKind kind, RowSink& rows) {
     const QTime time = kind == ValueKind::Date ? QTime(0, 0)
                                                : QTime(value.hour, value.minute, value.second,
                                                        static_cast<int>(value.fraction / nanosecondsPerMillisecond));
-    rows.date(QDateTime(QDate(value.year, value.month, value.day), time, Qt::UTC));
+    rows.date(Moment(QDate(value.year, value.month, value.day), time));
     return true;
 }
 

@@ -1,5 +1,6 @@
 #include "data/Recordset.h"
 #include "base/Literals.h"
+#include "base/Moment.h"
 
 #include "support/ErrorOf.h"
 #include "support/FakeDatabase.h"
@@ -54,7 +55,7 @@ TEST_F(RecordsetTest, EveryKindOfValueComesBackExactly) {
     Recordset rows = open({{"null", "small", "negative", "amount", "text", "empty", "long", "date", "moment", "last"},
                            {{test::null(), test::number(5), test::number(-2147483648), test::amount(-123456),
                              test::text("São João"), test::text(""), Value(longText), test::date(1899, 12, 30),
-                             Value(QDateTime(QDate(2026, 11, 20), QTime(14, 30, 5), Qt::UTC)), test::number(1)}}});
+                             Value(Moment(QDate(2026, 11, 20), QTime(14, 30, 5))), test::number(1)}}});
     EXPECT_EQ(rows.Fields("last").toInt32(), 1); // out of order first
     EXPECT_TRUE(rows.Fields("null").isNull());
     EXPECT_EQ(rows.Fields("small"), Value(qint64{5}));

@@ -1,5 +1,6 @@
 #include "odbc/OdbcAdapter.h"
 #include "base/Literals.h"
+#include "base/Moment.h"
 
 #include "base/RuntimeError.h"
 #include "launch/EngineTags.h"
@@ -49,7 +50,7 @@ Value number(qint64 value) {
     return value;
 }
 Value day(int year, int month, int date) {
-    return QDateTime(QDate(year, month, date), QTime(0, 0), Qt::UTC);
+    return Moment(QDate(year, month, date));
 }
 
 Rows read(Adapter& adapter, const Statement& statement) {
