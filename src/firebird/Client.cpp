@@ -1,6 +1,7 @@
 #include "firebird/Client.h"
 
 #include "firebird/EmbeddedEngine.h"
+#include "firebird/OpenFailure.h"
 
 #include <algorithm>
 #include <array>
@@ -55,7 +56,8 @@ RuntimeError ToRuntimeError(const Firebird::FbException& failure, const QString&
 
 RuntimeError ToOpenError(const Firebird::FbException& failure) {
     const Failure told = read(failure);
-    return {errorNumber::ConnectionFailed, told.words, told.code, QString::fromLatin1(told.sqlState), {}};
+    const QString words = OpenFailureWords(*failure.getStatus()).value_or(told.words);
+    return {errorNumber::ConnectionFailed, words, told.code, QString::fromLatin1(told.sqlState), {}};
 }
 
 } // namespace vorta::firebird

@@ -57,7 +57,8 @@ class Status {
 /// The engine's failure in the register's terms: -2147217873 for a constraint, -2147467259 for a connection that is
 /// lost, -2147217900 for any other, with the engine's own words, code and SQLSTATE.
 RuntimeError ToRuntimeError(const Firebird::FbException& failure, const QString& statement);
-/// The same for a connection that could not be opened, whatever its reason: always -2147467259.
+/// The same for a connection that could not be opened, whatever its reason: always -2147467259; in the program's own
+/// words for a database file of another version of the engine.
 RuntimeError ToOpenError(const Firebird::FbException& failure);
 
 /// Does `work`, its engine failures told as `RuntimeError` of that statement.

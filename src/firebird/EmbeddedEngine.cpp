@@ -2,6 +2,7 @@
 
 #include "base/Literals.h"
 #include "firebird/ConnectionText.h"
+#include "firebird/EngineFiles.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -9,25 +10,27 @@
 #include <filesystem>
 #include <mutex>
 
-#ifndef Q_OS_WIN
-#include <dlfcn.h>
-#endif
-
 namespace vorta::firebird {
 
 namespace {
 
 /// Classic lets several processes share a database file. Without the loopback provider a file that cannot be opened
 /// here is not tried once more through a server that happens to run on this machine.
-constexpr char configuration[] = "ServerMode = Classic\n"
-                                 "Providers = Remote,Engine12\n"
-                                 "DefaultDbCachePages = 2048\n";
+QByteArray configuration() {
+    return QByteArray("ServerMode = Classic\nDefaultDbCachePages = 2048\nProviders = Remote,") +
+           EngineInUse().provider + '\n';
+}
 
 #ifdef Q_OS_WIN
 constexpr char standardHome[] = "c:/vorta";
 #else
 constexpr char standardHome[] = "/opt/vorta";
 #endif
+
+QByteArray contentOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
 
 /// Writes a file whole or not at all, since another program may start at the same moment. What cannot be written shows
 /// when a database is opened.
@@ -37,34 +40,19 @@ void writeFile(const QString& path, const QByteArray& content) {
         saved.commit();
 }
 
-#ifndef Q_OS_WIN
-/// The module of character sets that belongs to the client library in use, in the layout of a distribution or of the
-/// engine's own installation.
-QFileInfo characterSetsModule() {
-    Dl_info library{};
-    if (dladdr(reinterpret_cast<const void*>(&Firebird::fb_get_master_interface), &library) == 0)
-        return {};
-    const QDir folder = QFileInfo(QFileInfo(QFile::decodeName(library.dli_fname)).canonicalFilePath()).dir();
-    for (const char* place : {"firebird/3.0/intl/libfbintl.so", "../intl/libfbintl.so"})
-        if (const QFileInfo module(folder.filePath(QString::fromLatin1(place))); module.exists())
-            return module;
-    return {};
-}
-
-/// The engine loads Windows-1252 from its root and refuses a link there, so the root holds a copy, renewed when the
-/// engine is.
-void copyCharacterSets(const QDir& root) {
-    const QFileInfo module = characterSetsModule();
-    const QFileInfo copy(root.filePath(u"intl/libfbintl.so"_s));
-    if (!module.exists() ||
-        (copy.exists() && copy.size() == module.size() && copy.lastModified() >= module.lastModified()))
+/// The engine's parts change with its version, so what the folder holds of them is looked at each time.
+void keep(const QDir& root, const RootFile& file) {
+    const QFileInfo there(root.filePath(file.name));
+    root.mkpath(QFileInfo(file.name).path());
+    if (file.copyOf.isEmpty()) {
+        if (contentOf(there.filePath()) != file.text)
+            writeFile(there.filePath(), file.text);
         return;
-    root.mkpath(u"intl"_s);
-    QFile content(module.filePath());
-    if (content.open(QIODevice::ReadOnly))
-        writeFile(copy.filePath(), content.readAll());
+    }
+    const QFileInfo original(file.copyOf);
+    if (!there.exists() || there.size() != original.size() || there.lastModified() < original.lastModified())
+        writeFile(there.filePath(), contentOf(file.copyOf));
 }
-#endif
 
 /// The colleagues of the folder's group open the same databases, so its lock files are theirs too.
 void shareWithGroup(const QString& folder) {
@@ -81,15 +69,18 @@ void prepare(const QString& givenHome) {
     const QString lock = root.filePath(u"lock"_s);
     if (!QFile::exists(lock) && root.mkpath(lock))
         shareWithGroup(lock);
-    const QString file = root.filePath(u"firebird.conf"_s);
-    if (!QFile::exists(file))
-        writeFile(file, configuration);
-#ifndef Q_OS_WIN
-    copyCharacterSets(root);
-#endif
+    keep(root, {u"firebird.conf"_s, configuration(), {}});
+    for (const RootFile& file : EngineRootFiles())
+        keep(root, file);
     qputenv("FIREBIRD", QFile::encodeName(root.path()));
     qputenv("FIREBIRD_LOCK", QFile::encodeName(lock));
 }
+
+/// Version 4 gives sums and the clock in types that version 3 does not have: wider numbers, and moments with a time
+/// zone. A connection asks for the ones that both have, so that a statement gives the same on either, whichever the
+/// version of this program's own client library. Version 3 passes over the wish.
+constexpr unsigned char bindTypes = 93; // isc_dpb_set_bind, which the headers of version 3 do not name
+constexpr char16_t typesOfVersion3[] = u"int128 to legacy;decfloat to legacy;time zone to legacy";
 
 /// A parameter block of the client interface under construction.
 class Parameters {
@@ -102,6 +93,7 @@ class Parameters {
         add(isc_dpb_user_name, text.user);
         add(isc_dpb_password, text.password);
         add(isc_dpb_sql_role_name, text.role);
+        add(bindTypes, QString::fromUtf16(typesOfVersion3));
     }
     void add(unsigned char tag) { block_->insertTag(&status_, tag); }
     void add(unsigned char tag, int value) { block_->insertInt(&status_, tag, value); }

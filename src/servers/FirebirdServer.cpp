@@ -1,6 +1,7 @@
 #include "servers/FirebirdServer.h"
 
 #include "base/Literals.h"
+#include "firebird/EngineFiles.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -18,9 +19,6 @@ namespace vorta::servers {
 
 namespace {
 
-const QString serverProgram = u"/usr/sbin/firebird"_s;
-const QString securityScript = u"/usr/share/firebird/3.0/security.sql"_s;
-const QString characterSets = u"/usr/lib/x86_64-linux-gnu/firebird/3.0/intl/libfbintl.so"_s;
 const QString password = u"segredo1"_s;
 constexpr int waitMilliseconds = 20000;
 
@@ -64,6 +62,14 @@ void write(const QString& path, const QString& content) {
         fail(path + u" cannot be written"_s);
 }
 
+/// A program of the engine, run with the root folder that it is given.
+QString program(const QString& name) {
+    const QString found = firebird::EngineProgram(name);
+    if (found.isEmpty())
+        fail(name + u" is not installed"_s);
+    return found;
+}
+
 } // namespace
 
 FirebirdServer::FirebirdServer() : port_(freePort()) {
@@ -96,31 +102,40 @@ void FirebirdServer::prepareRoot() {
     write(folder_.filePath(u"firebird.conf"_s),
           u"ServerMode = Super\nRemoteServicePort = %1\nRemoteServiceName =\nRemoteBindAddress = 127.0.0.1\n"
           "SecurityDatabase = %2\nIpcName = vorta_%1\nAuthServer = Srp\nAuthClient = Srp\nUserManager = Srp\n"_s.arg(
-              QString::number(port_), folder_.filePath(u"security3.fdb"_s)));
+              QString::number(port_), securityDatabase()));
     QDir(folder_.path()).mkdir(u"intl"_s);
-    if (!QFile::copy(characterSets, folder_.filePath(u"intl/libfbintl.so"_s)))
-        fail(u"no character sets at "_s + characterSets);
+    for (const firebird::RootFile& file : firebird::EngineRootFiles()) {
+        const QString path = folder_.filePath(file.name);
+        if (file.copyOf.isEmpty())
+            write(path, QString::fromUtf8(file.text));
+        else if (!QFile::copy(file.copyOf, path))
+            fail(file.copyOf + u" cannot be copied"_s);
+    }
 }
 
 void FirebirdServer::makeUser() {
     const QString script = folder_.filePath(u"users.sql"_s);
-    write(script, u"create database '%1' user 'SYSDBA';\nin %2;\ncommit;\n"
-                  "create user SYSDBA password '%3' using plugin Srp;\ncommit;\n"_s.arg(
-                      folder_.filePath(u"security3.fdb"_s), securityScript, password));
-    process_.start(u"isql-fb"_s, {u"-q"_s, u"-user"_s, u"SYSDBA"_s, u"-i"_s, script});
+    write(script, u"create database '%1' user 'SYSDBA';\n"
+                  "create user SYSDBA password '%2' using plugin Srp;\ncommit;\n"_s.arg(securityDatabase(), password));
+    process_.start(program(u"isql-fb"_s), {u"-q"_s, u"-user"_s, u"SYSDBA"_s, u"-i"_s, script});
     if (!process_.waitForFinished(waitMilliseconds) || process_.exitCode() != 0)
         fail(u"isql-fb: "_s + process_.errorString() + QString::fromUtf8(process_.readAllStandardError()));
 }
 
+QString FirebirdServer::securityDatabase() const {
+    return folder_.filePath(QString::fromLatin1(firebird::EngineInUse().securityDatabase));
+}
+
 void FirebirdServer::start() {
+    const QString server = program(u"firebird"_s);
     process_.setProcessChannelMode(QProcess::MergedChannels);
-    process_.start(serverProgram, QStringList());
+    process_.start(server, QStringList());
     if (!process_.waitForStarted())
-        fail(serverProgram + u": "_s + process_.errorString());
+        fail(server + u": "_s + process_.errorString());
     QElapsedTimer waited;
     for (waited.start(); !answers(port_); QThread::msleep(20))
         if (process_.state() != QProcess::Running || process_.waitForFinished(0) || waited.hasExpired(waitMilliseconds))
-            fail(serverProgram + u" does not answer: "_s + QString::fromUtf8(process_.readAll()));
+            fail(server + u" does not answer: "_s + QString::fromUtf8(process_.readAll()));
 }
 
 } // namespace vorta::servers

@@ -20,6 +20,7 @@ class FirebirdServer {
     void kill();
 
   private:
+    QString securityDatabase() const;
     void prepareRoot();
     void makeUser();
     void start();

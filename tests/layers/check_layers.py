@@ -11,7 +11,7 @@ import sys
 # What a folder of src/ may include besides itself. Qt Gui and Qt Widgets belong to desktop alone, Qt Sql to odbc.
 LAYERS = {
     "base": [],
-    "servers": ["base"],
+    "servers": ["firebird", "base"],
     "data": ["base"],
     "firebird": ["data", "base"],
     "odbc": ["data", "base"],

@@ -1,0 +1,140 @@
+#include "firebird/EngineFiles.h"
+
+#include "base/Literals.h"
+
+#include <firebird/Interface.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include <algorithm>
+#include <array>
+
+#ifndef Q_OS_WIN
+#include <dlfcn.h>
+#endif
+
+namespace vorta::firebird {
+
+namespace {
+
+/// From the oldest to the newest.
+constexpr std::array versions{
+    EngineVersion{3, "Engine12", {12, 2}, "security3.fdb", true},
+    EngineVersion{4, "Engine13", {13, 0}, "security4.fdb", false},
+    EngineVersion{5, "Engine13", {13, 1}, "security5.fdb", false},
+};
+
+constexpr char characterSets[] = "intl/libfbintl.so";
+
+/// "4.0" of the client library, whose version need not be in the table.
+QString clientName() {
+    static const unsigned version =
+        Firebird::fb_get_master_interface()->getUtilInterface()->getClientVersion(); // 0x0400
+    return u"%1.%2"_s.arg(version >> 8).arg(version & 0xff);
+}
+
+/// The folder of the client library; empty where the library finds its parts by itself.
+QString libraryFolder() {
+#ifdef Q_OS_WIN
+    return {};
+#else
+    Dl_info library{};
+    if (dladdr(reinterpret_cast<const void*>(&Firebird::fb_get_master_interface), &library) == 0)
+        return {};
+    return QFileInfo(QFileInfo(QFile::decodeName(library.dli_fname)).canonicalFilePath()).path();
+#endif
+}
+
+QByteArray contentOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// The engine's own configuration file, with the folder that it means by a variable in the variable's place.
+QByteArray resolved(const QString& path, const char* variable, const QString& folder) {
+    return contentOf(path).replace(variable, QFile::encodeName(folder));
+}
+
+/// What the engine's own file says, and every module by its place: some versions look for modules in their root folder.
+QByteArray pluginsText(const QString& folder) {
+    const QDir modules(folder + u"/plugins"_s);
+    QByteArray text = resolved(folder + u"/plugins.conf"_s, "$(dir_plugins)", modules.path());
+    for (const QString& module : modules.entryList({u"lib*.so"_s}, QDir::Files)) {
+        const QString name = QFileInfo(module).completeBaseName().sliced(3);
+        text += u"\nPlugin = %1 {\n\tModule = %2\n}\n"_s.arg(name, modules.filePath(module)).toUtf8();
+    }
+    return text;
+}
+
+} // namespace
+
+QString EngineVersion::name() const {
+    return QString::number(number) + u".0"_s;
+}
+
+std::span<const EngineVersion> EngineVersions() {
+    return versions;
+}
+
+const EngineVersion& EngineInUse() {
+    const int number = clientName().section(u'.', 0, 0).toInt();
+    const auto row = std::find_if(versions.begin(), versions.end(),
+                                  [&](const EngineVersion& version) { return version.number == number; });
+    return row == versions.end() ? versions.back() : *row;
+}
+
+std::optional<EngineVersion> EngineOf(DiskStructure structure) {
+    const auto row = std::find_if(versions.begin(), versions.end(), [&](const EngineVersion& version) {
+        return version.structure.majorNumber == structure.majorNumber &&
+               version.structure.minorNumber >= structure.minorNumber;
+    });
+    return row == versions.end() ? std::nullopt : std::optional(*row);
+}
+
+QString EngineFolder() {
+    static const QString folder = [] {
+        const QString library = libraryFolder();
+        // A distribution's layout, and that of the engine's own installation.
+        for (const QString& place : {u"/firebird/"_s + clientName(), u"/.."_s})
+            if (const QString found = QDir::cleanPath(library + place);
+                !library.isEmpty() && QFileInfo(found + u"/plugins"_s).isDir())
+                return found;
+        return QString();
+    }();
+    return folder;
+}
+
+bool EngineIsInstalled() {
+#ifdef Q_OS_WIN
+    return true;
+#else
+    return QFileInfo::exists(EngineFolder() + u"/plugins/lib%1.so"_s.arg(QLatin1StringView(EngineInUse().provider)));
+#endif
+}
+
+QString EngineProgram(const QString& name) {
+    // A distribution may put a script in front of its programs, which leads each of them to a root folder of its own
+    // choice; so the program itself is looked for first.
+    const QString library = libraryFolder();
+    for (const QString& place : {u"/../firebird/%1/bin/"_s.arg(clientName()), u"/../bin/"_s})
+        if (const QFileInfo program(library + place + name); program.isExecutable())
+            return program.canonicalFilePath();
+    const QString inPath = QStandardPaths::findExecutable(name);
+    return !inPath.isEmpty() ? inPath : QStandardPaths::findExecutable(name, {u"/usr/sbin"_s});
+}
+
+QList<RootFile> EngineRootFiles() {
+    const QString folder = EngineFolder();
+    if (folder.isEmpty())
+        return {};
+    QList<RootFile> files{{u"plugins.conf"_s, pluginsText(folder), {}},
+                          {u"intl/fbintl.conf"_s, resolved(folder + u"/intl/fbintl.conf"_s, "$(root)", folder), {}}};
+    if (EngineInUse().copiesCharacterSets)
+        files.append({QString::fromLatin1(characterSets), {}, folder + u'/' + QString::fromLatin1(characterSets)});
+    return files;
+}
+
+} // namespace vorta::firebird
