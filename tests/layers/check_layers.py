@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Checks that includes and links point downwards only, and that nothing below the windows knows of windows.
 
-usage: check_layers.py SOURCE_DIR BUILD_DIR
+usage: check_layers.py SOURCE_DIR BUILD_DIR README
 """
 
 import pathlib
@@ -63,6 +63,24 @@ def check_includes(source):
                 yield f"{name}: {angled} belongs to odbc"
 
 
+def drawn_layers(readme):
+    """The layer of each folder in the picture of the layers, counted from the top: folders, two blanks, what they hold."""
+    picture = re.search(r"^## Where things are.*?^```\n(.*?)^```", readme.read_text(encoding="utf-8"), re.M | re.S)
+    lines = picture[1].splitlines() if picture else []
+    return {folder: depth for depth, line in enumerate(lines) for folder in re.split(r"  +", line)[0].split(" ")}
+
+
+def check_picture(readme, layers):
+    """Whatever a folder may include stands on a lower line of the picture than itself."""
+    drawn = drawn_layers(readme)
+    for folder in sorted({*layers} - {*drawn}):
+        yield f"{readme.name}: the folder {folder} is missing in the picture of the layers"
+    for folder, used in layers.items():
+        for other in used:
+            if drawn.get(other, 0) <= drawn.get(folder, 0):
+                yield f"{readme.name}: {folder} includes {other}, which does not stand below it"
+
+
 def check_links(build):
     """No program or test that does without the desktop library is linked with Qt's windows, by no detour."""
     text = (build / "build.ninja").read_text(encoding="utf-8")
@@ -82,9 +100,10 @@ def check_links(build):
 
 
 def main():
-    if len(sys.argv) != 3:
+    if len(sys.argv) != 4:
         sys.exit(__doc__)
-    faults = [*check_includes(pathlib.Path(sys.argv[1])), *check_links(pathlib.Path(sys.argv[2]))]
+    source, build, readme = map(pathlib.Path, sys.argv[1:])
+    faults = [*check_includes(source), *check_picture(readme, LAYERS), *check_links(build)]
     print("\n".join(faults) if faults else "all layers in order")
     sys.exit(1 if faults else 0)
 
