@@ -15,11 +15,16 @@ struct StandardWords {
 
 constexpr std::array standardWords{
     StandardWords{errorNumber::Overflow, "Número fora da faixa que o campo aceita"},
+    StandardWords{errorNumber::OutOfMemory, "Memória insuficiente"},
     StandardWords{errorNumber::TypeMismatch, "Valor de tipo incompatível"},
+    StandardWords{errorNumber::InternalError, "Erro interno"},
     StandardWords{errorNumber::BadFileName, "Nome de arquivo inválido"},
     StandardWords{errorNumber::FileNotFound, "Arquivo não encontrado"},
+    StandardWords{errorNumber::FileAlreadyExists, "O arquivo já existe"},
+    StandardWords{errorNumber::PathRefused, "O caminho não pode ser gravado"},
     StandardWords{errorNumber::ObjectNotSet, "Objeto não disponível"},
     StandardWords{errorNumber::InvalidNull, "Uso inválido de nulo"},
+    StandardWords{errorNumber::OutsideGrid, "Linha ou coluna fora da grade"},
     StandardWords{errorNumber::NoSuchMember, "O objeto não tem este campo ou operação"},
     StandardWords{errorNumber::NoCurrentRow, "Não há registro corrente"},
     StandardWords{errorNumber::NoSuchColumn, "Coluna não encontrada no resultado"},

@@ -23,29 +23,28 @@ namespace vorta::kit {
 
 namespace {
 
-constexpr int alreadyThere = 58;
-constexpr int pathRefused = 75;
-
 /// What a creation makes below the home, and takes away again when it fails.
 constexpr std::array ownFolders{"config", "base", "imagens", "paginas"};
 
 void refuseExisting(const Layout& layout) {
     for (const char* folder : ownFolders)
         if (QFile::exists(layout.home + u'/' + QLatin1StringView(folder)))
-            throw RuntimeError(alreadyThere, u"Já existe uma instalação em %1; nada foi alterado"_s.arg(layout.home));
+            throw RuntimeError(errorNumber::FileAlreadyExists,
+                               u"Já existe uma instalação em %1; nada foi alterado"_s.arg(layout.home));
     if (layout.home.contains(u'^') || layout.home.contains(u';') || layout.home.contains(u'='))
-        throw RuntimeError(pathRefused, u"O caminho %1 não pode conter os caracteres ^ ; ="_s.arg(layout.home));
+        throw RuntimeError(errorNumber::PathRefused,
+                           u"O caminho %1 não pode conter os caracteres ^ ; ="_s.arg(layout.home));
 }
 
 void makeFolder(const QString& path) {
     if (!QDir().mkpath(path))
-        throw RuntimeError(pathRefused, u"Não foi possível criar a pasta %1"_s.arg(path));
+        throw RuntimeError(errorNumber::PathRefused, u"Não foi possível criar a pasta %1"_s.arg(path));
 }
 
 void writePicture(const QString& path, const QByteArray& bitmap) {
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bitmap) != bitmap.size())
-        throw RuntimeError(pathRefused, u"Não foi possível gravar %1: %2"_s.arg(path, file.errorString()));
+        throw RuntimeError(errorNumber::PathRefused, u"Não foi possível gravar %1: %2"_s.arg(path, file.errorString()));
 }
 
 /// Folders that a failed creation takes away again.
@@ -82,7 +81,7 @@ void createEmpty(const QString& file, Base base) {
 
 void copyBase(const QString& from, const QString& to) {
     if (!QFile::copy(from, to))
-        throw RuntimeError(pathRefused, u"Não foi possível gravar %1"_s.arg(to));
+        throw RuntimeError(errorNumber::PathRefused, u"Não foi possível gravar %1"_s.arg(to));
 }
 
 /// The engine builds one index at a time for a connection, so two of them take the statements in turns.

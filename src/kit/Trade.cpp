@@ -54,7 +54,7 @@ void writeStock(RowLoader& stock, const Product& product) {
 void save(const QString& path, const QByteArray& bitmap) {
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bitmap) != bitmap.size())
-        throw RuntimeError(75, u"Não foi possível gravar %1: %2"_s.arg(path, file.errorString()));
+        throw RuntimeError(errorNumber::PathRefused, u"Não foi possível gravar %1: %2"_s.arg(path, file.errorString()));
 }
 
 } // namespace

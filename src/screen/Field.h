@@ -149,10 +149,11 @@ class ListField : public Field {
     /// Empties list and text.
     void clear();
     void addItem(const QString& item);
-    void removeItem(int index);
+    void removeItem(int index); ///< raises 13 when there is no such item
     /// Index of the chosen item, -1 for none.
     int listIndex() const { return listIndex_; }
-    /// Chooses an item: the text becomes the item's and Click fires; -1 takes the choice away.
+    /// Chooses an item: the text becomes the item's and Click fires; -1 takes the choice away. Raises 13 when there is
+    /// no such item.
     void setListIndex(int index);
     /// Width of the dropped-down part in pixels; 0 follows the field.
     int dropWidth() const { return dropWidth_; }
@@ -201,7 +202,7 @@ class TabStrip : public Field {
 
     const QStringList& captions() const { return captions_; }
     int current() const { return current_; }
-    void setCurrent(int page);
+    void setCurrent(int page); ///< raises 13 when there is no such page
     /// Puts fields on the page with that caption.
     void place(const QString& caption, std::initializer_list<Field*> fields);
 

@@ -7,12 +7,6 @@
 
 namespace vorta::screen {
 
-namespace {
-
-constexpr int invalidRow = 381;
-
-} // namespace
-
 void Grid::touched() {
     ++revision_;
     changed();
@@ -32,14 +26,14 @@ void Grid::reset(const std::vector<GridColumn>& columns) {
 
 void Grid::setRow(int row) {
     if (row < 0 || row >= Rows())
-        throw RuntimeError(invalidRow, u"Linha fora da grade"_s);
+        throw RuntimeError(errorNumber::OutsideGrid, u"Linha fora da grade"_s);
     row_ = row;
     changed();
 }
 
 void Grid::setCol(int col) {
     if (col < 0 || col >= Cols())
-        throw RuntimeError(invalidRow, u"Coluna fora da grade"_s);
+        throw RuntimeError(errorNumber::OutsideGrid, u"Coluna fora da grade"_s);
     col_ = col;
 }
 
@@ -55,7 +49,7 @@ QByteArrayView Grid::bytesOf(int row) const {
 
 QString Grid::cell(int row, int col) const {
     if (row < 0 || row >= Rows() || col < 0 || col >= Cols())
-        throw RuntimeError(invalidRow, u"Célula fora da grade"_s);
+        throw RuntimeError(errorNumber::OutsideGrid, u"Célula fora da grade"_s);
     if (row == 0)
         return columns_[static_cast<size_t>(col)].header;
     QByteArrayView rest = bytesOf(row);
@@ -79,17 +73,6 @@ Grid::Slice Grid::append(const QString& tabbed) {
     return slice;
 }
 
-void Grid::setCell(int row, int col, const QString& text) {
-    QStringList cells;
-    for (int at = 0; at < Cols(); ++at)
-        cells += at == col ? text : cell(row, at);
-    if (row == 0)
-        columns_[static_cast<size_t>(col)].header = text;
-    else
-        rows_[static_cast<size_t>(row - 1)] = append(cells.join(u'\t'));
-    touched();
-}
-
 void Grid::AddItem(const QString& tabbed) {
     rows_.push_back(append(tabbed));
     if (Rows() == 2)
@@ -99,7 +82,7 @@ void Grid::AddItem(const QString& tabbed) {
 
 void Grid::RemoveItem(int row) {
     if (row < 1 || row >= Rows())
-        throw RuntimeError(invalidRow, u"Linha fora da grade"_s);
+        throw RuntimeError(errorNumber::OutsideGrid, u"Linha fora da grade"_s);
     rows_.erase(rows_.begin() + (row - 1));
     row_ = std::min(row_, Rows() - 1);
     topRow_ = std::clamp(topRow_, 1, std::max(1, Rows() - 1));

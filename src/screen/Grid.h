@@ -17,7 +17,7 @@ struct GridColumn {
 };
 
 /// Rows and columns of text with one fixed header row, row 0. Rows are packed as UTF-8 in one arena, so that a million
-/// rows fit; the window asks only for the cells that it shows.
+/// rows fit; the window asks only for the cells that it shows. A row or column outside the grid raises 381.
 class Grid : public Field {
   public:
     Grid(Screen* screen, const char* name) : Field(screen, name, FieldKind::Grid) {}
@@ -33,18 +33,17 @@ class Grid : public Field {
     int Col() const { return col_; }
     void setCol(int col);
     int TopRow() const { return topRow_; }
-    void setTopRow(int row);
+    void setTopRow(int row); ///< the nearest row that can stand at the top; no error
 
-    /// A cell; row 0 gives the headers. A row or column outside the grid raises 381.
+    /// A cell; row 0 gives the headers.
     QString cell(int row, int col) const;
-    void setCell(int row, int col, const QString& text);
     /// The text of the current cell.
     QString currentText() const { return cell(row_, col_); }
 
     /// Adds a row at the end; tabs part the cells, missing cells are empty, surplus ones dropped. The first data row
     /// becomes the current one when there is none.
     void AddItem(const QString& tabbed);
-    /// Removes a data row.
+    /// Removes a data row; raises 381 for the header row too.
     void RemoveItem(int row);
 
     /// Bytes that the rows occupy, for the measurement of the store.

@@ -10,10 +10,9 @@
 namespace {
 
 using vorta::RuntimeError;
+namespace errorNumber = vorta::errorNumber;
 using namespace Qt::StringLiterals;
 
-constexpr int outOfMemory = 7;
-constexpr int internalError = 51;
 constexpr int exitUnusable = 2;
 
 [[noreturn]] void withoutDisplay() {
@@ -30,9 +29,9 @@ void raiseAsRuntimeError(const std::function<void()>& raise) {
     } catch (const RuntimeError&) {
         throw;
     } catch (const std::bad_alloc&) {
-        throw RuntimeError(outOfMemory, u"Memória insuficiente"_s);
+        throw RuntimeError(errorNumber::OutOfMemory);
     } catch (const std::exception& error) {
-        throw RuntimeError(internalError, QString::fromUtf8(error.what()));
+        throw RuntimeError(errorNumber::InternalError, QString::fromUtf8(error.what()));
     }
 }
 
