@@ -59,10 +59,6 @@ bool Connection::IsOpen() const {
     return adapter_ && adapter_->isOpen();
 }
 
-void Connection::Invoke(const QString&) {
-    throw RuntimeError(errorNumber::NoSuchMember);
-}
-
 Adapter& Connection::open() {
     if (!IsOpen())
         throw RuntimeError(errorNumber::ObjectClosed);

@@ -193,7 +193,7 @@ class Recordset::Arena : public RowSink {
 namespace {
 
 template <typename Arena>
-Arena& opened(const std::shared_ptr<Arena>& arena) {
+Arena& opened(const std::unique_ptr<Arena>& arena) {
     if (!arena)
         throw RuntimeError(errorNumber::ObjectClosed);
     return *arena;
@@ -215,8 +215,13 @@ void needRow(const Arena& arena, int row) {
 
 } // namespace
 
+Recordset::Recordset() = default;
+Recordset::~Recordset() = default;
+Recordset::Recordset(Recordset&&) noexcept = default;
+Recordset& Recordset::operator=(Recordset&&) noexcept = default;
+
 void Recordset::Open(const Statement& statement, Connection& connection) {
-    auto arena = std::make_shared<Arena>();
+    auto arena = std::make_unique<Arena>();
     connection.query(statement, *arena);
     arena_ = std::move(arena);
     row_ = 0;
@@ -248,17 +253,6 @@ Value Recordset::Fields(int index) const {
         throw RuntimeError(errorNumber::NoSuchColumn);
     needRow(arena, row_);
     return arena.at(row_, index);
-}
-
-int Recordset::ColumnCount() const {
-    return static_cast<int>(opened(arena_).names().size());
-}
-
-QString Recordset::ColumnName(int index) const {
-    const QStringList& names = opened(arena_).names();
-    if (index < 0 || index >= names.size())
-        throw RuntimeError(errorNumber::NoSuchColumn);
-    return names[index];
 }
 
 void Recordset::Overwrite(QStringView name, const Value& value) {

@@ -365,9 +365,9 @@ void TelaPapel::Grava(const std::function<void()>& passos) {
     } catch (const RuntimeError&) {
         if (regras_.erroNoSalvar == ErroNoSalvar::Encerra)
             throw;
-        // A connection has no operation of this name: the program ends here and the transaction dies with the
-        // connection.
-        conexao.Invoke(u"Rollback"_s);
+        // The save asks the connection for "Rollback", an operation that it does not have: the program ends here and
+        // the transaction dies with the connection.
+        throw RuntimeError(errorNumber::NoSuchMember);
     }
     setPointer(screen::Pointer::Default);
 }

@@ -54,13 +54,6 @@ TEST(Connection, ClosedRaises3704) {
     EXPECT_EQ(database.sent, QStringList());
 }
 
-TEST(Connection, UnknownOperationRaises438) {
-    test::FakeDatabase database;
-    Connection connection(database.factory());
-    connection.Open(Engine::Firebird, {});
-    EXPECT_EQ(errorOf([&] { connection.Invoke(u"Rollback"_s); }), errorNumber::NoSuchMember);
-}
-
 TEST(Connection, TraceHearsARefusedStatementTheEngineNeverGets) {
     test::FakeDatabase database;
     QStringList heard;

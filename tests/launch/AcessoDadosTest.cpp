@@ -137,9 +137,3 @@ TEST(AcessoDados, ATransactionDiesWithTheProcess) {
     EXPECT_EQ(mundo.contexto.ConexaoPrincipal, nullptr);
     EXPECT_EQ(mundo.program.exitCode(), 1);
 }
-
-TEST(AcessoDados, AConnectionHasNoOperationNamedRollback) {
-    World mundo;
-    mundo.connect();
-    EXPECT_EQ(errorOf([&] { mundo.contexto.principal().Invoke(u"Rollback"_s); }), errorNumber::NoSuchMember);
-}
