@@ -26,8 +26,13 @@ QString Register::startScreen() {
 }
 
 std::unique_ptr<data::Adapter> Register::makeAdapter(data::Engine engine) {
-    return engine == data::Engine::Firebird ? data::MakeFirebirdAdapter(std::exchange(whileOpening_, {}))
-                                            : data::MakeOdbcAdapter();
+    switch (engine) {
+    case data::Engine::Firebird:
+        return data::MakeFirebirdAdapter(std::exchange(whileOpening_, {}));
+    case data::Engine::SqlServer:
+        return data::MakeOdbcAdapter();
+    }
+    return nullptr;
 }
 
 void Register::start(const QString& launchString) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/Engine.h"
 #include "data/Statement.h"
 #include "data/Value.h"
 
@@ -8,9 +9,6 @@
 #include <memory>
 
 namespace vorta::data {
-
-/// The database engines that the register runs on.
-enum class Engine { Firebird, SqlServer };
 
 /// Receives the rows of a query, in order. `text` carries UTF-8 bytes that live only during the call.
 class RowSink {
@@ -43,7 +41,7 @@ class Adapter {
     virtual void query(const Statement& statement, RowSink& rows) = 0;
 };
 
-/// Makes the adapter of an engine; given to the program at its start.
+/// Makes the adapter of an engine; given to the program at its start. None means that a connection cannot be opened.
 using AdapterFactory = std::function<std::unique_ptr<Adapter>(Engine)>;
 
 } // namespace vorta::data

@@ -10,10 +10,37 @@ namespace {
 
 using data::Engine;
 
-QString typeOf(Engine engine, const Column& column) {
+/// What the engines say in words of their own.
+struct Dialect {
+    QString head;       ///< of a script
+    QString key;        ///< the type of a table's key
+    QString end;        ///< behind a statement of a script
+    QString endOfIndex; ///< the same, of its indexes, which stand close together
+    bool generators;    ///< keys come from generators, not from the table itself
+};
+
+const Dialect& dialectOf(Engine engine) {
+    static const Dialect firebird{u"-- Firebird 3. Create each database with PAGE_SIZE 16384 and DEFAULT "
+                                  "CHARACTER SET WIN1252 COLLATION WIN_PTBR,\n"
+                                  "-- so that a search without accents or capitals finds.\n\n"_s,
+                                  u"INTEGER NOT NULL"_s, u";\n\n"_s, u";\n"_s, true};
+    static const Dialect sqlServer{u"-- SQL Server. Create each database with COLLATE Latin1_General_CI_AI, "
+                                   "so that a search without accents or\n"
+                                   "-- capitals finds. Rows are numbered by the database.\n\n"_s,
+                                   u"INTEGER IDENTITY(1,1) NOT NULL"_s, u";\nGO\n\n"_s, u";\nGO\n"_s, false};
+    switch (engine) {
+    case Engine::Firebird:
+        return firebird;
+    case Engine::SqlServer:
+        return sqlServer;
+    }
+    Q_UNREACHABLE();
+}
+
+QString typeOf(const Dialect& dialect, const Column& column) {
     switch (column.kind) {
     case Kind::Key:
-        return engine == Engine::Firebird ? u"INTEGER NOT NULL"_s : u"INTEGER IDENTITY(1,1) NOT NULL"_s;
+        return dialect.key;
     case Kind::Integer:
         return u"INTEGER"_s;
     case Kind::Amount:
@@ -26,10 +53,10 @@ QString typeOf(Engine engine, const Column& column) {
     return {};
 }
 
-QString tableStatement(Engine engine, const Table& table) {
+QString tableStatement(const Dialect& dialect, const Table& table) {
     QStringList lines;
     for (const Column& column : table.columns)
-        lines << u"    %1 %2"_s.arg(column.name, typeOf(engine, column));
+        lines << u"    %1 %2"_s.arg(column.name, typeOf(dialect, column));
     return u"CREATE TABLE %1 (\n%2\n)"_s.arg(table.name, lines.join(u",\n"_s));
 }
 
@@ -40,27 +67,27 @@ QString keyTrigger(const Table& table) {
 }
 
 QString scriptOf(Engine engine, Base base, const QString& title) {
-    const bool firebird = engine == Engine::Firebird;
-    const QString end = firebird ? u";\n\n"_s : u";\nGO\n\n"_s;
+    const Dialect& dialect = dialectOf(engine);
     QString text = u"-- %1\n\n"_s.arg(title);
     for (const QString& statement : TableStatements(engine, base)) {
         const bool trigger = statement.startsWith(u"CREATE TRIGGER"_s);
-        text += trigger ? u"SET TERM ^;\n%1^\nSET TERM ;^\n\n"_s.arg(statement) : statement + end;
+        text += trigger ? u"SET TERM ^;\n%1^\nSET TERM ;^\n\n"_s.arg(statement) : statement + dialect.end;
     }
     for (const QString& statement : IndexStatements(engine, base))
-        text += statement + (firebird ? u";\n"_s : u";\nGO\n"_s);
+        text += statement + dialect.endOfIndex;
     return text + u'\n';
 }
 
 } // namespace
 
 QStringList TableStatements(Engine engine, Base base) {
+    const Dialect& dialect = dialectOf(engine);
     QStringList statements;
     for (const Table& table : Tables()) {
         if (table.base != base)
             continue;
-        statements << tableStatement(engine, table);
-        if (engine != Engine::Firebird || table.generator.isEmpty())
+        statements << tableStatement(dialect, table);
+        if (!dialect.generators || table.generator.isEmpty())
             continue;
         statements << u"CREATE SEQUENCE %1"_s.arg(table.generator);
         if (table.filledByDatabase)
@@ -83,14 +110,7 @@ QStringList IndexStatements(Engine, Base base) {
 }
 
 QString Script(Engine engine) {
-    const QString head = engine == Engine::Firebird
-                             ? u"-- Firebird 3. Create each database with PAGE_SIZE 16384 and DEFAULT "
-                               "CHARACTER SET WIN1252 COLLATION WIN_PTBR,\n"
-                               "-- so that a search without accents or capitals finds.\n\n"_s
-                             : u"-- SQL Server. Create each database with COLLATE Latin1_General_CI_AI, "
-                               "so that a search without accents or\n"
-                               "-- capitals finds. Rows are numbered by the database.\n\n"_s;
-    return head + scriptOf(engine, Base::Main, u"Main database: one for each environment."_s) +
+    return dialectOf(engine).head + scriptOf(engine, Base::Main, u"Main database: one for each environment."_s) +
            scriptOf(engine, Base::PostalCode, u"Postal-code database."_s);
 }
 

@@ -294,28 +294,17 @@ void expect(Player& player, Words words) {
     RunExpectation(player, words);
 }
 
-struct EngineName {
-    const char* name;
-    data::Engine engine;
-};
-
-constexpr std::array engineNames{
-    EngineName{"firebird", data::Engine::Firebird},
-    EngineName{"sqlserver", data::Engine::SqlServer},
-};
-
 /// The row of a command; a failure for an unknown one and for too few or too many words.
 const CommandRow& rowOf(const QStringList& words);
 
 /// A command for one engine, where the engines differ. On the others it must be a command all the same.
 void only(Player& player, Words words) {
-    const auto found = std::find_if(engineNames.begin(), engineNames.end(),
-                                    [&](const EngineName& row) { return words[0] == QLatin1StringView(row.name); });
-    if (found == engineNames.end())
-        throw Failure{u"expected the engine firebird or sqlserver, was %1"_s.arg(words[0])};
+    const std::optional<data::Engine> engine = data::EngineNamed(words[0]);
+    if (!engine)
+        throw Failure{u"expected the engine %1, was %2"_s.arg(data::EngineNames(u" or "_s), words[0])};
     const QStringList command = words.mid(1);
     rowOf(command);
-    if (found->engine == player.stage().engine())
+    if (*engine == player.stage().engine())
         RunCommand(player, command);
 }
 

@@ -25,9 +25,10 @@ constexpr int succeeded = 0;
 constexpr int failed = 1;
 constexpr int misused = 2;
 
+/// %1 stands for the engines.
 constexpr char usage[] =
     "uso: pessoas-base create --home PASTA [--demo] [--people N] [--seed S]\n"
-    "     pessoas-base ddl firebird|sqlserver\n"
+    "     pessoas-base ddl %1\n"
     "     pessoas-base cep --home PASTA ARQUIVO\n"
     "     pessoas-base check --home PASTA\n"
     "\n"
@@ -68,7 +69,7 @@ struct Arguments {
 };
 
 int misuse() {
-    std::fputs(usage, stderr);
+    std::fputs(qUtf8Printable(QString::fromUtf8(usage).arg(data::EngineNames(u"|"_s))), stderr);
     return misused;
 }
 
@@ -115,12 +116,10 @@ int create(const QStringList& words) {
 }
 
 int ddl(const QStringList& words) {
-    static const std::map<QString, data::Engine> engines{{u"firebird"_s, data::Engine::Firebird},
-                                                         {u"sqlserver"_s, data::Engine::SqlServer}};
-    const auto engine = words.size() == 1 ? engines.find(words.front()) : engines.end();
-    if (engine == engines.end())
+    const std::optional<data::Engine> engine = data::EngineNamed(words.value(0));
+    if (!engine || words.size() != 1)
         return misuse();
-    std::fputs(kit::Script(engine->second).toUtf8().constData(), stdout);
+    std::fputs(kit::Script(*engine).toUtf8().constData(), stdout);
     return succeeded;
 }
 
