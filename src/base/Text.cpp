@@ -1,9 +1,9 @@
 #include "base/Text.h"
 
 #include "base/RuntimeError.h"
+#include "base/Windows1252.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <limits>
 
@@ -12,17 +12,6 @@ namespace vorta {
 namespace {
 
 constexpr QChar blank = u' ';
-
-/// Code points that Windows-1252 holds in 0x80..0x9F.
-constexpr std::array<char16_t, 27> upperControls{
-    0x20AC, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x017D, 0x2018,
-    0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x017E, 0x0178};
-
-bool inRepertoire(QChar character) {
-    const char16_t code = character.unicode();
-    return code < 0x80 || (code >= 0xA0 && code <= 0xFF) ||
-           std::find(upperControls.begin(), upperControls.end(), code) != upperControls.end();
-}
 
 double rounded(double value, double lowest, double highest) {
     const double whole = std::nearbyint(value);
@@ -54,7 +43,7 @@ QString Trim(const QString& text) {
 QString UCase(const QString& text) {
     QString upper = text;
     for (QChar& character : upper)
-        if (const QChar capital = character.toUpper(); inRepertoire(capital))
+        if (const QChar capital = character.toUpper(); InRepertoire(capital))
             character = capital;
     return upper;
 }
@@ -149,16 +138,6 @@ bool ToBoolean(const QString& text) {
     if (word == u"false" || word == u"falso")
         return false;
     return ToNumber(word) != 0;
-}
-
-bool InRepertoire(const QString& text) {
-    return std::all_of(text.begin(), text.end(), inRepertoire);
-}
-
-QString OnlyRepertoire(const QString& text) {
-    QString kept;
-    std::copy_if(text.begin(), text.end(), std::back_inserter(kept), inRepertoire);
-    return kept;
 }
 
 } // namespace vorta

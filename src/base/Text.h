@@ -35,9 +35,4 @@ qint32 ToInt32(double value);
 /// "True", "False" (any case) or a number (0 false, any other true); raises 13 for any other text.
 bool ToBoolean(const QString& text);
 
-/// True when every character belongs to the repertoire of the data, Windows-1252.
-bool InRepertoire(const QString& text);
-/// The text without the characters that the data cannot hold.
-QString OnlyRepertoire(const QString& text);
-
 } // namespace vorta

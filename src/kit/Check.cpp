@@ -1,8 +1,11 @@
 #include "kit/Check.h"
 
+#include "base/CampoDelimitado.h"
 #include "base/Literals.h"
 #include "base/RuntimeError.h"
+#include "base/ServerLine.h"
 #include "base/Text.h"
+#include "data/EngineTags.h"
 #include "kit/ConfigFiles.h"
 #include "kit/Loader.h"
 
@@ -53,8 +56,9 @@ class Checker {
             bad(u"o arquivo %1 não existe ou não pode ser lido; o programa não inicia sem ele"_s.arg(path));
             return false;
         }
-        const QStringList fields = FieldsOf(lines->value(0).trimmed());
-        places_.root = withSlashes(Trim(fields.value(0)) + Trim(fields.value(1)));
+        const QString line = Trim(lines->value(0));
+        places_.root =
+            line.isEmpty() ? QString() : withSlashes(Trim(CampoDaLinha(line, 1)) + Trim(CampoDaLinha(line, 2)));
         const bool closed = places_.root.isEmpty() || places_.root.endsWith(u'/');
         tell(closed, u"pasta da aplicação: %1"_s.arg(places_.root.isEmpty() ? layout_.home : places_.root),
              u"a pasta em %1 (%2) deve terminar com uma barra"_s.arg(path, places_.root));
@@ -99,10 +103,10 @@ class Checker {
         if (!booleans.contains(server.keepsAccents.trimmed().toLower()))
             return bad(u"%1: o sétimo campo (preserva acentos) deve ser True ou False, e não [%2]"_s.arg(
                 what, server.keepsAccents));
-        if (!server.isFirebird())
-            return good(u"%1: motor %2; a conexão e as tabelas são verificadas no próprio servidor"_s.arg(
-                what, server.engine.isEmpty() ? u"MS-SQL"_s : server.engine));
-        checkBase(what, server.connection, base);
+        if (!data::TagOpens(server.engine, data::Engine::Firebird))
+            return good(
+                u"%1: motor %2; a conexão e as tabelas são verificadas no próprio servidor"_s.arg(what, server.tag()));
+        checkBase(what, server.firebirdConnection, base);
     }
 
     void checkBase(const QString& what, const QString& connection, Base base) {
@@ -174,17 +178,18 @@ class Checker {
         if (!lines)
             return bad(u"o arquivo %1 não existe ou não pode ser lido"_s.arg(path));
         constexpr qsizetype allFields = 12;
-        QStringList fields = FieldsOf(lines->value(0).trimmed());
-        tell(fields.size() >= allFields || lines->value(0).trimmed().count(u'^') >= allFields,
-             u"%1: doze campos"_s.arg(path),
-             u"%1: esperados doze campos separados por ^, há %2"_s.arg(path).arg(fields.size()));
-        const QString images = withSlashes(fields.value(2).trimmed());
+        const QString line = Trim(lines->value(0));
+        const auto field = [&](qint16 number) { return withSlashes(Trim(CampoDaLinha(line, number))); };
+        const qsizetype fields = CamposNaLinha(line);
+        tell(fields >= allFields, u"%1: doze campos"_s.arg(path),
+             u"%1: esperados doze campos separados por ^, há %2"_s.arg(path).arg(fields));
+        const QString images = field(3);
         tell(images.endsWith(u'/'), u"pasta de imagens: %1"_s.arg(images),
              u"a pasta de imagens [%1] deve terminar com uma barra"_s.arg(images));
         for (const QString& picture : {images + LinkedPicture(), images + UnlinkedPicture()})
             checkPicture(picture, u"as telas param sem ela"_s);
-        checkPicture(withSlashes(fields.value(6).trimmed()), u"produtos sem foto não mostram imagem"_s);
-        const QString pages = withSlashes(fields.value(9).trimmed());
+        checkPicture(field(7), u"produtos sem foto não mostram imagem"_s);
+        const QString pages = field(10);
         tell(QFileInfo(pages).isDir() && QFileInfo(pages).isWritable(), u"pasta de páginas: %1"_s.arg(pages),
              u"a pasta de páginas [%1] não existe ou não pode ser gravada"_s.arg(pages));
     }

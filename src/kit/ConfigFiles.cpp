@@ -1,21 +1,18 @@
 #include "kit/ConfigFiles.h"
 
+#include "base/CampoDelimitado.h"
 #include "base/Literals.h"
 #include "base/RuntimeError.h"
-#include "kit/Loader.h"
+#include "base/Windows1252.h"
 #include "kit/Relocate.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QStringDecoder>
 
 namespace vorta::kit {
 
 namespace {
-
-/// The file system refuses a path, as the programs of the ERP number it.
-constexpr int pathRefused = 75;
 
 constexpr QFile::Permissions ownerAndGroup = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup;
 constexpr QFile::Permissions everybodyReads = ownerAndGroup | QFile::ReadOther;
@@ -26,7 +23,7 @@ void writeFile(const QString& path, const QString& text, QFile::Permissions perm
     const bool written = file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.setPermissions(permissions) &&
                          file.write(bytes) == bytes.size() && file.flush();
     if (!written)
-        throw RuntimeError(pathRefused, u"Não foi possível gravar %1: %2"_s.arg(path, file.errorString()));
+        throw RuntimeError(errorNumber::PathRefused, u"Não foi possível gravar %1: %2"_s.arg(path, file.errorString()));
 }
 
 QString serverLine(const Layout& layout, const QString& base) {
@@ -78,34 +75,11 @@ void WriteConfigFiles(const Layout& layout) {
     writeFile(layout.config(u"paths.ini"_s), pathsLine(layout), everybodyReads);
 }
 
-QStringList FieldsOf(const QString& line) {
-    QStringList fields = line.split(u'^');
-    if (fields.last().isEmpty())
-        fields.removeLast();
-    return fields;
-}
-
 std::optional<QStringList> LinesOf(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return std::nullopt;
-    const QByteArray bytes = file.readAll();
-    QStringDecoder utf8(QStringDecoder::Utf8);
-    QString text = utf8.decode(bytes);
-    if (utf8.hasError())
-        text = FromWindows1252(bytes);
-    text.remove(u'\r');
-    return text.split(u'\n');
-}
-
-ServerLine::ServerLine(const QString& line) {
-    constexpr qsizetype allFields = 7;
-    const QStringList fields = FieldsOf(line.trimmed());
-    server = fields.value(0);
-    engine = fields.value(4);
-    connection = fields.value(5);
-    keepsAccents = fields.value(6);
-    complete = fields.size() >= allFields;
+    return DecodedText(file.readAll()).remove(u'\r').split(u'\n');
 }
 
 void Relocate(const QString& given) {
@@ -113,9 +87,9 @@ void Relocate(const QString& given) {
     const std::optional<QStringList> root = LinesOf(layout.config(u"server_aplic.ini"_s));
     if (!root)
         throw RuntimeError(errorNumber::FileNotFound, u"%1 não contém uma instalação"_s.arg(layout.home));
-    const QStringList fields = FieldsOf(root->value(0));
-    const QString old = QDir::cleanPath(fields.value(0).trimmed() + fields.value(1).trimmed());
-    if (old.isEmpty() || old == layout.home)
+    const QString line = root->value(0).trimmed();
+    const QString old = QDir::cleanPath(CampoDaLinha(line, 1).trimmed() + CampoDaLinha(line, 2).trimmed());
+    if (line.isEmpty() || old.isEmpty() || old == layout.home)
         return;
     for (const char* name : {"server_aplic.ini", "server.ini", "server_cep.ini", "paths.ini"}) {
         const QString path = layout.config(QString::fromLatin1(name));

@@ -51,18 +51,6 @@ inline QString PictureSuffix() {
 /// "server_cep.ini" can hold a password and are readable by their owner and group only.
 void WriteConfigFiles(const Layout& layout);
 
-/// The fields of a configuration line; a field that is not there is missing.
-QStringList FieldsOf(const QString& line);
-/// A line of "server.ini" or "server_cep.ini" taken apart.
-struct ServerLine {
-    explicit ServerLine(const QString& line);
-    QString server;
-    QString engine;     ///< the tag as written; an empty one means SQL Server
-    QString connection; ///< Firebird's own connection string
-    QString keepsAccents;
-    bool complete = false; ///< all seven fields are there
-    bool isFirebird() const { return engine == u"FIREBIRD"_s; }
-};
 /// The lines of a configuration file, UTF-8 or Windows-1252; nothing when it cannot be read.
 std::optional<QStringList> LinesOf(const QString& path);
 

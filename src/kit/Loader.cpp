@@ -2,12 +2,11 @@
 
 #include "base/Literals.h"
 #include "base/RuntimeError.h"
-#include "base/Text.h"
+#include "base/Windows1252.h"
 #include "data/Value.h"
 #include "firebird/EmbeddedEngine.h"
 #include "firebird/RowReader.h"
 
-#include <array>
 #include <cstring>
 
 namespace vorta::kit {
@@ -51,13 +50,6 @@ NativeForm nativeForm(const Column& column) {
     return {SQL_VARYING, static_cast<unsigned>(column.length), 0};
 }
 
-/// The places from 80 to 9F hexadecimal, where Windows-1252 differs from Latin-1; 0 marks the five that are not taken.
-constexpr std::array<char16_t, 32> special{0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                           0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
-                                           0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                           0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
-constexpr unsigned firstSpecial = 0x80;
-
 class TextRows : public data::RowSink {
   public:
     std::vector<QStringList> rows;
@@ -74,30 +66,6 @@ class TextRows : public data::RowSink {
 };
 
 } // namespace
-
-QByteArray ToWindows1252(const QString& text) {
-    if (!InRepertoire(text))
-        throw RuntimeError(errorNumber::TypeMismatch, u"O texto [%1] tem caracteres fora do Windows-1252"_s.arg(text));
-    QByteArray bytes(text.size(), Qt::Uninitialized);
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const char16_t unit = text[i].unicode();
-        const auto found = std::find(special.begin(), special.end(), unit);
-        bytes[i] = unit && found != special.end() ? static_cast<char>(0x80 + (found - special.begin()))
-                                                  : static_cast<char>(unit);
-    }
-    return bytes;
-}
-
-QString FromWindows1252(QByteArrayView bytes) {
-    QString text(bytes.size(), Qt::Uninitialized);
-    for (qsizetype i = 0; i < bytes.size(); ++i) {
-        const unsigned place = static_cast<unsigned char>(bytes[i]);
-        const bool isSpecial = place >= firstSpecial && place < firstSpecial + special.size();
-        const char16_t unit = isSpecial ? special[place - firstSpecial] : static_cast<char16_t>(place);
-        text[i] = isSpecial && unit == 0 ? u'?' : QChar(unit);
-    }
-    return text;
-}
 
 Loader::Loader(const QString& connectionString, Part part)
     : part_(std::move(part)), attachment_(firebird::Attach(connectionString, secondsToOpen)) {}

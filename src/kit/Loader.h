@@ -93,9 +93,4 @@ class RowLoader {
     qint64 sent_ = 0;
 };
 
-/// The bytes of a text in Windows-1252; 13 for a text outside that repertoire.
-QByteArray ToWindows1252(const QString& text);
-/// The text of such bytes; the five places that the set leaves open become question marks.
-QString FromWindows1252(QByteArrayView bytes);
-
 } // namespace vorta::kit

@@ -2,14 +2,16 @@
 
 #include "base/Literals.h"
 #include "base/RuntimeError.h"
+#include "base/ServerLine.h"
 #include "base/Text.h"
+#include "base/Windows1252.h"
+#include "data/EngineTags.h"
 #include "kit/ConfigFiles.h"
 #include "kit/Reference.h"
 
 #include <QFile>
 #include <QHash>
 #include <QSet>
-#include <QStringDecoder>
 
 #include <array>
 
@@ -148,13 +150,8 @@ std::vector<Street> ReadStreets(const QString& path, ListMistakes& mistakes) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw RuntimeError(errorNumber::FileNotFound, u"Não foi possível ler %1: %2"_s.arg(path, file.errorString()));
-    const QByteArray bytes = file.readAll();
-    QStringDecoder utf8(QStringDecoder::Utf8);
-    QString text = utf8.decode(bytes);
-    if (utf8.hasError())
-        text = FromWindows1252(bytes);
     ListReader reader(mistakes);
-    reader.read(text);
+    reader.read(DecodedText(file.readAll()));
     return std::move(reader.streets);
 }
 
@@ -200,14 +197,14 @@ qint64 LoadPostalCodeFile(const QString& home, const QString& list, ListMistakes
     if (!lines)
         throw RuntimeError(errorNumber::FileNotFound, u"Não foi possível ler %1"_s.arg(path));
     const ServerLine server(lines->value(0));
-    if (!server.isFirebird())
+    if (!data::TagOpens(server.engine, data::Engine::Firebird))
         throw RuntimeError(
             errorNumber::TypeMismatch,
             u"A base de CEPs de %1 não é Firebird; carregue-a com as ferramentas do servidor"_s.arg(path));
     const std::vector<Street> streets = ReadStreets(list, mistakes);
     if (mistakes.all > 0)
         return 0;
-    Loader loader(server.connection);
+    Loader loader(server.firebirdConnection);
     LoadPostalCodes(loader, streets);
     loader.commit();
     return static_cast<qint64>(streets.size());

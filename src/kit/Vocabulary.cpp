@@ -2,6 +2,7 @@
 
 #include "base/Literals.h"
 #include "base/Text.h"
+#include "base/Windows1252.h"
 #include "kit/Loader.h"
 #include "kit/Reference.h"
 

@@ -1,9 +1,10 @@
 #include "launch/ConectaServidor.h"
 
+#include "base/CampoDelimitado.h"
 #include "base/Literals.h"
+#include "base/ServerLine.h"
 #include "base/Text.h"
-#include "launch/CampoDelimitado.h"
-#include "launch/EngineTags.h"
+#include "data/EngineTags.h"
 #include "launch/Lancamento.h"
 
 #include <array>
@@ -12,6 +13,9 @@ namespace vorta {
 
 namespace {
 
+using data::ConnectionStringOf;
+using data::EngineTag;
+using data::FindEngineTag;
 using screen::Box;
 using screen::Buttons;
 using screen::Icon;
@@ -44,29 +48,25 @@ QStringList linhasDe(const ContextoExecucao& contexto, QString& caminho, const Q
     }
 }
 
-QString campoDaLinha(const QString& linha, qint16 indice) {
-    QString copia = linha + u'^';
-    return CampoDelimitado(indice, copia);
+/// A seventh field that is no boolean leaves the fields taken and raises 13.
+void tomaCampos(ContextoExecucao& contexto, const ServerLine& linha) {
+    contexto.Servidor = linha.server;
+    contexto.BaseDados = linha.database;
+    contexto.UsuarioBanco = linha.user;
+    contexto.SenhaBanco = linha.password;
+    contexto.TipoBanco = linha.engine;
+    contexto.StringConexaoFirebird = linha.firebirdConnection;
+    contexto.PreservaAcentos = ToBoolean(linha.keepsAccents);
+    contexto.TipoBanco = linha.tag();
 }
 
-void tomaCampos(ContextoExecucao& contexto, const QString& linha) {
-    contexto.Servidor = campoDaLinha(linha, 1);
-    contexto.BaseDados = campoDaLinha(linha, 2);
-    contexto.UsuarioBanco = campoDaLinha(linha, 3);
-    contexto.SenhaBanco = campoDaLinha(linha, 4);
-    contexto.TipoBanco = campoDaLinha(linha, 5);
-    contexto.StringConexaoFirebird = campoDaLinha(linha, 6);
-    contexto.PreservaAcentos = ToBoolean(campoDaLinha(linha, 7));
-    if (contexto.TipoBanco.isEmpty())
-        contexto.TipoBanco = u"MS-SQL"_s;
-}
-
-void abre(ContextoExecucao& contexto, const EngineTag& tag, std::unique_ptr<data::Connection>& conexao) {
+void abre(ContextoExecucao& contexto, const EngineTag& tag, const ServerLine& linha,
+          std::unique_ptr<data::Connection>& conexao) {
     if (!conexao)
         conexao = contexto.novaConexao();
     if (tag.timeout)
         conexao->ConnectionTimeout = *tag.timeout;
-    conexao->Open(tag.engine, ConnectionStringOf(tag, contexto));
+    conexao->Open(tag.engine, ConnectionStringOf(tag, linha));
 }
 
 [[noreturn]] void encerraSemConteudo(ContextoExecucao& contexto) {
@@ -92,14 +92,15 @@ void abrePrincipal(ContextoExecucao& contexto) {
     const QString arquivo = u"server.ini"_s;
     QString caminho = caminhoConfiguracao(contexto, arquivo);
     const QStringList linhas = linhasDe(contexto, caminho, arquivo, static_cast<int>(ambientes.size()));
-    const QString linha = linhaDoAmbiente(contexto.Ambiente, linhas);
-    if (linha.isEmpty())
+    const QString texto = linhaDoAmbiente(contexto.Ambiente, linhas);
+    if (texto.isEmpty())
         encerraSemConteudo(contexto);
+    const ServerLine linha(texto);
     tomaCampos(contexto, linha);
     if (const EngineTag* tag = FindEngineTag(contexto.TipoBanco)) {
-        if (tag->engine == data::Engine::SqlServer)
-            contexto.StringConexao = ConnectionStringOf(*tag, contexto);
-        abre(contexto, *tag, contexto.ConexaoPrincipal);
+        if (tag->hasForm())
+            contexto.StringConexao = ConnectionStringOf(*tag, linha);
+        abre(contexto, *tag, linha, contexto.ConexaoPrincipal);
     }
     LePaths(contexto);
 }
@@ -107,13 +108,14 @@ void abrePrincipal(ContextoExecucao& contexto) {
 void abreCep(ContextoExecucao& contexto) {
     const QString arquivo = u"server_cep.ini"_s;
     QString caminho = caminhoConfiguracao(contexto, arquivo);
-    const QString linha = Trim(linhasDe(contexto, caminho, arquivo, 1).value(0));
-    if (linha.isEmpty())
+    const QString texto = Trim(linhasDe(contexto, caminho, arquivo, 1).value(0));
+    if (texto.isEmpty())
         encerraSemConteudo(contexto);
+    const ServerLine linha(texto);
     tomaCampos(contexto, linha);
     const EngineTag* tag = FindEngineTag(contexto.TipoBanco);
     if (tag && tag->postalCode)
-        abre(contexto, *tag, contexto.ConexaoCEP);
+        abre(contexto, *tag, linha, contexto.ConexaoCEP);
 }
 
 } // namespace
@@ -163,8 +165,8 @@ void LeServerAplic(ContextoExecucao& contexto) {
     }
     try {
         const QString linha = Trim(contexto.platform().readLines(caminho, 1).value(0));
-        contexto.RaizAplicacao = linha.isEmpty() ? QString() : Trim(campoDaLinha(linha, 1));
-        contexto.PastaAplicacao = linha.isEmpty() ? QString() : Trim(campoDaLinha(linha, 2));
+        contexto.RaizAplicacao = linha.isEmpty() ? QString() : Trim(CampoDaLinha(linha, 1));
+        contexto.PastaAplicacao = linha.isEmpty() ? QString() : Trim(CampoDaLinha(linha, 2));
     } catch (const RuntimeError& error) {
         if (error.number() != errorNumber::BadFileName)
             return;
@@ -187,7 +189,7 @@ void LePaths(ContextoExecucao& contexto) {
         contexto.ArquivoPaths = caminhoConfiguracao(contexto, arquivo);
         const QString linha = Trim(linhasDe(contexto, contexto.ArquivoPaths, arquivo, 1).value(0));
         for (size_t indice = 0; indice < campos.size(); ++indice)
-            contexto.*campos[indice] = Trim(campoDaLinha(linha, static_cast<qint16>(indice + 1)));
+            contexto.*campos[indice] = Trim(CampoDaLinha(linha, static_cast<qint16>(indice + 1)));
         const QString codigo = LeCodigoEmpresa(contexto, QString::number(contexto.CodigoEmpresa));
         contexto.CaminhoDanfe = LeCaminhoDanfe(contexto, codigo);
         if (Trim(contexto.CaminhoDanfe).isEmpty())

@@ -1,9 +1,9 @@
 #include "launch/Lancamento.h"
 
+#include "base/CampoDelimitado.h"
 #include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
-#include "launch/CampoDelimitado.h"
 #include "launch/ConectaServidor.h"
 
 namespace vorta {

@@ -1,10 +1,10 @@
 #include "person/HistoricoPessoa.h"
 
+#include "base/CampoDelimitado.h"
 #include "base/Format.h"
 #include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
-#include "launch/CampoDelimitado.h"
 #include "launch/Lancamento.h"
 #include "person/frmPessoas.h"
 #include "shared/Consultas.h"

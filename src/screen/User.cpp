@@ -1,6 +1,7 @@
 #include "screen/User.h"
 
 #include "base/Text.h"
+#include "base/Windows1252.h"
 #include "screen/Program.h"
 
 namespace vorta::screen {
@@ -76,7 +77,7 @@ int User::filterKey(Field& field, int code) {
         if (kept == apostropheCode && field.apostropheBecomesAcute)
             kept = acuteCode;
     });
-    if (kept >= 32 && !InRepertoire(QString(QChar(static_cast<char16_t>(kept)))))
+    if (kept >= 32 && !InRepertoire(QChar(static_cast<char16_t>(kept))))
         kept = 0;
     return program_.hasEnded() ? 0 : kept;
 }

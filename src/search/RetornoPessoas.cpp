@@ -1,6 +1,6 @@
 #include "search/RetornoPessoas.h"
 
-#include "launch/CampoDelimitado.h"
+#include "base/CampoDelimitado.h"
 #include "shared/Consultas.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "search/frmBROWSE_CEPS.h"
 
+#include "base/CampoDelimitado.h"
 #include "base/Literals.h"
 #include "base/Text.h"
-#include "launch/CampoDelimitado.h"
 #include "launch/ConectaServidor.h"
 #include "launch/Lancamento.h"
 #include "search/ModuleCEP.h"

@@ -85,9 +85,3 @@ TEST(Text, BooleansAreWordsOrNumbers) {
     for (const QString& text : {u""_s, u"."_s, u"talvez"_s})
         EXPECT_THROW(ToBoolean(text), RuntimeError) << text;
 }
-
-TEST(Text, RepertoireIsWindows1252) {
-    EXPECT_TRUE(InRepertoire(u"ação € “aspas” ´"_s));
-    EXPECT_FALSE(InRepertoire(u"日本"_s));
-    EXPECT_EQ(OnlyRepertoire(u"a日b"_s), u"ab"_s);
-}

@@ -1,5 +1,6 @@
 #include "base/Literals.h"
 #include "base/RuntimeError.h"
+#include "base/ServerLine.h"
 #include "kit/Installed.h"
 #include "kit/Loader.h"
 
@@ -28,8 +29,9 @@ TEST(Create, the_configuration_has_its_lines_and_its_rights) {
     const auto servers = kit::LinesOf(layout.config(u"server.ini"_s));
     ASSERT_TRUE(servers);
     for (int line = 0; line < 3; ++line) {
-        const kit::ServerLine server(servers->value(line));
-        EXPECT_TRUE(server.complete && server.isFirebird());
+        const ServerLine server(servers->value(line));
+        EXPECT_TRUE(server.complete);
+        EXPECT_EQ(server.engine, u"FIREBIRD"_s);
         EXPECT_EQ(server.keepsAccents, u"False"_s);
         EXPECT_TRUE(QFile::exists(layout.base(kit::Environments()[line].base)));
     }

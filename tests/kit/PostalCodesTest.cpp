@@ -53,6 +53,11 @@ TEST_F(PostalCodes, an_older_file_in_windows_1252_is_read_too) {
     EXPECT_EQ(value("SELECT NOME_LOCA FROM LOCA"), u"São Paulo"_s);
 }
 
+TEST_F(PostalCodes, a_byte_that_stands_for_nothing_is_a_mistake) {
+    EXPECT_EQ(load(titles + "01001000\tRua\tR\tDo \x81 P\xE1tio\tCentro\tCampinas\tSP\n"), 0);
+    EXPECT_EQ(mistakes_.all, 1);
+}
+
 TEST_F(PostalCodes, mistakes_name_their_lines_and_nothing_is_loaded) {
     const qint64 before = streets();
     EXPECT_EQ(load(titles + "0400000\tRua\tR\tAlegre\tCentro\tCampinas\tSP\n"

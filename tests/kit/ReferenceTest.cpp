@@ -1,6 +1,6 @@
 #include "kit/Reference.h"
 #include "base/Literals.h"
-#include "base/Text.h"
+#include "base/Windows1252.h"
 
 #include <QMap>
 #include <QSet>

@@ -2,7 +2,7 @@
 #include "base/Literals.h"
 
 #include "LaunchWorld.h"
-#include "launch/EngineTags.h"
+#include "data/EngineTags.h"
 
 using namespace vorta;
 using namespace vorta::test;
@@ -47,7 +47,7 @@ const std::vector<Etiqueta> etiquetas{
 } // namespace
 
 TEST(ConectaServidor, EachTagOpensItsOwnWay) {
-    EXPECT_EQ(EngineTags().size(), etiquetas.size());
+    EXPECT_EQ(data::EngineTags().size(), etiquetas.size());
     for (const Etiqueta& etiqueta : etiquetas) {
         LaunchWorld mundo(QString::fromUtf8(etiqueta.tag));
         EXPECT_TRUE(conecta(mundo)) << etiqueta.tag;

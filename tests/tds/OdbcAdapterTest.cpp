@@ -3,7 +3,7 @@
 #include "base/Moment.h"
 
 #include "base/RuntimeError.h"
-#include "launch/EngineTags.h"
+#include "data/EngineTags.h"
 #include "odbc/ConnectionKeys.h"
 #include "servers/TdsServer.h"
 
@@ -16,6 +16,8 @@ namespace {
 
 using data::Adapter;
 using data::Decimal;
+using data::EngineTag;
+using data::EngineTags;
 using data::MakeOdbcAdapter;
 using data::Statement;
 using data::Value;

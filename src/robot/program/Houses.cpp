@@ -1,7 +1,7 @@
 #include "robot/program/Houses.h"
 
 #include "base/Literals.h"
-#include "launch/EngineTags.h"
+#include "data/EngineTags.h"
 #include "robot/program/Application.h"
 #include "robot/program/GivenSqlServer.h"
 #include "robot/program/OwnSqlServer.h"
@@ -45,8 +45,7 @@ class ServerHouse : public House {
 QString tagOf(const Options& options) {
     if (options.tag.isNull())
         return u"MS-SQL"_s;
-    const EngineTag* tag = FindEngineTag(options.tag);
-    if (!options.tag.isEmpty() && !(tag && tag->engine == data::Engine::SqlServer))
+    if (!options.tag.isEmpty() && !data::TagOpens(options.tag, data::Engine::SqlServer))
         throw Failure{u"no engine tag of SQL Server: %1"_s.arg(options.tag)};
     return options.tag;
 }
@@ -129,8 +128,13 @@ std::unique_ptr<House> OpenHouse(const Options& options) {
     const auto row = std::find_if(engines.begin(), engines.end(), [&](const EngineRow& known) {
         return options.engine == QLatin1StringView(known.name);
     });
-    if (row == engines.end())
-        throw Failure{u"no engine %1; there are embedded, server and sqlserver"_s.arg(options.engine)};
+    if (row == engines.end()) {
+        QStringList known;
+        for (const EngineRow& engine : engines)
+            known += QString::fromLatin1(engine.name);
+        const QString last = known.takeLast();
+        throw Failure{u"no engine %1; there are %2 and %3"_s.arg(options.engine, known.join(u", "_s), last)};
+    }
     try {
         return row->make(options);
     } catch (const std::exception& error) {

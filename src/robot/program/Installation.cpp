@@ -2,11 +2,12 @@
 
 #include "base/Literals.h"
 #include "base/RuntimeError.h"
+#include "base/ServerLine.h"
+#include "base/Windows1252.h"
+#include "data/EngineTags.h"
 #include "firebird/ConnectionText.h"
 #include "firebird/FirebirdAdapter.h"
 #include "kit/Relocate.h"
-#include "launch/CampoDelimitado.h"
-#include "launch/EngineTags.h"
 #include "robot/Player.h"
 #include "robot/RowText.h"
 #include "robot/Scenario.h"
@@ -21,9 +22,6 @@
 namespace vorta::robot {
 
 namespace {
-
-constexpr qint16 tagField = 5;
-constexpr qint16 connectionField = 6;
 
 const QString serverFile = u"server.ini"_s;
 const QString postalCodeFile = u"server_cep.ini"_s;
@@ -41,9 +39,8 @@ void copyTree(const QString& from, const QString& to) {
     }
 }
 
-bool isFirebird(const QString& tag) {
-    const EngineTag* found = FindEngineTag(tag);
-    return found && found->engine == data::Engine::Firebird;
+bool isFirebird(const ServerLine& line) {
+    return data::TagOpens(line.engine, data::Engine::Firebird);
 }
 
 } // namespace
@@ -72,10 +69,10 @@ void Installation::learnFiles(const QString& file, std::initializer_list<Base> b
     if (!source.open(QIODevice::ReadOnly))
         return;
     for (const Base base : bases) {
-        QString line = QString::fromUtf8(source.readLine()).trimmed();
-        if (!isFirebird(CampoDelimitado(tagField, line)))
+        const ServerLine line(DecodedText(source.readLine()).trimmed());
+        if (!isFirebird(line))
             continue;
-        const QString connection = CampoDelimitado(connectionField, line);
+        const QString connection = line.firebirdConnection;
         const std::optional<QString> own = ownFile(connection);
         // A scenario may write into a database only when it has been copied with the rest.
         if (!own)
@@ -112,11 +109,12 @@ void Installation::redirect(const Redirection& redirected) const {
 }
 
 QByteArray Installation::redirectedLine(const QByteArray& line, const Redirection& redirected) const {
-    const QStringList fields = QString::fromUtf8(line).split(u'^');
-    if (fields.size() < connectionField || !isFirebird(fields[tagField - 1]))
+    ServerLine fields(DecodedText(line).trimmed());
+    const std::optional<QString> file = isFirebird(fields) ? ownFile(fields.firebirdConnection) : std::nullopt;
+    if (!file)
         return line;
-    const std::optional<QString> file = ownFile(fields[connectionField - 1]);
-    return file ? redirected(fields, *file).join(u'^').toUtf8() : line;
+    redirected(fields, *file);
+    return fields.text().toUtf8() + (line.endsWith('\r') ? "\r" : "");
 }
 
 std::unique_ptr<Cast> Installation::cast(screen::Platform& platform, data::StatementTrace trace) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/ServerLine.h"
 #include "data/Adapter.h"
 #include "robot/Stage.h"
 
@@ -39,8 +40,8 @@ class Installation : public Stage {
     /// The database files that the configuration of the installation names.
     const std::map<Base, QString>& files() const { return files_; }
     /// Writes every line of a "server.ini" or "server_cep.ini" of the copy that opens one of its database files anew:
-    /// as the fields that `redirected` makes of its own.
-    using Redirection = std::function<QStringList(QStringList fields, const QString& file)>;
+    /// with the fields that `redirected` changes.
+    using Redirection = std::function<void(ServerLine& line, const QString& file)>;
     void redirect(const Redirection& redirected) const;
 
   private:

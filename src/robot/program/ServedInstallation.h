@@ -16,10 +16,7 @@ class ServedInstallation : public Installation {
   protected:
     QString connectionTo(const QString& file) const override { return server_.connectionString(file); }
     void beforeStart(Base) override {
-        redirect([this](QStringList fields, const QString& file) {
-            fields[5] = connectionTo(file);
-            return fields;
-        });
+        redirect([this](ServerLine& line, const QString& file) { line.firebirdConnection = connectionTo(file); });
     }
 
   private:

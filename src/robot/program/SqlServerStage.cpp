@@ -2,7 +2,7 @@
 
 #include "base/Literals.h"
 #include "base/RuntimeError.h"
-#include "launch/EngineTags.h"
+#include "data/EngineTags.h"
 #include "odbc/OdbcAdapter.h"
 #include "robot/RowText.h"
 
@@ -47,10 +47,11 @@ void SqlServerStage::beforeStart(Base main) {
         if (files().contains(base) && !moved_.contains(base))
             move(base);
     host_->open();
-    redirect([this](const QStringList& fields, const QString& file) {
+    redirect([this](ServerLine& line, const QString& file) {
         const auto known =
             std::find_if(moved_.begin(), moved_.end(), [&](Base base) { return files().at(base) == file; });
-        return known == moved_.end() ? fields : lineOf(fields, *known);
+        if (known != moved_.end())
+            lead(line, *known);
     });
 }
 
@@ -78,12 +79,16 @@ TableRows SqlServerStage::rowsOf(Base base, const kit::Table& table) {
     return taken;
 }
 
-QStringList SqlServerStage::lineOf(const QStringList& fields, Base base) const {
+void SqlServerStage::lead(ServerLine& line, Base base) const {
     const SqlServerLogin login = host_->login(base);
-    const EngineTag* tag = FindEngineTag(tag_);
+    const data::EngineTag* tag = data::FindEngineTag(tag_);
     const bool known = base != Base::PostalCode || !tag || tag->postalCode;
-    const QStringList line{login.server, login.database, login.user, login.password, known ? tag_ : u"MS-SQL"_s, {}};
-    return line + fields.mid(line.size());
+    line.server = login.server;
+    line.database = login.database;
+    line.user = login.user;
+    line.password = login.password;
+    line.engine = known ? tag_ : u"MS-SQL"_s;
+    line.firebirdConnection.clear();
 }
 
 data::Adapter& SqlServerStage::onServer(Base base) {

@@ -26,7 +26,7 @@ class SqlServerStage : public Installation {
   private:
     void move(Base base);
     TableRows rowsOf(Base base, const kit::Table& table);
-    QStringList lineOf(const QStringList& fields, Base base) const;
+    void lead(ServerLine& line, Base base) const; ///< to the server
     data::Adapter& onServer(Base base);
 
     std::unique_ptr<SqlServerHost> host_;

@@ -1,13 +1,11 @@
-#include "launch/EngineTags.h"
+#include "data/EngineTags.h"
 
 #include <algorithm>
 #include <array>
 
-namespace vorta {
+namespace vorta::data {
 
 namespace {
-
-using data::Engine;
 
 constexpr int longWait = 400;
 
@@ -37,11 +35,15 @@ const EngineTag* FindEngineTag(const QString& tag) {
     return found == tags.end() ? nullptr : &*found;
 }
 
-QString ConnectionStringOf(const EngineTag& tag, const ContextoExecucao& contexto) {
-    const QString form = QString::fromLatin1(tag.form);
-    if (form.isEmpty())
-        return contexto.StringConexaoFirebird;
-    return form.arg(contexto.Servidor, contexto.UsuarioBanco, contexto.SenhaBanco, contexto.BaseDados);
+bool TagOpens(const QString& tag, Engine engine) {
+    const EngineTag* found = FindEngineTag(tag);
+    return found && found->engine == engine;
 }
 
-} // namespace vorta
+QString ConnectionStringOf(const EngineTag& tag, const ServerLine& line) {
+    if (!tag.hasForm())
+        return line.firebirdConnection;
+    return QString::fromLatin1(tag.form).arg(line.server, line.user, line.password, line.database);
+}
+
+} // namespace vorta::data

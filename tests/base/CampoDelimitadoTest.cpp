@@ -1,7 +1,8 @@
-#include "launch/CampoDelimitado.h"
+#include "base/CampoDelimitado.h"
 #include "base/Literals.h"
 
-#include "support/World.h"
+#include <gtest/gtest.h>
+#include <vector>
 
 using namespace vorta;
 
@@ -49,4 +50,14 @@ TEST(CampoDelimitado, BySeparatorTheTextBehindTheLastIsOutOfReach) {
     EXPECT_EQ(CampoDelimitadoPor(2, u"a||c"_s, u'|'), QString());
     EXPECT_EQ(CampoDelimitadoPor(1, QString(), u'|'), QString());
     EXPECT_EQ(CampoDelimitadoPor(0, u"a|b"_s, u'|'), QString());
+}
+
+TEST(CampoDelimitado, FieldsOfALine) {
+    EXPECT_EQ(CampoDaLinha(u"a^ b"_s, 2), u" b"_s);
+    EXPECT_EQ(CampoDaLinha(u"a^b^"_s, 2), u"b"_s);
+    EXPECT_EQ(CampoDaLinha(u"a^b^"_s, 3), QString());
+    EXPECT_EQ(CampoDaLinha(u"a^b"_s, 3), u"."_s);
+    EXPECT_EQ(CamposNaLinha(u"a^b"_s), 2);
+    EXPECT_EQ(CamposNaLinha(u"a^b^"_s), 2);
+    EXPECT_EQ(CamposNaLinha(u"^^"_s), 2);
 }

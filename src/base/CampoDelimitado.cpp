@@ -1,4 +1,4 @@
-#include "launch/CampoDelimitado.h"
+#include "base/CampoDelimitado.h"
 
 #include "base/Literals.h"
 #include "base/Text.h"
@@ -32,6 +32,15 @@ QString CampoDelimitado(qint16 indice, QString& texto) {
     if (!trimmed.endsWith(mark))
         texto = trimmed + mark;
     return closedPiece(indice, texto, mark, u"."_s);
+}
+
+QString CampoDaLinha(const QString& linha, qint16 indice) {
+    QString fechada = linha + mark;
+    return CampoDelimitado(indice, fechada);
+}
+
+qsizetype CamposNaLinha(const QString& linha) {
+    return linha.count(mark) + (linha.endsWith(mark) ? 0 : 1);
 }
 
 QString CampoDelimitadoPor(qint16 indice, const QString& texto, QChar separador) {
