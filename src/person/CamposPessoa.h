@@ -2,79 +2,78 @@
 
 #include "data/Statement.h"
 
+#include <optional>
 #include <span>
 
-/// The fields of the person screen as tables: limits, tips, families, and where each value of a statement comes from.
+/// The fields of the person screen as one table: a row says everything about its field, and the statements of `PESS`
+/// are orders of rows.
 namespace vorta {
 
-/// Most characters that a field takes.
-struct TamanhoCampo {
-    const char* campo;
-    int tamanho;
-};
-std::span<const TamanhoCampo> TamanhosPessoa();
-
-struct DicaCampo {
-    const char* campo;
-    const char* dica;
-};
-std::span<const DicaCampo> DicasPessoa();
-
-/// Fields that are locked while idle and free during inclusion and alteration.
-std::span<const char* const> CamposBloqueaveis();
-/// Buttons that follow the same rule by being disabled.
-std::span<const char* const> BotoesBloqueaveis();
-/// Fields that a clearing of the screen empties.
-std::span<const char* const> CamposLimpos();
-/// Input fields on which Enter does not move on.
-std::span<const char* const> CamposSemEnter();
-/// Fields on which a typed apostrophe becomes an acute accent.
-std::span<const char* const> CamposComAcento();
-/// Fields that select their text when they are entered.
-std::span<const char* const> CamposComSelecao();
-
-/// When a column of `PESS` takes a value.
-enum class Teste {
-    A, ///< the text has at least one character
-    B, ///< the trimmed text has at least one character
-    C, ///< the masked field has at least one character, which its blank form has too
-    D, ///< the text is a date
+/// When the column of a field takes its value; else it takes what stands for nothing.
+enum class Gravacao {
+    Nunca,             ///< the field is only shown
+    SeTemTexto,        ///< the text has at least one character
+    SeTemTextoAparado, ///< the trimmed text has at least one character
+    SeTemMascara,      ///< the masked field has at least one character, which its blank form has too
+    SeTemData,         ///< the text is a date
     Sempre
 };
 
-/// What the value is.
+/// In which form the value of a field stands in its column.
 enum class Forma {
-    Texto,            ///< the text of the field
-    Aparado,          ///< the text trimmed
-    CodigoMunicipio,  ///< trimmed at inclusion, as it stands at alteration
+    Texto,
+    TextoExigido,     ///< the text; a null is a fault of the row
+    Aparado,          ///< written trimmed
+    CodigoMunicipio,  ///< written trimmed at inclusion, as it stands at alteration
     FisicaOuJuridica, ///< "F" or "J"
-    IdVendedor,
-    IdTipoCliente,
-    IdTransportadora,
-    Data ///< "yyyymmdd"
+    Documento,        ///< the text; shown without a mask
+    DiaMes,           ///< the text; nothing is shown as the blank mask
+    Data,             ///< "yyyymmdd"
+    CepComercial,     ///< the text; the three blocks show short or dirty values differently
+    CepEntrega,
+    CepCobranca,
+    Vendedor, ///< the key behind a name, shown as the name
+    TipoCliente,
+    Transportadora
 };
 
-/// The source of a column: which field, when, and in which form.
-struct OrigemColuna {
-    const char* campo;
-    Teste teste;
-    Forma forma;
+/// What a statement says of a field without a value.
+struct Vazio {
+    const char* inserido = nullptr; ///< none: the insert leaves the column out
+    data::Piece alterado = "null";
+    std::optional<data::Piece> colunaAlterada = {}; ///< where the update then spells the column in its own way
 };
-const OrigemColuna& OrigemDe(const char* campo);
 
-/// A column of a statement and the field that feeds it, in the order in which the statement names them.
-struct ColunaComando {
-    data::Piece coluna;
-    const char* campo;
+/// Rules that a field shares with others, to be joined by "|".
+enum Familia : unsigned {
+    SoNaEdicao = 1,    ///< locked, a button disabled, but during inclusion and alteration
+    SempreTravado = 2, ///< filled by the program alone
+    Limpa = 4,         ///< emptied when the screen is cleared
+    SemEnter = 8,      ///< Enter does not move on, as it does on every other input field
+    Acento = 16,       ///< a typed apostrophe becomes an acute accent
+    Seleciona = 32     ///< its text is selected when it is entered
 };
-std::span<const ColunaComando> ColunasInsert();
-std::span<const ColunaComando> ColunasUpdate();
 
-/// A column read as it is into a field, a null giving empty text.
-struct ColunaCarga {
-    const char* coluna;
-    const char* campo;
+struct CampoPessoa {
+    const char* nome;
+    std::optional<data::Piece> coluna = {};       ///< of `PESS`; none for a field that no statement names
+    std::optional<data::Piece> colunaInsert = {}; ///< where the insert spells it in its own way
+    int tamanho = 0;                              ///< most characters; 0 for no limit
+    const char* dica = "";
+    Gravacao grava = Gravacao::Nunca;
+    Forma forma = Forma::Texto;
+    Vazio vazio = {};
+    unsigned familias = 0;
+
+    constexpr bool e(Familia familia) const { return (familias & familia) != 0; }
 };
-std::span<const ColunaCarga> ColunasCarga();
+
+/// All rows, in the order of the table `PESS`.
+std::span<const CampoPessoa> CamposPessoa();
+
+// The fields of the three statements, in the order in which each names or reads their columns.
+std::span<const CampoPessoa* const> OrdemInsert();
+std::span<const CampoPessoa* const> OrdemUpdate();
+std::span<const CampoPessoa* const> OrdemCarga();
 
 } // namespace vorta

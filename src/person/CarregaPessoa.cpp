@@ -23,17 +23,13 @@ constexpr int tamanhoCep = 9;
 /// What becomes of a stored postal code. Rows of older releases hold short or dirty values, and the three blocks treat
 /// them differently.
 struct RegraCep {
-    const char* coluna;
-    const char* campo;
     bool vazioLimpa;   ///< an empty value blanks the field
     bool completaZero; ///< a short value has lost its leading zero
     bool corrigeBarra; ///< a slash stands for the dash
 };
-constexpr RegraCep regrasCep[]{
-    {"CEP0_COML_PESS", "mskCEP", true, false, true},
-    {"CEP0_ENTG_PESS", "mskEnt_CEP", true, true, false},
-    {"CEP0_COBR_PESS", "mskCob_CEP", false, true, false},
-};
+constexpr RegraCep cepComercial{.vazioLimpa = true, .completaZero = false, .corrigeBarra = true};
+constexpr RegraCep cepEntrega{.vazioLimpa = true, .completaZero = true, .corrigeBarra = false};
+constexpr RegraCep cepCobranca{.vazioLimpa = false, .completaZero = true, .corrigeBarra = false};
 
 void CarregaCepCurto(const RegraCep& regra, const QString& valor, screen::MaskedField& campo) {
     if (valor == u"SP" || (valor.isEmpty() && regra.vazioLimpa))
@@ -42,8 +38,8 @@ void CarregaCepCurto(const RegraCep& regra, const QString& valor, screen::Masked
         campo.setText(u'0' + valor);
 }
 
-void CarregaCep(const RegraCep& regra, Recordset& registro, screen::MaskedField& campo) {
-    const Value guardado = registro.Fields(regra.coluna);
+void CarregaCep(const RegraCep& regra, Recordset& registro, const QString& coluna, screen::MaskedField& campo) {
+    const Value guardado = registro.Fields(coluna);
     if (guardado.isNull()) {
         LimpaMascara(campo);
         return;
@@ -57,10 +53,20 @@ void CarregaCep(const RegraCep& regra, Recordset& registro, screen::MaskedField&
         return;
     if (regra.corrigeBarra) {
         valor.replace(u'/', u'-');
-        registro.Overwrite(QString::fromLatin1(regra.coluna), Value(valor));
+        registro.Overwrite(coluna, Value(valor));
         valor = Trim(valor);
     }
     campo.setText(valor);
+}
+
+/// A stored document is shown as it is, whatever its form.
+void CarregaDocumento(const Value& documento, screen::MaskedField& campo) {
+    if (documento.isNull()) {
+        LimpaMascara(campo);
+        return;
+    }
+    campo.setMask({});
+    campo.setText(documento.text());
 }
 
 /// The description behind a key of the person's row; empty for a null key.
@@ -145,36 +151,52 @@ void frmPessoas::CarregaPessoa() {
 }
 
 void frmPessoas::LePessoa(Recordset& registro) {
-    txtRowID.setText(registro.Fields("IDPESS").text());
-    txtDescricao.setText(registro.Fields("NOME_PESS").text());
-    txtDTDesativa.setText(registro.Fields("data_desa").textOr({}));
-    lblDataDesa.setText(registro.Fields("data_desa").textOr({}));
-    lblDataIncl.setText(registro.Fields("DATA_INCL").textOr({}));
-    for (const ColunaCarga& linha : ColunasCarga())
-        field(QString::fromLatin1(linha.campo)).setText(registro.Fields(linha.coluna).textOr({}));
+    for (const CampoPessoa* linha : OrdemCarga())
+        CarregaCampo(*linha, field(QString::fromLatin1(linha->nome)), registro);
+}
 
-    const QString aniversario = registro.Fields("Data_Aniv").textOr({});
-    mskDtNasc.setText(aniversario.isEmpty() ? u"__/__"_s : aniversario);
-    if (const Value data = registro.Fields("data_aniv_rela"); !data.isNull())
-        mskDtAnivRel.setText(data.text());
-
-    const Value documento = registro.Fields("cpf0_cnpj");
-    if (documento.isNull()) {
-        LimpaMascara(mskCodigo);
-    } else {
-        mskCodigo.setMask({});
-        mskCodigo.setText(documento.text());
+void frmPessoas::CarregaCampo(const CampoPessoa& linha, screen::Field& campo, Recordset& registro) {
+    const QString coluna = linha.coluna->toString();
+    const Value valor = registro.Fields(coluna);
+    const auto carregaCep = [&](const RegraCep& regra) {
+        CarregaCep(regra, registro, coluna, dynamic_cast<screen::MaskedField&>(campo));
+    };
+    switch (linha.forma) {
+    case Forma::Texto:
+    case Forma::Aparado:
+    case Forma::CodigoMunicipio:
+        return campo.setText(valor.textOr({}));
+    case Forma::TextoExigido:
+        return campo.setText(valor.text());
+    case Forma::FisicaOuJuridica:
+        return CarregaTipoPessoa(valor.textOr({}) == u"F");
+    case Forma::Documento:
+        return CarregaDocumento(valor, mskCodigo);
+    case Forma::DiaMes:
+        return campo.setText(valor.textOr({}).isEmpty() ? u"__/__"_s : valor.text());
+    case Forma::Data:
+        if (!valor.isNull())
+            campo.setText(valor.text());
+        return;
+    case Forma::CepComercial:
+        return carregaCep(cepComercial);
+    case Forma::CepEntrega:
+        return carregaCep(cepEntrega);
+    case Forma::CepCobranca:
+        return carregaCep(cepCobranca);
+    case Forma::Vendedor:
+        return campo.setText(Descricao(contexto_, valor, ConhecidoVendedor));
+    case Forma::TipoCliente:
+        return campo.setText(Descricao(contexto_, valor, DescricaoTipoCliente));
+    case Forma::Transportadora:
+        return campo.setText(Descricao(contexto_, valor, ConhecidoTransportadora));
     }
-    for (const RegraCep& regra : regrasCep)
-        CarregaCep(regra, registro, static_cast<screen::MaskedField&>(field(QString::fromLatin1(regra.campo))));
+}
 
-    cboVendedor.setText(Descricao(contexto_, registro.Fields("idvend"), ConhecidoVendedor));
-    const bool fisica = registro.Fields("psFI_psJU").textOr({}) == u"F";
+void frmPessoas::CarregaTipoPessoa(bool fisica) {
     cboFisJur.setText(fisica ? u"Física"_s : u"Jurídica"_s);
     lblCGCCPF.setText(fisica ? u"CPF:"_s : u"CGC:"_s);
     lblIE_RG.setText(fisica ? u"RG:"_s : u"I.ESTADUAL:"_s);
-    cboTipoCli.setText(Descricao(contexto_, registro.Fields("idtipo_clie"), DescricaoTipoCliente));
-    cboTransportadora.setText(Descricao(contexto_, registro.Fields("IDPESS_TRPT"), ConhecidoTransportadora));
 }
 
 } // namespace vorta

@@ -7,28 +7,28 @@
 #include "shared/Consultas.h"
 #include "shared/Insercao.h"
 
-#include <cstring>
-
 namespace vorta {
 
 namespace {
 
 using data::Statement;
 
-QString textoDe(const screen::Screen& tela, const char* campo) {
-    return tela.field(QString::fromLatin1(campo)).text();
+QString textoDe(const screen::Screen& tela, const CampoPessoa& linha) {
+    return tela.field(QString::fromLatin1(linha.nome)).text();
 }
 
-bool passa(Teste teste, const QString& texto) {
-    switch (teste) {
-    case Teste::A:
-    case Teste::C:
+bool temValor(Gravacao gravacao, const QString& texto) {
+    switch (gravacao) {
+    case Gravacao::Nunca:
+        return false;
+    case Gravacao::SeTemTexto:
+    case Gravacao::SeTemMascara:
         return !texto.isEmpty();
-    case Teste::B:
+    case Gravacao::SeTemTextoAparado:
         return !Trim(texto).isEmpty();
-    case Teste::D:
+    case Gravacao::SeTemData:
         return IsDate(texto);
-    case Teste::Sempre:
+    case Gravacao::Sempre:
         return true;
     }
     return true;
@@ -37,6 +37,12 @@ bool passa(Teste teste, const QString& texto) {
 QString valorDe(ContextoExecucao& contexto, Forma forma, const QString& texto, bool inclusao) {
     switch (forma) {
     case Forma::Texto:
+    case Forma::TextoExigido:
+    case Forma::Documento:
+    case Forma::DiaMes:
+    case Forma::CepComercial:
+    case Forma::CepEntrega:
+    case Forma::CepCobranca:
         return texto;
     case Forma::Aparado:
         return Trim(texto);
@@ -44,26 +50,16 @@ QString valorDe(ContextoExecucao& contexto, Forma forma, const QString& texto, b
         return inclusao ? Trim(texto) : texto;
     case Forma::FisicaOuJuridica:
         return texto == u"Física" ? u"F"_s : u"J"_s;
-    case Forma::IdVendedor:
-        return QString::number(IdVendedor(contexto, texto));
-    case Forma::IdTipoCliente:
-        return QString::number(IdTipoCliente(contexto, texto));
-    case Forma::IdTransportadora:
-        return QString::number(IdTransportadora(contexto, texto));
     case Forma::Data:
         return FormatDateSql(ParseDate(texto)->date());
+    case Forma::Vendedor:
+        return QString::number(IdVendedor(contexto, texto));
+    case Forma::TipoCliente:
+        return QString::number(IdTipoCliente(contexto, texto));
+    case Forma::Transportadora:
+        return QString::number(IdTransportadora(contexto, texto));
     }
     return texto;
-}
-
-/// The customer class is never null: without one the key is 0.
-bool semNulo(const char* campo) {
-    return std::strcmp(campo, "cboTipoCli") == 0;
-}
-
-/// The update spells the document's column in its own way where it has no value.
-bool documento(const char* campo) {
-    return std::strcmp(campo, "mskCodigo") == 0;
 }
 
 } // namespace
@@ -71,43 +67,31 @@ bool documento(const char* campo) {
 Statement MontaInsertPessoa(ContextoExecucao& contexto, const screen::Screen& tela, std::optional<qint32> novoId) {
     Insercao insercao("pess");
     insercao.incluiChave(Statement("idpess"), novoId);
-    insercao.inclui("psfi_psju", valorDe(contexto, Forma::FisicaOuJuridica, textoDe(tela, "cboFisJur"), true));
-    insercao.inclui("cpf0_cnpj", textoDe(tela, "mskCodigo"));
-    insercao.inclui("nome_pess", textoDe(tela, "txtDescricao"));
-    insercao.inclui("nome_conh", textoDe(tela, "txtNomeFantasia"));
-    for (const ColunaComando& linha : ColunasInsert()) {
-        const OrigemColuna& origem = OrigemDe(linha.campo);
-        const QString texto = textoDe(tela, linha.campo);
-        if (passa(origem.teste, texto))
-            insercao.inclui(linha.coluna, valorDe(contexto, origem.forma, texto, true));
-        else if (semNulo(linha.campo))
-            insercao.inclui(linha.coluna, u"0"_s);
+    for (const CampoPessoa* linha : OrdemInsert()) {
+        const QString texto = textoDe(tela, *linha);
+        const data::Piece coluna = linha->colunaInsert.value_or(*linha->coluna);
+        if (temValor(linha->grava, texto))
+            insercao.inclui(coluna, valorDe(contexto, linha->forma, texto, true));
+        else if (linha->vazio.inserido)
+            insercao.inclui(coluna, QString::fromLatin1(linha->vazio.inserido));
     }
-    insercao.inclui("codi_empr", textoDe(tela, "lblCodiEmpresa"));
     return insercao.encerra(contexto);
 }
 
 Statement MontaUpdatePessoa(ContextoExecucao& contexto, const screen::Screen& tela) {
     Statement comando("UPDATE PESS SET ");
-    const std::span<const ColunaComando> linhas = ColunasUpdate();
-    for (const ColunaComando& linha : linhas) {
-        const bool ultima = &linha == &linhas.back();
-        const OrigemColuna& origem = OrigemDe(linha.campo);
-        const QString texto = textoDe(tela, linha.campo);
-        if (passa(origem.teste, texto))
-            comando << linha.coluna << "='" << valorDe(contexto, origem.forma, texto, false) << "'";
-        else if (documento(linha.campo))
-            comando << "CPF0_CNPF=null";
-        else if (semNulo(linha.campo))
-            comando << linha.coluna << "=0";
-        else
-            comando << linha.coluna << "=null";
-        if (ultima)
-            comando << " ";
-        else
+    bool primeira = true;
+    for (const CampoPessoa* linha : OrdemUpdate()) {
+        if (!primeira)
             comando << ", ";
+        primeira = false;
+        const QString texto = textoDe(tela, *linha);
+        if (temValor(linha->grava, texto))
+            comando << *linha->coluna << "='" << valorDe(contexto, linha->forma, texto, false) << "'";
+        else
+            comando << linha->vazio.colunaAlterada.value_or(*linha->coluna) << "=" << linha->vazio.alterado;
     }
-    return comando << "WHERE (idPESS=" << textoDe(tela, "txtRowID") << ")";
+    return comando << " WHERE (idPESS=" << tela.field(u"txtRowID"_s).text() << ")";
 }
 
 } // namespace vorta

@@ -5,7 +5,6 @@
 #include "launch/AcessoDados.h"
 #include "launch/Lancamento.h"
 #include "person/BlocosEndereco.h"
-#include "person/CamposPessoa.h"
 #include "person/ContatosPessoa.h"
 #include "person/DesativacaoPessoa.h"
 #include "person/HistoricoPessoa.h"
@@ -36,7 +35,8 @@ bool ChecaEntrada(ContextoExecucao& contexto) {
 
 } // namespace
 
-frmPessoas::frmPessoas(ContextoExecucao& contexto) : Screen(contexto.program(), "frmPessoas"), contexto_(contexto) {
+frmPessoas::frmPessoas(ContextoExecucao& contexto)
+    : Screen(contexto.program(), "frmPessoas"), contexto_(contexto), campos_(LigaCampos(*this)) {
     ColocaPaginas();
     LigaFamilias();
     LigaHandlers();
@@ -130,11 +130,7 @@ void frmPessoas::LimpaTela() {
     PreparaGridContatos(*this);
     PreparaGridAtividades(*this);
     MontaGradesHistorico(*this);
-    for (const char* nome : CamposLimpos())
-        field(QString::fromLatin1(nome)).setText({});
-    for (screen::MaskedField* campo :
-         {&mskDtNasc, &mskCodigo, &mskCEP, &mskEnt_CEP, &mskCob_CEP, &mskDtNascCont, &mskDtAnivRel})
-        LimpaMascara(*campo);
+    LimpaCampos();
     for (screen::ListField* pais : {&cboPais_Coml, &cboPais_Entg, &cboPais_Cobr})
         pais->setText(u"BRASIL"_s);
     LimpaHistorico(*this);

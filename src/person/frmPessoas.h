@@ -2,9 +2,19 @@
 
 #include "base/Literals.h"
 #include "launch/ContextoExecucao.h"
+#include "person/CamposPessoa.h"
 #include "screen/Screen.h"
 
 namespace vorta {
+
+/// A row of the table with its field on a screen.
+struct CampoLigado {
+    const CampoPessoa* linha;
+    screen::Field* campo;
+};
+/// Finds the field of every row. Raises 438 with the name of a row without a field, and of an input field without a
+/// row.
+std::vector<CampoLigado> LigaCampos(const screen::Screen& tela);
 
 /// The register's start screen: one person with documents, three addresses, phones, contacts, branches, commercial
 /// defaults and history. It stays open until the process ends; every other screen is shown from it. Fields stand in the
@@ -211,7 +221,7 @@ class frmPessoas : public screen::Screen {
     void AplicaTipoClienteAutomatico();
     void MostraBotoesPapeis();
     void MostraBotoesCep();
-    void BloqueiaCamposFixos();
+    void LimpaCampos();
     void PosicionaBotoesEdicao();
     void AbandonaOperacao();
 
@@ -228,6 +238,8 @@ class frmPessoas : public screen::Screen {
     void AvisaNaoLocalizada();
     void PreencheCodigosMunicipio();
     void LePessoa(data::Recordset& registro);
+    void CarregaCampo(const CampoPessoa& linha, screen::Field& campo, data::Recordset& registro);
+    void CarregaTipoPessoa(bool fisica);
 
     // Checks on leaving a field and at the save.
     void mskCodigo_LostFocus();
@@ -245,6 +257,7 @@ class frmPessoas : public screen::Screen {
     void TerminaGravacao();
 
     ContextoExecucao& contexto_;
+    std::vector<CampoLigado> campos_; ///< all rows of the table with their fields
 };
 
 } // namespace vorta

@@ -1,5 +1,5 @@
 #include "base/Literals.h"
-#include "person/CamposPessoa.h"
+#include "base/RuntimeError.h"
 #include "person/frmPessoas.h"
 #include "shared/TextoEntrada.h"
 
@@ -12,91 +12,119 @@ namespace {
 using screen::Field;
 using screen::FieldKind;
 
-template <typename Acao>
-void ParaCada(const screen::Screen& tela, std::span<const char* const> nomes, Acao acao) {
-    for (const char* nome : nomes)
-        acao(tela.field(QString::fromLatin1(nome)));
-}
-
-bool contem(std::span<const char* const> nomes, const Field& campo) {
-    return std::ranges::any_of(nomes, [&](const char* nome) { return campo.name() == QLatin1StringView(nome); });
-}
-
 bool recebeTexto(const Field& campo) {
     return campo.kind() == FieldKind::Text || campo.kind() == FieldKind::List || campo.kind() == FieldKind::Masked;
 }
 
+template <typename Acao>
+void ParaCada(const std::vector<CampoLigado>& campos, Familia familia, Acao acao) {
+    for (const CampoLigado& ligado : campos)
+        if (ligado.linha->e(familia))
+            acao(*ligado.campo);
+}
+
+void Trava(Field& campo) {
+    if (campo.kind() == FieldKind::Button)
+        campo.setEnabled(false);
+    else
+        BloqueiaCampo(campo);
+}
+
+void Destrava(Field& campo) {
+    if (campo.kind() == FieldKind::Button)
+        campo.setEnabled(true);
+    else
+        LiberaCampo(campo);
+}
+
 } // namespace
 
-void frmPessoas::ColocaPaginas() {
-    SSTab2.place(u"Geral"_s, {&SSTab1, &txtFone1, &txtFone2, &txtFax1, &txtFax2, &txtEmail1, &cmdAbrirOutlook,
-                              &txtHomePage, &cmdAbrirIExplorer, &txtContatoPrincipal, &mskDtNasc, &mskDtAnivRel,
-                              &cboVendedor, &cboTransportadora, &cboTipoCli, &cboTabelaPrecos});
-    SSTab2.place(u"Contatos"_s,
-                 {&txtPrinNomeContato, &txtPrinFoneContato, &txtPrinEmailContato, &cboTipoContato, &txtNomeContato,
-                  &txtFoneContato, &txtEmailContato, &mskDtNascCont, &cmdIncluirContato, &Flex});
-    SSTab2.place(u"Ramo Ativ."_s, {&cboAtividades, &cmdIncluirAtividades, &FlexAtividades});
-    SSTab2.place(u"Obs."_s, {&txtOBSE_PESS_0001, &txtOBSE_PESS_0002, &txtOBSE_PESS_0003});
-    SSTab2.place(u"Fiscal"_s,
-                 {&lblIE_RG, &txtIEstadual, &txtIMunicipal, &txtSuframa, &txtSubsTributario, &cboStatusIntegraFISCO});
-    SSTab2.place(u"Hist Cliente I"_s,
-                 {&txtVrTOP, &opTopSobe, &opTopDesce, &cmdReprocessaHistClieI, &FlexHistClie, &lblPrimeiraCompra,
-                  &lblUltimaCompra, &lblQtdeCompras, &lblTotalItensCompras, &lblMontanteCompras});
-    SSTab2.place(u"Hist.Cliente II"_s,
-                 {&FlexHistClieII, &lblPrimeiraCompraII, &lblUltimaCompraII, &lblQtdeComprasII, &lblMontanteComprasII});
-    SSTab2.place(u"Hist.Cliente OS"_s, {&FlexHistClieIII, &lblPrimeiraCompraOS, &lblUltimaCompraOS, &lblQtdeComprasOS,
-                                        &lblMontanteComprasOS});
-    SSTab2.place(u"Hist.Forn.I"_s, {&FlexHistForn, &lblPrimeiraCompraForn, &lblUltimaCompraForn, &lblQtdeComprasForn,
-                                    &lblTotalItensComprasForn, &lblMontanteComprasForn});
-    SSTab2.place(u"Hist.Forn.II"_s, {&cboProduto, &cmdPesquisar_Produto, &FlexHistFornDeta});
+std::vector<CampoLigado> LigaCampos(const screen::Screen& tela) {
+    std::vector<CampoLigado> ligados;
+    for (const CampoPessoa& linha : CamposPessoa())
+        ligados.push_back({&linha, &tela.field(QString::fromLatin1(linha.nome))});
+    for (const Field* campo : tela.fields())
+        if (recebeTexto(*campo) && std::ranges::find(ligados, campo, &CampoLigado::campo) == ligados.end())
+            throw RuntimeError(errorNumber::NoSuchMember,
+                               u"O campo %1 da tela %2 não tem linha"_s.arg(campo->name(), tela.name()));
+    return ligados;
+}
 
-    SSTab1.place(u"Endereço"_s, {&mskCEP, &cmdCEP, &txtEndereco, &txtNumero, &txtComplemento, &txtBairro, &cboUF,
-                                 &cboCidade, &lblCodMunIBGE, &cboPais_Coml});
-    SSTab1.place(u"Endereço de Entrega"_s,
-                 {&cmdEndComl1, &mskEnt_CEP, &cmdCEP_Entg, &txtEnt_Endereco, &txtEnt_Numero, &txtEnt_Complemento,
-                  &txtEnt_Bairro, &cboEnt_UF, &cboEnt_Cidade, &lblEnt_CodMunIBGE, &cboPais_Entg});
-    SSTab1.place(u"Endereço de Cobrança"_s,
-                 {&cmdEndComl2, &cmdEndEntrega, &mskCob_CEP, &cmdCEP_Cobr, &txtCob_Endereco, &txtCob_Numero,
-                  &txtCob_Complemento, &txtCob_Bairro, &cboCob_UF, &cboCob_Cidade, &lblCob_CodMunIBGE, &cboPais_Cobr});
+/// Where the tab pages begin in the order of the fields. A page reaches to the beginning of the next one, so that a
+/// field stands on the page among whose fields it is declared.
+void frmPessoas::ColocaPaginas() {
+    struct Inicio {
+        const Field* primeiro;
+        screen::TabStrip* abas; ///< none: from here on the screen itself
+        QString pagina;
+    };
+    const Inicio inicios[]{
+        {&SSTab1, &SSTab2, u"Geral"_s},
+        {&mskCEP, &SSTab1, u"Endereço"_s},
+        {&cmdEndComl1, &SSTab1, u"Endereço de Entrega"_s},
+        {&cmdEndComl2, &SSTab1, u"Endereço de Cobrança"_s},
+        {&txtFone1, &SSTab2, u"Geral"_s},
+        {&txtPrinNomeContato, &SSTab2, u"Contatos"_s},
+        {&cboAtividades, &SSTab2, u"Ramo Ativ."_s},
+        {&txtOBSE_PESS_0001, &SSTab2, u"Obs."_s},
+        {&lblIE_RG, &SSTab2, u"Fiscal"_s},
+        {&txtVrTOP, &SSTab2, u"Hist Cliente I"_s},
+        {&FlexHistClieII, &SSTab2, u"Hist.Cliente II"_s},
+        {&FlexHistClieIII, &SSTab2, u"Hist.Cliente OS"_s},
+        {&FlexHistForn, &SSTab2, u"Hist.Forn.I"_s},
+        {&cboProduto, &SSTab2, u"Hist.Forn.II"_s},
+        {&cmdCliente, nullptr, {}},
+    };
+    const Inicio* atual = nullptr;
+    for (Field* campo : fields()) {
+        const Inicio* comeca = std::ranges::find(inicios, campo, &Inicio::primeiro);
+        if (comeca != std::end(inicios))
+            atual = comeca;
+        if (atual && atual->abas)
+            atual->abas->place(atual->pagina, {campo});
+    }
 }
 
 void frmPessoas::LigaFamilias() {
-    for (Field* campo : fields())
-        campo->enterMovesOn = recebeTexto(*campo) && !contem(CamposSemEnter(), *campo);
+    for (const auto& [linha, campo] : campos_) {
+        campo->enterMovesOn = recebeTexto(*campo) && !linha->e(SemEnter);
+        campo->apostropheBecomesAcute = linha->e(Acento);
+        campo->selectsOnFocus = linha->e(Seleciona);
+    }
     cmdIncluirContato.enterMovesOn = true;
-    ParaCada(*this, CamposComAcento(), [](Field& campo) { campo.apostropheBecomesAcute = true; });
-    ParaCada(*this, CamposComSelecao(), [](Field& campo) { campo.selectsOnFocus = true; });
 }
 
 void frmPessoas::AplicaTamanhosCampos() {
-    for (const TamanhoCampo& linha : TamanhosPessoa())
-        field(QString::fromLatin1(linha.campo)).setMaxLength(linha.tamanho);
+    for (const auto& [linha, campo] : campos_)
+        if (linha->tamanho > 0)
+            campo->setMaxLength(linha->tamanho);
 }
 
 void frmPessoas::AplicaDicasCampos() {
-    for (const DicaCampo& linha : DicasPessoa())
-        field(QString::fromLatin1(linha.campo)).setToolTip(QString::fromUtf8(linha.dica));
+    for (const auto& [linha, campo] : campos_)
+        campo->setToolTip(QString::fromUtf8(linha->dica));
+}
+
+void frmPessoas::LimpaCampos() {
+    ParaCada(campos_, Limpa, [](Field& campo) {
+        if (auto* mascara = dynamic_cast<screen::MaskedField*>(&campo))
+            LimpaMascara(*mascara);
+        else
+            campo.setText({});
+    });
 }
 
 void frmPessoas::BloqueiaCampos() {
-    ParaCada(*this, BotoesBloqueaveis(), [](Field& botao) { botao.setEnabled(false); });
     LiberaCampo(txtRowID);
     LiberaCampo(txtCodPessExterno);
-    ParaCada(*this, CamposBloqueaveis(), BloqueiaCampo);
-    BloqueiaCamposFixos();
+    ParaCada(campos_, SoNaEdicao, Trava);
+    ParaCada(campos_, SempreTravado, BloqueiaCampo);
 }
 
 void frmPessoas::LiberaCampos() {
-    ParaCada(*this, BotoesBloqueaveis(), [](Field& botao) { botao.setEnabled(true); });
     LiberaCampo(txtCodPessExterno);
-    ParaCada(*this, CamposBloqueaveis(), LiberaCampo);
-    BloqueiaCamposFixos();
-}
-
-/// What the program alone fills is locked in every state.
-void frmPessoas::BloqueiaCamposFixos() {
-    BloqueiaCampo(cboStatusIntegraFISCO);
-    BloqueiaCampo(txtDTDesativa);
+    ParaCada(campos_, SoNaEdicao, Destrava);
+    ParaCada(campos_, SempreTravado, BloqueiaCampo);
 }
 
 } // namespace vorta
