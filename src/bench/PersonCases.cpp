@@ -48,7 +48,7 @@ class PersonBench {
     void saves(int) {
         act([this] { user_.click(tela_.cmdALTERAR); });
         act([this] { user_.click(tela_.cmdSALVAR); });
-        if (contexto_.ModoTela != u" ")
+        if (ModoAtual(contexto_) != Modo::Ocioso)
             throw std::runtime_error("the alteration has been refused");
     }
 

@@ -147,7 +147,7 @@ void frmPessoas::CarregaPessoa() {
     LePessoa(contexto_.RecordsetComum);
     contexto_.RecordsetComum.Close();
     CarregaAtividades(*this);
-    CarregaContatos(*this);
+    contatos.Carrega(txtRowID.text());
 }
 
 void frmPessoas::LePessoa(Recordset& registro) {

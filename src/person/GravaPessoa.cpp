@@ -13,9 +13,9 @@ void frmPessoas::cmdSALVAR_Click() {
     if (!ValidaSalvar())
         return;
     BloqueiaCampos();
-    if (contexto_.ModoTela == u"I")
+    if (modo() == Modo::Inclusao)
         GravaInclusao();
-    else if (contexto_.ModoTela == u"A")
+    else if (modo() == Modo::Alteracao)
         GravaAlteracao();
     BloqueiaCampos();
     PosicionaBotoes();
@@ -36,7 +36,7 @@ void frmPessoas::GravaAlteracao() {
     contexto_.principal().BeginTrans();
     EnviaComando(contexto_, MontaUpdatePessoa(contexto_, *this));
     EnviaComando(contexto_, MontaDeleteAtividades(*this));
-    EnviaComando(contexto_, MontaDeleteContatos(*this));
+    EnviaComando(contexto_, contatos.MontaDeleteContatos(txtRowID.text()));
     GravaListas(txtRowID.text());
     TerminaGravacao();
 }
@@ -44,15 +44,14 @@ void frmPessoas::GravaAlteracao() {
 void frmPessoas::GravaListas(const QString& idpess) {
     for (int linha = 1; linha < FlexAtividades.Rows(); ++linha)
         EnviaComando(contexto_, MontaInsertAtividade(*this, idpess, linha));
-    for (int linha = 1; linha < Flex.Rows(); ++linha)
-        EnviaComando(contexto_, MontaInsertContato(*this, idpess, linha));
+    for (int linha = 1; linha < contatos.Flex.Rows(); ++linha)
+        EnviaComando(contexto_, contatos.MontaInsertContato(idpess, linha));
 }
 
 void frmPessoas::TerminaGravacao() {
     contexto_.principal().CommitTrans();
     setPointer(screen::Pointer::Default);
-    program().MsgBox(u"Registro Gravado com sucesso!"_s);
-    contexto_.ModoTela = u" "_s;
+    ConcluiOperacao();
 }
 
 } // namespace vorta

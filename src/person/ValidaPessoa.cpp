@@ -2,8 +2,6 @@
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
 #include "person/frmPessoas.h"
-#include "shared/Consultas.h"
-#include "shared/TextoEntrada.h"
 #include "shared/ValidaCampos.h"
 #include "shared/ValidaDocumentos.h"
 
@@ -100,29 +98,12 @@ void frmPessoas::mskCodigo_LostFocus() {
         SetFocus(mskCodigo);
 }
 
-/// From the time when codes were typed by hand: the test looks at the customers.
-void frmPessoas::txtRowID_LostFocus() {
-    if (contexto_.ModoTela != u"I" || txtRowID.text().isEmpty() || !ClienteExiste(contexto_, txtRowID.text()))
-        return;
-    program().MsgBox(u"O Cliente (%1) Já Existe! Tente outro código"_s.arg(txtRowID.text()));
-    SetFocus(txtRowID);
-}
-
 void frmPessoas::txtFone1_LostFocus() {
     constexpr int menorTelefone = 6;
     if (txtFone1.text().size() >= menorTelefone)
         return;
     program().MsgBox(u"Obrigatório Informar um Telefone!"_s);
     SetFocus(txtFone1);
-}
-
-void frmPessoas::Email_LostFocus(screen::Field& campo) {
-    if (campo.text().isEmpty() || ValidaEmail(contexto_, campo.text()))
-        return;
-    const Answer resposta = program().MsgBox(
-        {u"O e-mail digitado não passou na validação.\nVocê deseja corrigir?"_s, {}, Icon::None, Buttons::YesNo});
-    if (resposta == Answer::Yes)
-        SetFocus(campo);
 }
 
 bool frmPessoas::DocumentoInformado() {

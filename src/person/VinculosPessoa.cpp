@@ -97,7 +97,24 @@ void cmdSoTela_Click(frmPessoas& tela, const Papel& papel) {
     AbreTela(tela, papel.tela);
 }
 
+/// All links that hold a person in the register are asked, also behind the first one found.
+bool TemVinculo(const frmPessoas& tela) {
+    bool algum = false;
+    for (const Papel& papel : papeis)
+        if (papel.prendePessoa)
+            algum |= Val(Vinculo(tela.contexto(), papel, tela.txtRowID.text())) > 0;
+    return algum;
+}
+
 } // namespace
+
+bool frmPessoas::PodeDesativar() {
+    if (!TemVinculo(*this))
+        return true;
+    program().MsgBox({u"Atenção!!!\nExistem Vinculos com essa 'Pessoa'\nDesfaça os vinculos antes de desativar"_s,
+                      ContextoExecucao::Titulo(), Icon::Critical, Buttons::OK});
+    return false;
+}
 
 void LigaVinculos(frmPessoas& tela) {
     for (const Papel& papel : papeis) {

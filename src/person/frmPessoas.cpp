@@ -6,7 +6,6 @@
 #include "launch/Lancamento.h"
 #include "person/BlocosEndereco.h"
 #include "person/ContatosPessoa.h"
-#include "person/DesativacaoPessoa.h"
 #include "person/HistoricoPessoa.h"
 #include "person/VinculosPessoa.h"
 #include "shared/Consultas.h"
@@ -36,22 +35,26 @@ bool ChecaEntrada(ContextoExecucao& contexto) {
 } // namespace
 
 frmPessoas::frmPessoas(ContextoExecucao& contexto)
-    : Screen(contexto.program(), "frmPessoas"), contexto_(contexto), campos_(LigaCampos(*this)) {
+    : TelaEdicao(contexto, u"frmPessoas"_s,
+                 {.tabela = "PESS",
+                  .chave = "idPESS",
+                  .primeiroCampo = "txtDescricao",
+                  .semSelecaoVaiParaGrade = false,
+                  .obedeceSomenteConsulta = true,
+                  .iconeErro = screen::Icon::None,
+                  .fechaRecordsetNoErro = true}),
+      campos_(LigaCampos(*this)) {
     ColocaPaginas();
     LigaFamilias();
     LigaHandlers();
     LigaBlocosEndereco(*this);
     LigaContatos(*this);
     LigaVinculos(*this);
-    LigaDesativacao(*this);
     LigaHistorico(*this);
 }
 
 void frmPessoas::LigaHandlers() {
-    cmdINCLUIR.Click = [this] { cmdINCLUIR_Click(); };
-    cmdALTERAR.Click = [this] { cmdALTERAR_Click(); };
-    cmdSALVAR.Click = [this] { cmdSALVAR_Click(); };
-    cmdSAIR.Click = [this] { cmdSAIR_Click(); };
+    LigaOperacoes();
     cmdPesquisar_Cliente.Click = [this] { cmdPesquisar_Cliente_Click(); };
     cmdInfo.Click = [this] { contexto_.MostraTela(u"frmInfoPess"_s); };
     cmdAbrirOutlook.Click = [this] { AbreEmail(contexto_, txtEmail1.text()); };
@@ -63,12 +66,8 @@ void frmPessoas::LigaHandlers() {
     txtRowID.LostFocus = [this] { txtRowID_LostFocus(); };
     txtFone1.LostFocus = [this] { txtFone1_LostFocus(); };
     txtDescricao.LostFocus = [this] { txtDescricao.setText(Trim(UCase(txtDescricao.text()))); };
-    for (Field* email : std::initializer_list<Field*>{&txtEmail1, &txtPrinEmailContato, &txtEmailContato})
-        email->LostFocus = [this, email] { Email_LostFocus(*email); };
-}
-
-bool frmPessoas::EmEdicao() const {
-    return contexto_.ModoTela == u"I" || contexto_.ModoTela == u"A";
+    for (Field* email : std::initializer_list<Field*>{&txtEmail1, &txtPrinEmailContato})
+        email->LostFocus = [this, email] { ConfereEmail(*email); };
 }
 
 void frmPessoas::Load() {
@@ -90,7 +89,7 @@ void frmPessoas::Load() {
     AplicaTipoClienteAutomatico();
     PreencheTipoCliente(contexto_, *this);
     PreencheVendedores(contexto_, {}, cboVendedor);
-    PreencheCargos(contexto_, {}, cboTipoContato);
+    PreencheCargos(contexto_, {}, contatos.cboTipoContato);
     PreencheTabelasPreco(*this);
 }
 
@@ -127,38 +126,15 @@ void frmPessoas::AplicaTipoClienteAutomatico() {
 void frmPessoas::LimpaTela() {
     SSTab2.setCurrent(0);
     SSTab1.setCurrent(0);
-    PreparaGridContatos(*this);
+    contatos.PreparaGridContatos();
     PreparaGridAtividades(*this);
     MontaGradesHistorico(*this);
-    LimpaCampos();
+    EsvaziaCampos();
     for (screen::ListField* pais : {&cboPais_Coml, &cboPais_Entg, &cboPais_Cobr})
         pais->setText(u"BRASIL"_s);
     LimpaHistorico(*this);
     AplicaTipoClienteAutomatico();
     AtualizaIndicadoresVinculo(contexto_, *this);
-}
-
-void frmPessoas::PosicionaBotoes() {
-    const bool altera = !contexto_.SomenteConsulta;
-    for (screen::Button* botao : {&cmdINCLUIR, &cmdALTERAR, &cmdEXCLUIR, &cmdReativar})
-        botao->setEnabled(altera);
-    for (screen::Button* botao : {&cmdPESQUISAR, &cmdSALVAR, &cmdIMPRIMIR})
-        botao->setEnabled(false);
-    cmdSAIR.setEnabled(true);
-}
-
-void frmPessoas::PosicionaBotoesEdicao() {
-    for (screen::Button* botao : {&cmdPESQUISAR, &cmdINCLUIR, &cmdALTERAR, &cmdEXCLUIR, &cmdReativar, &cmdIMPRIMIR})
-        botao->setEnabled(false);
-    cmdSALVAR.setEnabled(true);
-    cmdSAIR.setEnabled(true);
-}
-
-void frmPessoas::AbandonaOperacao() {
-    PosicionaBotoes();
-    BloqueiaCampos();
-    LimpaTela();
-    contexto_.ModoTela = u" "_s;
 }
 
 void frmPessoas::cmdINCLUIR_Click() {
@@ -169,9 +145,8 @@ void frmPessoas::cmdINCLUIR_Click() {
         if (contexto_.RetornoPesquisa != u"[OK]")
             return;
     }
-    PosicionaBotoesEdicao();
-    contexto_.ModoTela = u"I"_s;
-    LiberaCampos();
+    BotoesEdicao();
+    Inicia(Modo::Inclusao);
     BloqueiaCampo(mskCodigo);
     if (ChecaEntrada(contexto_)) {
         BloqueiaCampo(txtDescricao);
@@ -181,57 +156,10 @@ void frmPessoas::cmdINCLUIR_Click() {
         LiberaCampo(cboFisJur);
         LiberaCampo(mskCodigo);
     }
-    BloqueiaCampo(txtRowID);
     if (ChecaEntrada(contexto_))
         SetFocus(txtEndereco);
     else
         SetFocus(txtCodPessExterno);
-}
-
-void frmPessoas::cmdALTERAR_Click() {
-    if (RTrim(txtRowID.text()).isEmpty()) {
-        program().MsgBox(u"Selecione Um Registro Para Executar esta Operação!"_s);
-        return;
-    }
-    if (!RTrim(txtDTDesativa.text()).isEmpty()) {
-        program().MsgBox(u"Impossibilidade de Executar o Comando!\nO Registro Está Desativado."_s);
-        SetFocus(Flex);
-        LimpaTela();
-        return;
-    }
-    PosicionaBotoesEdicao();
-    try {
-        IniciaAlteracao();
-    } catch (const RuntimeError& erro) {
-        program().MsgBox({u"Erro ao Alterar o Registro!\n%1 - %2"_s.arg(erro.number()).arg(erro.description()),
-                          u"Inclusão"_s, screen::Icon::None, screen::Buttons::OK});
-        setPointer(screen::Pointer::Default);
-        contexto_.RecordsetComum.Close();
-    }
-}
-
-void frmPessoas::IniciaAlteracao() {
-    contexto_.ModoTela = u"A"_s;
-    LiberaCampos();
-    BloqueiaCampo(txtRowID);
-    SetFocus(txtDescricao);
-}
-
-void frmPessoas::cmdSAIR_Click() {
-    if (!EmEdicao()) {
-        Unload();
-        return;
-    }
-    const screen::Answer resposta = program().MsgBox(
-        {u"Existe operação não concluída!!!\n\n<Sim> Sair sem Concluir\n<Não> Retornar para a Operação "
-         "Atual\n<Cancela> Retornar e Abortar a Operação Atual"_s,
-         {},
-         screen::Icon::None,
-         screen::Buttons::YesNoCancel});
-    if (resposta == screen::Answer::Yes)
-        Unload();
-    else if (resposta == screen::Answer::Cancel)
-        AbandonaOperacao();
 }
 
 void frmPessoas::cboFisJur_LostFocus() {

@@ -1,9 +1,8 @@
 #pragma once
 
 #include "base/Literals.h"
-#include "launch/ContextoExecucao.h"
 #include "person/CamposPessoa.h"
-#include "screen/Screen.h"
+#include "person/ContatosPessoa.h"
 
 namespace vorta {
 
@@ -19,24 +18,20 @@ std::vector<CampoLigado> LigaCampos(const screen::Screen& tela);
 /// The register's start screen: one person with documents, three addresses, phones, contacts, branches, commercial
 /// defaults and history. It stays open until the process ends; every other screen is shown from it. Fields stand in the
 /// order in which the keyboard walks them.
-class frmPessoas : public screen::Screen {
+class frmPessoas : public TelaEdicao {
   public:
     explicit frmPessoas(ContextoExecucao& contexto);
 
     void Load() override;
 
     // The four routines through which every change of state passes.
-    void LimpaTela();       ///< clears the screen
-    void PosicionaBotoes(); ///< buttons of the idle state
-    void BloqueiaCampos();  ///< locks the data fields
-    void LiberaCampos();    ///< frees them for inclusion or alteration
+    void LimpaTela();                          ///< clears the screen
+    void PosicionaBotoes() { BotoesOcioso(); } ///< buttons of the idle state
+    void BloqueiaCampos() override;            ///< locks the data fields
+    void LiberaCampos() override;              ///< frees them for inclusion or alteration
 
     /// Reads the person whose id stands in `txtRowID` into the fields; without a row the screen stays as it was.
     void CarregaPessoa();
-
-    ContextoExecucao& contexto() const { return contexto_; }
-    /// True during inclusion and alteration.
-    bool EmEdicao() const;
 
     // Head of the screen.
     screen::Label lblTituloJanela{this, "lblTituloJanela", u"Cadastro de Pessoas"_s};
@@ -127,13 +122,7 @@ class frmPessoas : public screen::Screen {
     screen::TextField txtPrinEmailContato{this, "txtPrinEmailContato"};
 
     // Contacts.
-    screen::ListField cboTipoContato{this, "cboTipoContato"};
-    screen::TextField txtNomeContato{this, "txtNomeContato"};
-    screen::TextField txtFoneContato{this, "txtFoneContato"};
-    screen::TextField txtEmailContato{this, "txtEmailContato"};
-    screen::MaskedField mskDtNascCont{this, "mskDtNascCont", u"##/##"_s};
-    screen::Button cmdIncluirContato{this, "cmdIncluirContato", u"Incluir"_s};
-    screen::Grid Flex{this, "Flex"};
+    BlocoContatos contatos{*this, contatosPessoa};
 
     // Branches of activity.
     screen::ListField cboAtividades{this, "cboAtividades"};
@@ -221,14 +210,11 @@ class frmPessoas : public screen::Screen {
     void AplicaTipoClienteAutomatico();
     void MostraBotoesPapeis();
     void MostraBotoesCep();
-    void LimpaCampos();
-    void PosicionaBotoesEdicao();
-    void AbandonaOperacao();
+    void EsvaziaCampos();
 
-    void cmdINCLUIR_Click();
-    void cmdALTERAR_Click();
-    void IniciaAlteracao();
-    void cmdSAIR_Click();
+    void LimpaCampos() override { LimpaTela(); }
+    void cmdINCLUIR_Click() override;
+    bool PodeDesativar() override;
     void cboFisJur_LostFocus();
 
     // Search and load.
@@ -243,20 +229,17 @@ class frmPessoas : public screen::Screen {
 
     // Checks on leaving a field and at the save.
     void mskCodigo_LostFocus();
-    void txtRowID_LostFocus();
     void txtFone1_LostFocus();
-    void Email_LostFocus(screen::Field& campo);
     bool DocumentoInformado();
     bool ValidaSalvar();
 
     // Writes.
-    void cmdSALVAR_Click();
+    void cmdSALVAR_Click() override;
     void GravaInclusao();
     void GravaAlteracao();
     void GravaListas(const QString& idpess);
     void TerminaGravacao();
 
-    ContextoExecucao& contexto_;
     std::vector<CampoLigado> campos_; ///< all rows of the table with their fields
 };
 

@@ -91,7 +91,7 @@ void frmPessoas::LigaFamilias() {
         campo->apostropheBecomesAcute = linha->e(Acento);
         campo->selectsOnFocus = linha->e(Seleciona);
     }
-    cmdIncluirContato.enterMovesOn = true;
+    contatos.cmdIncluirContato.enterMovesOn = true;
 }
 
 void frmPessoas::AplicaTamanhosCampos() {
@@ -105,7 +105,7 @@ void frmPessoas::AplicaDicasCampos() {
         campo->setToolTip(QString::fromUtf8(linha->dica));
 }
 
-void frmPessoas::LimpaCampos() {
+void frmPessoas::EsvaziaCampos() {
     ParaCada(campos_, Limpa, [](Field& campo) {
         if (auto* mascara = dynamic_cast<screen::MaskedField*>(&campo))
             LimpaMascara(*mascara);

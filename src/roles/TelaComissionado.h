@@ -26,7 +26,7 @@ class TelaComissionado : public TelaPapel {
     screen::ListField cboBancoCartao{this, "cboBancoCartao"};
     screen::TextField txtBancAgen{this, "txtBancAgen"};
     screen::TextField txtBancCont{this, "txtBancCont"};
-    ContatosPapel contatos{TelaPapel::contexto(), *this, papel(), regras()};
+    BlocoContatos contatos{*this, regrasContatos()};
 
   protected:
     data::Statement MontaInsert(std::optional<qint32> id) override;

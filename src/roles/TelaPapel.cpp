@@ -17,14 +17,24 @@ namespace {
 
 using data::Recordset;
 using data::Statement;
-using screen::Answer;
 using screen::Buttons;
 using screen::Field;
 using screen::Icon;
 
 const QString telaPessoas = u"frmPessoas"_s;
-const QString avisoOcioso = u"Selecione Um Registro Para Alterar/Desativar ou Reativar"_s;
-const QString modoOcioso = u" "_s;
+
+/// The line that tells the mode.
+QString Aviso(Modo modo) {
+    switch (modo) {
+    case Modo::Inclusao:
+        return u"O Modo <INCLUSÃO> está ATIVO"_s;
+    case Modo::Alteracao:
+        return u"O Modo <ALTERAÇÃO> está ATIVO"_s;
+    case Modo::Ocioso:
+        break;
+    }
+    return u"Selecione Um Registro Para Alterar/Desativar ou Reativar"_s;
+}
 
 QString DataDaLinha(const data::Value& valor) {
     return valor.isNull() ? QString() : FormatDate(valor.date().date());
@@ -33,19 +43,16 @@ QString DataDaLinha(const data::Value& valor) {
 } // namespace
 
 TelaPapel::TelaPapel(ContextoExecucao& contexto, TipoPapel papel, const RegrasTelaPapel& regras)
-    : Screen(contexto.program(), QString::fromLatin1(PapelDe(papel).tela)), lblRowId(this, regras.rotuloId),
-      contexto_(contexto), papel_(PapelDe(papel)), regras_(regras) {
+    : TelaEdicao(
+          contexto, QString::fromLatin1(PapelDe(papel).tela),
+          {.tabela = PapelDe(papel).tabela, .chave = PapelDe(papel).chave, .primeiroCampo = regras.primeiroCampo}),
+      lblRowId(this, regras.rotuloId), papel_(PapelDe(papel)), regras_(regras) {
     txtRowID.selectsOnFocus = true;
     txtRowID.enterMovesOn = true;
     txtRowID.setLocked(true);
     txtDTDesativa.setLocked(true);
     cmdPESQUISAR.Click = [this] { cmdPESQUISAR_Click(); };
-    cmdINCLUIR.Click = [this] { cmdINCLUIR_Click(); };
-    cmdALTERAR.Click = [this] { cmdALTERAR_Click(); };
-    cmdEXCLUIR.Click = [this] { cmdEXCLUIR_Click(); };
-    cmdReativar.Click = [this] { cmdReativar_Click(); };
-    cmdSALVAR.Click = [this] { cmdSALVAR_Click(); };
-    cmdSAIR.Click = [this] { cmdSAIR_Click(); };
+    LigaOperacoes();
     chkVisualiza.Click = [this] { chkVisualiza_Click(); };
     if (regras.grupo.confereCodigo)
         txtRowID.LostFocus = [this] { txtRowID_LostFocus(); };
@@ -92,7 +99,7 @@ void TelaPapel::Load() {
     if (contatos_)
         PreencheCargos(contexto_, {}, contatos_->cboTipoContato);
     cmdPESQUISAR_Click();
-    lblAviso.setText(avisoOcioso);
+    MostraModo(Modo::Ocioso);
 }
 
 void TelaPapel::QueryUnload() {
@@ -100,18 +107,17 @@ void TelaPapel::QueryUnload() {
         AtualizaIndicadoresVinculo(contexto_, contexto_.Tela(telaPessoas));
 }
 
-void TelaPapel::BotoesOcioso() {
-    for (screen::Button* botao : {&cmdINCLUIR, &cmdALTERAR, &cmdEXCLUIR, &cmdReativar, &cmdSAIR})
-        botao->setEnabled(true);
-    for (screen::Button* botao : {&cmdPESQUISAR, &cmdSALVAR, &cmdIMPRIMIR})
-        botao->setEnabled(false);
+RegrasContatos TelaPapel::regrasContatos() const {
+    return {.tabela = papel_.contatos.value(),
+            .chaveDono = papel_.chave,
+            .campoAniversario = "mskDtNasc",
+            .aniversario = regras_.grupo.entradaConferida ? ConfereAniversario::AoSair : ConfereAniversario::Nunca,
+            .nomeEmMaiusculas = regras_.grupo.entradaConferida,
+            .dataComando = regras_.grupo.dataComando};
 }
 
-void TelaPapel::BotoesEdicao() {
-    for (screen::Button* botao : {&cmdPESQUISAR, &cmdINCLUIR, &cmdALTERAR, &cmdEXCLUIR, &cmdReativar, &cmdIMPRIMIR})
-        botao->setEnabled(false);
-    for (screen::Button* botao : {&cmdSALVAR, &cmdSAIR})
-        botao->setEnabled(true);
+void TelaPapel::MostraModo(Modo modo) {
+    lblAviso.setText(Aviso(modo));
 }
 
 void TelaPapel::BloqueiaCampos() {
@@ -130,7 +136,6 @@ void TelaPapel::LiberaCampos() {
             LiberaCampo(*campo);
     if (contatos_)
         contatos_->Libera();
-    BloqueiaCampo(txtRowID);
     txtDTDesativa.setLocked(true);
     txtDTDesativa.setBackground(screen::colour::Free);
 }
@@ -191,37 +196,8 @@ bool TelaPapel::Selecionado() const {
     return regras_.grupo.selecao == Selecao::PelaPessoa ? !RTrim(txtRowID.text()).isEmpty() : Val(lblRowId.text()) != 0;
 }
 
-bool TelaPapel::FaltaSelecao() {
-    if (Selecionado())
-        return false;
-    program().MsgBox(u"Selecione Um Registro Para Executar esta Operação!"_s);
-    return true;
-}
-
-void TelaPapel::Recusa(const QString& motivo) {
-    program().MsgBox(u"Impossibilidade de Executar o Comando!\n"_s + motivo);
-}
-
-void TelaPapel::VaiParaGrade() {
-    if (contatos_)
-        SetFocus(contatos_->Flex);
-}
-
-void TelaPapel::ComArmadilha(const QString& mensagem, const std::function<void()>& passos) {
-    try {
-        passos();
-    } catch (const RuntimeError& erro) {
-        program().MsgBox({u"%1\n%2 - %3"_s.arg(mensagem).arg(erro.number()).arg(erro.description()), u"Inclusão"_s,
-                          Icon::Information, Buttons::OK});
-        setPointer(screen::Pointer::Default);
-    }
-}
-
-void TelaPapel::Edita(const QString& modo, const QString& aviso) {
-    contexto_.ModoTela = modo;
-    lblAviso.setText(aviso);
-    LiberaCampos();
-    SetFocus(field(QString::fromLatin1(regras_.primeiroCampo)));
+QString TelaPapel::IdRegistro() const {
+    return lblRowId.text();
 }
 
 void TelaPapel::cmdINCLUIR_Click() {
@@ -231,7 +207,7 @@ void TelaPapel::cmdINCLUIR_Click() {
     }
     BotoesEdicao();
     const auto passos = [this] {
-        Edita(u"I"_s, u"O Modo <INCLUSÃO> está ATIVO"_s);
+        Edita(Modo::Inclusao);
         LimpaCampos();
         if (regras_.grupo.preencheCredencial)
             field(u"mskDtCredencial"_s).setText(FormatDate(contexto_.hoje()));
@@ -242,93 +218,22 @@ void TelaPapel::cmdINCLUIR_Click() {
         passos();
 }
 
-void TelaPapel::cmdALTERAR_Click() {
-    if (FaltaSelecao())
-        return VaiParaGrade();
-    if (!RTrim(txtDTDesativa.text()).isEmpty()) {
-        Recusa(u"O Registro Está Desativado."_s);
-        VaiParaGrade();
-        LimpaCampos();
-        return;
-    }
-    ComArmadilha(u"Erro ao Alterar o Registro!"_s, [this] {
-        BotoesEdicao();
-        Edita(u"A"_s, u"O Modo <ALTERAÇÃO> está ATIVO"_s);
-    });
+void TelaPapel::AoDesativar() {
+    if (regras_.guardaVinculo)
+        LimpaVinculoPess(contexto_, txtRowID.text(), papel_.chave);
 }
 
-/// Sends the change of the audit columns of the role row on the screen.
-void TelaPapel::MudaSituacao(const Statement& colunas) {
-    Statement& comando = contexto_.SqlComando;
-    comando.clear();
-    comando << "UPDATE " << papel_.tabela << " SET " << colunas << "WHERE (" << papel_.chave << "=" << lblRowId.text()
-            << ")";
-    ExecutaSemAcentos(contexto_, comando);
+bool TelaPapel::PodeReativar() {
+    if (!regras_.grupo.conferePessoaAtiva || Trim(contexto_.Tela(telaPessoas).field(u"lblDataDesa"_s).text()).isEmpty())
+        return true;
+    program().MsgBox({u"Atenção!!!\nO registro 'Pessoa' deverá ser reativado antes dessa operação!"_s,
+                      ContextoExecucao::Titulo(), Icon::Critical, Buttons::OK});
+    return false;
 }
 
-void TelaPapel::cmdEXCLUIR_Click() {
-    if (FaltaSelecao())
-        return;
-    if (!RTrim(txtDTDesativa.text()).isEmpty()) {
-        Recusa(u"O Registro Já está como Desativado."_s);
-        LimpaCampos();
-        return;
-    }
-    if (program().MsgBox({u"Deseja realmente Desativar?"_s, {}, Icon::None, Buttons::YesNo}) == Answer::Yes) {
-        MudaSituacao(Statement("user_desa='") << contexto_.CodigoUsuario << "', "
-                                              << "data_desa='" << FormatDateSql(contexto_.hoje()) << "' ");
-        if (regras_.guardaVinculo)
-            LimpaVinculoPess(contexto_, txtRowID.text(), papel_.chave);
-    }
-    BotoesOcioso();
-    LimpaCampos();
-}
-
-void TelaPapel::cmdReativar_Click() {
-    if (FaltaSelecao())
-        return;
-    if (RTrim(txtDTDesativa.text()).isEmpty()) {
-        Recusa(u"O Registro Já está como Ativo."_s);
-        LimpaCampos();
-        return;
-    }
-    if (regras_.grupo.conferePessoaAtiva &&
-        !Trim(contexto_.Tela(telaPessoas).field(u"lblDataDesa"_s).text()).isEmpty()) {
-        program().MsgBox({u"Atenção!!!\nO registro 'Pessoa' deverá ser reativado antes dessa operação!"_s,
-                          ContextoExecucao::Titulo(), Icon::Critical, Buttons::OK});
-        return;
-    }
-    if (program().MsgBox({u"Deseja realmente Reativar Este Registro ?"_s, {}, Icon::None, Buttons::YesNo}) ==
-        Answer::Yes) {
-        MudaSituacao(Statement("user_desa=null, ") << "data_desa=null, "
-                                                   << "user_incl='" << contexto_.CodigoUsuario << "', "
-                                                   << "data_incl='" << FormatDateSql(contexto_.hoje()) << "' ");
-        if (regras_.guardaVinculo)
-            GravaVinculoPess(contexto_, txtRowID.text(), papel_.chave, lblRowId.text());
-    }
-    BotoesOcioso();
-    LimpaCampos();
-    cmdPESQUISAR_Click();
-}
-
-void TelaPapel::cmdSAIR_Click() {
-    if (contexto_.ModoTela != u"I" && contexto_.ModoTela != u"A")
-        return Unload();
-    const Answer resposta = program().MsgBox(
-        {u"Existe operação não concluída!!!\n\n<Sim> Sair sem Concluir\n<Não> Retornar para a Operação "
-         "Atual\n<Cancela> Retornar e Abortar a Operação Atual"_s,
-         {},
-         Icon::None,
-         Buttons::YesNoCancel});
-    if (resposta == Answer::Yes)
-        return Unload();
-    if (resposta != Answer::Cancel)
-        return;
-    BotoesOcioso();
-    BloqueiaCampos();
-    LimpaCampos();
-    contexto_.ModoTela = modoOcioso;
-    lblAviso.setText(avisoOcioso);
+void TelaPapel::AoReativar() {
+    if (regras_.guardaVinculo)
+        GravaVinculoPess(contexto_, txtRowID.text(), papel_.chave, lblRowId.text());
 }
 
 void TelaPapel::cmdSALVAR_Click() {
@@ -340,12 +245,10 @@ void TelaPapel::cmdSALVAR_Click() {
     if (!ConfereCampos())
         return;
     BloqueiaCampos();
-    lblAviso.setText(avisoOcioso);
-    const bool altera = contexto_.ModoTela == u"A";
-    if (altera || contexto_.ModoTela == u"I") {
-        Grava([this, altera] { altera ? GravaAlteracao() : GravaInclusao(); });
-        program().MsgBox(u"Registro Gravado com sucesso!"_s);
-        contexto_.ModoTela = modoOcioso;
+    MostraModo(Modo::Ocioso);
+    if (EmEdicao()) {
+        Grava([this] { modo() == Modo::Alteracao ? GravaAlteracao() : GravaInclusao(); });
+        ConcluiOperacao();
     }
     BloqueiaCampos();
     BotoesOcioso();
@@ -402,13 +305,6 @@ void TelaPapel::GravaContatos(const QString& idPapel) {
         return;
     for (int linha = 1; linha < contatos_->Flex.Rows(); ++linha)
         Envia(contatos_->MontaInsertContato(idPapel, linha));
-}
-
-void TelaPapel::txtRowID_LostFocus() {
-    if (contexto_.ModoTela != u"I" || txtRowID.text().isEmpty() || !ClienteExiste(contexto_, txtRowID.text()))
-        return;
-    program().MsgBox(u"O Cliente (%1) Já Existe! Tente outro código"_s.arg(txtRowID.text()));
-    SetFocus(txtRowID);
 }
 
 /// The list of an older table of salespeople, whatever the role.

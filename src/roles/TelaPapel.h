@@ -1,9 +1,8 @@
 #pragma once
 
 #include "base/Literals.h"
-#include "launch/ContextoExecucao.h"
-#include "roles/ContatosPapel.h"
 #include "roles/RegrasTelaPapel.h"
+#include "shared/BlocoContatos.h"
 #include "shared/Insercao.h"
 #include "shared/Papeis.h"
 
@@ -13,7 +12,7 @@ namespace vorta {
 /// and edits at most one row of its role's table. What differs between them is in their `Papel` and their
 /// `RegrasTelaPapel`; a screen of its own adds its fields and the statements that carry them. The operations stand in
 /// front of the record's fields, so that behind the last field the keyboard comes back to them.
-class TelaPapel : public screen::Screen {
+class TelaPapel : public TelaEdicao {
   public:
     TelaPapel(ContextoExecucao& contexto, TipoPapel papel, const RegrasTelaPapel& regras);
 
@@ -48,13 +47,15 @@ class TelaPapel : public screen::Screen {
     virtual void CompletaCampos() {}
     /// The screen's own checks of a save; false stops it.
     virtual bool ConfereCampos() { return true; }
-    virtual void BloqueiaCampos();
-    virtual void LiberaCampos();
-    virtual void LimpaCampos();
+    void BloqueiaCampos() override;
+    void LiberaCampos() override;
+    void LimpaCampos() override;
 
     /// Tells the frame the record's fields, which it locks, frees and clears; `numericos` are cleared to "0".
     void Registro(std::initializer_list<screen::Field*> campos, std::initializer_list<screen::Field*> numericos = {});
-    void Contatos(ContatosPapel& contatos) { contatos_ = &contatos; }
+    void Contatos(BlocoContatos& contatos) { contatos_ = &contatos; }
+    /// For the contacts of a role that has a table of them.
+    RegrasContatos regrasContatos() const;
     /// An amount: entering selects it, Enter moves on, leaving reshapes it.
     void CampoValor(screen::Field& campo);
     /// Amounts left empty become zero.
@@ -71,44 +72,34 @@ class TelaPapel : public screen::Screen {
     /// The date of a field in the form of this screen's statements; nothing when the field holds no date.
     std::optional<QString> DataDoCampo(const screen::Field& campo) const;
 
-    ContextoExecucao& contexto() const { return contexto_; }
     const Papel& papel() const { return papel_; }
     const RegrasTelaPapel& regras() const { return regras_; }
 
   private:
-    void BotoesOcioso();
-    void BotoesEdicao();
-    bool Selecionado() const;
-    /// The message for a screen without a record; true when it was shown.
-    bool FaltaSelecao();
-    void Recusa(const QString& motivo);
+    bool Selecionado() const override;
+    QString IdRegistro() const override;
+    void MostraModo(Modo modo) override;
+    bool PodeReativar() override;
+    void AoDesativar() override;
+    void AoReativar() override;
+    void Recarrega() override { cmdPESQUISAR_Click(); }
     void CarregaRegistro();
-    void Edita(const QString& modo, const QString& aviso);
-    void VaiParaGrade();
-    void MudaSituacao(const data::Statement& colunas);
     void Grava(const std::function<void()>& passos);
     void GravaAlteracao();
     void GravaInclusao();
     void GravaContatos(const QString& idPapel);
     void Envia(const data::Statement& comando);
-    void ComArmadilha(const QString& mensagem, const std::function<void()>& passos);
 
     void cmdPESQUISAR_Click();
-    void cmdINCLUIR_Click();
-    void cmdALTERAR_Click();
-    void cmdEXCLUIR_Click();
-    void cmdReativar_Click();
-    void cmdSALVAR_Click();
-    void cmdSAIR_Click();
-    void txtRowID_LostFocus();
+    void cmdINCLUIR_Click() override;
+    void cmdSALVAR_Click() override;
     void chkVisualiza_Click();
 
-    ContextoExecucao& contexto_;
     const Papel& papel_;
     const RegrasTelaPapel& regras_;
     std::vector<screen::Field*> registro_;
     std::vector<screen::Field*> numericos_;
-    ContatosPapel* contatos_ = nullptr;
+    BlocoContatos* contatos_ = nullptr;
 };
 
 /// A value between apostrophes, or null when it is empty.

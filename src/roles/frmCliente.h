@@ -21,7 +21,7 @@ class frmCliente : public TelaPapel {
     screen::ListField cboRegimeEspecialICMS{this, "cboRegimeEspecialICMS"};
     screen::Label lblValoTroc{this, "lblValoTroc"};
     screen::Label lblUltimoPed{this, "lblUltimoPed"};
-    ContatosPapel contatos{TelaPapel::contexto(), *this, papel(), regras()};
+    BlocoContatos contatos{*this, regrasContatos()};
 
   protected:
     data::Statement MontaInsert(std::optional<qint32> id) override;

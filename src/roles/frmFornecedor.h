@@ -13,7 +13,7 @@ class frmFornecedor : public TelaPapel {
     screen::MaskedField mskDtCredencial{this, "mskDtCredencial", u"##/##/####"_s};
     screen::TextField txtLimiCred{this, "txtLimiCred"};
     screen::TextField txtDescontoFornecedor{this, "txtDescontoFornecedor"};
-    ContatosPapel contatos{TelaPapel::contexto(), *this, papel(), regras()};
+    BlocoContatos contatos{*this, regrasContatos()};
 
   protected:
     data::Statement MontaInsert(std::optional<qint32> id) override;

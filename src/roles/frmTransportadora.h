@@ -11,7 +11,7 @@ class frmTransportadora : public TelaPapel {
     explicit frmTransportadora(ContextoExecucao& contexto);
 
     screen::MaskedField mskDtCredencial{this, "mskDtCredencial", u"##/##/####"_s};
-    ContatosPapel contatos{TelaPapel::contexto(), *this, papel(), regras()};
+    BlocoContatos contatos{*this, regrasContatos()};
 
   protected:
     data::Statement MontaInsert(std::optional<qint32> id) override;

@@ -240,11 +240,11 @@ TEST_F(CarregaPessoaTela, ListsComeUpInTheirGrids) {
     EXPECT_EQ(tela.FlexAtividades.Rows(), 3);
     EXPECT_EQ(tela.FlexAtividades.cell(1, 1), u"COMERCIO");
     EXPECT_EQ(tela.FlexAtividades.cell(2, 1), QString());
-    EXPECT_EQ(tela.Flex.Rows(), 2);
-    EXPECT_EQ(tela.Flex.cell(1, 1), u"COMPRAS");
-    EXPECT_EQ(tela.Flex.cell(1, 2), u"ANA");
-    EXPECT_EQ(tela.Flex.cell(1, 3), QString());
-    EXPECT_EQ(tela.Flex.cell(1, 5), u"31/12");
+    EXPECT_EQ(tela.contatos.Flex.Rows(), 2);
+    EXPECT_EQ(tela.contatos.Flex.cell(1, 1), u"COMPRAS");
+    EXPECT_EQ(tela.contatos.Flex.cell(1, 2), u"ANA");
+    EXPECT_EQ(tela.contatos.Flex.cell(1, 3), QString());
+    EXPECT_EQ(tela.contatos.Flex.cell(1, 5), u"31/12");
 }
 
 TEST_F(CarregaPessoaTela, TheModeStaysAndEditsAreGone) {

@@ -174,16 +174,16 @@ TEST_F(ComandosPessoa, TheMunicipalCodeIsTrimmedAtInclusionOnly) {
 }
 
 TEST_F(ComandosPessoa, ContactInsert) {
-    PreparaGridContatos(tela);
-    tela.Flex.AddItem(u"\tCOMPRAS\tAna\t3333\ta@b.com\t31/12"_s);
-    tela.Flex.AddItem(u"\tDIRETOR\tBia"_s);
+    tela.contatos.PreparaGridContatos();
+    tela.contatos.Flex.AddItem(u"\tCOMPRAS\tAna\t3333\ta@b.com\t31/12"_s);
+    tela.contatos.Flex.AddItem(u"\tDIRETOR\tBia"_s);
     EXPECT_EQ(
-        MontaInsertContato(tela, u"44"_s, 1).text(),
+        tela.contatos.MontaInsertContato(u"44"_s, 1).text(),
         u"insert into pess_cont (idpess_cont, idpess, carg_pess_cont, nome_pess_cont, tele_pess_cont, "
         "emai_pess_cont, data_nasc, data_incl, user_incl) values ('71', '44', 'COMPRAS', 'Ana', '3333', 'a@b.com', "
         "'31/12', '20261120', '12')"_s);
     UsaBanco(u"MSSQL"_s);
-    EXPECT_EQ(MontaInsertContato(tela, u"44"_s, 2).text(),
+    EXPECT_EQ(tela.contatos.MontaInsertContato(u"44"_s, 2).text(),
               u"insert into pess_cont (idpess, carg_pess_cont, nome_pess_cont, data_nasc, data_incl, user_incl) "
               "values ('44', 'DIRETOR', 'Bia', '', '20261120', '12')"_s);
 }
@@ -202,7 +202,7 @@ TEST_F(ComandosPessoa, BranchInsertLooksTheKeyUpAfresh) {
 
 TEST_F(ComandosPessoa, Deletes) {
     tela.txtRowID.setText(u"44"_s);
-    EXPECT_EQ(MontaDeleteContatos(tela).text(), u"DELETE FROM PESS_CONT WHERE (idPESS=44)"_s);
+    EXPECT_EQ(tela.contatos.MontaDeleteContatos(u"44"_s).upper().text(), u"DELETE FROM PESS_CONT WHERE (IDPESS=44)"_s);
     EXPECT_EQ(MontaDeleteAtividades(tela).text(), u"DELETE FROM pess_ativ WHERE (idpess=44)"_s);
 }
 

@@ -8,9 +8,9 @@ class GravaPessoa : public PessoasFixture {
   protected:
     void SetUp() override {
         PreenchePessoa();
-        PreparaGridContatos(tela);
+        tela.contatos.PreparaGridContatos();
         PreparaGridAtividades(tela);
-        tela.Flex.AddItem(u"\tCOMPRAS\tAna\t\t\t"_s);
+        tela.contatos.Flex.AddItem(u"\tCOMPRAS\tAna\t\t\t"_s);
         tela.FlexAtividades.AddItem(u"\tCOMERCIO\t"_s);
         database.answer(u"FROM ativ"_s, {{u"idAtiv"_s}, {{number(33)}}});
         database.sent.clear();

@@ -178,8 +178,8 @@ TEST_F(ValidaPessoa, ShortPhoneKeepsTheFocus) {
 }
 
 TEST_F(ValidaPessoa, EmailAsksWhetherToCorrect) {
-    for (screen::Field* email :
-         std::initializer_list<screen::Field*>{&tela.txtEmail1, &tela.txtPrinEmailContato, &tela.txtEmailContato}) {
+    for (screen::Field* email : std::initializer_list<screen::Field*>{&tela.txtEmail1, &tela.txtPrinEmailContato,
+                                                                      &tela.contatos.txtEmailContato}) {
         platform.boxes.clear();
         email->setText(u"sem arroba"_s);
         user.focus(*email);

@@ -84,7 +84,7 @@ TEST_F(TelaPessoas, AlterationNeedsAnActivePerson) {
     Clica(tela.cmdALTERAR);
     EXPECT_EQ(platform.boxes[1].text, u"Impossibilidade de Executar o Comando!\nO Registro Está Desativado.");
     EXPECT_EQ(tela.txtRowID.text(), QString());
-    EXPECT_EQ(tela.focus(), &tela.Flex);
+    EXPECT_EQ(tela.focus(), &tela.contatos.Flex);
     EXPECT_FALSE(tela.EmEdicao());
 
     tela.txtRowID.setText(u"44"_s);

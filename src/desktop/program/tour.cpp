@@ -7,6 +7,7 @@
 #include "desktop/DesktopPlatform.h"
 #include "desktop/MessageBox.h"
 #include "desktop/ScreenWindow.h"
+#include "shared/Modo.h"
 #include "shared/Papeis.h"
 
 #include <QDir>
@@ -98,8 +99,7 @@ class Tour : public desktop::DesktopPlatform {
 
     /// Leaves an operation begun; the question about it is answered with its end.
     void giveUp() {
-        const QString& mode = register_->context().ModoTela;
-        if (mode == u"I" || mode == u"A")
+        if (ModoAtual(register_->context()) != Modo::Ocioso)
             click("cmdSAIR");
     }
 

@@ -1,6 +1,5 @@
-#include "roles/ContatosPapel.h"
+#include "shared/BlocoContatos.h"
 
-#include "base/Format.h"
 #include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
@@ -28,76 +27,73 @@ QString NomeColuna(const char* assunto, const TabelaContatos& tabela) {
 
 } // namespace
 
-ContatosPapel::ContatosPapel(ContextoExecucao& contexto, screen::Screen& tela, const Papel& papel,
-                             const RegrasTelaPapel& regras)
+BlocoContatos::BlocoContatos(TelaEdicao& tela, const RegrasContatos& regras)
     : cboTipoContato(&tela, "cboTipoContato"), txtNomeContato(&tela, "txtNomeContato"),
       txtFoneContato(&tela, "txtFoneContato"), txtEmailContato(&tela, "txtEmailContato"),
-      mskDtNasc(&tela, "mskDtNasc", u"##/##"_s), cmdIncluirContato(&tela, "cmdIncluirContato", u"Incluir"_s),
-      Flex(&tela, "Flex"), contexto_(contexto), tela_(tela), papel_(papel), regras_(regras),
-      tabela_(papel.contatos.value()) {
+      mskDtNasc(&tela, regras.campoAniversario, u"##/##"_s),
+      cmdIncluirContato(&tela, "cmdIncluirContato", u"Incluir"_s), Flex(&tela, "Flex"), tela_(tela),
+      contexto_(tela.contexto()), regras_(regras) {
     PreparaGridContatos();
     for (Field* campo :
          std::initializer_list<Field*>{&cboTipoContato, &txtNomeContato, &txtFoneContato, &txtEmailContato})
         campo->enterMovesOn = true;
     cmdIncluirContato.Click = [this] { cmdIncluirContato_Click(); };
-    Flex.Click = [this] { Flex_Click(); };
-    txtEmailContato.LostFocus = [this] { txtEmailContato_LostFocus(); };
-    if (!regras.grupo.entradaConferida)
-        return;
-    mskDtNasc.enterMovesOn = true;
-    mskDtNasc.LostFocus = [this] { mskDtNasc_LostFocus(); };
-    txtNomeContato.LostFocus = [this] { txtNomeContato.setText(UCase(txtNomeContato.text())); };
+    (regras.duploClique ? Flex.DblClick : Flex.Click) = [this] { Flex_Toque(); };
+    txtEmailContato.LostFocus = [this] { tela_.ConfereEmail(txtEmailContato); };
+    if (regras.nomeEmMaiusculas)
+        txtNomeContato.LostFocus = [this] { txtNomeContato.setText(UCase(txtNomeContato.text())); };
+    if (regras.aniversario == ConfereAniversario::AoSair) {
+        mskDtNasc.enterMovesOn = true;
+        mskDtNasc.LostFocus = [this] { mskDtNasc_LostFocus(); };
+    }
 }
 
-void ContatosPapel::PreparaGridContatos() {
+void BlocoContatos::PreparaGridContatos() {
     Flex.reset({{u"ID"_s, 0}, {u"Tipo"_s}, {u"Nome"_s}, {u"Fone"_s}, {u"E-Mail"_s}, {u"Aniver."_s}});
 }
 
-void ContatosPapel::LimpaEntrada() {
+void BlocoContatos::LimpaEntrada() {
     for (Field* campo :
          std::initializer_list<Field*>{&cboTipoContato, &txtNomeContato, &txtFoneContato, &txtEmailContato})
         campo->setText({});
     LimpaMascara(mskDtNasc);
 }
 
-void ContatosPapel::Bloqueia() {
+void BlocoContatos::Bloqueia() {
     for (Field* campo :
          std::initializer_list<Field*>{&cboTipoContato, &txtNomeContato, &txtFoneContato, &txtEmailContato, &mskDtNasc})
         BloqueiaCampo(*campo);
 }
 
-void ContatosPapel::Libera() {
+void BlocoContatos::Libera() {
     for (Field* campo :
          std::initializer_list<Field*>{&cboTipoContato, &txtNomeContato, &txtFoneContato, &txtEmailContato, &mskDtNasc})
         LiberaCampo(*campo);
 }
 
-void ContatosPapel::Carrega(const QString& idPapel) {
+void BlocoContatos::Carrega(const QString& idDono) {
     PreparaGridContatos();
-    contexto_.SqlConsulta.clear();
-    contexto_.SqlConsulta << "SELECT * "
-                          << "From " << tabela_.tabela << " "
-                          << "Where " << papel_.chave << "=" << idPapel;
-    for (Recordset registros = AbreLeitura(contexto_, contexto_.SqlConsulta); !registros.Eof(); registros.MoveNext()) {
+    Statement consulta("SELECT * From ");
+    consulta << regras_.tabela.tabela << " Where " << regras_.chaveDono << "=" << idDono;
+    for (Recordset registros = AbreLeitura(contexto_, consulta); !registros.Eof(); registros.MoveNext()) {
         QString linha(u'\t');
         for (const char* assunto : {"carg_", "nome_", "tele_", "emai_"})
-            linha += registros.Fields(NomeColuna(assunto, tabela_)).textOr({}) + u'\t';
+            linha += registros.Fields(NomeColuna(assunto, regras_.tabela)).textOr({}) + u'\t';
         Flex.AddItem(linha + FormatDayMonthText(registros.Fields("DATA_NASC").textOr({})) + u'\t');
     }
 }
 
-Statement ContatosPapel::MontaDeleteContatos(const QString& idPapel) const {
-    Statement comando;
-    comando << "DELETE FROM " << tabela_.tabela << " "
-            << "WHERE (" << papel_.chave << "=" << idPapel << ")";
-    return comando;
+Statement BlocoContatos::MontaDeleteContatos(const QString& idDono) const {
+    return Statement("DELETE FROM ") << regras_.tabela.tabela << " WHERE (" << regras_.chaveDono << "=" << idDono
+                                     << ")";
 }
 
-Statement ContatosPapel::MontaInsertContato(const QString& idPapel, int linha) const {
-    const auto coluna = [&](data::Piece assunto) { return Statement(assunto) << tabela_.tabela; };
-    Insercao insercao(tabela_.tabela);
-    insercao.incluiChave(coluna("id"), ChaveDoGerador(contexto_, tabela_.gerador));
-    insercao.inclui(papel_.chave, idPapel);
+Statement BlocoContatos::MontaInsertContato(const QString& idDono, int linha) const {
+    const data::Piece tabela = regras_.tabela.tabela;
+    const auto coluna = [&](data::Piece assunto) { return Statement(assunto) << tabela; };
+    Insercao insercao(tabela);
+    insercao.incluiChave(coluna("id"), ChaveDoGerador(contexto_, regras_.tabela.gerador));
+    insercao.inclui(regras_.chaveDono, idDono);
     insercao.inclui(coluna("carg_"), Flex.cell(linha, Tipo));
     insercao.inclui(coluna("nome_"), Flex.cell(linha, Nome));
     if (const QString fone = Flex.cell(linha, Fone); !fone.isEmpty())
@@ -106,11 +102,21 @@ Statement ContatosPapel::MontaInsertContato(const QString& idPapel, int linha) c
         insercao.inclui(coluna("emai_"), email);
     if (const QString aniversario = Flex.cell(linha, Aniversario); aniversario != semAniversario)
         insercao.inclui("data_nasc", aniversario);
-    return insercao.encerra(contexto_, regras_.grupo.dataComando);
+    return insercao.encerra(contexto_, regras_.dataComando);
 }
 
-void ContatosPapel::cmdIncluirContato_Click() {
-    if (cboTipoContato.text().isEmpty() || txtNomeContato.text().isEmpty())
+bool BlocoContatos::AniversarioAceito() {
+    QString aniversario = mskDtNasc.text();
+    if (regras_.aniversario != ConfereAniversario::NaInclusao || ValidaDiaMes(contexto_, aniversario))
+        return true;
+    tela_.program().MsgBox(
+        {u"Formato de Data Inválida!"_s, u"Data de Aniversário"_s, screen::Icon::Information, screen::Buttons::OK});
+    tela_.SetFocus(mskDtNasc);
+    return false;
+}
+
+void BlocoContatos::cmdIncluirContato_Click() {
+    if (cboTipoContato.text().isEmpty() || txtNomeContato.text().isEmpty() || !AniversarioAceito())
         return;
     const QString aniversario = mskDtNasc.text();
     Flex.AddItem(u'\t' + QStringList{cboTipoContato.text(), txtNomeContato.text(), txtFoneContato.text(),
@@ -120,11 +126,18 @@ void ContatosPapel::cmdIncluirContato_Click() {
     tela_.SetFocus(cboTipoContato);
 }
 
-/// The contact leaves the grid and lives in the entry fields until it is included again.
-void ContatosPapel::Flex_Click() {
+void BlocoContatos::Flex_Toque() {
     const int linha = Flex.Row();
-    if ((contexto_.ModoTela != u"I" && contexto_.ModoTela != u"A") || linha == 0)
+    if (linha == 0)
         return;
+    if (tela_.EmEdicao())
+        RetiraDaGrade(linha);
+    else if (regras_.duploClique)
+        AbreEmail(contexto_, Trim(Flex.cell(linha, Email)));
+}
+
+/// The contact leaves the grid and lives in the entry fields until it is included again.
+void BlocoContatos::RetiraDaGrade(int linha) {
     cboTipoContato.setText(Flex.cell(linha, Tipo));
     txtNomeContato.setText(Flex.cell(linha, Nome));
     txtFoneContato.setText(Flex.cell(linha, Fone));
@@ -137,20 +150,7 @@ void ContatosPapel::Flex_Click() {
         PreparaGridContatos();
 }
 
-void ContatosPapel::txtEmailContato_LostFocus() {
-    if (txtEmailContato.text().isEmpty() || ValidaEmail(contexto_, txtEmailContato.text()))
-        return;
-    const screen::Answer resposta =
-        tela_.program().MsgBox({u"O e-mail digitado não passou na validação.\nVocê deseja corrigir?"_s,
-                                {},
-                                screen::Icon::None,
-                                screen::Buttons::YesNo});
-    if (resposta == screen::Answer::Yes)
-        tela_.SetFocus(txtEmailContato);
-}
-
-/// A birthday is checked in a fixed year, so 29 February is never one.
-void ContatosPapel::mskDtNasc_LostFocus() {
+void BlocoContatos::mskDtNasc_LostFocus() {
     if (mskDtNasc.text() == semAniversario)
         return;
     const std::optional<QDateTime> dia = ParseDate(mskDtNasc.text() + u"/2001"_s);
