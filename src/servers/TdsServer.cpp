@@ -17,20 +17,16 @@ QString here(const char* file) {
 
 } // namespace
 
-QStringList TdsServer::sample() {
-    return {u"--ddl"_s, here("schema.sql"), u"--load"_s, here("rows.sql")};
-}
-
 void TdsServer::require() {
     for (const QString& needed : {QString::fromUtf8(TDS_PYTHON), here("tds_server.py")})
         if (!QFile::exists(needed))
             throw std::runtime_error("the test server cannot be had: there is no " + needed.toStdString());
 }
 
-TdsServer::TdsServer(const QStringList& options, const QStringList& content) {
+TdsServer::TdsServer(const QStringList& options) {
     const QStringList arguments{here("tds_server.py"), u"--trace"_s, folder_.filePath(u"trace"_s)};
     process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process_.start(QString::fromUtf8(TDS_PYTHON), arguments + content + options);
+    process_.start(QString::fromUtf8(TDS_PYTHON), arguments + options);
     if (!process_.waitForReadyRead(patienceMs))
         throw std::runtime_error("the test server did not start");
     port_ = process_.readLine().trimmed().mid(5).toInt();

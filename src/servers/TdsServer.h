@@ -8,18 +8,16 @@
 
 namespace vorta::servers {
 
-/// The server of tests/tds, which stands for SQL Server; it ends with the object, or with this process.
+/// The server of servers/tds, which stands for SQL Server; it ends with the object, or with this process.
 class TdsServer {
   public:
-    /// `options` as tds_server.py takes them, `content` its tables and rows; throws `std::runtime_error` when it does
+    /// `options` as tds_server.py takes them, its tables and rows among them; throws `std::runtime_error` when it does
     /// not start.
-    explicit TdsServer(const QStringList& options = {}, const QStringList& content = sample());
+    explicit TdsServer(const QStringList& options);
     ~TdsServer();
 
     /// Throws `std::runtime_error` when there is no such server on this machine.
     static void require();
-    /// The tables of schema.sql and the rows of rows.sql.
-    static QStringList sample();
 
     int port() const { return port_; }
     /// The connection string of an engine tag's form for this server.

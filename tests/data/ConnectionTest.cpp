@@ -12,7 +12,7 @@ namespace vorta::data {
 
 namespace {
 
-using test::errorOf;
+using test::ErrorOf;
 
 Statement withValue(const char* value) {
     Statement statement;
@@ -38,7 +38,7 @@ TEST(Connection, RefusedOpenLeavesItClosed) {
     test::FakeDatabase database;
     database.refuseOpen = true;
     Connection connection(database.factory());
-    EXPECT_EQ(errorOf([&] { connection.Open(Engine::Firebird, {}); }), errorNumber::ConnectionFailed);
+    EXPECT_EQ(ErrorOf([&] { connection.Open(Engine::Firebird, {}); }), errorNumber::ConnectionFailed);
     EXPECT_FALSE(connection.IsOpen());
 }
 
@@ -46,11 +46,11 @@ TEST(Connection, ClosedRaises3704) {
     test::FakeDatabase database;
     Connection connection(database.factory());
     Recordset rows;
-    EXPECT_EQ(errorOf([&] { connection.Execute(Statement("x")); }), errorNumber::ObjectClosed);
-    EXPECT_EQ(errorOf([&] { rows.Open(Statement("x"), connection); }), errorNumber::ObjectClosed);
-    EXPECT_EQ(errorOf([&] { connection.BeginTrans(); }), errorNumber::ObjectClosed);
-    EXPECT_EQ(errorOf([&] { connection.CommitTrans(); }), errorNumber::ObjectClosed);
-    EXPECT_EQ(errorOf([&] { connection.Close(); }), errorNumber::ObjectClosed);
+    EXPECT_EQ(ErrorOf([&] { connection.Execute(Statement("x")); }), errorNumber::ObjectClosed);
+    EXPECT_EQ(ErrorOf([&] { rows.Open(Statement("x"), connection); }), errorNumber::ObjectClosed);
+    EXPECT_EQ(ErrorOf([&] { connection.BeginTrans(); }), errorNumber::ObjectClosed);
+    EXPECT_EQ(ErrorOf([&] { connection.CommitTrans(); }), errorNumber::ObjectClosed);
+    EXPECT_EQ(ErrorOf([&] { connection.Close(); }), errorNumber::ObjectClosed);
     EXPECT_EQ(database.sent, QStringList());
 }
 
@@ -59,7 +59,7 @@ TEST(Connection, TraceHearsARefusedStatementTheEngineNeverGets) {
     QStringList heard;
     Connection connection(database.factory(), [&](const QString& text) { heard += text; });
     connection.Open(Engine::Firebird, {});
-    EXPECT_EQ(errorOf([&] { connection.Execute(withValue("D'AVILA")); }), errorNumber::StatementRefused);
+    EXPECT_EQ(ErrorOf([&] { connection.Execute(withValue("D'AVILA")); }), errorNumber::StatementRefused);
     EXPECT_EQ(heard, QStringList{u"update pess set nome='D'AVILA'"_s});
     EXPECT_EQ(database.sent, QStringList());
 }
@@ -93,13 +93,13 @@ TEST(FailingStatements, FailsTheChosenStatementOnly) {
     connection.Execute(Statement("one"));
     failing.failAt(2);
     connection.Execute(Statement("two"));
-    EXPECT_EQ(errorOf([&] { connection.Execute(Statement("three")); }), errorNumber::StatementRefused);
+    EXPECT_EQ(ErrorOf([&] { connection.Execute(Statement("three")); }), errorNumber::StatementRefused);
     EXPECT_EQ(failing.sent(), 2);
     connection.Execute(Statement("four"));
     EXPECT_EQ(database.writes, (QStringList{u"one"_s, u"two"_s, u"four"_s}));
     failing.failCommit();
     connection.BeginTrans();
-    EXPECT_EQ(errorOf([&] { connection.CommitTrans(); }), errorNumber::StatementRefused);
+    EXPECT_EQ(ErrorOf([&] { connection.CommitTrans(); }), errorNumber::StatementRefused);
     connection.CommitTrans();
 }
 

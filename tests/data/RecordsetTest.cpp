@@ -11,7 +11,7 @@ namespace vorta::data {
 
 namespace {
 
-using test::errorOf;
+using test::ErrorOf;
 
 class RecordsetTest : public testing::Test {
   protected:
@@ -39,8 +39,8 @@ TEST_F(RecordsetTest, WalksForwardOverItsRows) {
     EXPECT_EQ(rows.Fields("a").toInt32(), 2);
     rows.MoveNext();
     EXPECT_TRUE(rows.Eof());
-    EXPECT_EQ(errorOf([&] { rows.MoveNext(); }), errorNumber::NoCurrentRow);
-    EXPECT_EQ(errorOf([&] { (void)rows.Fields("a"); }), errorNumber::NoCurrentRow);
+    EXPECT_EQ(ErrorOf([&] { rows.MoveNext(); }), errorNumber::NoCurrentRow);
+    EXPECT_EQ(ErrorOf([&] { (void)rows.Fields("a"); }), errorNumber::NoCurrentRow);
 }
 
 TEST_F(RecordsetTest, EmptyResultStartsAtItsEnd) {
@@ -93,9 +93,9 @@ TEST_F(RecordsetTest, ColumnsByNameInAnyCaseAndByIndex) {
     EXPECT_EQ(rows.Fields("nome_pess").text(), u"A");
     EXPECT_EQ(rows.Fields("IdPess").toInt32(), 1);
     EXPECT_EQ(rows.Fields(0).text(), u"A");
-    EXPECT_EQ(errorOf([&] { (void)rows.Fields("nome"); }), errorNumber::NoSuchColumn);
-    EXPECT_EQ(errorOf([&] { (void)rows.Fields(2); }), errorNumber::NoSuchColumn);
-    EXPECT_EQ(errorOf([&] { (void)rows.Fields(-1); }), errorNumber::NoSuchColumn);
+    EXPECT_EQ(ErrorOf([&] { (void)rows.Fields("nome"); }), errorNumber::NoSuchColumn);
+    EXPECT_EQ(ErrorOf([&] { (void)rows.Fields(2); }), errorNumber::NoSuchColumn);
+    EXPECT_EQ(ErrorOf([&] { (void)rows.Fields(-1); }), errorNumber::NoSuchColumn);
 }
 
 TEST_F(RecordsetTest, OverwriteChangesThisRowOfThisCopyOnly) {
@@ -105,17 +105,17 @@ TEST_F(RecordsetTest, OverwriteChangesThisRowOfThisCopyOnly) {
     rows.MoveNext();
     EXPECT_EQ(rows.Fields("a").text(), u"y");
     EXPECT_EQ(database.sent, QStringList{u"select"_s});
-    EXPECT_EQ(errorOf([&] { rows.Overwrite(u"b", {}); }), errorNumber::NoSuchColumn);
+    EXPECT_EQ(ErrorOf([&] { rows.Overwrite(u"b", {}); }), errorNumber::NoSuchColumn);
 }
 
 TEST_F(RecordsetTest, ClosedRaises3704) {
     Recordset rows;
-    EXPECT_EQ(errorOf([&] { (void)rows.Eof(); }), errorNumber::ObjectClosed);
-    EXPECT_EQ(errorOf([&] { (void)rows.Fields("a"); }), errorNumber::ObjectClosed);
+    EXPECT_EQ(ErrorOf([&] { (void)rows.Eof(); }), errorNumber::ObjectClosed);
+    EXPECT_EQ(ErrorOf([&] { (void)rows.Fields("a"); }), errorNumber::ObjectClosed);
     rows = open({{"a"}, {{test::text("x")}}});
     rows.Close();
-    EXPECT_EQ(errorOf([&] { (void)rows.RecordCount(); }), errorNumber::ObjectClosed);
-    EXPECT_EQ(errorOf([&] { rows.Close(); }), errorNumber::ObjectClosed);
+    EXPECT_EQ(ErrorOf([&] { (void)rows.RecordCount(); }), errorNumber::ObjectClosed);
+    EXPECT_EQ(ErrorOf([&] { rows.Close(); }), errorNumber::ObjectClosed);
 }
 
 TEST_F(RecordsetTest, IsHandedOnAndNeverShared) {
@@ -124,13 +124,13 @@ TEST_F(RecordsetTest, IsHandedOnAndNeverShared) {
     rows.MoveNext();
     const Recordset taken = std::move(rows);
     EXPECT_EQ(taken.Fields("a").text(), u"y");
-    EXPECT_EQ(errorOf([&] { (void)rows.Eof(); }), errorNumber::ObjectClosed);
+    EXPECT_EQ(ErrorOf([&] { (void)rows.Eof(); }), errorNumber::ObjectClosed);
 }
 
 TEST_F(RecordsetTest, FailedOpenKeepsTheOldRows) {
     Recordset rows = open({{"a"}, {{test::text("x")}}});
     database.fail(u"broken"_s, errorNumber::StatementRefused);
-    EXPECT_EQ(errorOf([&] { rows.Open(Statement("broken"), connection); }), errorNumber::StatementRefused);
+    EXPECT_EQ(ErrorOf([&] { rows.Open(Statement("broken"), connection); }), errorNumber::StatementRefused);
     EXPECT_EQ(rows.Fields("a").text(), u"x");
 }
 

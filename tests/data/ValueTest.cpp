@@ -9,7 +9,7 @@ namespace vorta::data {
 
 namespace {
 
-using test::errorOf;
+using test::ErrorOf;
 
 Value decimal(qint64 unscaled, int scale) {
     return Decimal{unscaled, scale};
@@ -39,32 +39,32 @@ TEST(Value, OtherKindsAsText) {
 }
 
 TEST(Value, NullRaises94) {
-    EXPECT_EQ(errorOf([] { (void)Value().text(); }), errorNumber::InvalidNull);
-    EXPECT_EQ(errorOf([] { (void)Value().number(); }), errorNumber::InvalidNull);
-    EXPECT_EQ(errorOf([] { (void)Value().toInt16(); }), errorNumber::InvalidNull);
-    EXPECT_EQ(errorOf([] { (void)Value().date(); }), errorNumber::InvalidNull);
+    EXPECT_EQ(ErrorOf([] { (void)Value().text(); }), errorNumber::InvalidNull);
+    EXPECT_EQ(ErrorOf([] { (void)Value().number(); }), errorNumber::InvalidNull);
+    EXPECT_EQ(ErrorOf([] { (void)Value().toInt16(); }), errorNumber::InvalidNull);
+    EXPECT_EQ(ErrorOf([] { (void)Value().date(); }), errorNumber::InvalidNull);
 }
 
 TEST(Value, NumbersFromEveryKind) {
     EXPECT_EQ(Value(qint64{12}).number(), 12.0);
     EXPECT_EQ(decimal(1250, 2).number(), 12.5);
     EXPECT_EQ(text("1.234,5").number(), 1234.5);
-    EXPECT_EQ(errorOf([] { (void)text("abc").number(); }), errorNumber::TypeMismatch);
-    EXPECT_EQ(errorOf([] { (void)Value(QDateTime::currentDateTime()).number(); }), errorNumber::TypeMismatch);
+    EXPECT_EQ(ErrorOf([] { (void)text("abc").number(); }), errorNumber::TypeMismatch);
+    EXPECT_EQ(ErrorOf([] { (void)Value(QDateTime::currentDateTime()).number(); }), errorNumber::TypeMismatch);
 }
 
 TEST(Value, IntegersHaveARange) {
     EXPECT_EQ(Value(qint64{32767}).toInt16(), 32767);
-    EXPECT_EQ(errorOf([] { (void)Value(qint64{32768}).toInt16(); }), errorNumber::Overflow);
+    EXPECT_EQ(ErrorOf([] { (void)Value(qint64{32768}).toInt16(); }), errorNumber::Overflow);
     EXPECT_EQ(Value(qint64{2147483647}).toInt32(), 2147483647);
-    EXPECT_EQ(errorOf([] { (void)Value(qint64{2147483648}).toInt32(); }), errorNumber::Overflow);
+    EXPECT_EQ(ErrorOf([] { (void)Value(qint64{2147483648}).toInt32(); }), errorNumber::Overflow);
     EXPECT_EQ(text("15").toInt32(), 15);
 }
 
 TEST(Value, DatesFromDatesAndTexts) {
     EXPECT_EQ(text("07/03/2026").date().date(), QDate(2026, 3, 7));
-    EXPECT_EQ(errorOf([] { (void)text("31/02/2026").date(); }), errorNumber::TypeMismatch);
-    EXPECT_EQ(errorOf([] { (void)Value(qint64{5}).date(); }), errorNumber::TypeMismatch);
+    EXPECT_EQ(ErrorOf([] { (void)text("31/02/2026").date(); }), errorNumber::TypeMismatch);
+    EXPECT_EQ(ErrorOf([] { (void)Value(qint64{5}).date(); }), errorNumber::TypeMismatch);
 }
 
 } // namespace vorta::data

@@ -26,9 +26,9 @@ TEST(AcessoDados, WritesGoInCapitals) {
 
 TEST(AcessoDados, WithoutAConnectionEveryStatementFails) {
     World mundo;
-    EXPECT_EQ(errorOf([&] { AbreLeitura(mundo.contexto, data::Statement("select 1")); }), errorNumber::ObjectNotSet);
-    EXPECT_EQ(errorOf([&] { Executa(mundo.contexto, data::Statement("delete")); }), errorNumber::ObjectNotSet);
-    EXPECT_EQ(errorOf([&] { LeParametroEmpresa(mundo.contexto, u"X"_s); }), errorNumber::ObjectNotSet);
+    EXPECT_EQ(ErrorOf([&] { AbreLeitura(mundo.contexto, data::Statement("select 1")); }), errorNumber::ObjectNotSet);
+    EXPECT_EQ(ErrorOf([&] { Executa(mundo.contexto, data::Statement("delete")); }), errorNumber::ObjectNotSet);
+    EXPECT_EQ(ErrorOf([&] { LeParametroEmpresa(mundo.contexto, u"X"_s); }), errorNumber::ObjectNotSet);
 }
 
 TEST(AcessoDados, CompanySwitches) {

@@ -143,7 +143,7 @@ TEST(ConectaServidor, OtherFailuresReturnWithoutAWord) {
         EXPECT_TRUE(conecta(mundo)) << nome;
         EXPECT_TRUE(mundo.platform.boxes.empty()) << nome;
         EXPECT_TRUE(mundo.database.opened.empty()) << nome;
-        EXPECT_EQ(errorOf([&] { mundo.contexto.principal(); }), errorNumber::ObjectNotSet) << nome;
+        EXPECT_EQ(ErrorOf([&] { mundo.contexto.principal(); }), errorNumber::ObjectNotSet) << nome;
     }
     LaunchWorld semArquivo;
     semArquivo.platform.files.remove(u"/vorta/config/server.ini"_s);
@@ -245,7 +245,7 @@ TEST(ConectaServidorCEP, KnowsThreeTagsOnly) {
         EXPECT_TRUE(mundo.platform.boxes.empty()) << etiqueta.tag;
         ASSERT_EQ(mundo.database.opened.size(), etiqueta.cep ? 1u : 0u) << etiqueta.tag;
         if (!etiqueta.cep) {
-            EXPECT_EQ(errorOf([&] { mundo.contexto.cep(); }), errorNumber::ObjectNotSet);
+            EXPECT_EQ(ErrorOf([&] { mundo.contexto.cep(); }), errorNumber::ObjectNotSet);
             continue;
         }
         EXPECT_EQ(mundo.database.opened[0].connectionString,

@@ -94,10 +94,10 @@ TEST(ContextoExecucao, NumbersAndBooleans) {
     EXPECT_EQ(contexto.CodigoUsuario, 32767);
     EXPECT_EQ(contexto.TopoGridBusca, 100000);
     EXPECT_EQ(contexto.Campo(u"SomenteConsulta"_s), u"True"_s);
-    EXPECT_EQ(errorOf([&] { contexto.GravaCampo(u"CodigoUsuario"_s, u"32768"_s); }), errorNumber::Overflow);
-    EXPECT_EQ(errorOf([&] { contexto.GravaCampo(u"CodigoUsuario"_s, u"x"_s); }), errorNumber::TypeMismatch);
-    EXPECT_EQ(errorOf([&] { contexto.GravaCampo(u"SomenteConsulta"_s, u"talvez"_s); }), errorNumber::TypeMismatch);
-    EXPECT_EQ(errorOf([&] { contexto.Campo(u"Nada"_s); }), errorNumber::NoSuchMember);
+    EXPECT_EQ(ErrorOf([&] { contexto.GravaCampo(u"CodigoUsuario"_s, u"32768"_s); }), errorNumber::Overflow);
+    EXPECT_EQ(ErrorOf([&] { contexto.GravaCampo(u"CodigoUsuario"_s, u"x"_s); }), errorNumber::TypeMismatch);
+    EXPECT_EQ(ErrorOf([&] { contexto.GravaCampo(u"SomenteConsulta"_s, u"talvez"_s); }), errorNumber::TypeMismatch);
+    EXPECT_EQ(ErrorOf([&] { contexto.Campo(u"Nada"_s); }), errorNumber::NoSuchMember);
 }
 
 TEST(ContextoExecucao, EachScreenHasOneInstanceMadeAtItsFirstUse) {
@@ -110,7 +110,7 @@ TEST(ContextoExecucao, EachScreenHasOneInstanceMadeAtItsFirstUse) {
     EXPECT_FALSE(mundo.contexto.ConheceTela(u"frmOutra"_s));
     EXPECT_EQ(&mundo.contexto.Tela(u"frmContada"_s), &mundo.contexto.Tela(u"FrmContada"_s));
     EXPECT_EQ(Contada::made, 1);
-    EXPECT_EQ(errorOf([&] { mundo.contexto.Tela(u"frmOutra"_s); }), errorNumber::ObjectNotSet);
+    EXPECT_EQ(ErrorOf([&] { mundo.contexto.Tela(u"frmOutra"_s); }), errorNumber::ObjectNotSet);
 }
 
 TEST(ContextoExecucao, AClosedScreenComesUpAnew) {

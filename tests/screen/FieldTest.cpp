@@ -77,7 +77,7 @@ TEST(Field, SelectionStaysInsideTheText) {
 
 TEST(Field, APictureMustBeThere) {
     SampleWorld world;
-    EXPECT_EQ(errorOf([&] { world.tela.imgFoto.loadPicture(u"/img/a.bmp"_s); }), errorNumber::FileNotFound);
+    EXPECT_EQ(ErrorOf([&] { world.tela.imgFoto.loadPicture(u"/img/a.bmp"_s); }), errorNumber::FileNotFound);
     EXPECT_EQ(world.tela.imgFoto.picture(), QString());
     world.platform.files[u"/img/a.bmp"_s] = {};
     world.tela.imgFoto.loadPicture(u"/img/a.bmp"_s);
@@ -96,7 +96,7 @@ TEST(ListField, ChoosingAnItemTakesItsTextAndClicks) {
     lista.setListIndex(-1);
     EXPECT_EQ(lista.text(), QString());
     EXPECT_EQ(world.tela.events.size(), 1);
-    EXPECT_NE(errorOf([&] { lista.setListIndex(2); }), 0);
+    EXPECT_NE(ErrorOf([&] { lista.setListIndex(2); }), 0);
 }
 
 TEST(ListField, AnyTextMayStandInIt) {
@@ -133,7 +133,7 @@ TEST(ListField, RemovingAnItemKeepsTheChoice) {
     lista.removeItem(1);
     EXPECT_EQ(lista.listIndex(), -1);
     EXPECT_EQ(lista.items(), QStringList(u"B"_s));
-    EXPECT_NE(errorOf([&] { lista.removeItem(5); }), 0);
+    EXPECT_NE(ErrorOf([&] { lista.removeItem(5); }), 0);
 }
 
 TEST(Option, OneOfItsGroupIsChosenAndAlwaysClicks) {
@@ -163,5 +163,5 @@ TEST(TabStrip, KnowsItsPages) {
     EXPECT_EQ(world.tela.cmdSalvar.strip(), nullptr);
     world.tela.tab.setCurrent(1);
     EXPECT_EQ(world.tela.tab.current(), 1);
-    EXPECT_NE(errorOf([&] { world.tela.tab.setCurrent(2); }), 0);
+    EXPECT_NE(ErrorOf([&] { world.tela.tab.setCurrent(2); }), 0);
 }

@@ -133,7 +133,7 @@ TEST(Focus, ALostFocusThatFailsDoesNotHoldTheFocusForEver) {
     SampleWorld world;
     world.user.focus(world.tela.txtNome);
     world.tela.txtNome.LostFocus = [] { throw RuntimeError(errorNumber::StatementRefused); };
-    EXPECT_EQ(errorOf([&] { world.tela.SetFocus(world.tela.mskCEP); }), errorNumber::StatementRefused);
+    EXPECT_EQ(ErrorOf([&] { world.tela.SetFocus(world.tela.mskCEP); }), errorNumber::StatementRefused);
     world.tela.SetFocus(world.tela.cboCidade);
     EXPECT_EQ(world.tela.focus(), &world.tela.cboCidade);
 }

@@ -68,13 +68,13 @@ TEST_F(GridTest, RemovingRowsKeepsTheOthersAndTheCurrentRowInside) {
 
 TEST_F(GridTest, PlacesOutsideAreErrors) {
     grade.AddItem(u"1"_s);
-    EXPECT_EQ(errorOf([&] { grade.cell(2, 0); }), foraDaGrade);
-    EXPECT_EQ(errorOf([&] { grade.cell(1, 3); }), foraDaGrade);
-    EXPECT_EQ(errorOf([&] { grade.setRow(2); }), foraDaGrade);
-    EXPECT_EQ(errorOf([&] { grade.setRow(-1); }), foraDaGrade);
-    EXPECT_EQ(errorOf([&] { grade.setCol(3); }), foraDaGrade);
-    EXPECT_EQ(errorOf([&] { grade.RemoveItem(0); }), foraDaGrade);
-    EXPECT_EQ(errorOf([&] { grade.RemoveItem(2); }), foraDaGrade);
+    EXPECT_EQ(ErrorOf([&] { grade.cell(2, 0); }), foraDaGrade);
+    EXPECT_EQ(ErrorOf([&] { grade.cell(1, 3); }), foraDaGrade);
+    EXPECT_EQ(ErrorOf([&] { grade.setRow(2); }), foraDaGrade);
+    EXPECT_EQ(ErrorOf([&] { grade.setRow(-1); }), foraDaGrade);
+    EXPECT_EQ(ErrorOf([&] { grade.setCol(3); }), foraDaGrade);
+    EXPECT_EQ(ErrorOf([&] { grade.RemoveItem(0); }), foraDaGrade);
+    EXPECT_EQ(ErrorOf([&] { grade.RemoveItem(2); }), foraDaGrade);
 }
 
 TEST_F(GridTest, ResetEmptiesAndEveryChangeCounts) {

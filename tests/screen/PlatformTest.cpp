@@ -47,9 +47,9 @@ TEST_F(PlatformTest, NoMoreLinesThanAskedFor) {
 }
 
 TEST_F(PlatformTest, BadNamesAndMissingFiles) {
-    EXPECT_EQ(errorOf([&] { files.readLines({}, 1); }), errorNumber::BadFileName);
-    EXPECT_EQ(errorOf([&] { files.readLines(dir.path(), 1); }), errorNumber::BadFileName);
-    EXPECT_EQ(errorOf([&] { files.readLines(dir.filePath(u"nada.ini"_s), 1); }), errorNumber::FileNotFound);
+    EXPECT_EQ(ErrorOf([&] { files.readLines({}, 1); }), errorNumber::BadFileName);
+    EXPECT_EQ(ErrorOf([&] { files.readLines(dir.path(), 1); }), errorNumber::BadFileName);
+    EXPECT_EQ(ErrorOf([&] { files.readLines(dir.filePath(u"nada.ini"_s), 1); }), errorNumber::FileNotFound);
 }
 
 TEST_F(PlatformTest, BackSlashesAreAccepted) {

@@ -62,7 +62,7 @@ TEST(Program, ALoadThatFailsAndIsCaughtLeavesTheCallerInFront) {
     SampleWorld world;
     Falha falha(world.program);
     world.platform.whenShown(u"frmAmostra"_s, [&](Screen&) {
-        EXPECT_EQ(errorOf([&] { world.program.ShowModal(falha); }), errorNumber::StatementRefused);
+        EXPECT_EQ(ErrorOf([&] { world.program.ShowModal(falha); }), errorNumber::StatementRefused);
         EXPECT_EQ(world.program.activeScreen(), &world.tela);
         EXPECT_FALSE(falha.isLoaded());
     });

@@ -125,7 +125,7 @@ TEST(Consultas, ANullIsForgivenWhereForeseenOnly) {
         mundo.connect();
         mundo.database.answer(u""_s, {{QString::fromUtf8(consulta.coluna)}, {{null()}}});
         QString resultado;
-        const int erro = errorOf([&] { resultado = consulta.chama(mundo.contexto); });
+        const int erro = ErrorOf([&] { resultado = consulta.chama(mundo.contexto); });
         EXPECT_EQ(erro, consulta.nuloSeguro ? 0 : errorNumber::InvalidNull) << consulta.nome;
         if (consulta.nuloSeguro) {
             EXPECT_EQ(resultado, QString::fromUtf8(consulta.ausente)) << consulta.nome;
@@ -136,18 +136,18 @@ TEST(Consultas, ANullIsForgivenWhereForeseenOnly) {
 TEST(Consultas, AFailureIsNotCaught) {
     for (const Consulta& consulta : consultas) {
         World mundo;
-        EXPECT_EQ(errorOf([&] { consulta.chama(mundo.contexto); }), errorNumber::ObjectNotSet) << consulta.nome;
+        EXPECT_EQ(ErrorOf([&] { consulta.chama(mundo.contexto); }), errorNumber::ObjectNotSet) << consulta.nome;
         mundo.connect();
         mundo.database.fail(u""_s, errorNumber::StatementRefused);
-        EXPECT_EQ(errorOf([&] { consulta.chama(mundo.contexto); }), errorNumber::StatementRefused) << consulta.nome;
+        EXPECT_EQ(ErrorOf([&] { consulta.chama(mundo.contexto); }), errorNumber::StatementRefused) << consulta.nome;
     }
 }
 
 TEST(Consultas, AnApostropheBreaksItsOwnLookupOnly) {
     World mundo;
     mundo.connect();
-    EXPECT_EQ(errorOf([&] { IdBanco(mundo.contexto, u"D'AVILA"_s); }), errorNumber::StatementRefused);
-    EXPECT_EQ(errorOf([&] { IdBanco(mundo.contexto, u"x' or '1'='1"_s); }), errorNumber::StatementRefused);
+    EXPECT_EQ(ErrorOf([&] { IdBanco(mundo.contexto, u"D'AVILA"_s); }), errorNumber::StatementRefused);
+    EXPECT_EQ(ErrorOf([&] { IdBanco(mundo.contexto, u"x' or '1'='1"_s); }), errorNumber::StatementRefused);
     EXPECT_TRUE(mundo.database.sent.isEmpty());
 }
 

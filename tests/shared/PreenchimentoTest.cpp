@@ -131,7 +131,7 @@ TEST(Preenchimento, ANullNameIsSkippedForSalespersonsOnly) {
         mundo.database.answer(u""_s, {{QString::fromUtf8(lista.coluna)}, {{null()}, {text("ANA")}}});
         Tela tela(mundo.program);
         const bool pula = QLatin1String(lista.nome).startsWith(QLatin1String("PreencheVendedores"));
-        EXPECT_EQ(errorOf([&] { lista.preenche(mundo.contexto, tela); }), pula ? 0 : errorNumber::InvalidNull)
+        EXPECT_EQ(ErrorOf([&] { lista.preenche(mundo.contexto, tela); }), pula ? 0 : errorNumber::InvalidNull)
             << lista.nome;
         if (pula) {
             EXPECT_EQ(tela.lista.items(), QStringList(u"ANA"_s));

@@ -65,7 +65,7 @@ TEST(Totais, ANullInsideATotalIsAnError) {
             World mundo;
             mundo.connect();
             mundo.database.answer(u"deta"_s, {{u"qtde"_s, u"valo_liqu"_s}, {linha}});
-            EXPECT_EQ(errorOf([&] { total.soma(mundo.contexto); }), errorNumber::InvalidNull) << total.nome;
+            EXPECT_EQ(ErrorOf([&] { total.soma(mundo.contexto); }), errorNumber::InvalidNull) << total.nome;
         }
 }
 

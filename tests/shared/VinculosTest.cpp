@@ -105,12 +105,12 @@ TEST(Vinculos, AMissingPictureOrButtonIsAnError) {
     World mundo;
     mundo.contexto.CaminhoImagens = u"/img"_s;
     Tela tela(mundo.program);
-    EXPECT_EQ(errorOf([&] { AtualizaIndicadoresVinculo(mundo.contexto, tela); }), errorNumber::FileNotFound);
+    EXPECT_EQ(ErrorOf([&] { AtualizaIndicadoresVinculo(mundo.contexto, tela); }), errorNumber::FileNotFound);
     struct Outra : screen::Screen {
         explicit Outra(screen::Program& program) : Screen(program, u"frmOutra"_s) {}
         screen::TextField txtRowID{this, "txtRowID"};
     } outra(mundo.program);
-    EXPECT_EQ(errorOf([&] { AtualizaIndicadoresVinculo(mundo.contexto, outra); }), errorNumber::NoSuchMember);
+    EXPECT_EQ(ErrorOf([&] { AtualizaIndicadoresVinculo(mundo.contexto, outra); }), errorNumber::NoSuchMember);
 }
 
 namespace {

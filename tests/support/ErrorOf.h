@@ -7,7 +7,7 @@
 namespace vorta::test {
 
 /// The number of the run-time error that the body raises, 0 for none.
-inline int errorOf(const std::function<void()>& body) {
+inline int ErrorOf(const std::function<void()>& body) {
     try {
         body();
     } catch (const RuntimeError& error) {

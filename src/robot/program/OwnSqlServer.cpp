@@ -69,8 +69,8 @@ void OwnSqlServer::open() {
         options += {u"--database"_s, databaseOf(base)};
     if (!wire_.isEmpty())
         options += {u"--trace"_s, wire_};
-    const auto server = std::make_shared<servers::TdsServer>(
-        options, QStringList{u"--ddl"_s, tables.fileName(), u"--load"_s, rows_.fileName()});
+    options += {u"--ddl"_s, tables.fileName(), u"--load"_s, rows_.fileName()};
+    const auto server = std::make_shared<servers::TdsServer>(options);
     for (const Base base : taken_)
         servers_[base] = server;
     taken_.clear();

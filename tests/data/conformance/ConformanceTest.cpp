@@ -1,7 +1,7 @@
 #include "base/Literals.h"
 #include "base/RuntimeError.h"
-#include "conformance/Contexts.h"
 #include "data/Recordset.h"
+#include "data/conformance/Contexts.h"
 
 namespace vorta::test {
 

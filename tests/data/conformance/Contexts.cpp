@@ -1,4 +1,4 @@
-#include "conformance/Contexts.h"
+#include "data/conformance/Contexts.h"
 
 #include "base/Literals.h"
 #include "base/RuntimeError.h"
@@ -179,15 +179,6 @@ QString ConformanceTest::one(data::Connection& connection, const Statement& stat
     data::Recordset rows;
     rows.Open(statement, connection);
     return rows.Eof() ? u"(none)"_s : rows.Fields(0).textOr(u"(null)"_s);
-}
-
-int ErrorOf(const std::function<void()>& work) {
-    try {
-        work();
-        return 0;
-    } catch (const RuntimeError& failure) {
-        return failure.number();
-    }
 }
 
 } // namespace vorta::test

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/Connection.h"
+#include "support/ErrorOf.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -56,8 +57,5 @@ class ConformanceTest : public testing::TestWithParam<EngineContext> {
 
     std::unique_ptr<data::Connection> connection;
 };
-
-/// The number of the error that `work` raises, 0 when it raises none.
-int ErrorOf(const std::function<void()>& work);
 
 } // namespace vorta::test

@@ -12,7 +12,7 @@ import subprocess
 import sys
 import tempfile
 
-from server_process import HERE
+from here import HERE
 
 LEFT_OUT_ON_A_GIVEN_SERVER = {
     "launch/environments_have_bases_of_their_own": "one database has room for one environment",

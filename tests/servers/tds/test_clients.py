@@ -8,7 +8,8 @@ import subprocess
 import sys
 import unittest
 
-from server_process import HERE, ServerProcess
+from here import HERE
+from server_process import ServerProcess
 
 FILES = ["--ddl", os.path.join(HERE, "schema.sql"), "--load", os.path.join(HERE, "rows.sql")]
 QUERY = "SELECT idPESS, NOME_PESS, LIMI_CRED, NUME_FILH FROM PESS ORDER BY idPESS"

@@ -1,16 +1,18 @@
 #include "base/Literals.h"
 #include "base/RuntimeError.h"
-#include "conformance/Contexts.h"
-#include "conformance/Peer.h"
+#include "data/Connection.h"
 #include "data/Recordset.h"
 #include "firebird/EmbeddedEngine.h"
 #include "firebird/FirebirdAdapter.h"
+#include "firebird/Peer.h"
 #include "servers/FirebirdServer.h"
+#include "support/ErrorOf.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <cerrno>
 #include <future>
+#include <gtest/gtest.h>
 
 /// What only Firebird has: generators, changes of tables beside prepared statements, the engine inside the process, a
 /// server that goes.

@@ -12,7 +12,8 @@ import tempfile
 import time
 import unittest
 
-from server_process import HERE, ServerProcess
+from here import HERE
+from server_process import ServerProcess
 from test_clients import run
 
 PLAYED = "^(launch/(title|history_environment|started_again)|person/(inclusion|inclusion_of_everything|alteration|branches)|roles/(cliente|fornecedor)|search/cep_para_o_bloco)$"

@@ -1,4 +1,4 @@
-"""Starts the test server for a Python test and ends it with the test."""
+"""Starts the test server for a Python program and ends it with the program."""
 
 import os
 import subprocess

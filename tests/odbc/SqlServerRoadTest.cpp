@@ -3,7 +3,8 @@
 #include "launch/AcessoDados.h"
 #include "launch/ConectaServidor.h"
 #include "odbc/OdbcAdapter.h"
-#include "servers/TdsServer.h"
+#include "odbc/SampleServer.h"
+#include "support/ErrorOf.h"
 #include "support/TestPlatform.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +16,6 @@ namespace {
 
 using data::Recordset;
 using data::Statement;
-using servers::TdsServer;
 
 class SqlServerRoad : public testing::Test {
   protected:
@@ -42,16 +42,7 @@ class SqlServerRoad : public testing::Test {
 
     Recordset read(const Statement& statement) { return AbreLeitura(contexto, statement); }
 
-    int failureOf(const std::function<void()>& action) {
-        try {
-            action();
-        } catch (const RuntimeError& error) {
-            return error.number();
-        }
-        return 0;
-    }
-
-    TdsServer server;
+    SampleServer server;
     TestPlatform platform;
     screen::Program program{platform};
     ContextoExecucao contexto{program, [](data::Engine) { return data::MakeOdbcAdapter(); }};
@@ -102,7 +93,7 @@ TEST_F(SqlServerRoad, ReadsWhatScreensShow) {
     EXPECT_EQ(row.Fields("Data_Incl").text(), u"20/11/2026");
     EXPECT_EQ(row.Fields("nume_filh").toInt16(), 3);
     EXPECT_TRUE(row.Fields("data_desa").isNull());
-    EXPECT_EQ(failureOf([&] { row.Fields("nada"); }), errorNumber::NoSuchColumn);
+    EXPECT_EQ(ErrorOf([&] { row.Fields("nada"); }), errorNumber::NoSuchColumn);
 }
 
 TEST_F(SqlServerRoad, TheKeyOfANewRow) {
@@ -130,15 +121,15 @@ TEST_F(SqlServerRoad, AttacksInValuesNeverReachTheWire) {
         const QString value = QString::fromLatin1(attack);
         Statement text;
         text << "select * from pess where nome_pess='" << value << "'";
-        EXPECT_EQ(failureOf([&] { read(text); }), errorNumber::StatementRefused) << attack;
+        EXPECT_EQ(ErrorOf([&] { read(text); }), errorNumber::StatementRefused) << attack;
         Statement write;
         write << "update pess set nome_conh='" << value << "' where idpess=1";
-        EXPECT_EQ(failureOf([&] { Executa(contexto, write); }), errorNumber::StatementRefused) << attack;
+        EXPECT_EQ(ErrorOf([&] { Executa(contexto, write); }), errorNumber::StatementRefused) << attack;
     }
     for (const char* attack : {"1 OR 1=1", "1; DELETE FROM PESS", "1 --", "(SELECT 1)", "idPESS", "1 UNION SELECT 1"}) {
         Statement number;
         number << "delete from pess where idpess=" << QString::fromLatin1(attack);
-        EXPECT_EQ(failureOf([&] { Executa(contexto, number); }), errorNumber::StatementRefused) << attack;
+        EXPECT_EQ(ErrorOf([&] { Executa(contexto, number); }), errorNumber::StatementRefused) << attack;
     }
     EXPECT_EQ(server.trace().size(), before);
     EXPECT_EQ(read(Statement("select * from pess")).RecordCount(), 3);
@@ -148,7 +139,7 @@ TEST_F(SqlServerRoad, ASaveIsOneTransaction) {
     connect();
     contexto.principal().BeginTrans();
     Executa(contexto, Statement("update pess set nome_conh = 'um' where idpess = 3"));
-    EXPECT_EQ(failureOf([&] { Executa(contexto, Statement("update pess set limi_cred = '1,5' where idpess = 3")); }),
+    EXPECT_EQ(ErrorOf([&] { Executa(contexto, Statement("update pess set limi_cred = '1,5' where idpess = 3")); }),
               errorNumber::StatementRefused);
     contexto.ConexaoPrincipal.reset();
     connect();
@@ -165,9 +156,9 @@ TEST_F(LosingSqlServerRoad, AConnectionLostDuringASaveLeavesNothing) {
     connect();
     contexto.principal().BeginTrans();
     Executa(contexto, Statement("update pess set nome_conh = 'um' where idpess = 3"));
-    EXPECT_EQ(failureOf([&] { Executa(contexto, Statement("update pess set nome_conh = 'fim' where idpess = 3")); }),
+    EXPECT_EQ(ErrorOf([&] { Executa(contexto, Statement("update pess set nome_conh = 'fim' where idpess = 3")); }),
               errorNumber::ConnectionFailed);
-    EXPECT_EQ(failureOf([&] { read(Statement("select * from pess")); }), errorNumber::ConnectionFailed)
+    EXPECT_EQ(ErrorOf([&] { read(Statement("select * from pess")); }), errorNumber::ConnectionFailed)
         << "there is no reconnection";
     contexto.ConexaoPrincipal.reset();
     connect();

@@ -5,7 +5,7 @@
 #include "base/RuntimeError.h"
 #include "data/EngineTags.h"
 #include "odbc/ConnectionKeys.h"
-#include "servers/TdsServer.h"
+#include "odbc/SampleServer.h"
 
 #include <QElapsedTimer>
 #include <gtest/gtest.h>
@@ -128,7 +128,7 @@ TEST(ConnectionKeys, ServersHaveManyNames) {
 
 TEST(OdbcAdapter, OpensWithEveryForm) {
     const QString password = u"s}e{c=r t"_s;
-    const TdsServer server({u"--password"_s, password});
+    const SampleServer server({u"--password"_s, password});
     for (const EngineTag& tag : EngineTags()) {
         if (tag.engine != data::Engine::SqlServer)
             continue;
@@ -142,7 +142,7 @@ TEST(OdbcAdapter, OpensWithEveryForm) {
 }
 
 TEST(OdbcAdapter, ReadsEveryType) {
-    const TdsServer server;
+    const SampleServer server;
     auto adapter = opened(server);
     const Rows rows = read(*adapter, Statement("SELECT * FROM PESS ORDER BY idPESS"));
     EXPECT_EQ(rows.names.mid(0, 3), QStringList({u"idPESS"_s, u"NOME_PESS"_s, u"NOME_CONH"_s}));
@@ -160,7 +160,7 @@ TEST(OdbcAdapter, ReadsEveryType) {
 }
 
 TEST(OdbcAdapter, ReadsNothingFromAnEmptyResult) {
-    const TdsServer server;
+    const SampleServer server;
     auto adapter = opened(server);
     const Rows rows = read(*adapter, Statement("SELECT NOME_PESS FROM PESS WHERE idPESS = 99"));
     EXPECT_EQ(rows.names, QStringList(u"NOME_PESS"_s));
@@ -168,7 +168,7 @@ TEST(OdbcAdapter, ReadsNothingFromAnEmptyResult) {
 }
 
 TEST(OdbcAdapter, SendsTextsAsTheyStand) {
-    const TdsServer server;
+    const SampleServer server;
     auto adapter = opened(server);
     adapter->execute(Statement("UPDATE PESS SET NOME_CONH = 'ÇÃÉ €' WHERE idPESS = 3"));
     EXPECT_EQ(single(*adapter, nameOfThird), text("ÇÃÉ €"));
@@ -178,7 +178,7 @@ TEST(OdbcAdapter, SendsTextsAsTheyStand) {
 }
 
 TEST(OdbcAdapter, ReadsBothFormsOfDatesWhateverTheLanguageOfTheLogin) {
-    const TdsServer server({u"--language"_s, u"brazilian"_s});
+    const SampleServer server({u"--language"_s, u"brazilian"_s});
     auto adapter = opened(server);
     adapter->execute(Statement("UPDATE PESS SET DATA_INCL = '2026/02/13', DATA_DESA = '2026/02/13' WHERE idPESS = 3"));
     adapter->execute(Statement("UPDATE PESS SET DATA_INCL = '20260214' WHERE idPESS = 2"));
@@ -189,7 +189,7 @@ TEST(OdbcAdapter, ReadsBothFormsOfDatesWhateverTheLanguageOfTheLogin) {
 }
 
 TEST(OdbcAdapter, ReadsTextsOfAnyLength) {
-    const TdsServer server;
+    const SampleServer server;
     auto adapter = opened(server);
     adapter->execute(Statement("CREATE TABLE LONGO (idLONGO int NOT NULL, TEXTO varchar(max), FATOR float)"));
     for (const int length : {0, 1, 32766, 32767, 32768, 65535, 65536, 300001}) {
@@ -205,7 +205,7 @@ TEST(OdbcAdapter, ReadsTextsOfAnyLength) {
 }
 
 TEST(OdbcAdapter, GivesTheKeyOfItsOwnLastInsert) {
-    const TdsServer server;
+    const SampleServer server;
     auto mine = opened(server);
     auto other = opened(server);
     mine->execute(Statement("INSERT INTO PESS (NOME_PESS) VALUES ('MINHA')"));
@@ -217,7 +217,7 @@ TEST(OdbcAdapter, GivesTheKeyOfItsOwnLastInsert) {
 }
 
 TEST(OdbcAdapter, TellsRefusals) {
-    const TdsServer server;
+    const SampleServer server;
     auto adapter = opened(server);
     const Statement apostrophe("INSERT INTO PESS (NOME_PESS) VALUES ('D'AVILA')");
     const RuntimeError syntax = failureOf([&] { adapter->execute(apostrophe); });
@@ -246,14 +246,14 @@ TEST(OdbcAdapter, TellsRefusals) {
 }
 
 TEST(OdbcAdapter, CommitsEachWriteByItself) {
-    const TdsServer server;
+    const SampleServer server;
     auto adapter = opened(server);
     adapter->execute(renameThird);
     EXPECT_EQ(single(*opened(server), nameOfThird), text("NOVO"));
 }
 
 TEST(OdbcAdapter, KeepsATransactionToItselfUntilTheCommit) {
-    const TdsServer server;
+    const SampleServer server;
     auto adapter = opened(server);
     auto other = opened(server);
     adapter->begin();
@@ -267,7 +267,7 @@ TEST(OdbcAdapter, KeepsATransactionToItselfUntilTheCommit) {
 }
 
 TEST(OdbcAdapter, ATransactionDiesWithItsConnection) {
-    const TdsServer server;
+    const SampleServer server;
     auto adapter = opened(server);
     adapter->begin();
     adapter->execute(renameThird);
@@ -282,7 +282,7 @@ TEST(OdbcAdapter, ATransactionDiesWithItsConnection) {
 }
 
 TEST(OdbcAdapter, ALockOfSomebodyElseEndsInAnError) {
-    const TdsServer server;
+    const SampleServer server;
     auto holder = opened(server);
     auto adapter = opened(server);
     holder->begin();
@@ -296,14 +296,14 @@ TEST(OdbcAdapter, ALockOfSomebodyElseEndsInAnError) {
 }
 
 TEST(OdbcConnection, FailsWithoutAServer) {
-    auto server = std::make_unique<TdsServer>();
+    auto server = std::make_unique<SampleServer>();
     const QString gone = server->connectionString();
     server.reset();
     EXPECT_EQ(openFailure(gone).number(), errorNumber::ConnectionFailed);
 }
 
 TEST(OdbcConnection, FailsWhenTheServerRefuses) {
-    const TdsServer server;
+    const SampleServer server;
     const char* form = "driver={SQL Server};server=%1;uid=%2;pwd=%3;database=%4";
     const RuntimeError password = openFailure(server.connectionString(form, u"errada"_s));
     EXPECT_EQ(password.number(), errorNumber::ConnectionFailed);
@@ -315,7 +315,7 @@ TEST(OdbcConnection, FailsWhenTheServerRefuses) {
 }
 
 TEST(OdbcConnection, WaitsAsLongAsItIsTold) {
-    const TdsServer server({u"--slow-login"_s, u"2"_s});
+    const SampleServer server({u"--slow-login"_s, u"2"_s});
     QElapsedTimer clock;
     clock.start();
     EXPECT_EQ(openFailure(server.connectionString(), 1).number(), errorNumber::ConnectionFailed);
@@ -326,14 +326,14 @@ TEST(OdbcConnection, WaitsAsLongAsItIsTold) {
 }
 
 TEST(OdbcConnection, ASlowAnswerIsAnAnswer) {
-    const TdsServer server({u"--slow"_s, u"1.2"_s});
+    const SampleServer server({u"--slow"_s, u"1.2"_s});
     auto adapter = MakeOdbcAdapter();
     adapter->open(server.connectionString(), 1);
     EXPECT_EQ(single(*adapter, Statement("SELECT COUNT(*) FROM PESS")), number(3));
 }
 
 TEST(OdbcConnection, IsLostDuringASave) {
-    const TdsServer server({u"--drop-on"_s, u"NOME_CONH = 'FIM'"_s});
+    const SampleServer server({u"--drop-on"_s, u"NOME_CONH = 'FIM'"_s});
     auto adapter = opened(server);
     adapter->begin();
     adapter->execute(renameThird);
@@ -347,7 +347,7 @@ TEST(OdbcConnection, IsLostDuringASave) {
 }
 
 TEST(OdbcConnection, IsLostAtTheCommit) {
-    const TdsServer server({u"--drop-on"_s, u"^TRANSACTION COMMIT"_s});
+    const SampleServer server({u"--drop-on"_s, u"^TRANSACTION COMMIT"_s});
     auto adapter = opened(server);
     adapter->begin();
     adapter->execute(renameThird);
@@ -357,7 +357,7 @@ TEST(OdbcConnection, IsLostAtTheCommit) {
 }
 
 TEST(OdbcConnection, IsLostBetweenStatements) {
-    auto server = std::make_unique<TdsServer>();
+    auto server = std::make_unique<SampleServer>();
     auto adapter = opened(*server);
     EXPECT_EQ(single(*adapter, Statement("SELECT COUNT(*) FROM PESS")), number(3));
     server.reset();

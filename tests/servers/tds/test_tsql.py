@@ -4,10 +4,9 @@ import os
 import tempfile
 import unittest
 
+from here import HERE
 from tsql_base import Base, Session
 from tsql_types import SqlError, use_collation
-
-HERE = os.path.dirname(os.path.abspath(__file__))
 
 
 class Collected:

@@ -1,0 +1,42 @@
+#include "base/RuntimeError.h"
+#include "data/Connection.h"
+#include "firebird/EmbeddedEngine.h"
+#include "firebird/FirebirdAdapter.h"
+#include "firebird/Peer.h"
+
+#include <QCoreApplication>
+#include <QTemporaryDir>
+#include <cstdio>
+#include <gtest/gtest.h>
+
+using namespace vorta;
+
+namespace {
+
+int actAsPeer(const QString& connectionString) {
+    try {
+        data::Connection connection([](data::Engine) { return data::MakeFirebirdAdapter(); });
+        connection.Open(data::Engine::Firebird, connectionString);
+        connection.Execute(data::Statement("insert into logr (nome) values ('DO OUTRO PROGRAMA')"));
+        return 0;
+    } catch (const RuntimeError& failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
+        return 1;
+    }
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    QCoreApplication application(count, arguments);
+    const QStringList words = application.arguments();
+    if (words.size() == 4 && words[1] == test::peerWord) {
+        firebird::PrepareEmbeddedEngine(words[2]);
+        return actAsPeer(words[3]);
+    }
+    // Not the home of whoever runs the tests: the engine's root goes with the run.
+    const QTemporaryDir home;
+    qputenv("VORTA_HOME", home.path().toUtf8());
+    testing::InitGoogleTest(&count, arguments);
+    return RUN_ALL_TESTS();
+}
