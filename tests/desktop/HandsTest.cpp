@@ -1,8 +1,7 @@
 #include "base/Literals.h"
 #include "desktop/DesktopHands.h"
 
-#include "screen/Program.h"
-#include "support/TestPlatform.h"
+#include "support/World.h"
 
 #include <gtest/gtest.h>
 
@@ -22,7 +21,7 @@ struct Search : screen::Screen {
 
 } // namespace
 
-class HandsTest : public testing::Test {
+class DesktopHandsTest : public testing::Test, protected World {
   protected:
     void open(const std::function<void()>& body) {
         platform.whenShown(tela.name(), [&](screen::Screen&) {
@@ -36,14 +35,11 @@ class HandsTest : public testing::Test {
         return hands->seen(field, {QLatin1String(property), row, col}).value_or(u"(nothing)"_s);
     }
 
-    TestPlatform platform;
-    screen::Program program{platform};
-    screen::User user{program};
     Search tela{program};
     std::unique_ptr<robot::Hands> hands = desktop::MakeDesktopHands(program, user);
 };
 
-TEST_F(HandsTest, TypeReplacesWhatIsThere) {
+TEST_F(DesktopHandsTest, TypeReplacesWhatIsThere) {
     tela.txtEndereco.setText(u"ANTIGO"_s);
     open([&] {
         hands->type(tela.txtEndereco, u"Praça à 'esquerda'"_s);
@@ -55,7 +51,7 @@ TEST_F(HandsTest, TypeReplacesWhatIsThere) {
     });
 }
 
-TEST_F(HandsTest, KeysAndClicksRunTheHandlers) {
+TEST_F(DesktopHandsTest, KeysAndClicksRunTheHandlers) {
     int clicks = 0;
     QStringList lost;
     tela.cmdPesquisa.Click = [&] { ++clicks; };
@@ -75,7 +71,7 @@ TEST_F(HandsTest, KeysAndClicksRunTheHandlers) {
     });
 }
 
-TEST_F(HandsTest, CellsAreClicked) {
+TEST_F(DesktopHandsTest, CellsAreClicked) {
     QStringList events;
     tela.Flex.Click = [&] { events += u"click %1"_s.arg(tela.Flex.Row()); };
     tela.Flex.DblClick = [&] { events += u"double %1"_s.arg(tela.Flex.Row()); };
@@ -94,7 +90,7 @@ TEST_F(HandsTest, CellsAreClicked) {
     });
 }
 
-TEST_F(HandsTest, ListsAreDroppedAndPicked) {
+TEST_F(DesktopHandsTest, ListsAreDroppedAndPicked) {
     tela.cboCidade.DropDown = [&] {
         tela.cboCidade.clear();
         for (const char* item : {"A", "B", "C"})
@@ -110,13 +106,13 @@ TEST_F(HandsTest, ListsAreDroppedAndPicked) {
     });
 }
 
-TEST_F(HandsTest, BoxesAreAnsweredWithTheirButtons) {
+TEST_F(DesktopHandsTest, BoxesAreAnsweredWithTheirButtons) {
     const screen::Box box{u"Confirma?"_s, {}, screen::Icon::None, screen::Buttons::YesNo};
     EXPECT_EQ(hands->answer(box, screen::Answer::Yes), screen::Answer::Yes);
     EXPECT_EQ(hands->answer(box, screen::Answer::No), screen::Answer::No);
 }
 
-TEST_F(HandsTest, TheFrameCloses) {
+TEST_F(DesktopHandsTest, TheFrameCloses) {
     open([&] {
         hands->close(tela);
         EXPECT_FALSE(tela.isLoaded());

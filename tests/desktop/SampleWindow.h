@@ -4,7 +4,7 @@
 #include "desktop/Binder.h"
 #include "desktop/Binding.h"
 #include "screen/Program.h"
-#include "support/TestPlatform.h"
+#include "support/World.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -54,7 +54,7 @@ struct SampleScreen : screen::Screen {
 };
 
 /// The screen shown in a window that has been built by hand.
-class SampleWindow : public testing::Test {
+class SampleWindow : public testing::Test, protected World {
   protected:
     SampleWindow() {
         auto* layout = new QVBoxLayout(&window);
@@ -115,9 +115,6 @@ class SampleWindow : public testing::Test {
         tela.events.clear();
     }
 
-    TestPlatform platform;
-    screen::Program program{platform};
-    screen::User user{program};
     SampleScreen tela{program};
     QWidget window;
     std::unique_ptr<desktop::Binder> binder;

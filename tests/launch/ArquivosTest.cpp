@@ -37,14 +37,10 @@ struct BadNames : TestPlatform {
 };
 
 template <class Platform>
-struct Machine {
-    Platform platform;
-    screen::Program program{platform};
-    FakeDatabase database;
-    ContextoExecucao contexto{program, database.factory()};
-    bool connect(void (*routine)(ContextoExecucao&) = ConectaServidor) {
-        contexto.Ambiente = u"HIST"_s;
-        return program.dispatch([&] { routine(contexto); });
+struct Machine : WorldOn<Platform> {
+    bool connects(void (*routine)(ContextoExecucao&) = ConectaServidor) {
+        this->contexto.Ambiente = u"HIST"_s;
+        return this->run([&] { routine(this->contexto); });
     }
 };
 
@@ -63,7 +59,7 @@ TEST(Arquivos, ConfigurationOfEveryKindOfTextFile) {
         maquina.platform.write(u"config/server_aplic.ini"_s, "\r\n");
         maquina.platform.write(u"config/server.ini"_s, texto);
         maquina.platform.write(u"config/paths.ini"_s, "a^b^/fotos/^\r\n");
-        EXPECT_TRUE(maquina.connect()) << nome;
+        EXPECT_TRUE(maquina.connects()) << nome;
         ASSERT_EQ(maquina.database.opened.size(), 1u) << nome;
         EXPECT_EQ(maquina.database.opened[0].connectionString, u"hé"_s) << nome;
         EXPECT_EQ(maquina.contexto.Servidor, u"São"_s) << nome;
@@ -79,7 +75,7 @@ TEST(Arquivos, TheConfiguredFolderMayBeWrittenWithBackSlashes) {
     maquina.platform.write(u"config/server_aplic.ini"_s, raiz.replace(u'/', u'\\').toUtf8() + "\\^erp\\^\n");
     maquina.platform.write(u"erp/config/server.ini"_s, "P\nH^^^^FIREBIRD^configurado^0\n");
     maquina.platform.write(u"config/server.ini"_s, "P\nH^^^^FIREBIRD^fixo^0\n");
-    EXPECT_TRUE(maquina.connect());
+    EXPECT_TRUE(maquina.connects());
     ASSERT_EQ(maquina.database.opened.size(), 1u);
     EXPECT_EQ(maquina.database.opened[0].connectionString, u"configurado"_s);
 }
@@ -97,8 +93,8 @@ TEST(Arquivos, ABadFileNameIsTriedAgainAtTheFixedPlace) {
     };
     maquina.platform.bad = {u"/srv/erp/config/server.ini"_s, u"/srv/erp/config/server_cep.ini"_s,
                             u"/srv/erp/config/paths.ini"_s};
-    EXPECT_TRUE(maquina.connect());
-    EXPECT_TRUE(maquina.connect(ConectaServidorCEP));
+    EXPECT_TRUE(maquina.connects());
+    EXPECT_TRUE(maquina.connects(ConectaServidorCEP));
     ASSERT_EQ(maquina.database.opened.size(), 2u);
     EXPECT_EQ(maquina.database.opened[0].connectionString, u"fixo"_s);
     EXPECT_EQ(maquina.database.opened[1].connectionString, u"cep"_s);

@@ -71,19 +71,19 @@ struct Contada : screen::Screen {
 } // namespace
 
 TEST(ContextoExecucao, TextFieldsStartEmptyAndKeepWhatTheyGet) {
-    World mundo;
+    World world;
     for (const char* nome : textos) {
-        EXPECT_EQ(mundo.contexto.Campo(QString::fromUtf8(nome)), QString()) << nome;
-        mundo.contexto.GravaCampo(QString::fromUtf8(nome).toUpper(), QString::fromUtf8(nome));
+        EXPECT_EQ(world.contexto.Campo(QString::fromUtf8(nome)), QString()) << nome;
+        world.contexto.GravaCampo(QString::fromUtf8(nome).toUpper(), QString::fromUtf8(nome));
     }
     for (const char* nome : textos)
-        EXPECT_EQ(mundo.contexto.Campo(QString::fromUtf8(nome).toLower()), QString::fromUtf8(nome))
+        EXPECT_EQ(world.contexto.Campo(QString::fromUtf8(nome).toLower()), QString::fromUtf8(nome))
             << "each has a place of its own";
 }
 
 TEST(ContextoExecucao, NumbersAndBooleans) {
-    World mundo;
-    ContextoExecucao& contexto = mundo.contexto;
+    World world;
+    ContextoExecucao& contexto = world.contexto;
     for (const QString& nome : {u"CodigoUsuario"_s, u"CodigoEmpresa"_s, u"TopoGridBusca"_s})
         EXPECT_EQ(contexto.Campo(nome), u"0"_s);
     for (const QString& nome : {u"SomenteConsulta"_s, u"PreservaAcentos"_s})
@@ -101,35 +101,35 @@ TEST(ContextoExecucao, NumbersAndBooleans) {
 }
 
 TEST(ContextoExecucao, EachScreenHasOneInstanceMadeAtItsFirstUse) {
-    World mundo;
+    World world;
     Contada::made = 0;
-    mundo.contexto.RegistraTela(u"frmContada"_s,
+    world.contexto.RegistraTela(u"frmContada"_s,
                                 [](ContextoExecucao& contexto) { return std::make_unique<Contada>(contexto); });
     EXPECT_EQ(Contada::made, 0);
-    EXPECT_TRUE(mundo.contexto.ConheceTela(u"FRMCONTADA"_s));
-    EXPECT_FALSE(mundo.contexto.ConheceTela(u"frmOutra"_s));
-    EXPECT_EQ(&mundo.contexto.Tela(u"frmContada"_s), &mundo.contexto.Tela(u"FrmContada"_s));
+    EXPECT_TRUE(world.contexto.ConheceTela(u"FRMCONTADA"_s));
+    EXPECT_FALSE(world.contexto.ConheceTela(u"frmOutra"_s));
+    EXPECT_EQ(&world.contexto.Tela(u"frmContada"_s), &world.contexto.Tela(u"FrmContada"_s));
     EXPECT_EQ(Contada::made, 1);
-    EXPECT_EQ(ErrorOf([&] { mundo.contexto.Tela(u"frmOutra"_s); }), errorNumber::ObjectNotSet);
+    EXPECT_EQ(ErrorOf([&] { world.contexto.Tela(u"frmOutra"_s); }), errorNumber::ObjectNotSet);
 }
 
 TEST(ContextoExecucao, AClosedScreenComesUpAnew) {
-    World mundo;
+    World world;
     Contada::made = 0;
-    mundo.contexto.RegistraTela(u"frmContada"_s,
+    world.contexto.RegistraTela(u"frmContada"_s,
                                 [](ContextoExecucao& contexto) { return std::make_unique<Contada>(contexto); });
-    mundo.contexto.Tela(u"frmContada"_s).setCaption(u"preparada"_s);
+    world.contexto.Tela(u"frmContada"_s).setCaption(u"preparada"_s);
     QStringList titulos;
-    mundo.platform.whenShown(u"frmContada"_s, [&](screen::Screen& tela) { titulos += tela.caption(); });
-    EXPECT_TRUE(mundo.run([&] {
-        mundo.contexto.MostraTela(u"frmContada"_s);
-        mundo.contexto.MostraTela(u"frmContada"_s);
+    world.platform.whenShown(u"frmContada"_s, [&](screen::Screen& tela) { titulos += tela.caption(); });
+    EXPECT_TRUE(world.run([&] {
+        world.contexto.MostraTela(u"frmContada"_s);
+        world.contexto.MostraTela(u"frmContada"_s);
     }));
     EXPECT_EQ(titulos, QStringList({u"preparada"_s, QString()}));
     EXPECT_EQ(Contada::made, 2);
 }
 
 TEST(ContextoExecucao, TheDateIsThatOfTheMachine) {
-    World mundo;
-    EXPECT_EQ(mundo.contexto.hoje(), QDate(2026, 11, 20));
+    World world;
+    EXPECT_EQ(world.contexto.hoje(), QDate(2026, 11, 20));
 }

@@ -17,19 +17,19 @@ struct Inicial : screen::Screen {
 };
 
 struct LancamentoTest : testing::Test {
-    LaunchWorld mundo;
-    Inicial tela{mundo.program};
-    ContextoExecucao& contexto = mundo.contexto;
-    bool lanca(const QString& linha) {
+    LaunchWorld world;
+    Inicial tela{world.program};
+    ContextoExecucao& contexto = world.contexto;
+    bool launch(const QString& linha) {
         contexto.LinhaComando = linha;
-        return mundo.run([&] { Lancamento(contexto, tela); });
+        return world.run([&] { Lancamento(contexto, tela); });
     }
 };
 
 } // namespace
 
 TEST_F(LancamentoTest, FromTheLaunchStringToTheTitleBar) {
-    EXPECT_TRUE(lanca(u"12^3^PRD^False^"_s));
+    EXPECT_TRUE(launch(u"12^3^PRD^False^"_s));
     EXPECT_EQ(contexto.CodigoUsuario, 12);
     EXPECT_EQ(contexto.CodigoEmpresa, 3);
     EXPECT_EQ(contexto.Ambiente, u"PRD"_s);
@@ -41,8 +41,8 @@ TEST_F(LancamentoTest, FromTheLaunchStringToTheTitleBar) {
     EXPECT_EQ(tela.lblNomeEmpresa.text(), u"EMPRESA MODELO"_s);
     EXPECT_EQ(tela.lblCodiAmbiente.text(), u"PRD"_s);
     EXPECT_EQ(tela.lblTituloJanela.foreground(), screen::colour::WindowText);
-    EXPECT_TRUE(mundo.platform.boxes.empty());
-    EXPECT_EQ(mundo.database.sent, QStringList({
+    EXPECT_TRUE(world.platform.boxes.empty());
+    EXPECT_EQ(world.database.sent, QStringList({
                                        u"SELECT CODI_EMPR FROM EMPR WHERE IDEMPR = 3"_s,
                                        u"SELECT PATH_DANFE FROM EMPR WHERE CODI_EMPR = '0001'"_s,
                                        u"SELECT CODI_EMPR FROM EMPR WHERE IDEMPR = 3"_s,
@@ -66,15 +66,15 @@ TEST_F(LancamentoTest, OnlyTrueWithItsCapitalIsReadOnly) {
 }
 
 TEST_F(LancamentoTest, AnotherEnvironmentThanProductionTurnsTheTitleRed) {
-    EXPECT_TRUE(lanca(u"12^3^DEV^False^"_s));
+    EXPECT_TRUE(launch(u"12^3^DEV^False^"_s));
     EXPECT_EQ(tela.lblTituloJanela.foreground(), screen::colour::Red);
     EXPECT_EQ(tela.caption(), u"ERP VORTA - Nexoria - Release 2015.07.24 (DEV)(0001/MARIA)"_s);
-    EXPECT_EQ(mundo.database.opened.front().connectionString, u"localhost:/base/dev.fdb"_s);
+    EXPECT_EQ(world.database.opened.front().connectionString, u"localhost:/base/dev.fdb"_s);
 }
 
 TEST_F(LancamentoTest, AnEmptyEnvironmentTakesTheFirstLineAndIsRedToo) {
-    EXPECT_TRUE(lanca(u"12^3^^False^"_s));
-    EXPECT_EQ(mundo.database.opened.front().connectionString, u"localhost:/base/prd.fdb"_s);
+    EXPECT_TRUE(launch(u"12^3^^False^"_s));
+    EXPECT_EQ(world.database.opened.front().connectionString, u"localhost:/base/prd.fdb"_s);
     EXPECT_EQ(tela.lblTituloJanela.foreground(), screen::colour::Red);
 }
 
@@ -93,9 +93,9 @@ TEST_F(LancamentoTest, ABlankLaunchStringIsIllegal) {
 }
 
 TEST_F(LancamentoTest, TheMarkerFileReplacesTheLaunchString) {
-    mundo.platform.files[u"/vorta/config/ORBALUX.txt"_s] = {};
+    world.platform.files[u"/vorta/config/ORBALUX.txt"_s] = {};
     EXPECT_EQ(IdentificaInstalacao(contexto), u"ORBALUX"_s);
-    EXPECT_TRUE(lanca(u"7^2^DEV^True^"_s));
+    EXPECT_TRUE(launch(u"7^2^DEV^True^"_s));
     EXPECT_EQ(contexto.LinhaComando, u"1^1^PRD^False^"_s);
     EXPECT_EQ(contexto.CodigoUsuario, 1);
     EXPECT_EQ(contexto.CodigoEmpresa, 1);
@@ -108,16 +108,15 @@ TEST_F(LancamentoTest, WithoutTheMarkerItIsACustomer) {
 }
 
 TEST_F(LancamentoTest, TextsWithoutDigitsAreNumberZero) {
-    EXPECT_TRUE(lanca(u"abc^x^PRD^False^"_s));
+    EXPECT_TRUE(launch(u"abc^x^PRD^False^"_s));
     EXPECT_EQ(contexto.CodigoUsuario, 0);
     EXPECT_EQ(contexto.CodigoEmpresa, 0);
 }
 
 TEST_F(LancamentoTest, NumbersBeyondSixteenBitsEndTheProcess) {
-    EXPECT_FALSE(lanca(u"32768^1^PRD^False^"_s));
-    ASSERT_TRUE(mundo.program.failure());
-    EXPECT_EQ(mundo.program.failure()->number(), errorNumber::Overflow);
-    EXPECT_TRUE(mundo.database.opened.empty());
+    EXPECT_FALSE(launch(u"32768^1^PRD^False^"_s));
+    EXPECT_EQ(world.failure(), errorNumber::Overflow);
+    EXPECT_TRUE(world.database.opened.empty());
 }
 
 TEST_F(LancamentoTest, AnUnknownEnvironmentIsStoppedByTheConfiguration) {
@@ -131,54 +130,53 @@ TEST_F(LancamentoTest, AnUnknownEnvironmentIsStoppedByTheConfiguration) {
 }
 
 TEST_F(LancamentoTest, UnknownUserAndCompanyLeaveTheTitleEmpty) {
-    mundo.database.answer(u"EMPR"_s, {});
-    mundo.database.answer(u"USEN"_s, {});
-    EXPECT_TRUE(lanca(u"99^99^PRD^False^"_s));
+    world.database.answer(u"EMPR"_s, {});
+    world.database.answer(u"USEN"_s, {});
+    EXPECT_TRUE(launch(u"99^99^PRD^False^"_s));
     EXPECT_EQ(tela.caption(), u"ERP VORTA - Nexoria - Release 2015.07.24 (PRD)(/)"_s);
     EXPECT_EQ(tela.lblNomeEmpresa.text(), QString());
 }
 
 TEST_F(LancamentoTest, WithoutAConnectionTheFirstLookupEndsTheProcess) {
-    mundo.linhas(u"server.ini"_s) = {u"SRV^BASE^u^s^firebird^x^False"_s};
-    EXPECT_FALSE(lanca(u"12^3^PRD^False^"_s));
-    ASSERT_TRUE(mundo.program.failure());
-    EXPECT_EQ(mundo.program.failure()->number(), errorNumber::ObjectNotSet);
-    EXPECT_EQ(mundo.platform.boxes.size(), 1u);
+    world.lines(u"server.ini"_s) = {u"SRV^BASE^u^s^firebird^x^False"_s};
+    EXPECT_FALSE(launch(u"12^3^PRD^False^"_s));
+    EXPECT_EQ(world.failure(), errorNumber::ObjectNotSet);
+    EXPECT_EQ(world.platform.boxes.size(), 1u);
 }
 
 TEST(LeUsuario, ALostConnectionEndsTheProcessWithItsBox) {
-    World mundo;
-    mundo.connect();
-    mundo.database.fail(u"USEN"_s, errorNumber::ConnectionFailed);
-    EXPECT_FALSE(mundo.run([&] { LeUsuario(mundo.contexto, 1); }));
-    ASSERT_EQ(mundo.platform.boxes.size(), 1u);
-    EXPECT_EQ(mundo.platform.boxes[0].title, u"Falha de Conexão (FIREBIRD)"_s);
-    EXPECT_EQ(mundo.platform.boxes[0].text,
+    World world;
+    world.connect();
+    world.database.fail(u"USEN"_s, errorNumber::ConnectionFailed);
+    EXPECT_FALSE(world.run([&] { LeUsuario(world.contexto, 1); }));
+    ASSERT_EQ(world.platform.boxes.size(), 1u);
+    EXPECT_EQ(world.platform.boxes[0].title, u"Falha de Conexão (FIREBIRD)"_s);
+    EXPECT_EQ(world.platform.boxes[0].text,
               u"Ocorreu uma Falha de Conexão com o Servidor de Banco de Dados (FIREBIRD).\n"
               "Tente Novamente, Caso o Problema Persista, Contate o Desenvolvedor!"_s);
-    EXPECT_EQ(mundo.platform.boxes[0].icon, screen::Icon::Critical);
-    EXPECT_EQ(mundo.contexto.ConexaoPrincipal, nullptr);
+    EXPECT_EQ(world.platform.boxes[0].icon, screen::Icon::Critical);
+    EXPECT_EQ(world.contexto.ConexaoPrincipal, nullptr);
 }
 
 TEST(LeUsuario, OtherErrorsAreIgnored) {
-    World mundo;
-    mundo.connect();
-    mundo.database.fail(u"USEN"_s, errorNumber::StatementRefused);
-    EXPECT_TRUE(mundo.run([&] { LeUsuario(mundo.contexto, 1); }));
-    EXPECT_TRUE(mundo.platform.boxes.empty());
+    World world;
+    world.connect();
+    world.database.fail(u"USEN"_s, errorNumber::StatementRefused);
+    EXPECT_TRUE(world.run([&] { LeUsuario(world.contexto, 1); }));
+    EXPECT_TRUE(world.platform.boxes.empty());
 }
 
 TEST(TituloTela, RoleScreensNameNoCompany) {
-    World mundo;
-    mundo.contexto.NomeUsuario = u"MARIA"_s;
-    mundo.contexto.CodigoEmpresaTexto = u"0001"_s;
-    EXPECT_EQ(TituloTela(mundo.contexto, u" - Cadastro de Fornecedor "_s),
+    World world;
+    world.contexto.NomeUsuario = u"MARIA"_s;
+    world.contexto.CodigoEmpresaTexto = u"0001"_s;
+    EXPECT_EQ(TituloTela(world.contexto, u" - Cadastro de Fornecedor "_s),
               u"ERP VORTA - Nexoria - Release 2015.07.24 - Cadastro de Fornecedor (/MARIA)"_s);
 }
 
 TEST(AjustaLarguraLista, WidensTheDroppedPart) {
-    World mundo;
-    screen::Screen tela(mundo.program, u"frmTeste"_s);
+    World world;
+    screen::Screen tela(world.program, u"frmTeste"_s);
     screen::ListField lista(&tela, "cboProduto");
     AjustaLarguraLista(lista, 700);
     EXPECT_EQ(lista.dropWidth(), 700);

@@ -19,7 +19,7 @@ struct LaunchWorld : World {
         database.answer(u"SELECT NOME_CONH_EMPR"_s, {{u"nome_conh_empr"_s}, {{text("EMPRESA MODELO")}}});
         database.answer(u"FROM USEN"_s, {{u"IDUSEN"_s, u"usen"_s}, {{number(12), text("MARIA")}}});
     }
-    QStringList& linhas(const QString& file) { return platform.files[u"/vorta/config/"_s + file]; }
+    QStringList& lines(const QString& file) { return platform.files[u"/vorta/config/"_s + file]; }
     const screen::Box& box() const {
         static const screen::Box none{u"no box"_s, {}, screen::Icon::None, screen::Buttons::OK};
         return platform.boxes.size() == 1 ? platform.boxes.front() : none;

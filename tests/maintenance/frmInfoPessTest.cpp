@@ -15,44 +15,41 @@ const QString busca = u"SELECT CODI_MUNI_IBGE FROM MUNI_IBGE WHERE DESC_MUNI_IBG
 } // namespace
 
 /// A register with the statistics screen; five tables without rows until told otherwise.
-struct Mundo : World {
-    Mundo() {
+struct InfoPessWorld : World {
+    InfoPessWorld() {
         RegistraTelasManutencao(contexto);
         connect();
         contexto.Ambiente = u"PRD"_s;
         contexto.NomeUsuario = u"MARIA"_s;
-        conta(0, 0, 0, 0, 0);
+        countRows(0, 0, 0, 0, 0);
     }
 
-    void conta(int pess, int clie, int forn, int vend, int trpt) {
+    void countRows(int pess, int clie, int forn, int vend, int trpt) {
         const std::pair<const char*, int> tabelas[]{
             {"PESS", pess}, {"CLIE", clie}, {"FORN", forn}, {"VEND", vend}, {"TRPT", trpt}};
         for (const auto& [tabela, quantos] : tabelas)
             database.answer(u"'QT' FROM %1 "_s.arg(QLatin1StringView(tabela)), {{u"QT"_s}, {{number(quantos)}}});
     }
-    void pessoas(const QList<QList<data::Value>>& linhas) {
+    void personRows(const QList<QList<data::Value>>& linhas) {
         database.answer(u"FROM PESS ORDER BY"_s,
                         {{u"IDPESS"_s, u"CIDA_COML_PESS"_s, u"UF00_COML_PESS"_s, u"CIDA_ENTG_PESS"_s,
                           u"UF00_ENTG_PESS"_s, u"CIDA_COBR_PESS"_s, u"UF00_COBR_PESS"_s},
                          linhas});
     }
-    void municipio(const QString& nome, const QString& uf, const char* codigo) {
+    void townRow(const QString& nome, const QString& uf, const char* codigo) {
         database.answer(busca.arg(nome, uf), {{u"codi_muni_ibge"_s}, {{text(codigo)}}});
     }
-    bool abre(const std::function<void(frmInfoPess&)>& faz) {
+    bool open(const std::function<void(frmInfoPess&)>& faz) {
         platform.whenShown(u"frmInfoPess"_s, [faz](screen::Screen& tela) { faz(static_cast<frmInfoPess&>(tela)); });
         return run([&] { contexto.MostraTela(u"frmInfoPess"_s); });
     }
-    int falha() const { return program.failure() ? program.failure()->number() : 0; }
-
-    screen::User user{program};
 };
 
-class InfoPessTest : public ::testing::Test, protected Mundo {};
+class InfoPessTest : public ::testing::Test, protected InfoPessWorld {};
 
 TEST_F(InfoPessTest, CountsTheActiveRows) {
-    conta(10, 4, 3, 2, 1);
-    abre([&](frmInfoPess& tela) {
+    countRows(10, 4, 3, 2, 1);
+    open([&](frmInfoPess& tela) {
         EXPECT_EQ(database.sent, (QStringList{u"SELECT COUNT(*) 'QT' FROM PESS WHERE DATA_DESA IS NULL"_s,
                                               u"SELECT COUNT(*) 'QT' FROM CLIE WHERE DATA_DESA IS NULL"_s,
                                               u"SELECT COUNT(*) 'QT' FROM FORN WHERE DATA_DESA IS NULL"_s,
@@ -79,18 +76,18 @@ TEST_F(InfoPessTest, CountsTheActiveRows) {
 }
 
 TEST_F(InfoPessTest, PersonsWithoutARoleNeverFallBelowZero) {
-    conta(10, 2, 1, 1, 1);
-    abre([](frmInfoPess& tela) { EXPECT_EQ(tela.lblQtSemVinc.text(), u"5"_s); });
-    conta(3, 2, 1, 1, 1);
-    abre([](frmInfoPess& tela) { EXPECT_EQ(tela.lblQtSemVinc.text(), u"0"_s); });
+    countRows(10, 2, 1, 1, 1);
+    open([](frmInfoPess& tela) { EXPECT_EQ(tela.lblQtSemVinc.text(), u"5"_s); });
+    countRows(3, 2, 1, 1, 1);
+    open([](frmInfoPess& tela) { EXPECT_EQ(tela.lblQtSemVinc.text(), u"0"_s); });
 }
 
 TEST_F(InfoPessTest, LooksUpTheCodesOfEveryPerson) {
-    pessoas({{number(1), text("SAO PAULO"), text("SP"), text(" Campinas "), text(" sp "), text("NADA"), text("XX")},
-             {number(2), text("SAO PAULO "), text("SP"), text(""), text(""), text("SAO PAULO"), text("SP")}});
-    municipio(u"SÃO PAULO"_s, u"SP"_s, "3550308");
-    municipio(u"CAMPINAS"_s, u"SP"_s, "3509502");
-    abre([&](frmInfoPess& tela) {
+    personRows({{number(1), text("SAO PAULO"), text("SP"), text(" Campinas "), text(" sp "), text("NADA"), text("XX")},
+                {number(2), text("SAO PAULO "), text("SP"), text(""), text(""), text("SAO PAULO"), text("SP")}});
+    townRow(u"SÃO PAULO"_s, u"SP"_s, "3550308");
+    townRow(u"CAMPINAS"_s, u"SP"_s, "3509502");
+    open([&](frmInfoPess& tela) {
         database.sent.clear();
         user.click(tela.cmdEspecialMun);
         EXPECT_EQ(
@@ -113,7 +110,7 @@ TEST_F(InfoPessTest, LooksUpTheCodesOfEveryPerson) {
 }
 
 TEST_F(InfoPessTest, AnEmptyRegister) {
-    abre([&](frmInfoPess& tela) { user.click(tela.cmdEspecialMun); });
+    open([&](frmInfoPess& tela) { user.click(tela.cmdEspecialMun); });
     ASSERT_EQ(platform.boxes.size(), 1u);
     EXPECT_EQ(platform.boxes[0].text, u"0 registros foram atualizados!"_s);
     EXPECT_TRUE(database.writes.isEmpty());
@@ -122,38 +119,38 @@ TEST_F(InfoPessTest, AnEmptyRegister) {
 TEST_F(InfoPessTest, ANullCityOrStateEndsTheRunBehindThePersonsBefore) {
     const QList<data::Value> inteira{number(1), text("A"), text("SP"), text("B"), text("SP"), text("C"), text("SP")};
     for (int coluna = 1; coluna <= 6; ++coluna) {
-        Mundo mundo;
+        InfoPessWorld world;
         SCOPED_TRACE(coluna);
         QList<data::Value> quebrada = inteira;
         quebrada[0] = number(2);
         quebrada[coluna] = null();
         QList<data::Value> depois = inteira;
         depois[0] = number(3);
-        mundo.pessoas({inteira, quebrada, depois});
-        mundo.abre([&](frmInfoPess& tela) { mundo.user.click(tela.cmdEspecialMun); });
-        EXPECT_EQ(mundo.falha(), errorNumber::InvalidNull);
-        EXPECT_EQ(mundo.database.writes, QStringList(atualizacao.arg(u""_s, u""_s, u""_s, u"1"_s)));
-        ASSERT_EQ(mundo.platform.boxes.size(), 1u) << "the box of the error alone";
-        EXPECT_FALSE(mundo.platform.boxes[0].text.contains(u"registros foram atualizados"));
+        world.personRows({inteira, quebrada, depois});
+        world.open([&](frmInfoPess& tela) { world.user.click(tela.cmdEspecialMun); });
+        EXPECT_EQ(world.failure(), errorNumber::InvalidNull);
+        EXPECT_EQ(world.database.writes, QStringList(atualizacao.arg(u""_s, u""_s, u""_s, u"1"_s)));
+        ASSERT_EQ(world.platform.boxes.size(), 1u) << "the box of the error alone";
+        EXPECT_FALSE(world.platform.boxes[0].text.contains(u"registros foram atualizados"));
     }
 }
 
 TEST_F(InfoPessTest, AFailingWriteEndsTheRun) {
     const QList<data::Value> linha{number(1), text("A"), text("SP"), text("B"), text("SP"), text("C"), text("SP")};
-    pessoas({linha, linha});
+    personRows({linha, linha});
     database.fail(u"UPDATE PESS"_s, errorNumber::StatementRefused);
-    abre([&](frmInfoPess& tela) { user.click(tela.cmdEspecialMun); });
-    EXPECT_EQ(falha(), errorNumber::StatementRefused);
+    open([&](frmInfoPess& tela) { user.click(tela.cmdEspecialMun); });
+    EXPECT_EQ(failure(), errorNumber::StatementRefused);
     EXPECT_EQ(database.sent.filter(u"UPDATE PESS"_s).size(), 1);
     EXPECT_TRUE(database.writes.isEmpty());
 }
 
 TEST_F(InfoPessTest, TheButtonCloses) {
-    abre([&](frmInfoPess& tela) {
+    open([&](frmInfoPess& tela) {
         user.click(tela.cmdSAIR);
         EXPECT_FALSE(tela.isLoaded());
     });
-    EXPECT_EQ(falha(), 0);
+    EXPECT_EQ(failure(), 0);
 }
 
 } // namespace vorta::test

@@ -4,8 +4,7 @@
 #include "launch/ConectaServidor.h"
 #include "odbc/OdbcAdapter.h"
 #include "odbc/SampleServer.h"
-#include "support/ErrorOf.h"
-#include "support/TestPlatform.h"
+#include "support/World.h"
 
 #include <gtest/gtest.h>
 
@@ -17,10 +16,11 @@ namespace {
 using data::Recordset;
 using data::Statement;
 
-class SqlServerRoad : public testing::Test {
+class SqlServerRoad : public testing::Test, protected World {
   protected:
     SqlServerRoad() : SqlServerRoad(QStringList()) {}
-    explicit SqlServerRoad(const QStringList& options) : server(options) {
+    explicit SqlServerRoad(const QStringList& options)
+        : World([](data::Engine) { return data::MakeOdbcAdapter(); }), server(options) {
         platform.files[config("server_aplic.ini")] = {u"^^"_s};
     }
 
@@ -43,9 +43,6 @@ class SqlServerRoad : public testing::Test {
     Recordset read(const Statement& statement) { return AbreLeitura(contexto, statement); }
 
     SampleServer server;
-    TestPlatform platform;
-    screen::Program program{platform};
-    ContextoExecucao contexto{program, [](data::Engine) { return data::MakeOdbcAdapter(); }};
 };
 
 class LosingSqlServerRoad : public SqlServerRoad {

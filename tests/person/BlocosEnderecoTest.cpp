@@ -1,7 +1,7 @@
 #include "person/BlocosEndereco.h"
 #include "base/Literals.h"
 
-#include "person/PessoasFixture.h"
+#include "person/PessoasTest.h"
 
 namespace vorta::test {
 
@@ -34,19 +34,19 @@ constexpr Bloco blocos[]{
 
 } // namespace
 
-class BlocosEndereco : public PessoasFixture {
+class BlocosEndereco : public PessoasTest {
   protected:
-    screen::ListField& lista(const char* nome) {
+    screen::ListField& list(const char* nome) {
         return static_cast<screen::ListField&>(tela.field(QString::fromLatin1(nome)));
     }
 
-    void preenche(const QStringList& campos, const char* marca) {
+    void fill(const QStringList& campos, const char* marca) {
         for (const QString& campo : campos)
             tela.field(campo).setText(campo.startsWith(u"msk") ? u"13010-100"_s
                                                                : QString::fromLatin1(marca) + campo.mid(3));
     }
 
-    QStringList textos(const QStringList& campos) {
+    QStringList textsOf(const QStringList& campos) {
         QStringList lidos;
         for (const QString& campo : campos)
             lidos += tela.field(campo).text();
@@ -61,7 +61,7 @@ TEST_F(BlocosEndereco, StateListsBeginWithTheCompanysOwnStateAndABlank) {
     tela.cboUF.setText(u"RJ"_s);
     PreencheCombosUFs(tela);
     for (const Bloco& bloco : blocos)
-        EXPECT_EQ(lista(bloco.uf).items(), (QStringList{u"SP"_s, u"  "_s, u"AC"_s, u"SP"_s}));
+        EXPECT_EQ(list(bloco.uf).items(), (QStringList{u"SP"_s, u"  "_s, u"AC"_s, u"SP"_s}));
     EXPECT_EQ(tela.cboUF.text(), QString());
     EXPECT_EQ(database.sent.last(),
               u"SELECT UF00.IDUF00, UF00.CODI_UF00 FROM UF00 WHERE (UF00.DATA_DESA IS NULL) ORDER BY UF00.CODI_UF00"_s);
@@ -71,46 +71,46 @@ TEST_F(BlocosEndereco, StateListsBeginWithTheCompanysOwnStateAndABlank) {
 TEST_F(BlocosEndereco, CitiesOfTheStateThatHoldWhatWasTyped) {
     database.answer(u"SELECT * FROM MUNI_IBGE"_s, {{u"desc_muni_ibge"_s}, {{text("CAMPINAS")}, {text("CAMPO LIMPO")}}});
     for (const Bloco& bloco : blocos) {
-        lista(bloco.uf).setText(u"sp"_s);
-        lista(bloco.cidade).setText(u" camp "_s);
-        database.sent.clear();
-        user.dropDown(lista(bloco.cidade));
+        list(bloco.uf).setText(u"sp"_s);
+        list(bloco.cidade).setText(u" camp "_s);
+        forget();
+        user.dropDown(list(bloco.cidade));
         ASSERT_GE(database.sent.size(), 1);
         EXPECT_EQ(database.sent.last(),
                   u"SELECT * FROM MUNI_IBGE  WHERE DATA_DESA IS NULL AND UF00_MUNI_IBGE = 'SP' AND "
                   "(MUNI_IBGE.DESC_MUNI_IBGE LIKE '%CAMP%') ORDER BY DESC_MUNI_IBGE"_s);
-        EXPECT_EQ(lista(bloco.cidade).items(), (QStringList{u"CAMPINAS"_s, u"CAMPO LIMPO"_s}));
+        EXPECT_EQ(list(bloco.cidade).items(), (QStringList{u"CAMPINAS"_s, u"CAMPO LIMPO"_s}));
     }
 }
 
 TEST_F(BlocosEndereco, CountriesThatHoldWhatWasTyped) {
     database.answer(u"FROM PAIS"_s, {{u"nome_pais"_s}, {{text("BRASIL")}}});
     for (const Bloco& bloco : blocos) {
-        lista(bloco.pais).setText(u"bra"_s);
-        user.dropDown(lista(bloco.pais));
+        list(bloco.pais).setText(u"bra"_s);
+        user.dropDown(list(bloco.pais));
         EXPECT_EQ(database.sent.last(),
                   u"SELECT NOME_PAIS FROM PAIS  WHERE DATA_DESA IS NULL AND (PAIS.NOME_PAIS LIKE '%BRA%') "
                   "ORDER BY NOME_PAIS"_s);
-        EXPECT_EQ(lista(bloco.pais).items(), QStringList{u"BRASIL"_s});
+        EXPECT_EQ(list(bloco.pais).items(), QStringList{u"BRASIL"_s});
     }
 }
 
 TEST_F(BlocosEndereco, LeavingTheCitySetsTheMunicipalCodeOfItsOwnBlock) {
     database.answer(u"DESC_MUNI_IBGE = 'CAMPINAS'"_s, {{u"codi_muni_ibge"_s}, {{text("3509502")}}});
     for (const Bloco& bloco : blocos) {
-        lista(bloco.cidade).setText(u"campinas"_s);
-        lista(bloco.uf).setText(u"sp"_s);
-        database.sent.clear();
-        user.focus(lista(bloco.cidade));
+        list(bloco.cidade).setText(u"campinas"_s);
+        list(bloco.uf).setText(u"sp"_s);
+        forget();
+        user.focus(list(bloco.cidade));
         user.leave(tela);
         EXPECT_EQ(database.sent,
                   QStringList{u"SELECT CODI_MUNI_IBGE FROM MUNI_IBGE WHERE DESC_MUNI_IBGE = 'CAMPINAS' AND "
                               "UF00_MUNI_IBGE = 'SP'"_s});
-        EXPECT_EQ(Texto(bloco.municipio), u"3509502"_s);
-        lista(bloco.cidade).setText(u"lugar nenhum"_s);
-        user.focus(lista(bloco.cidade));
+        EXPECT_EQ(textOf(bloco.municipio), u"3509502"_s);
+        list(bloco.cidade).setText(u"lugar nenhum"_s);
+        user.focus(list(bloco.cidade));
         user.leave(tela);
-        EXPECT_EQ(Texto(bloco.municipio), QString());
+        EXPECT_EQ(textOf(bloco.municipio), QString());
     }
 }
 
@@ -131,29 +131,31 @@ TEST_F(BlocosEndereco, CopiesBetweenTheBlocks) {
         const QStringList& destino;
         screen::Label& municipio;
     };
-    preenche(comercial, "C ");
-    preenche(entrega, "E ");
+    const QString question = u"Confirma Repetição do Endereço?"_s;
+    fill(comercial, "C ");
+    fill(entrega, "E ");
     const Copia copias[]{{tela.cmdEndEntrega, entrega, cobranca, tela.lblCob_CodMunIBGE},
                          {tela.cmdEndComl2, comercial, cobranca, tela.lblCob_CodMunIBGE},
                          {tela.cmdEndComl1, comercial, entrega, tela.lblEnt_CodMunIBGE}};
     for (const Copia& copia : copias) {
-        const QStringList antes = textos(copia.destino);
+        const QStringList antes = textsOf(copia.destino);
         copia.municipio.setText(u"velho"_s);
         platform.boxes.clear();
         platform.willAnswer(Answer::No);
-        Clica(copia.botao);
-        EXPECT_EQ(textos(copia.destino), antes);
+        click(copia.botao);
+        EXPECT_EQ(textsOf(copia.destino), antes);
         platform.willAnswer(Answer::Yes);
-        Clica(copia.botao);
-        EXPECT_EQ(textos(copia.destino), textos(copia.origem));
+        click(copia.botao);
+        EXPECT_EQ(textsOf(copia.destino), textsOf(copia.origem));
         EXPECT_EQ(copia.municipio.text(), u"velho"_s);
-        EXPECT_EQ(platform.boxes.back().text, u"Confirma Repetição do Endereço?"_s);
+        EXPECT_EQ(platform.boxes.news(), (QStringList{question, question}));
         EXPECT_EQ(platform.boxes.back().title, QString());
         EXPECT_EQ(platform.boxes.back().buttons, screen::Buttons::YesNo);
     }
     tela.mskCEP.setText({});
     platform.willAnswer(Answer::Yes);
-    Clica(tela.cmdEndComl1);
+    click(tela.cmdEndComl1);
+    EXPECT_EQ(platform.boxes.news(), QStringList(question));
     EXPECT_EQ(tela.mskEnt_CEP.text(), u"_____-___"_s);
 }
 
@@ -164,7 +166,7 @@ TEST_F(BlocosEndereco, PostalCodeButtonsTellWhichBlockAsks) {
     };
     contexto.RegistraTela(u"frmBROWSE_CEPS"_s, [](ContextoExecucao& dono) { return std::make_unique<Ceps>(dono); });
     for (const Bloco& bloco : blocos) {
-        Clica(static_cast<screen::Button&>(tela.field(QString::fromLatin1(bloco.botaoCep))));
+        click(static_cast<screen::Button&>(tela.field(QString::fromLatin1(bloco.botaoCep))));
         EXPECT_EQ(contexto.EnderecoAlvoCep, QString::fromLatin1(bloco.alvo));
         EXPECT_EQ(platform.shown.last(), u"frmBROWSE_CEPS"_s);
     }
@@ -174,12 +176,13 @@ TEST_F(BlocosEndereco, CloningTheNameByItsButton) {
     tela.txtDescricao.setText(u" Maria "_s);
     tela.txtNomeFantasia.setText(u"outro"_s);
     platform.willAnswer(Answer::No);
-    Clica(tela.cmdClonarRazaoSocial);
+    click(tela.cmdClonarRazaoSocial);
     EXPECT_EQ(tela.txtNomeFantasia.text(), u"outro"_s);
     platform.willAnswer(Answer::Yes);
-    Clica(tela.cmdClonarRazaoSocial);
+    click(tela.cmdClonarRazaoSocial);
     EXPECT_EQ(tela.txtNomeFantasia.text(), u" Maria "_s);
-    EXPECT_EQ(platform.boxes.back().text, u"Confirma Clone: De Razao Social P/ Nome Fantasia?"_s);
+    const QString question = u"Confirma Clone: De Razao Social P/ Nome Fantasia?"_s;
+    EXPECT_EQ(platform.boxes.news(), (QStringList{question, question}));
 }
 
 TEST_F(BlocosEndereco, LeavingAnEmptyTradeNameAsksInEveryState) {
@@ -196,7 +199,8 @@ TEST_F(BlocosEndereco, LeavingAnEmptyTradeNameAsksInEveryState) {
     user.focus(tela.txtNomeFantasia);
     user.leave(tela);
     EXPECT_EQ(tela.txtNomeFantasia.text(), u"CASA"_s);
-    EXPECT_EQ(platform.boxes.size(), 2u);
+    const QString question = u"Confirma Clone: De Razao Social P/ Nome Fantasia?"_s;
+    EXPECT_EQ(platform.boxes.news(), (QStringList{question, question}));
 }
 
 } // namespace vorta::test

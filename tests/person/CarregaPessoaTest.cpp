@@ -1,12 +1,12 @@
 #include "base/Literals.h"
-#include "person/PessoasFixture.h"
+#include "person/PessoasTest.h"
 
 namespace vorta::test {
 
-class CarregaPessoaTela : public PessoasFixture {
+class CarregaPessoaTela : public PessoasTest {
   protected:
     /// A row with a null in every column that is not given.
-    void Pessoa(std::map<QString, data::Value> valores) {
+    void personRow(std::map<QString, data::Value> valores) {
         static const char* colunas[] = {"IDPESS",
                                         "NOME_PESS",
                                         "NOME_CONH",
@@ -78,15 +78,15 @@ class CarregaPessoaTela : public PessoasFixture {
         database.answer(u"FROM PESS WHERE IDPESS"_s, linhas);
         database.answer(u"FROM PESS WHERE PESS_CODI_EXTE"_s, linhas);
     }
-    void Localiza(const char* id = "44") {
+    void find(const char* id = "44") {
         tela.txtRowID.setText(QString::fromLatin1(id));
-        Clica(tela.cmdPesquisar_Cliente);
+        click(tela.cmdPesquisar_Cliente);
     }
 };
 
 TEST_F(CarregaPessoaTela, NobodyThere) {
     tela.setCaption(u"Barra"_s);
-    Localiza("45");
+    find("45");
     ASSERT_EQ(platform.boxes.size(), 1u);
     EXPECT_EQ(platform.boxes[0].text, u"Pessoa não localizada!");
     EXPECT_EQ(platform.boxes[0].title, u"Barra");
@@ -99,8 +99,8 @@ TEST_F(CarregaPessoaTela, NobodyThere) {
 TEST_F(CarregaPessoaTela, NullsGiveEmptyFields) {
     tela.txtOBSE_PESS_0003.setText(u"de outra pessoa"_s);
     tela.txtDTDesativa.setText(u"01/01/2020"_s);
-    Pessoa({});
-    Localiza();
+    personRow({});
+    find();
     EXPECT_EQ(tela.txtDescricao.text(), u"AURORA LTDA");
     EXPECT_EQ(tela.txtOBSE_PESS_0003.text(), QString());
     EXPECT_EQ(tela.txtDTDesativa.text(), QString());
@@ -118,21 +118,21 @@ TEST_F(CarregaPessoaTela, EveryColumnReachesItsField) {
     database.answer(u"AND VEND.IDVEND =7"_s, {{u"NOME_CONH"_s}, {{text("RITA")}}});
     database.answer(u"AND TRPT.IDTRPT =8"_s, {{u"NOME_CONH"_s}, {{text("RODA")}}});
     database.answer(u"WHERE IDTIPO_CLIE=2"_s, {{u"DESC_TIPO_CLIE"_s}, {{text("PRATA")}}});
-    Pessoa({{u"DATA_DESA"_s, date(2020, 3, 4)},
-            {u"DATA_INCL"_s, date(2019, 1, 2)},
-            {u"DATA_ANIV"_s, text("31/12")},
-            {u"DATA_ANIV_RELA"_s, date(2018, 7, 9)},
-            {u"CPF0_CNPJ"_s, text("11222333")},
-            {u"IDVEND"_s, number(7)},
-            {u"IDPESS_TRPT"_s, number(8)},
-            {u"IDTIPO_CLIE"_s, number(2)},
-            {u"PSFI_PSJU"_s, text("F")},
-            {u"FAX0_0002_PESS"_s, text("9999")},
-            {u"OBSE_PESS_0002"_s, text("nota")},
-            {u"CODI_MUNI_ENTG_PESS"_s, text("3548500")},
-            {u"FLAG_FISC_PESS"_s, text("OK")},
-            {u"PRIN_FONE_CONT"_s, text("3333")}});
-    Localiza();
+    personRow({{u"DATA_DESA"_s, date(2020, 3, 4)},
+               {u"DATA_INCL"_s, date(2019, 1, 2)},
+               {u"DATA_ANIV"_s, text("31/12")},
+               {u"DATA_ANIV_RELA"_s, date(2018, 7, 9)},
+               {u"CPF0_CNPJ"_s, text("11222333")},
+               {u"IDVEND"_s, number(7)},
+               {u"IDPESS_TRPT"_s, number(8)},
+               {u"IDTIPO_CLIE"_s, number(2)},
+               {u"PSFI_PSJU"_s, text("F")},
+               {u"FAX0_0002_PESS"_s, text("9999")},
+               {u"OBSE_PESS_0002"_s, text("nota")},
+               {u"CODI_MUNI_ENTG_PESS"_s, text("3548500")},
+               {u"FLAG_FISC_PESS"_s, text("OK")},
+               {u"PRIN_FONE_CONT"_s, text("3333")}});
+    find();
     const std::pair<const char*, const char16_t*> esperados[]{{"txtDTDesativa", u"04/03/2020"},
                                                               {"lblDataDesa", u"04/03/2020"},
                                                               {"lblDataIncl", u"02/01/2019"},
@@ -151,20 +151,20 @@ TEST_F(CarregaPessoaTela, EveryColumnReachesItsField) {
                                                               {"cboStatusIntegraFISCO", u"OK"},
                                                               {"txtPrinFoneContato", u"3333"}};
     for (const auto& [campo, esperado] : esperados)
-        EXPECT_EQ(Texto(campo), QString::fromUtf16(esperado)) << campo;
+        EXPECT_EQ(textOf(campo), QString::fromUtf16(esperado)) << campo;
     EXPECT_EQ(tela.mskCodigo.mask(), QString());
 }
 
 TEST_F(CarregaPessoaTela, ANullNameIsNotForeseen) {
-    Pessoa({{u"NOME_PESS"_s, null()}});
-    Localiza();
+    personRow({{u"NOME_PESS"_s, null()}});
+    find();
     EXPECT_TRUE(program.hasEnded());
-    EXPECT_EQ(program.failure()->number(), errorNumber::InvalidNull);
+    EXPECT_EQ(failure(), errorNumber::InvalidNull);
 }
 
 TEST_F(CarregaPessoaTela, ANullKindLoadsAsLegal) {
-    Pessoa({{u"PSFI_PSJU"_s, null()}});
-    Localiza();
+    personRow({{u"PSFI_PSJU"_s, null()}});
+    find();
     EXPECT_EQ(tela.cboFisJur.text(), u"Jurídica");
 }
 
@@ -180,8 +180,8 @@ class CepGuardado : public CarregaPessoaTela, public ::testing::WithParamInterfa
 TEST_P(CepGuardado, ComesUpByTheRuleOfItsBlock) {
     const CasoCep& caso = GetParam();
     const data::Value valor = text(caso.guardado);
-    Pessoa({{u"CEP0_COML_PESS"_s, valor}, {u"CEP0_ENTG_PESS"_s, valor}, {u"CEP0_COBR_PESS"_s, valor}});
-    Localiza();
+    personRow({{u"CEP0_COML_PESS"_s, valor}, {u"CEP0_ENTG_PESS"_s, valor}, {u"CEP0_COBR_PESS"_s, valor}});
+    find();
     EXPECT_EQ(tela.mskCEP.text(), QString::fromLatin1(caso.comercial));
     EXPECT_EQ(tela.mskEnt_CEP.text(), QString::fromLatin1(caso.entrega));
     EXPECT_EQ(tela.mskCob_CEP.text(), QString::fromLatin1(caso.cobranca));
@@ -197,10 +197,10 @@ INSTANTIATE_TEST_SUITE_P(Regras, CepGuardado,
 
 TEST_F(CarregaPessoaTela, MissingMunicipalCodesAreLookedUp) {
     database.answer(u"'CAMPINAS'"_s, {{u"CODI_MUNI_IBGE"_s}, {{text("3509502")}}});
-    Pessoa({{u"CIDA_COML_PESS"_s, text("CAMPINAS")},
-            {u"CIDA_ENTG_PESS"_s, text("CAMPINAS")},
-            {u"CIDA_COBR_PESS"_s, text("CAMPINAS")}});
-    Localiza();
+    personRow({{u"CIDA_COML_PESS"_s, text("CAMPINAS")},
+               {u"CIDA_ENTG_PESS"_s, text("CAMPINAS")},
+               {u"CIDA_COBR_PESS"_s, text("CAMPINAS")}});
+    find();
     EXPECT_EQ(tela.lblCodMunIBGE.text(), u"3509502");
     EXPECT_EQ(tela.lblEnt_CodMunIBGE.text(), u"3509502");
     EXPECT_EQ(tela.lblCob_CodMunIBGE.text(), QString()) << "looked up only while the commercial code is missing";
@@ -208,18 +208,18 @@ TEST_F(CarregaPessoaTela, MissingMunicipalCodesAreLookedUp) {
 
 TEST_F(CarregaPessoaTela, AFilledBillingCodeIsLookedUpAgainWhileTheCommercialOneIsMissing) {
     database.answer(u"'JAU'"_s, {{u"CODI_MUNI_IBGE"_s}, {{text("3525300")}}});
-    Pessoa({{u"CIDA_COBR_PESS"_s, text("JAU")}, {u"CODI_MUNI_COBR_PESS"_s, text("1")}});
-    Localiza();
+    personRow({{u"CIDA_COBR_PESS"_s, text("JAU")}, {u"CODI_MUNI_COBR_PESS"_s, text("1")}});
+    find();
     EXPECT_EQ(tela.lblCob_CodMunIBGE.text(), u"3525300");
 }
 
 TEST_F(CarregaPessoaTela, ByExternalCode) {
     database.answer(u"SELECT IDPESS, PESS_CODI_EXTE FROM PESS WHERE PESS.PESS_CODI_EXTE"_s,
                     {{u"IDPESS"_s}, {{number(44)}}});
-    Pessoa({{u"PESS_CODI_EXTE"_s, text("X9")}});
+    personRow({{u"PESS_CODI_EXTE"_s, text("X9")}});
     tela.txtRowID.setText({});
     tela.txtCodPessExterno.setText(u"x9"_s);
-    Clica(tela.cmdPesquisar_Cliente);
+    click(tela.cmdPesquisar_Cliente);
     EXPECT_EQ(database.sent[0], u"SELECT * FROM PESS WHERE PESS_CODI_EXTE = 'X9'");
     EXPECT_EQ(tela.txtRowID.text(), u"44");
     EXPECT_EQ(tela.txtCodPessExterno.text(), u"X9");
@@ -230,13 +230,13 @@ TEST_F(CarregaPessoaTela, ByExternalCode) {
 }
 
 TEST_F(CarregaPessoaTela, ListsComeUpInTheirGrids) {
-    Pessoa({});
+    personRow({});
     database.answer(u"FROM PESS_ATIV"_s, {{u"IDATIV"_s}, {{number(3)}, {number(4)}}});
     database.answer(u"Where idativ = 3"_s, {{u"desc_ativ"_s}, {{text("COMERCIO")}}});
     database.answer(u"FROM PESS_CONT"_s, {{u"CARG_PESS_CONT"_s, u"NOME_PESS_CONT"_s, u"TELE_PESS_CONT"_s,
                                            u"EMAI_PESS_CONT"_s, u"DATA_NASC"_s},
                                           {{text("COMPRAS"), text("ANA"), null(), null(), text("31/12")}}});
-    Localiza();
+    find();
     EXPECT_EQ(tela.FlexAtividades.Rows(), 3);
     EXPECT_EQ(tela.FlexAtividades.cell(1, 1), u"COMERCIO");
     EXPECT_EQ(tela.FlexAtividades.cell(2, 1), QString());
@@ -248,10 +248,10 @@ TEST_F(CarregaPessoaTela, ListsComeUpInTheirGrids) {
 }
 
 TEST_F(CarregaPessoaTela, TheModeStaysAndEditsAreGone) {
-    Pessoa({});
+    personRow({});
     contexto.ModoTela = u"A"_s;
     tela.txtDescricao.setText(u"editado"_s);
-    Localiza();
+    find();
     EXPECT_EQ(tela.txtDescricao.text(), u"AURORA LTDA");
     EXPECT_EQ(contexto.ModoTela, u"A");
 }

@@ -2,12 +2,12 @@
 #include "base/Literals.h"
 
 #include "person/ContatosPessoa.h"
-#include "person/PessoasFixture.h"
+#include "person/PessoasTest.h"
 #include "shared/Insercao.h"
 
 namespace vorta::test {
 
-using ComandosPessoa = PessoasFixture;
+using ComandosPessoa = PessoasTest;
 
 const QString insereMinimo =
     u"psfi_psju, cpf0_cnpj, nome_pess, nome_conh, ENDE_COML_PESS, BAIR_COML_PESS, CIDA_COML_PESS, UF00_COML_PESS, "
@@ -18,22 +18,22 @@ const QString valoresMinimos =
     "'13010-100', 'BRASIL', '_____-___', 'BRASIL', '_____-___', 'BRASIL', '__/__', '0', '0001', '20261120', '12')"_s;
 
 TEST_F(ComandosPessoa, AnInsertWithoutOptionalFieldsStillHoldsBlankMasksCountriesAndClass) {
-    PreenchePessoa();
+    fillPerson();
     EXPECT_EQ(MontaInsertPessoa(contexto, tela, 501).text(),
               u"insert into pess (idpess, "_s + insereMinimo + u"values ('501', "_s + valoresMinimos);
 }
 
 TEST_F(ComandosPessoa, OtherEnginesAssignTheKeyThemselves) {
-    UsaBanco(u"MS-SQL"_s);
-    PreenchePessoa();
+    connect(u"MS-SQL"_s);
+    fillPerson();
     EXPECT_EQ(MontaInsertPessoa(contexto, tela, ChaveDoGerador(contexto, data::Piece("GEN_PESS"))).text(),
               u"insert into pess ("_s + insereMinimo + u"values ("_s + valoresMinimos);
 }
 
-class ComandosPessoaCompleta : public PessoasFixture {
+class ComandosPessoaCompleta : public PessoasTest {
   protected:
     void SetUp() override {
-        PreenchePessoa();
+        fillPerson();
         database.answer(u"FROM VEND"_s, {{u"IDVEND"_s}, {{number(7)}}});
         database.answer(u"FROM TRPT"_s, {{u"IDTRPT"_s}, {{number(8)}}});
         database.answer(u"FROM TIPO_CLIE"_s, {{u"IDTIPO_CLIE"_s}, {{number(2)}}});
@@ -160,14 +160,14 @@ TEST_F(ComandosPessoa, AnUpdateOfAnEmptyScreenSetsNulls) {
 }
 
 TEST_F(ComandosPessoa, AnInvalidAnniversaryIsNotStored) {
-    PreenchePessoa();
+    fillPerson();
     tela.mskDtAnivRel.setText(u"31/02/2020"_s);
     EXPECT_FALSE(MontaInsertPessoa(contexto, tela, 1).text().contains(u"data_aniv_rela"));
     EXPECT_TRUE(MontaUpdatePessoa(contexto, tela).text().contains(u"data_aniv_rela=null, "));
 }
 
 TEST_F(ComandosPessoa, TheMunicipalCodeIsTrimmedAtInclusionOnly) {
-    PreenchePessoa();
+    fillPerson();
     tela.lblCodMunIBGE.setText(u" 3509502 "_s);
     EXPECT_TRUE(MontaInsertPessoa(contexto, tela, 1).text().contains(u"'3509502'"));
     EXPECT_TRUE(MontaUpdatePessoa(contexto, tela).text().contains(u"CODI_MUNI_COML_PESS=' 3509502 '"));
@@ -182,7 +182,7 @@ TEST_F(ComandosPessoa, ContactInsert) {
         u"insert into pess_cont (idpess_cont, idpess, carg_pess_cont, nome_pess_cont, tele_pess_cont, "
         "emai_pess_cont, data_nasc, data_incl, user_incl) values ('71', '44', 'COMPRAS', 'Ana', '3333', 'a@b.com', "
         "'31/12', '20261120', '12')"_s);
-    UsaBanco(u"MSSQL"_s);
+    connect(u"MSSQL"_s);
     EXPECT_EQ(tela.contatos.MontaInsertContato(u"44"_s, 2).text(),
               u"insert into pess_cont (idpess, carg_pess_cont, nome_pess_cont, data_nasc, data_incl, user_incl) "
               "values ('44', 'DIRETOR', 'Bia', '', '20261120', '12')"_s);
@@ -195,7 +195,7 @@ TEST_F(ComandosPessoa, BranchInsertLooksTheKeyUpAfresh) {
     EXPECT_EQ(MontaInsertAtividade(tela, u"44"_s, 1).text(),
               u"insert into pess_ativ (idpess_ativ, idpess, idativ, data_incl, user_incl) values ('81', '44', '33', "
               "'20261120', '12')"_s);
-    UsaBanco(u"MS-SQL2008WEB"_s);
+    connect(u"MS-SQL2008WEB"_s);
     EXPECT_EQ(MontaInsertAtividade(tela, u"44"_s, 1).text(),
               u"insert into pess_ativ (idpess, idativ, data_incl, user_incl) values ('44', '33', '20261120', '12')"_s);
 }

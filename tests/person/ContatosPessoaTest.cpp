@@ -1,11 +1,11 @@
 #include "person/ContatosPessoa.h"
 #include "base/Literals.h"
 
-#include "person/PessoasFixture.h"
+#include "person/PessoasTest.h"
 
 namespace vorta::test {
 
-class ContatosPessoa : public PessoasFixture {
+class ContatosPessoa : public PessoasTest {
   protected:
     void SetUp() override {
         tela.contatos.PreparaGridContatos();
@@ -14,7 +14,7 @@ class ContatosPessoa : public PessoasFixture {
         tela.LiberaCampos();
         database.answer(u"desc_ativ='COMERCIO'"_s, {{u"idAtiv"_s}, {{number(33)}}});
     }
-    void DigitaContato(const char16_t* nascimento = u"31/12") {
+    void typeContact(const char16_t* nascimento = u"31/12") {
         tela.contatos.cboTipoContato.setText(u"COMPRAS"_s);
         tela.contatos.txtNomeContato.setText(u"Ana"_s);
         tela.contatos.txtFoneContato.setText(u"3333"_s);
@@ -24,8 +24,8 @@ class ContatosPessoa : public PessoasFixture {
 };
 
 TEST_F(ContatosPessoa, IncludesARowAndEmptiesTheFields) {
-    DigitaContato();
-    Clica(tela.contatos.cmdIncluirContato);
+    typeContact();
+    click(tela.contatos.cmdIncluirContato);
     ASSERT_EQ(tela.contatos.Flex.Rows(), 2);
     EXPECT_EQ(tela.contatos.Flex.cell(1, 0), QString());
     EXPECT_EQ(tela.contatos.Flex.cell(1, 1), u"COMPRAS");
@@ -37,33 +37,33 @@ TEST_F(ContatosPessoa, IncludesARowAndEmptiesTheFields) {
 }
 
 TEST_F(ContatosPessoa, WithoutTypeOrNameNothingHappens) {
-    DigitaContato();
+    typeContact();
     tela.contatos.txtNomeContato.setText({});
-    Clica(tela.contatos.cmdIncluirContato);
+    click(tela.contatos.cmdIncluirContato);
     EXPECT_EQ(tela.contatos.Flex.Rows(), 1);
     EXPECT_EQ(tela.contatos.txtFoneContato.text(), u"3333");
     EXPECT_TRUE(platform.boxes.empty());
 }
 
 TEST_F(ContatosPessoa, BirthdayMustBeADayOfThisYear) {
-    DigitaContato(u"29/02");
-    Clica(tela.contatos.cmdIncluirContato);
+    typeContact(u"29/02");
+    click(tela.contatos.cmdIncluirContato);
     EXPECT_EQ(tela.contatos.Flex.Rows(), 1);
     EXPECT_EQ(platform.boxes[0].text, u"Formato de Data Inválida!");
     EXPECT_EQ(platform.boxes[0].title, u"Data de Aniversário");
     EXPECT_EQ(platform.boxes[0].icon, screen::Icon::Information);
     EXPECT_EQ(tela.focus(), &tela.contatos.mskDtNasc);
-    DigitaContato(u"");
-    Clica(tela.contatos.cmdIncluirContato);
+    typeContact(u"");
+    click(tela.contatos.cmdIncluirContato);
     ASSERT_EQ(tela.contatos.Flex.Rows(), 2);
     EXPECT_EQ(tela.contatos.Flex.cell(1, 5), QString());
 }
 
 TEST_F(ContatosPessoa, DoubleClickTakesARowBackIntoTheFields) {
-    DigitaContato();
-    Clica(tela.contatos.cmdIncluirContato);
-    DigitaContato(u"");
-    Clica(tela.contatos.cmdIncluirContato);
+    typeContact();
+    click(tela.contatos.cmdIncluirContato);
+    typeContact(u"");
+    click(tela.contatos.cmdIncluirContato);
     user.doubleClickCell(tela.contatos.Flex, 1, 2);
     EXPECT_EQ(tela.contatos.Flex.Rows(), 2);
     EXPECT_EQ(tela.contatos.txtNomeContato.text(), u"Ana");
@@ -77,8 +77,8 @@ TEST_F(ContatosPessoa, DoubleClickTakesARowBackIntoTheFields) {
 }
 
 TEST_F(ContatosPessoa, DoubleClickWritesAMailWhileIdle) {
-    DigitaContato();
-    Clica(tela.contatos.cmdIncluirContato);
+    typeContact();
+    click(tela.contatos.cmdIncluirContato);
     contexto.ModoTela = u" "_s;
     user.doubleClickCell(tela.contatos.Flex, 1, 2);
     EXPECT_EQ(platform.addresses, QStringList{u"mailto:a@b.com"_s});
@@ -90,7 +90,7 @@ TEST_F(ContatosPessoa, DoubleClickWritesAMailWhileIdle) {
 
 TEST_F(ContatosPessoa, BranchesMustExist) {
     tela.cboAtividades.setText(u"COMERCIO"_s);
-    Clica(tela.cmdIncluirAtividades);
+    click(tela.cmdIncluirAtividades);
     ASSERT_EQ(tela.FlexAtividades.Rows(), 2);
     EXPECT_EQ(tela.FlexAtividades.cell(1, 1), u"COMERCIO");
     EXPECT_EQ(tela.cboAtividades.text(), QString());
@@ -106,7 +106,7 @@ TEST_F(ContatosPessoa, BranchesMustExist) {
 
     user.focus(tela.cmdIncluirAtividades);
     tela.cboAtividades.setText(u"NADA"_s);
-    Clica(tela.cmdIncluirAtividades);
+    click(tela.cmdIncluirAtividades);
     EXPECT_EQ(platform.boxes[1].text, u"Este Ramo de Atividade não existe!");
     EXPECT_EQ(platform.boxes[1].icon, screen::Icon::Critical);
     EXPECT_EQ(tela.FlexAtividades.Rows(), 2);
@@ -126,7 +126,7 @@ TEST_F(ContatosPessoa, ClickTakesABranchBack) {
 }
 
 TEST_F(ContatosPessoa, ListsDropDownByWhatWasTyped) {
-    database.sent.clear();
+    forget();
     tela.contatos.cboTipoContato.setText(u"comp"_s);
     user.dropDown(tela.contatos.cboTipoContato);
     EXPECT_EQ(

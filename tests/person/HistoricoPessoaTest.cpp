@@ -1,11 +1,11 @@
 #include "person/HistoricoPessoa.h"
 #include "base/Literals.h"
 
-#include "person/PessoasFixture.h"
+#include "person/PessoasTest.h"
 
 namespace vorta::test {
 
-class HistoricoPessoa : public PessoasFixture {
+class HistoricoPessoa : public PessoasTest {
   protected:
     void SetUp() override {
         MontaGradesHistorico(tela);
@@ -13,9 +13,9 @@ class HistoricoPessoa : public PessoasFixture {
         tela.txtRowID.setText(u"44"_s);
         database.answer(u"FROM CLIE WHERE IDPESS"_s, {{u"IDCLIE"_s}, {{number(5)}}});
         database.answer(u"FROM FORN WHERE IDPESS"_s, {{u"IDFORN"_s}, {{number(6)}}});
-        database.sent.clear();
+        forget();
     }
-    void Pedidos() {
+    void orderRows() {
         database.answer(u"FROM CLIE, PEDI_VEDS"_s, {{u"IDPEDI_VEDS"_s, u"NUME_PEDI"_s, u"DATA_PEDI"_s, u"IDNFF0"_s},
                                                     {{number(10), text("1010"), date(2020, 1, 5), number(77)},
                                                      {number(11), text("1011"), date(2021, 2, 6), null()}}});
@@ -28,7 +28,7 @@ class HistoricoPessoa : public PessoasFixture {
 };
 
 TEST_F(HistoricoPessoa, OrdersWithTheirTotalsAndNotes) {
-    Pedidos();
+    orderRows();
     CarregaHistoricoPorId(tela);
     ASSERT_EQ(tela.FlexHistClie.Rows(), 3);
     const char16_t* linha[] = {u"10", u"1010", u"05/01/2020", u"24,00", u"2,5", u"000123"};
@@ -88,18 +88,18 @@ TEST_F(HistoricoPessoa, TheStatementsOfTheFiveGrids) {
 TEST_F(HistoricoPessoa, TopAndOrderOfTheOrders) {
     tela.txtVrTOP.setText(u" 10 "_s);
     user.click(tela.opTopDesce);
-    database.sent.clear();
+    forget();
     user.click(tela.cmdReprocessaHistClieI);
     EXPECT_TRUE(database.sent[1].startsWith(u"SELECT TOP 10 CLIE.IDCLIE, "));
     EXPECT_TRUE(database.sent[1].endsWith(u"ORDER BY PEDI_VEDS.DATA_PEDI DESC"));
     tela.txtVrTOP.setText(u"0"_s);
-    database.sent.clear();
+    forget();
     user.click(tela.cmdReprocessaHistClieI);
     EXPECT_TRUE(database.sent[1].startsWith(u"SELECT CLIE.IDCLIE, "));
 }
 
 TEST_F(HistoricoPessoa, ReprocessingKeepsTheDatesOfAnEmptySelection) {
-    Pedidos();
+    orderRows();
     user.click(tela.cmdReprocessaHistClieI);
     database.answer(u"FROM CLIE, PEDI_VEDS"_s, {});
     user.click(tela.cmdReprocessaHistClieI);
@@ -112,14 +112,14 @@ TEST_F(HistoricoPessoa, ATopThatIsNoNumberIsRefused) {
     tela.txtVrTOP.setText(u"dez"_s);
     user.click(tela.cmdReprocessaHistClieI);
     EXPECT_TRUE(program.hasEnded());
-    EXPECT_EQ(program.failure()->number(), errorNumber::StatementRefused);
+    EXPECT_EQ(failure(), errorNumber::StatementRefused);
 }
 
 TEST_F(HistoricoPessoa, ANullAmountEndsTheProcess) {
-    Pedidos();
+    orderRows();
     database.answer(u"pedi_veds_deta.idpedi_veds = 10"_s, {{u"QTDE"_s, u"VALO_LIQU"_s}, {{number(1), null()}}});
     user.click(tela.cmdReprocessaHistClieI);
-    EXPECT_EQ(program.failure()->number(), errorNumber::InvalidNull);
+    EXPECT_EQ(failure(), errorNumber::InvalidNull);
 }
 
 TEST_F(HistoricoPessoa, ItemsOfPurchasesByProduct) {
@@ -137,7 +137,7 @@ TEST_F(HistoricoPessoa, ItemsOfPurchasesByProduct) {
     for (int coluna = 0; coluna < 12; ++coluna)
         EXPECT_EQ(tela.FlexHistFornDeta.cell(1, coluna), QString::fromUtf16(linha[coluna])) << coluna;
     tela.txtRowID.setText({});
-    database.sent.clear();
+    forget();
     user.click(tela.cmdPesquisar_Produto);
     EXPECT_TRUE(database.sent.isEmpty());
 }
@@ -153,7 +153,7 @@ TEST_F(HistoricoPessoa, TheProductListGivesTheCode) {
 }
 
 TEST_F(HistoricoPessoa, TheLabelsFollowTheOrderOfTheRows) {
-    Pedidos();
+    orderRows();
     database.answer(u"ORDER BY PEDI_VEDS.DATA_PEDI DESC"_s,
                     {{u"IDPEDI_VEDS"_s, u"NUME_PEDI"_s, u"DATA_PEDI"_s, u"IDNFF0"_s},
                      {{number(11), null(), date(2021, 2, 6), null()}, {number(12), text("1012"), null(), number(99)}}});
@@ -203,7 +203,7 @@ TEST_F(HistoricoPessoa, ClearingKeepsTheQuotationsLabels) {
         {"lblTotalItensComprasForn", u"0"}, {"lblMontanteCompras", u"0,00"}, {"lblQtdeComprasOS", u""},
         {"lblMontanteComprasOS", u""},      {"lblPrimeiraCompraII", u"x"},   {"lblMontanteComprasII", u"x"}};
     for (const auto& [rotulo, esperado] : rotulos)
-        EXPECT_EQ(Texto(rotulo), QString::fromUtf16(esperado)) << rotulo;
+        EXPECT_EQ(textOf(rotulo), QString::fromUtf16(esperado)) << rotulo;
 }
 
 } // namespace vorta::test

@@ -1,5 +1,5 @@
 #include "base/Literals.h"
-#include "person/PessoasFixture.h"
+#include "person/PessoasTest.h"
 
 namespace vorta::test {
 
@@ -31,23 +31,23 @@ constexpr Falha falhas[]{
     {"mskCob_CEP", "OBRIG_ENDE_COBR", "CEP inválido!"},
 };
 
-class ValidaPessoa : public PessoasFixture {
+class ValidaPessoa : public PessoasTest {
   protected:
     void SetUp() override {
-        PreenchePessoa();
+        fillPerson();
         contexto.ModoTela = u"I"_s;
         tela.LiberaCampos();
     }
-    void PreencheBloco(const QString& prefixo) {
+    void fillBlock(const QString& prefixo) {
         tela.field(u"txt"_s + prefixo + u"_Endereco"_s).setText(u"RUA"_s);
         tela.field(u"txt"_s + prefixo + u"_Bairro"_s).setText(u"BAIRRO"_s);
         tela.field(u"cbo"_s + prefixo + u"_Cidade"_s).setText(u"CIDADE"_s);
         tela.field(u"cbo"_s + prefixo + u"_UF"_s).setText(u"SP"_s);
         tela.field(u"msk"_s + prefixo + u"_CEP"_s).setText(u"01310-100"_s);
     }
-    bool Grava() {
+    bool saves() {
         platform.boxes.clear();
-        Clica(tela.cmdSALVAR);
+        click(tela.cmdSALVAR);
         return platform.boxes.back().text == u"Registro Gravado com sucesso!";
     }
 };
@@ -55,15 +55,15 @@ class ValidaPessoa : public PessoasFixture {
 class CadaFalha : public ValidaPessoa, public ::testing::WithParamInterface<int> {};
 
 TEST_P(CadaFalha, ShowsItsMessageAndTakesTheFocus) {
-    PreencheBloco(u"Ent"_s);
-    PreencheBloco(u"Cob"_s);
-    Parametro("OBRIG_ENDE_ENTG", "S");
-    Parametro("OBRIG_ENDE_COBR", "S");
+    fillBlock(u"Ent"_s);
+    fillBlock(u"Cob"_s);
+    parameter("OBRIG_ENDE_ENTG", "S");
+    parameter("OBRIG_ENDE_COBR", "S");
     // This field and every one behind it are empty; the message is this one's.
     for (int indice = GetParam(); indice < static_cast<int>(std::size(falhas)); ++indice)
         tela.field(QString::fromLatin1(falhas[indice].campo)).setText({});
     const Falha& falha = falhas[GetParam()];
-    EXPECT_FALSE(Grava());
+    EXPECT_FALSE(saves());
     ASSERT_EQ(platform.boxes.size(), 1u);
     EXPECT_EQ(platform.boxes[0].text, QString::fromUtf8(falha.mensagem));
     const bool comTitulo = GetParam() < 2;
@@ -84,7 +84,7 @@ TEST_P(CadaFalha, OfTheOtherBlocksPassesWithoutItsSwitch) {
     if (!falha.parametro)
         return;
     tela.field(QString::fromLatin1(falha.campo)).setText({});
-    EXPECT_TRUE(Grava());
+    EXPECT_TRUE(saves());
 }
 
 INSTANTIATE_TEST_SUITE_P(Ordem, CadaFalha, ::testing::Range(0, static_cast<int>(std::size(falhas))));
@@ -92,41 +92,41 @@ INSTANTIATE_TEST_SUITE_P(Ordem, CadaFalha, ::testing::Range(0, static_cast<int>(
 TEST_F(ValidaPessoa, ADocumentOfPromptsOnlyIsMissing) {
     tela.mskCodigo.setText({});
     EXPECT_EQ(tela.mskCodigo.text(), u"__.___.___/____-__");
-    EXPECT_FALSE(Grava());
+    EXPECT_FALSE(saves());
     EXPECT_EQ(platform.boxes[0].text, u"CNPJ/CPF Obrigatório!!!");
     EXPECT_EQ(tela.mskCodigo.mask(), u"##.###.###/####-##");
 }
 
 TEST_F(ValidaPessoa, BirthdayIsCheckedAgainstTheCurrentYear) {
     tela.mskDtNasc.setText(u"31/02"_s);
-    EXPECT_FALSE(Grava());
+    EXPECT_FALSE(saves());
     EXPECT_EQ(platform.boxes[0].text, u"Formato de Data de Aniversário Inválida!");
     EXPECT_EQ(platform.boxes[0].title, u"Data de Aniversário");
     EXPECT_EQ(tela.focus(), &tela.mskDtNasc);
     tela.mskDtNasc.setText(u"29/02"_s);
-    EXPECT_FALSE(Grava()) << "2026 has no 29 February";
+    EXPECT_FALSE(saves()) << "2026 has no 29 February";
     platform.clock = QDateTime(QDate(2028, 1, 5), QTime(8, 0));
-    EXPECT_TRUE(Grava());
+    EXPECT_TRUE(saves());
 }
 
 TEST_F(ValidaPessoa, StateRegistrationOfALegalPersonOnly) {
     tela.txtIEstadual.setText(u"110042490115"_s);
-    EXPECT_FALSE(Grava());
+    EXPECT_FALSE(saves());
     EXPECT_EQ(platform.boxes[0].text, u"Inscrição Estadual Inválida!");
     EXPECT_EQ(platform.boxes[0].title, u"Inscrição Estadual");
     EXPECT_EQ(tela.focus(), &tela.txtIEstadual);
     tela.txtIEstadual.setText(u"ISENTO"_s);
-    EXPECT_TRUE(Grava());
+    EXPECT_TRUE(saves());
     contexto.ModoTela = u"I"_s;
     tela.LiberaCampos();
     tela.cboFisJur.setText(u"Física"_s);
     tela.txtIEstadual.setText(u"12X"_s);
-    EXPECT_TRUE(Grava());
+    EXPECT_TRUE(saves());
 }
 
 TEST_F(ValidaPessoa, TextFieldsAreTrimmedFirst) {
     tela.txtDescricao.setText(u"   "_s);
-    EXPECT_FALSE(Grava());
+    EXPECT_FALSE(saves());
     EXPECT_EQ(tela.txtDescricao.text(), QString());
 }
 
@@ -148,6 +148,7 @@ TEST_F(ValidaPessoa, DocumentOnLeaving) {
 
     platform.willAnswer(screen::Answer::No);
     user.focus(tela.txtEndereco);
+    EXPECT_EQ(platform.boxes.news(), QStringList(u"CGC Incorreto!\nContinua Verificação?"_s));
     EXPECT_EQ(contexto.ModoTela, u" ");
     EXPECT_EQ(tela.txtDescricao.text(), QString());
     EXPECT_FALSE(tela.cmdSALVAR.enabled());
@@ -185,11 +186,13 @@ TEST_F(ValidaPessoa, EmailAsksWhetherToCorrect) {
         user.focus(*email);
         platform.willAnswer(screen::Answer::Yes);
         user.focus(tela.txtEndereco);
-        ASSERT_EQ(platform.boxes.size(), 2u);
-        EXPECT_EQ(platform.boxes[1].text, u"O e-mail digitado não passou na validação.\nVocê deseja corrigir?");
+        const QStringList told{u"O nº de arrobas (@) do e-mail é inválido!!!"_s,
+                               u"O e-mail digitado não passou na validação.\nVocê deseja corrigir?"_s};
+        EXPECT_EQ(platform.boxes.news(), told);
         EXPECT_EQ(tela.focus(), email);
         platform.willAnswer(screen::Answer::No);
         user.focus(tela.txtEndereco);
+        EXPECT_EQ(platform.boxes.news(), told);
         EXPECT_EQ(tela.focus(), &tela.txtEndereco);
         EXPECT_EQ(email->text(), u"sem arroba");
     }

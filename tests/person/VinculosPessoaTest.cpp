@@ -1,5 +1,5 @@
 #include "base/Literals.h"
-#include "person/PessoasFixture.h"
+#include "person/PessoasTest.h"
 
 /// The seven role buttons: direct links, the way into the role screens, and what a failing statement leaves behind.
 namespace vorta::test {
@@ -8,6 +8,7 @@ namespace {
 
 using screen::Answer;
 
+const QString linkMade = u"Vínculo estabelecido com sucesso!"_s;
 const QString identidade = u"SELECT @@IDENTITY AS 'MAXROWID'"_s;
 
 /// A role with the statements that its button sends for person 5, by user 12 of company 0001, on 20 November 2026.
@@ -52,7 +53,7 @@ const std::vector<Link> links{
      "UPDATE DECO SET USER_DESA='12', DATA_DESA='20261120' WHERE (IDDECO=31)", "IDDECO"},
 };
 
-class RoleButtons : public PessoasFixture, public ::testing::WithParamInterface<Link> {
+class RoleButtons : public PessoasTest, public ::testing::WithParamInterface<Link> {
   protected:
     RoleButtons() {
         tela.txtRowID.setText(u"5"_s);
@@ -61,18 +62,21 @@ class RoleButtons : public PessoasFixture, public ::testing::WithParamInterface<
     }
 
     static QString latin(const char* texto) { return QString::fromLatin1(texto); }
-    QString leitura() const { return latin(GetParam().consulta) + u" AND DATA_DESA IS NULL"_s; }
-    QString parametroLido() const {
+    QString linkQuestion() const {
+        return u"Deseja Criar um Vínculo de %1?"_s.arg(QString::fromUtf8(GetParam().palavra));
+    }
+    QString roleRead() const { return latin(GetParam().consulta) + u" AND DATA_DESA IS NULL"_s; }
+    QString parameterRead() const {
         return u"SELECT * FROM EMPR_CNFG WHERE NOME_PARA='%1'"_s.arg(latin(GetParam().parametro));
     }
-    QString colunaGravada(int id) const {
+    QString columnWritten(int id) const {
         return u"UPDATE PESS SET %1 = %2 WHERE IDPESS = 5"_s.arg(latin(GetParam().colunaPess)).arg(id);
     }
-    void direto() { Parametro(GetParam().parametro, "N"); }
-    void vinculado() { database.answer(latin(GetParam().consulta), {{latin(GetParam().chave)}, {{test::number(31)}}}); }
-    void clica() { user.click(tela.field(latin(GetParam().botao))); }
+    void linkDirectly() { parameter(GetParam().parametro, "N"); }
+    void linked() { database.answer(latin(GetParam().consulta), {{latin(GetParam().chave)}, {{test::number(31)}}}); }
+    void clickRole() { user.click(tela.field(latin(GetParam().botao))); }
     /// What went out before the seven readings of the indicators, of which there must be seven behind it.
-    QStringList antesDosIndicadores() {
+    QStringList beforeIndicators() {
         QStringList comandos = std::exchange(database.sent, {});
         EXPECT_GE(comandos.size(), 7);
         EXPECT_EQ(comandos.last(7).filter(u" AND DATA_DESA IS NULL"_s).size(), 7);
@@ -81,14 +85,14 @@ class RoleButtons : public PessoasFixture, public ::testing::WithParamInterface<
 };
 
 TEST_P(RoleButtons, LinkAtOnceOnFirebird) {
-    direto();
+    linkDirectly();
     database.answer(u"gen_id(%1,"_s.arg(latin(GetParam().gerador)), {{"GEN_ID"}, {{test::number(90)}}});
     database.answer(identidade, {{"MaxRowID"}, {{test::number(31)}}});
     platform.willAnswer(Answer::Yes);
     contexto.VinculoAtual = u"S"_s;
-    clica();
+    clickRole();
     const QString chave = latin(GetParam().chave);
-    QStringList esperado{parametroLido(), leitura()};
+    QStringList esperado{parameterRead(), roleRead()};
     QString insere = latin(GetParam().inserePrefixo);
     if (*GetParam().gerador) {
         esperado << u"select gen_id(%1, 1) from RDB$GENERATORS where RDB$GENERATOR_NAME = '%1'; "_s.arg(
@@ -97,8 +101,8 @@ TEST_P(RoleButtons, LinkAtOnceOnFirebird) {
     }
     esperado << insere + latin(GetParam().insereColunas) + u") VALUES ("_s +
                     (*GetParam().gerador ? u"'90', "_s : QString()) + latin(GetParam().insereValores) + u")"_s
-             << identidade << colunaGravada(31);
-    EXPECT_EQ(antesDosIndicadores(), esperado);
+             << identidade << columnWritten(31);
+    EXPECT_EQ(beforeIndicators(), esperado);
     ASSERT_EQ(platform.boxes.size(), 2u);
     EXPECT_EQ(platform.boxes[0].text, u"Deseja Criar um Vínculo de %1?"_s.arg(latin(GetParam().palavra)));
     EXPECT_EQ(platform.boxes[0].title, u"TITULO");
@@ -109,30 +113,32 @@ TEST_P(RoleButtons, LinkAtOnceOnFirebird) {
 }
 
 TEST_P(RoleButtons, LinkAtOnceOnSqlServer) {
-    UsaBanco(u"MSSQL"_s);
-    direto();
+    connect(u"MSSQL"_s);
+    linkDirectly();
     database.answer(identidade, {{"MaxRowID"}, {{test::number(31)}}});
     platform.willAnswer(Answer::Yes);
-    clica();
+    clickRole();
     const QString insere = latin(GetParam().inserePrefixo) + latin(GetParam().insereColunas) + u") VALUES ("_s +
                            latin(GetParam().insereValores) + u")"_s;
-    EXPECT_EQ(database.writes, (QStringList{insere, colunaGravada(31)}));
+    EXPECT_EQ(database.writes, (QStringList{insere, columnWritten(31)}));
+    EXPECT_EQ(platform.boxes.news(), (QStringList{linkQuestion(), linkMade}));
 }
 
 TEST_P(RoleButtons, WithoutAnIdentityTheBackReferenceIsZero) {
-    direto();
+    linkDirectly();
     platform.willAnswer(Answer::Yes);
-    clica();
-    EXPECT_EQ(database.writes.last(), colunaGravada(0));
+    clickRole();
+    EXPECT_EQ(database.writes.last(), columnWritten(0));
+    EXPECT_EQ(platform.boxes.news(), (QStringList{linkQuestion(), linkMade}));
 }
 
 TEST_P(RoleButtons, UnlinkAtOnce) {
-    direto();
-    vinculado();
+    linkDirectly();
+    linked();
     platform.willAnswer(Answer::Yes);
-    clica();
-    EXPECT_EQ(antesDosIndicadores(),
-              (QStringList{parametroLido(), leitura(), leitura(), latin(GetParam().exclui), colunaGravada(0)}));
+    clickRole();
+    EXPECT_EQ(beforeIndicators(),
+              (QStringList{parameterRead(), roleRead(), roleRead(), latin(GetParam().exclui), columnWritten(0)}));
     EXPECT_EQ(platform.boxes[0].text, u"Deseja Exclui o Vínculo de %1?"_s.arg(latin(GetParam().palavra)));
     EXPECT_EQ(platform.boxes[1].text, u"Vínculo excluído com sucesso!");
     EXPECT_TRUE(tela.field(latin(GetParam().botao)).picture().endsWith(u"comvinculo.bmp"_s))
@@ -140,37 +146,39 @@ TEST_P(RoleButtons, UnlinkAtOnce) {
 }
 
 TEST_P(RoleButtons, NoChangesNothingAndRefreshes) {
-    direto();
+    linkDirectly();
     platform.willAnswer(Answer::No);
-    clica();
-    EXPECT_EQ(antesDosIndicadores().size(), 2);
-    vinculado();
+    clickRole();
+    EXPECT_EQ(beforeIndicators().size(), 2);
+    EXPECT_EQ(platform.boxes.news(), QStringList(linkQuestion()));
+    linked();
     platform.willAnswer(Answer::No);
-    clica();
-    EXPECT_EQ(antesDosIndicadores().size(), 2);
+    clickRole();
+    EXPECT_EQ(beforeIndicators().size(), 2);
     EXPECT_TRUE(database.writes.isEmpty());
-    EXPECT_EQ(platform.boxes.size(), 2u);
+    EXPECT_EQ(platform.boxes.news(),
+              QStringList(u"Deseja Exclui o Vínculo de %1?"_s.arg(QString::fromUtf8(GetParam().palavra))));
 }
 
 TEST_P(RoleButtons, EveryOtherParameterOpensTheScreen) {
     contexto.RegistraTela(latin(GetParam().tela), [](ContextoExecucao& dono) {
         return std::make_unique<screen::Screen>(dono.program(), latin(GetParam().tela));
     });
-    clica();
+    clickRole();
     for (const char* valor : {"n", "N ", "S", ""}) {
-        Parametro(GetParam().parametro, valor);
-        clica();
+        parameter(GetParam().parametro, valor);
+        clickRole();
     }
     EXPECT_EQ(platform.shown, QStringList(5, latin(GetParam().tela)));
     EXPECT_EQ(contexto.IdPessoaVinculo, u"5");
-    EXPECT_EQ(antesDosIndicadores().filter(u"EMPR_CNFG"_s).size(), 5);
+    EXPECT_EQ(beforeIndicators().filter(u"EMPR_CNFG"_s).size(), 5);
     EXPECT_TRUE(platform.boxes.empty());
 }
 
 TEST_P(RoleButtons, NeedAPerson) {
     for (const char* id : {"", "0", "-1", "abc"}) {
         tela.txtRowID.setText(latin(id));
-        clica();
+        clickRole();
         EXPECT_EQ(platform.boxes.back().text, u"Selecione ou Salve um Registro antes de vincular!");
         EXPECT_EQ(platform.boxes.back().icon, screen::Icon::Information);
         EXPECT_EQ(platform.boxes.back().title, u"TITULO");
@@ -179,19 +187,19 @@ TEST_P(RoleButtons, NeedAPerson) {
 }
 
 TEST_P(RoleButtons, AFailureBetweenTheStepsLeavesTheRowWritten) {
-    direto();
+    linkDirectly();
     platform.willAnswer(Answer::Yes);
     database.fail(u"UPDATE PESS"_s, errorNumber::StatementRefused);
-    clica();
+    clickRole();
     EXPECT_EQ(database.writes.size(), 1);
-    ASSERT_TRUE(program.failure());
-    EXPECT_EQ(program.failure()->number(), errorNumber::StatementRefused);
+    EXPECT_EQ(failure(), errorNumber::StatementRefused);
+    EXPECT_EQ(platform.boxes.news(), QStringList(linkQuestion()));
 }
 
 INSTANTIATE_TEST_SUITE_P(Roles, RoleButtons, ::testing::ValuesIn(links),
                          [](const auto& link) { return std::string(link.param.palavra); });
 
-class DriverButton : public PessoasFixture {
+class DriverButton : public PessoasTest {
   protected:
     DriverButton() { platform.shown.clear(); }
 };

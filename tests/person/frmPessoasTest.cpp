@@ -1,9 +1,9 @@
 #include "base/Literals.h"
-#include "person/PessoasFixture.h"
+#include "person/PessoasTest.h"
 
 namespace vorta::test {
 
-using TelaPessoas = PessoasFixture;
+using TelaPessoas = PessoasTest;
 
 constexpr auto cinza = screen::colour::Locked;
 constexpr auto branco = screen::colour::Free;
@@ -38,7 +38,7 @@ TEST_F(TelaPessoas, ReadOnlyUsersKeepSearchAndExit) {
 
 TEST_F(TelaPessoas, InclusionFreesTheFields) {
     tela.txtDescricao.setText(u"ALGUEM"_s);
-    Clica(tela.cmdINCLUIR);
+    click(tela.cmdINCLUIR);
     EXPECT_EQ(contexto.ModoTela, u"I");
     EXPECT_EQ(tela.txtDescricao.text(), QString());
     EXPECT_FALSE(tela.txtDescricao.locked());
@@ -55,18 +55,18 @@ TEST_F(TelaPessoas, InclusionFreesTheFields) {
 }
 
 TEST_F(TelaPessoas, CheckedEntryKeepsNameKindAndDocument) {
-    Parametro("PESS_CHECA_ENTRADA", "S");
+    parameter("PESS_CHECA_ENTRADA", "S");
     contexto.RegistraTela(u"frmPESSOAS_INCL"_s, [](ContextoExecucao& dono) {
         return std::make_unique<screen::Screen>(dono.program(), u"frmPESSOAS_INCL"_s);
     });
     contexto.RetornoPesquisa.clear();
     platform.whenShown(u"frmPESSOAS_INCL"_s, [](screen::Screen&) {});
-    Clica(tela.cmdINCLUIR);
+    click(tela.cmdINCLUIR);
     EXPECT_NE(contexto.ModoTela, u"I") << "refused there, the screen stays idle";
     EXPECT_TRUE(tela.txtDescricao.locked());
 
     platform.whenShown(u"frmPESSOAS_INCL"_s, [&](screen::Screen&) { contexto.RetornoPesquisa = u"[OK]"_s; });
-    Clica(tela.cmdINCLUIR);
+    click(tela.cmdINCLUIR);
     EXPECT_EQ(contexto.ModoTela, u"I");
     EXPECT_TRUE(tela.txtDescricao.locked());
     EXPECT_TRUE(tela.cboFisJur.locked());
@@ -77,11 +77,11 @@ TEST_F(TelaPessoas, CheckedEntryKeepsNameKindAndDocument) {
 }
 
 TEST_F(TelaPessoas, AlterationNeedsAnActivePerson) {
-    Clica(tela.cmdALTERAR);
+    click(tela.cmdALTERAR);
     EXPECT_EQ(platform.boxes[0].text, u"Selecione Um Registro Para Executar esta Operação!");
     tela.txtRowID.setText(u"44"_s);
     tela.txtDTDesativa.setText(u"01/02/2020"_s);
-    Clica(tela.cmdALTERAR);
+    click(tela.cmdALTERAR);
     EXPECT_EQ(platform.boxes[1].text, u"Impossibilidade de Executar o Comando!\nO Registro Está Desativado.");
     EXPECT_EQ(tela.txtRowID.text(), QString());
     EXPECT_EQ(tela.focus(), &tela.contatos.Flex);
@@ -89,7 +89,7 @@ TEST_F(TelaPessoas, AlterationNeedsAnActivePerson) {
 
     tela.txtRowID.setText(u"44"_s);
     tela.txtDTDesativa.setText({});
-    Clica(tela.cmdALTERAR);
+    click(tela.cmdALTERAR);
     EXPECT_EQ(contexto.ModoTela, u"A");
     EXPECT_EQ(tela.focus(), &tela.txtDescricao);
     EXPECT_TRUE(tela.txtRowID.locked());
@@ -97,18 +97,20 @@ TEST_F(TelaPessoas, AlterationNeedsAnActivePerson) {
 }
 
 TEST_F(TelaPessoas, ExitAsksDuringAnOperation) {
-    Clica(tela.cmdINCLUIR);
+    click(tela.cmdINCLUIR);
     tela.txtBairro.setText(u"CENTRO"_s);
     platform.willAnswer(screen::Answer::No);
-    Clica(tela.cmdSAIR);
-    EXPECT_EQ(platform.boxes[0].text, u"Existe operação não concluída!!!\n\n<Sim> Sair sem Concluir\n<Não> Retornar "
-                                      u"para a Operação Atual\n<Cancela> Retornar e Abortar a Operação Atual");
+    click(tela.cmdSAIR);
+    const QString question = u"Existe operação não concluída!!!\n\n<Sim> Sair sem Concluir\n<Não> Retornar "
+                             u"para a Operação Atual\n<Cancela> Retornar e Abortar a Operação Atual"_s;
+    EXPECT_EQ(platform.boxes[0].text, question);
     EXPECT_EQ(platform.boxes[0].buttons, screen::Buttons::YesNoCancel);
     EXPECT_EQ(contexto.ModoTela, u"I");
     EXPECT_EQ(tela.txtBairro.text(), u"CENTRO");
 
     platform.willAnswer(screen::Answer::Cancel);
-    Clica(tela.cmdSAIR);
+    click(tela.cmdSAIR);
+    EXPECT_EQ(platform.boxes.news(), QStringList(question));
     EXPECT_EQ(contexto.ModoTela, u" ");
     EXPECT_EQ(tela.txtBairro.text(), QString());
     EXPECT_TRUE(tela.txtBairro.locked());
@@ -135,11 +137,11 @@ TEST_F(TelaPessoas, ClearingLeavesFourFieldsAsTheyAre) {
 }
 
 TEST_F(TelaPessoas, TheProgramMayFixTheCustomerClass) {
-    Parametro("TIPO_CLIENTE_AUTOMATICO", "S");
-    Clica(tela.cmdINCLUIR);
+    parameter("TIPO_CLIENTE_AUTOMATICO", "S");
+    click(tela.cmdINCLUIR);
     EXPECT_EQ(tela.cboTipoCli.text(), u"BRONZE");
     EXPECT_FALSE(tela.cboTipoCli.enabled());
-    Parametro("TIPO_CLIENTE_AUTOMATICO", "N");
+    parameter("TIPO_CLIENTE_AUTOMATICO", "N");
     tela.LimpaTela();
     EXPECT_EQ(tela.cboTipoCli.text(), QString());
     EXPECT_TRUE(tela.cboTipoCli.enabled());
@@ -155,7 +157,7 @@ TEST_F(TelaPessoas, KindDecidesCaptionsAndMask) {
     EXPECT_EQ(tela.lblIE_RG.text(), u"RG:");
     EXPECT_EQ(tela.mskCodigo.mask(), QString()) << "idle leaves the mask alone";
 
-    Clica(tela.cmdINCLUIR);
+    click(tela.cmdINCLUIR);
     user.focus(tela.cboFisJur);
     tela.cboFisJur.setText(u"Jurídica"_s);
     user.focus(tela.txtEndereco);
@@ -166,7 +168,7 @@ TEST_F(TelaPessoas, KindDecidesCaptionsAndMask) {
 }
 
 TEST_F(TelaPessoas, ApostrophesBecomeAcutesInGuardedFieldsOnly) {
-    Clica(tela.cmdINCLUIR);
+    click(tela.cmdINCLUIR);
     user.type(tela.txtDescricao, u"D'AVILA"_s);
     EXPECT_EQ(tela.txtDescricao.text(), u"D\u00B4AVILA");
     user.type(tela.txtNumero, u"1'A"_s);
@@ -174,7 +176,7 @@ TEST_F(TelaPessoas, ApostrophesBecomeAcutesInGuardedFieldsOnly) {
 }
 
 TEST_F(TelaPessoas, EnterMovesOnExceptOnFiveFields) {
-    Clica(tela.cmdINCLUIR);
+    click(tela.cmdINCLUIR);
     user.focus(tela.txtNumero);
     user.key(tela.txtNumero, screen::Key::Enter);
     EXPECT_EQ(tela.focus(), &tela.txtComplemento);
@@ -184,7 +186,7 @@ TEST_F(TelaPessoas, EnterMovesOnExceptOnFiveFields) {
 }
 
 TEST_F(TelaPessoas, NameGoesToCapitalsOnLeaving) {
-    Clica(tela.cmdINCLUIR);
+    click(tela.cmdINCLUIR);
     user.type(tela.txtDescricao, u"  josé da silva "_s);
     user.focus(tela.txtBairro);
     EXPECT_EQ(tela.txtDescricao.text(), u"JOSÉ DA SILVA");
@@ -192,10 +194,10 @@ TEST_F(TelaPessoas, NameGoesToCapitalsOnLeaving) {
 
 TEST_F(TelaPessoas, MailGoesToTheDesktop) {
     tela.txtEmail1.setText(u" ANA@B.COM "_s);
-    Clica(tela.cmdAbrirOutlook);
+    click(tela.cmdAbrirOutlook);
     EXPECT_EQ(platform.addresses, QStringList{u"mailto:ana@b.com"_s});
     tela.txtHomePage.setText(u"www.b.com"_s);
-    Clica(tela.cmdAbrirIExplorer);
+    click(tela.cmdAbrirIExplorer);
     EXPECT_EQ(platform.addresses.size(), 1);
 }
 

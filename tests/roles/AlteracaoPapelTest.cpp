@@ -8,60 +8,60 @@ namespace {
 
 class RoleAlteration : public PapelTest {
   protected:
-    QStringList altera(const char* tela, const std::function<void()>& preenche) {
-        abre(tela, [&] {
-            clica("cmdALTERAR");
+    QStringList alter(const char* tela, const std::function<void()>& preenche) {
+        open(tela, [&] {
+            click("cmdALTERAR");
             EXPECT_EQ(contexto.ModoTela, u"A");
-            EXPECT_EQ(texto("lblAviso"), u"O Modo <ALTERAÇÃO> está ATIVO");
+            EXPECT_EQ(textOf("lblAviso"), u"O Modo <ALTERAÇÃO> está ATIVO");
             preenche();
-            clica("cmdSALVAR");
+            click("cmdSALVAR");
         });
-        EXPECT_TRUE(confirmada());
-        return transacao();
+        EXPECT_TRUE(committed());
+        return transaction();
     }
 
     /// Stored contacts of the role row.
-    void contatos(const char* tabela, int quantos) {
+    void contactRows(const char* tabela, int quantos) {
         const QString nome = QString::fromLatin1(tabela);
         FakeRows linhas{{"carg_" + nome, "nome_" + nome, "tele_" + nome, "emai_" + nome, "data_nasc"}, {}};
         for (int linha = 1; linha <= quantos; ++linha)
             linhas.rows.append({test::text("GERENTE"), test::text(QByteArray("CONTATO " + QByteArray::number(linha))),
                                 test::null(), test::text("X@Y.COM"), test::text("25/12")});
-        base.answer(u"FROM %1 WHERE"_s.arg(nome), linhas);
+        database.answer(u"FROM %1 WHERE"_s.arg(nome), linhas);
     }
 
-    void cliente() {
-        registro("CLIE", "IDCLIE",
-                 {"idtrpt", "data_cred", "reve", "idtipo_clie", "idvend", "idregi_espe_icms", "lime_maxi_conh",
-                  "valo_troc", "limi_cred"},
-                 {test::number(8), test::date(2026, 1, 31), test::text("S"), test::number(3), test::number(9),
-                  test::number(2), test::amount(1200), test::amount(98765), test::amount(500000)});
-        base.answer(u"TRPT.IDTRPT ="_s, {{"NOME_CONH"}, {{test::text("RAPIDO")}}});
-        base.answer(u"VEND.IDVEND ="_s, {{"NOME_CONH"}, {{test::text("ANA")}}});
-        base.answer(u"WHERE IDTIPO_CLIE="_s, {{"desc_tipo_clie"}, {{test::text("OURO")}}});
-        base.answer(u"WHERE IDREGI_ESPE_ICMS ="_s, {{"desc_regi_espe_icms"}, {{test::text("REGIME")}}});
-        base.answer(u"DESC_TIPO_CLIE='OURO'"_s, {{"idtipo_clie"}, {{test::number(3)}}});
-        base.answer(u"NOME_CONH='RAPIDO'"_s, {{"idtrpt"}, {{test::number(8)}}});
-        base.answer(u"NOME_CONH='ANA'"_s, {{"idvend"}, {{test::number(9)}}});
-        base.answer(u"DESC_REGI_ESPE_ICMS = 'REGIME'"_s, {{"idregi_espe_icms"}, {{test::number(2)}}});
+    void customerRow() {
+        roleRow("CLIE", "IDCLIE",
+                {"idtrpt", "data_cred", "reve", "idtipo_clie", "idvend", "idregi_espe_icms", "lime_maxi_conh",
+                 "valo_troc", "limi_cred"},
+                {test::number(8), test::date(2026, 1, 31), test::text("S"), test::number(3), test::number(9),
+                 test::number(2), test::amount(1200), test::amount(98765), test::amount(500000)});
+        database.answer(u"TRPT.IDTRPT ="_s, {{"NOME_CONH"}, {{test::text("RAPIDO")}}});
+        database.answer(u"VEND.IDVEND ="_s, {{"NOME_CONH"}, {{test::text("ANA")}}});
+        database.answer(u"WHERE IDTIPO_CLIE="_s, {{"desc_tipo_clie"}, {{test::text("OURO")}}});
+        database.answer(u"WHERE IDREGI_ESPE_ICMS ="_s, {{"desc_regi_espe_icms"}, {{test::text("REGIME")}}});
+        database.answer(u"DESC_TIPO_CLIE='OURO'"_s, {{"idtipo_clie"}, {{test::number(3)}}});
+        database.answer(u"NOME_CONH='RAPIDO'"_s, {{"idtrpt"}, {{test::number(8)}}});
+        database.answer(u"NOME_CONH='ANA'"_s, {{"idvend"}, {{test::number(9)}}});
+        database.answer(u"DESC_REGI_ESPE_ICMS = 'REGIME'"_s, {{"idregi_espe_icms"}, {{test::number(2)}}});
     }
 };
 
 TEST_F(RoleAlteration, CustomerLoadsAndSaves) {
-    cliente();
-    contatos("CLIE_CONT", 1);
-    gerador("GEN_CLIE_CONT", 41);
-    const QStringList comandos = altera("frmCliente", [&] {
-        EXPECT_EQ(texto("cboTransportadora"), u"RAPIDO");
-        EXPECT_EQ(texto("mskDtCredencial"), u"31/01/2026");
-        EXPECT_EQ(texto("cboRevenda"), u"Sim");
-        EXPECT_EQ(texto("cboTipoCli"), u"OURO");
-        EXPECT_EQ(texto("cboVendedor"), u"ANA");
-        EXPECT_EQ(texto("cboRegimeEspecialICMS"), u"REGIME");
-        EXPECT_EQ(texto("txtLimeMaxiConh"), u"12");
-        EXPECT_EQ(texto("lblValoTroc"), u"987,65");
-        EXPECT_EQ(texto("txtLimiCred"), u"5000,00") << "shown when the alteration begins";
-        digita("txtLimiCred", "2000");
+    customerRow();
+    contactRows("CLIE_CONT", 1);
+    generator("GEN_CLIE_CONT", 41);
+    const QStringList comandos = alter("frmCliente", [&] {
+        EXPECT_EQ(textOf("cboTransportadora"), u"RAPIDO");
+        EXPECT_EQ(textOf("mskDtCredencial"), u"31/01/2026");
+        EXPECT_EQ(textOf("cboRevenda"), u"Sim");
+        EXPECT_EQ(textOf("cboTipoCli"), u"OURO");
+        EXPECT_EQ(textOf("cboVendedor"), u"ANA");
+        EXPECT_EQ(textOf("cboRegimeEspecialICMS"), u"REGIME");
+        EXPECT_EQ(textOf("txtLimeMaxiConh"), u"12");
+        EXPECT_EQ(textOf("lblValoTroc"), u"987,65");
+        EXPECT_EQ(textOf("txtLimiCred"), u"5000,00") << "shown when the alteration begins";
+        type("txtLimiCred", "2000");
     });
     EXPECT_EQ(
         comandos,
@@ -71,26 +71,26 @@ TEST_F(RoleAlteration, CustomerLoadsAndSaves) {
                      "SELECT IDREGI_ESPE_ICMS FROM REGI_ESPE_ICMS WHERE DESC_REGI_ESPE_ICMS = 'REGIME'",
                      "UPDATE CLIE SET REVE='S', IDTIPO_CLIE='3', IDTRPT='8', IDVEND='9', LIME_MAXI_CONH = '12', "
                      "IDREGI_ESPE_ICMS='2', DATA_CRED='20260131', LIMI_CRED='2000.00' WHERE (IDCLIE=31)",
-                     "DELETE FROM CLIE_CONT WHERE (IDCLIE=31)", LeituraGerador("GEN_CLIE_CONT"),
+                     "DELETE FROM CLIE_CONT WHERE (IDCLIE=31)", GeneratorRead("GEN_CLIE_CONT"),
                      "INSERT INTO CLIE_CONT (IDCLIE_CONT, IDCLIE, CARG_CLIE_CONT, NOME_CLIE_CONT, EMAI_CLIE_CONT, "
                      "DATA_NASC, DATA_INCL, USER_INCL) VALUES ('41', '31', 'GERENTE', 'CONTATO 1', 'X@Y.COM', '25/12', "
                      "'20261120', '7')"}));
-    EXPECT_EQ(grade().Rows(), 2) << "a reload shows each contact once";
+    EXPECT_EQ(grid().Rows(), 2) << "a reload shows each contact once";
 }
 
 TEST_F(RoleAlteration, CustomerWithNothingUsesZeroAndNull) {
-    registro("CLIE", "IDCLIE",
-             {"idtrpt", "data_cred", "reve", "idtipo_clie", "idvend", "idregi_espe_icms", "lime_maxi_conh", "valo_troc",
-              "limi_cred"},
-             {test::null(), test::null(), test::null(), test::number(0), test::number(0), test::null(), test::null(),
-              test::null(), test::null()});
-    const QStringList comandos = altera("frmCliente", [&] {
-        EXPECT_EQ(texto("cboRevenda"), u"Não");
-        EXPECT_EQ(texto("txtLimeMaxiConh"), u"0");
-        EXPECT_EQ(texto("lblValoTroc"), u"0");
-        EXPECT_EQ(texto("mskDtCredencial"), u"__/__/____");
-        digita("txtLimeMaxiConh", "");
-        digita("txtLimiCred", "10");
+    roleRow("CLIE", "IDCLIE",
+            {"idtrpt", "data_cred", "reve", "idtipo_clie", "idvend", "idregi_espe_icms", "lime_maxi_conh", "valo_troc",
+             "limi_cred"},
+            {test::null(), test::null(), test::null(), test::number(0), test::number(0), test::null(), test::null(),
+             test::null(), test::null()});
+    const QStringList comandos = alter("frmCliente", [&] {
+        EXPECT_EQ(textOf("cboRevenda"), u"Não");
+        EXPECT_EQ(textOf("txtLimeMaxiConh"), u"0");
+        EXPECT_EQ(textOf("lblValoTroc"), u"0");
+        EXPECT_EQ(textOf("mskDtCredencial"), u"__/__/____");
+        type("txtLimeMaxiConh", "");
+        type("txtLimiCred", "10");
     });
     EXPECT_EQ(comandos,
               (QStringList{"UPDATE CLIE SET REVE='N', IDTIPO_CLIE=0, IDTRPT=NULL, IDVEND=NULL, LIME_MAXI_CONH = '0', "
@@ -99,18 +99,18 @@ TEST_F(RoleAlteration, CustomerWithNothingUsesZeroAndNull) {
 }
 
 TEST_F(RoleAlteration, SupplierLoadsAndSaves) {
-    registro("FORN", "IDFORN", {"data_cred", "limi_copr", "desconto_forn"},
-             {test::date(2026, 1, 31), test::amount(150000), test::amount(250)});
-    contatos("FORN_CONT", 2);
-    conecta("MSSQL");
-    const QStringList comandos = altera("frmFornecedor", [&] {
-        EXPECT_EQ(texto("txtLimiCred"), u"1500,00");
-        EXPECT_EQ(texto("txtDescontoFornecedor"), u"2,50");
-        EXPECT_EQ(grade().Rows(), 3);
-        EXPECT_EQ(grade().cell(1, 5), u"25/12");
-        usuario.clickCell(grade(), 1, 2);
-        EXPECT_EQ(grade().Rows(), 2);
-        EXPECT_EQ(texto("txtNomeContato"), u"CONTATO 1");
+    roleRow("FORN", "IDFORN", {"data_cred", "limi_copr", "desconto_forn"},
+            {test::date(2026, 1, 31), test::amount(150000), test::amount(250)});
+    contactRows("FORN_CONT", 2);
+    connect(u"MSSQL"_s);
+    const QStringList comandos = alter("frmFornecedor", [&] {
+        EXPECT_EQ(textOf("txtLimiCred"), u"1500,00");
+        EXPECT_EQ(textOf("txtDescontoFornecedor"), u"2,50");
+        EXPECT_EQ(grid().Rows(), 3);
+        EXPECT_EQ(grid().cell(1, 5), u"25/12");
+        user.clickCell(grid(), 1, 2);
+        EXPECT_EQ(grid().Rows(), 2);
+        EXPECT_EQ(textOf("txtNomeContato"), u"CONTATO 1");
     });
     EXPECT_EQ(comandos,
               (QStringList{"UPDATE FORN SET DATA_CRED='20260131',  LIMI_COPR='1500.00', DESCONTO_FORN='2.50' WHERE "
@@ -123,46 +123,46 @@ TEST_F(RoleAlteration, SupplierLoadsAndSaves) {
 }
 
 TEST_F(RoleAlteration, SupplierWithoutADate) {
-    registro("FORN", "IDFORN", {"data_cred", "limi_copr", "desconto_forn"}, {test::null(), test::null(), test::null()});
-    EXPECT_EQ(altera("frmFornecedor",
-                     [&] {
-                         EXPECT_EQ(texto("txtLimiCred"), u"");
-                         digita("txtLimiCred", "5");
-                     }),
+    roleRow("FORN", "IDFORN", {"data_cred", "limi_copr", "desconto_forn"}, {test::null(), test::null(), test::null()});
+    EXPECT_EQ(alter("frmFornecedor",
+                    [&] {
+                        EXPECT_EQ(textOf("txtLimiCred"), u"");
+                        type("txtLimiCred", "5");
+                    }),
               (QStringList{"UPDATE FORN SET DATA_CRED=NULL,  LIMI_COPR='5.00', DESCONTO_FORN='0.00' WHERE (IDFORN=31)",
                            "DELETE FROM FORN_CONT WHERE (IDFORN=31)"}));
 }
 
 TEST_F(RoleAlteration, CarrierWithAndWithoutADate) {
-    registro("TRPT", "IDTRPT", {"data_cred"}, {test::date(2026, 1, 31)});
-    EXPECT_EQ(altera("frmTransportadora", [] {}), (QStringList{"UPDATE TRPT SET DATA_CRED='20260131' WHERE (IDTRPT=31)",
-                                                               "DELETE FROM TRPT_CONT WHERE (IDTRPT=31)"}));
+    roleRow("TRPT", "IDTRPT", {"data_cred"}, {test::date(2026, 1, 31)});
+    EXPECT_EQ(alter("frmTransportadora", [] {}), (QStringList{"UPDATE TRPT SET DATA_CRED='20260131' WHERE (IDTRPT=31)",
+                                                              "DELETE FROM TRPT_CONT WHERE (IDTRPT=31)"}));
     EXPECT_EQ(
-        altera("frmTransportadora", [&] { digita("mskDtCredencial", ""); }),
+        alter("frmTransportadora", [&] { type("mskDtCredencial", ""); }),
         (QStringList{"UPDATE TRPT SET DATA_CRED=NULL WHERE (IDTRPT=31)", "DELETE FROM TRPT_CONT WHERE (IDTRPT=31)"}));
 }
 
 TEST_F(RoleAlteration, Driver) {
-    registro("MOTO", "IDMOTO",
-             {"data_adms", "cnh0_moto", "pron_moto", "uf00_pron_moto", "pai0_moto", "mae0_moto", "refe_moto"},
-             {test::date(2026, 1, 31), test::text("123"), test::null(), test::text("SP"), test::null(),
-              test::text("INES"), test::null()});
-    EXPECT_EQ(altera("frmMotorista",
-                     [&] {
-                         EXPECT_EQ(texto("txtCNH"), u"123");
-                         EXPECT_EQ(texto("cboUF_Emitente"), u"SP");
-                         EXPECT_EQ(texto("txtProntuario"), u"");
-                         digita("txtRefeMoto", "Avó");
-                     }),
+    roleRow("MOTO", "IDMOTO",
+            {"data_adms", "cnh0_moto", "pron_moto", "uf00_pron_moto", "pai0_moto", "mae0_moto", "refe_moto"},
+            {test::date(2026, 1, 31), test::text("123"), test::null(), test::text("SP"), test::null(),
+             test::text("INES"), test::null()});
+    EXPECT_EQ(alter("frmMotorista",
+                    [&] {
+                        EXPECT_EQ(textOf("txtCNH"), u"123");
+                        EXPECT_EQ(textOf("cboUF_Emitente"), u"SP");
+                        EXPECT_EQ(textOf("txtProntuario"), u"");
+                        type("txtRefeMoto", "Avó");
+                    }),
               (QStringList{"UPDATE MOTO SET DATA_ADMS='20260131', CNH0_MOTO='123', PRON_MOTO=NULL, "
                            "UF00_PRON_MOTO='SP', PAI0_MOTO=NULL, MAE0_MOTO='INES', REFE_MOTO='AVO' WHERE "
                            "(IDMOTO=31)"}));
 }
 
 TEST_F(RoleAlteration, Salesperson) {
-    registro("VEND", "IDVEND", {"data_adms", "valo_sala", "perc_pool", "perc_coms"},
-             {test::null(), test::amount(123450), test::null(), test::amount(200)});
-    EXPECT_EQ(altera("frmVendedor", [&] { EXPECT_EQ(texto("txtPercPool"), u""); }),
+    roleRow("VEND", "IDVEND", {"data_adms", "valo_sala", "perc_pool", "perc_coms"},
+            {test::null(), test::amount(123450), test::null(), test::amount(200)});
+    EXPECT_EQ(alter("frmVendedor", [&] { EXPECT_EQ(textOf("txtPercPool"), u""); }),
               (QStringList{"UPDATE VEND SET DATA_ADMS=NULL, VALO_SALA='1234.50', PERC_POOL='0.00', PERC_COMS='2.00' "
                            "WHERE (IDVEND=31)"}));
 }
@@ -174,20 +174,20 @@ TEST_F(RoleAlteration, ArchitectAndDecorator) {
         const char* chave;
         const char* coluna;
     };
-    base.answer(u"FROM BANC WHERE IDBANC=4"_s, {{"nome_banc"}, {{test::text("ITAU")}}});
-    base.answer(u"NOME_BANC='ITAU'"_s, {{"idbanc"}, {{test::number(4)}}});
+    database.answer(u"FROM BANC WHERE IDBANC=4"_s, {{"nome_banc"}, {{test::text("ITAU")}}});
+    database.answer(u"NOME_BANC='ITAU'"_s, {{"idbanc"}, {{test::number(4)}}});
     for (const Caso& caso :
          {Caso{"frmArquiteto", "ARQT", "IDARQT", "ARQT_CREA"}, Caso{"frmDecorador", "DECO", "IDDECO", "DECO_ADD0"}}) {
         const QString tabela = QString::fromLatin1(caso.tabela);
-        registro(caso.tabela, caso.chave,
-                 {"data_cred", "valo_sala", "perc_pool", "perc_coms", caso.coluna, "idbanc", "banc_agen", "banc_cont"},
-                 {test::date(2026, 2, 1), test::amount(100000), test::null(), test::amount(300), test::text("A-77"),
-                  test::number(4), test::text("0123"), test::null()});
-        EXPECT_EQ(altera(caso.tela,
-                         [&] {
-                             EXPECT_EQ(texto("txtPercPool"), u"0");
-                             EXPECT_EQ(texto("cboBancoCartao"), u"ITAU");
-                         }),
+        roleRow(caso.tabela, caso.chave,
+                {"data_cred", "valo_sala", "perc_pool", "perc_coms", caso.coluna, "idbanc", "banc_agen", "banc_cont"},
+                {test::date(2026, 2, 1), test::amount(100000), test::null(), test::amount(300), test::text("A-77"),
+                 test::number(4), test::text("0123"), test::null()});
+        EXPECT_EQ(alter(caso.tela,
+                        [&] {
+                            EXPECT_EQ(textOf("txtPercPool"), u"0");
+                            EXPECT_EQ(textOf("cboBancoCartao"), u"ITAU");
+                        }),
                   (QStringList{
                       "SELECT IDBANC FROM BANC WHERE NOME_BANC='ITAU'",
                       u"UPDATE %1 SET DATA_CRED='2026/02/01', VALO_SALA='1000.00', "
@@ -198,26 +198,25 @@ TEST_F(RoleAlteration, ArchitectAndDecorator) {
 }
 
 TEST_F(RoleAlteration, SupplierWithoutARowSendsAStatementThatFails) {
-    base.fail(u"(IDFORN=)"_s, errorNumber::StatementRefused);
-    abre("frmFornecedor", [&] {
-        clica("cmdALTERAR");
-        digita("txtLimiCred", "1");
-        clica("cmdSALVAR");
+    database.fail(u"(IDFORN=)"_s, errorNumber::StatementRefused);
+    open("frmFornecedor", [&] {
+        click("cmdALTERAR");
+        type("txtLimiCred", "1");
+        click("cmdSALVAR");
     });
-    EXPECT_EQ(transacao(), (QStringList{"UPDATE FORN SET DATA_CRED=NULL,  LIMI_COPR='1.00', DESCONTO_FORN='0' WHERE "
-                                        "(IDFORN=0)",
-                                        "DELETE FROM FORN_CONT WHERE (IDFORN=)"}));
-    ASSERT_TRUE(programa.failure());
-    EXPECT_EQ(programa.failure()->number(), errorNumber::StatementRefused);
-    EXPECT_FALSE(confirmada());
+    EXPECT_EQ(transaction(), (QStringList{"UPDATE FORN SET DATA_CRED=NULL,  LIMI_COPR='1.00', DESCONTO_FORN='0' WHERE "
+                                          "(IDFORN=0)",
+                                          "DELETE FROM FORN_CONT WHERE (IDFORN=)"}));
+    EXPECT_EQ(failure(), errorNumber::StatementRefused);
+    EXPECT_FALSE(committed());
 }
 
 TEST_F(RoleAlteration, AccentsStayWhereTheInstallationKeepsThem) {
     contexto.PreservaAcentos = true;
-    registro("MOTO", "IDMOTO",
-             {"data_adms", "cnh0_moto", "pron_moto", "uf00_pron_moto", "pai0_moto", "mae0_moto", "refe_moto"},
-             {test::null(), test::null(), test::null(), test::null(), test::null(), test::null(), test::null()});
-    EXPECT_TRUE(altera("frmMotorista", [&] { digita("txtRefeMoto", "Avó"); }).first().contains(u"REFE_MOTO='AVÓ'"_s));
+    roleRow("MOTO", "IDMOTO",
+            {"data_adms", "cnh0_moto", "pron_moto", "uf00_pron_moto", "pai0_moto", "mae0_moto", "refe_moto"},
+            {test::null(), test::null(), test::null(), test::null(), test::null(), test::null(), test::null()});
+    EXPECT_TRUE(alter("frmMotorista", [&] { type("txtRefeMoto", "Avó"); }).first().contains(u"REFE_MOTO='AVÓ'"_s));
 }
 
 } // namespace

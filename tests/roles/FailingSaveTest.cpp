@@ -17,32 +17,31 @@ class FailingSave : public PapelTest, public ::testing::WithParamInterface<Where
 
 TEST_P(FailingSave, EndsTheProgramWithNothingCommitted) {
     const auto [nome, altera, qual] = GetParam();
-    registros();
+    roleRows();
     if (!altera)
         for (const char* tabela : {"CLIE", "FORN", "TRPT", "MOTO", "VEND", "ARQT", "DECO"})
-            base.answer(u"FROM %1, PESS"_s.arg(QLatin1StringView(tabela)), {});
-    abre(nome, [&] {
-        clica(altera ? "cmdALTERAR" : "cmdINCLUIR");
+            database.answer(u"FROM %1, PESS"_s.arg(QLatin1StringView(tabela)), {});
+    open(nome, [&] {
+        click(altera ? "cmdALTERAR" : "cmdINCLUIR");
         if (tela().findField(u"Flex"_s))
-            incluiContato("GERENTE", "RUI");
+            addContact("GERENTE", "RUI");
         if (qual == 0)
-            falhas.failCommit();
+            failures.failCommit();
         else
-            falhas.failAt(qual);
-        clica("cmdSALVAR");
+            failures.failAt(qual);
+        click("cmdSALVAR");
     });
     // A save that has fewer statements was committed before the failure came.
-    if (confirmada()) {
-        EXPECT_GT(qual, transacao().size());
+    if (committed()) {
+        EXPECT_GT(qual, transaction().size());
         EXPECT_EQ(contexto.ModoTela, u" ");
         return;
     }
-    ASSERT_TRUE(programa.failure());
-    EXPECT_EQ(programa.failure()->number(),
+    EXPECT_EQ(failure(),
               trapped(QString::fromLatin1(nome)) ? errorNumber::NoSuchMember : errorNumber::StatementRefused);
-    EXPECT_EQ(programa.exitCode(), 1);
-    EXPECT_EQ(base.sent.last(), u"CLOSE") << "the transaction dies with the connection";
-    EXPECT_EQ(plataforma.boxes.size(), 1u) << "only the box of the run-time error";
+    EXPECT_EQ(program.exitCode(), 1);
+    EXPECT_EQ(database.sent.last(), u"CLOSE") << "the transaction dies with the connection";
+    EXPECT_EQ(platform.boxes.size(), 1u) << "only the box of the run-time error";
 }
 
 INSTANTIATE_TEST_SUITE_P(Roles, FailingSave,

@@ -188,22 +188,18 @@ class KilledSave : public ::testing::TestWithParam<Role> {
     /// transaction.
     static void savesAndDies(bool altered, int at) {
         firebird::PrepareEmbeddedEngine(home_->path());
-        TestPlatform platform;
-        platform.everyFileExists = true;
-        screen::Program program(platform);
-        ContextoExecucao contexto(
-            program, [at](data::Engine) { return std::make_unique<KillingAdapter>(data::MakeFirebirdAdapter(), at); });
+        World world([at](data::Engine) { return std::make_unique<KillingAdapter>(data::MakeFirebirdAdapter(), at); });
+        world.platform.everyFileExists = true;
+        ContextoExecucao& contexto = world.contexto;
         RegistraTelasPapeis(contexto);
         contexto.RegistraTela(u"frmPessoas"_s,
                               [](ContextoExecucao& owner) { return std::make_unique<PessoasDeTeste>(owner); });
         contexto.Tela(u"frmPessoas"_s).field(u"txtRowID"_s).setText(u"5"_s);
-        contexto.TipoBanco = u"FIREBIRD"_s;
         contexto.CodigoUsuario = 7;
         contexto.IdPessoaVinculo = u"5"_s;
-        contexto.ConexaoPrincipal = contexto.novaConexao();
-        contexto.ConexaoPrincipal->Open(data::Engine::Firebird, path("play.fdb"));
-        screen::User user(program);
-        platform.whenShown(QString::fromLatin1(GetParam().tela), [&](screen::Screen& tela) {
+        world.connect(u"FIREBIRD"_s, path("play.fdb"));
+        screen::User& user = world.user;
+        world.platform.whenShown(QString::fromLatin1(GetParam().tela), [&](screen::Screen& tela) {
             const auto type = [&](const char* field, const char* text) {
                 user.type(tela.field(QString::fromLatin1(field)), QString::fromUtf8(text));
             };
@@ -221,9 +217,9 @@ class KilledSave : public ::testing::TestWithParam<Role> {
             }
             user.click(tela.field(u"cmdSALVAR"_s));
         });
-        program.dispatch([&] { contexto.MostraTela(QString::fromLatin1(GetParam().tela)); });
-        if (program.failure())
-            throw *program.failure();
+        world.run([&] { contexto.MostraTela(QString::fromLatin1(GetParam().tela)); });
+        if (world.program.failure())
+            throw *world.program.failure();
     }
 
     void diesEverywhere(bool altered) {

@@ -24,129 +24,129 @@ const std::vector<Caso> casos{
 
 class RoleState : public PapelTest, public ::testing::WithParamInterface<Caso> {
   protected:
-    QString comando(const char* colunas) const {
+    QString statement(const char* colunas) const {
         return u"UPDATE %1 SET %2 WHERE (%3=31)"_s.arg(QLatin1StringView(GetParam().tabela), QLatin1StringView(colunas),
                                                        QLatin1StringView(GetParam().chave));
     }
-    bool guardaColuna() const { return *GetParam().colunaPess; }
+    bool keepsColumn() const { return *GetParam().colunaPess; }
 };
 
 TEST_P(RoleState, Deactivates) {
     for (const char* motor : {"FIREBIRD", "MSSQL"}) {
-        conecta(motor);
-        registros();
-        plataforma.willAnswer(Answer::Yes);
-        abre(GetParam().tela, [&] { clica("cmdEXCLUIR"); });
-        QStringList esperado{comando("USER_DESA='7', DATA_DESA='20261120'")};
-        if (guardaColuna())
+        connect(QString::fromLatin1(motor));
+        roleRows();
+        platform.willAnswer(Answer::Yes);
+        open(GetParam().tela, [&] { click("cmdEXCLUIR"); });
+        QStringList esperado{statement("USER_DESA='7', DATA_DESA='20261120'")};
+        if (keepsColumn())
             esperado << u"UPDATE PESS SET %1 = 0 WHERE IDPESS = 5"_s.arg(QLatin1StringView(GetParam().colunaPess));
-        EXPECT_EQ(escritas(), esperado);
-        EXPECT_EQ(ultimaCaixa().text, u"Deseja realmente Desativar?");
-        EXPECT_EQ(ultimaCaixa().buttons, screen::Buttons::YesNo);
-        EXPECT_EQ(ultimaCaixa().title, u"");
-        EXPECT_FALSE(base.sent.contains(u"BEGIN"_s));
+        EXPECT_EQ(takeWrites(), esperado);
+        EXPECT_EQ(lastBox().text, u"Deseja realmente Desativar?");
+        EXPECT_EQ(lastBox().buttons, screen::Buttons::YesNo);
+        EXPECT_EQ(lastBox().title, u"");
+        EXPECT_FALSE(database.sent.contains(u"BEGIN"_s));
     }
 }
 
 TEST_P(RoleState, DoesNotDeactivateOnNoNorTwice) {
-    registros();
-    plataforma.willAnswer(Answer::No);
-    abre(GetParam().tela, [&] { clica("cmdEXCLUIR"); });
-    registros(test::date(2026, 1, 2));
-    abre(GetParam().tela, [&] { clica("cmdEXCLUIR"); });
-    EXPECT_EQ(ultimaCaixa().text, u"Impossibilidade de Executar o Comando!\nO Registro Já está como Desativado.");
-    EXPECT_EQ(escritas(), QStringList());
+    roleRows();
+    platform.willAnswer(Answer::No);
+    open(GetParam().tela, [&] { click("cmdEXCLUIR"); });
+    roleRows(test::date(2026, 1, 2));
+    open(GetParam().tela, [&] { click("cmdEXCLUIR"); });
+    EXPECT_EQ(lastBox().text, u"Impossibilidade de Executar o Comando!\nO Registro Já está como Desativado.");
+    EXPECT_EQ(takeWrites(), QStringList());
 }
 
 TEST_P(RoleState, Reactivates) {
-    registros(test::date(2026, 1, 2));
-    plataforma.willAnswer(Answer::Yes);
-    abre(GetParam().tela, [&] {
-        EXPECT_EQ(texto("txtDTDesativa"), u"02/01/2026");
-        registros();
-        clica("cmdReativar");
-        EXPECT_EQ(texto("txtDTDesativa"), u"") << "the row is read again";
+    roleRows(test::date(2026, 1, 2));
+    platform.willAnswer(Answer::Yes);
+    open(GetParam().tela, [&] {
+        EXPECT_EQ(textOf("txtDTDesativa"), u"02/01/2026");
+        roleRows();
+        click("cmdReativar");
+        EXPECT_EQ(textOf("txtDTDesativa"), u"") << "the row is read again";
     });
-    QStringList esperado{comando("USER_DESA=NULL, DATA_DESA=NULL, USER_INCL='7', DATA_INCL='20261120'")};
-    if (guardaColuna())
+    QStringList esperado{statement("USER_DESA=NULL, DATA_DESA=NULL, USER_INCL='7', DATA_INCL='20261120'")};
+    if (keepsColumn())
         esperado << u"UPDATE PESS SET %1 = 31 WHERE IDPESS = 5"_s.arg(QLatin1StringView(GetParam().colunaPess));
-    EXPECT_EQ(escritas(), esperado);
-    EXPECT_EQ(ultimaCaixa().text, u"Deseja realmente Reativar Este Registro ?");
+    EXPECT_EQ(takeWrites(), esperado);
+    EXPECT_EQ(lastBox().text, u"Deseja realmente Reativar Este Registro ?");
 }
 
 TEST_P(RoleState, NoToReactivationReadsAgain) {
-    registros(test::date(2026, 1, 2));
-    plataforma.willAnswer(Answer::No);
-    abre(GetParam().tela, [&] {
-        base.sent.clear();
-        clica("cmdReativar");
-        EXPECT_EQ(base.sent.filter(u"SELECT * FROM %1 "_s.arg(QLatin1StringView(GetParam().tabela))).size(), 1);
+    roleRows(test::date(2026, 1, 2));
+    platform.willAnswer(Answer::No);
+    open(GetParam().tela, [&] {
+        database.sent.clear();
+        click("cmdReativar");
+        EXPECT_EQ(database.sent.filter(u"SELECT * FROM %1 "_s.arg(QLatin1StringView(GetParam().tabela))).size(), 1);
     });
-    EXPECT_EQ(escritas(), QStringList());
+    EXPECT_EQ(takeWrites(), QStringList());
 }
 
 TEST_P(RoleState, RefusesToReactivateAnActiveRow) {
-    registros();
-    abre(GetParam().tela, [&] { clica("cmdReativar"); });
-    EXPECT_EQ(ultimaCaixa().text, u"Impossibilidade de Executar o Comando!\nO Registro Já está como Ativo.");
-    EXPECT_EQ(escritas(), QStringList());
+    roleRows();
+    open(GetParam().tela, [&] { click("cmdReativar"); });
+    EXPECT_EQ(lastBox().text, u"Impossibilidade de Executar o Comando!\nO Registro Já está como Ativo.");
+    EXPECT_EQ(takeWrites(), QStringList());
 }
 
 TEST_P(RoleState, ADeactivatedPersonComesFirst) {
-    registros(test::date(2026, 1, 2));
+    roleRows(test::date(2026, 1, 2));
     pessoas().lblDataDesa.setText(u"01/01/2026"_s);
     if (!GetParam().conferePessoa)
-        plataforma.willAnswer(Answer::Yes);
-    abre(GetParam().tela, [&] { clica("cmdReativar"); });
+        platform.willAnswer(Answer::Yes);
+    open(GetParam().tela, [&] { click("cmdReativar"); });
     if (!GetParam().conferePessoa) {
-        EXPECT_FALSE(escritas().isEmpty());
+        EXPECT_FALSE(takeWrites().isEmpty());
         return;
     }
-    EXPECT_EQ(ultimaCaixa().text, u"Atenção!!!\nO registro 'Pessoa' deverá ser reativado antes dessa operação!");
-    EXPECT_EQ(ultimaCaixa().icon, screen::Icon::Critical);
-    EXPECT_EQ(ultimaCaixa().title, ContextoExecucao::Titulo());
-    EXPECT_EQ(escritas(), QStringList());
+    EXPECT_EQ(lastBox().text, u"Atenção!!!\nO registro 'Pessoa' deverá ser reativado antes dessa operação!");
+    EXPECT_EQ(lastBox().icon, screen::Icon::Critical);
+    EXPECT_EQ(lastBox().title, ContextoExecucao::Titulo());
+    EXPECT_EQ(takeWrites(), QStringList());
 }
 
 TEST_P(RoleState, RefusesToAlterADeactivatedRow) {
-    registros(test::date(2026, 1, 2));
-    abre(GetParam().tela, [&] {
-        clica("cmdALTERAR");
+    roleRows(test::date(2026, 1, 2));
+    open(GetParam().tela, [&] {
+        click("cmdALTERAR");
         if (tela().findField(u"Flex"_s)) {
-            EXPECT_EQ(foco(), u"Flex");
+            EXPECT_EQ(focused(), u"Flex");
         }
     });
-    EXPECT_EQ(ultimaCaixa().text, u"Impossibilidade de Executar o Comando!\nO Registro Está Desativado.");
+    EXPECT_EQ(lastBox().text, u"Impossibilidade de Executar o Comando!\nO Registro Está Desativado.");
     EXPECT_NE(contexto.ModoTela, u"A");
-    EXPECT_FALSE(programa.hasEnded());
+    EXPECT_FALSE(program.hasEnded());
 }
 
 TEST_P(RoleState, RefusesASecondRow) {
-    registros();
-    abre(GetParam().tela, [&] { clica("cmdINCLUIR"); });
-    EXPECT_EQ(ultimaCaixa().text, u"Este Registro já está vinculado!");
+    roleRows();
+    open(GetParam().tela, [&] { click("cmdINCLUIR"); });
+    EXPECT_EQ(lastBox().text, u"Este Registro já está vinculado!");
     EXPECT_NE(contexto.ModoTela, u"I");
 }
 
 TEST_P(RoleState, WithoutARowEachScreenHasItsOwnTest) {
     const QString falta = u"Selecione Um Registro Para Executar esta Operação!"_s;
     const bool pelaPessoa = QStringList{"frmCliente", "frmFornecedor", "frmTransportadora"}.contains(GetParam().tela);
-    abre(GetParam().tela, [&] {
-        clica("cmdReativar");
-        EXPECT_EQ(ultimaCaixa().text,
+    open(GetParam().tela, [&] {
+        click("cmdReativar");
+        EXPECT_EQ(lastBox().text,
                   pelaPessoa ? u"Impossibilidade de Executar o Comando!\nO Registro Já está como Ativo."_s : falta);
         if (!pelaPessoa) {
-            clica("cmdEXCLUIR");
-            EXPECT_EQ(ultimaCaixa().text, falta);
-            clica("cmdALTERAR");
-            EXPECT_EQ(ultimaCaixa().text, falta);
-            EXPECT_EQ(plataforma.boxes.size(), 3u);
+            click("cmdEXCLUIR");
+            EXPECT_EQ(lastBox().text, falta);
+            click("cmdALTERAR");
+            EXPECT_EQ(lastBox().text, falta);
+            EXPECT_EQ(platform.boxes.size(), 3u);
             return;
         }
-        clica("cmdALTERAR");
+        click("cmdALTERAR");
         EXPECT_EQ(contexto.ModoTela, u"A");
     });
-    EXPECT_FALSE(programa.hasEnded());
+    EXPECT_FALSE(program.hasEnded());
 }
 
 INSTANTIATE_TEST_SUITE_P(Roles, RoleState, ::testing::ValuesIn(casos),

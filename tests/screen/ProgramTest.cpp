@@ -110,8 +110,7 @@ TEST(Program, ARunTimeErrorEndsItInOrder) {
     EXPECT_EQ(world.platform.boxes[0].text, u"Erro -2147217900\n\nrecusado"_s);
     EXPECT_EQ(world.platform.boxes[0].icon, Icon::Critical);
     EXPECT_EQ(world.program.exitCode(), 1);
-    ASSERT_TRUE(world.program.failure().has_value());
-    EXPECT_EQ(world.program.failure()->number(), errorNumber::StatementRefused);
+    EXPECT_EQ(world.failure(), errorNumber::StatementRefused);
 }
 
 TEST(Program, NothingIsAskedAfterTheEnd) {
@@ -136,4 +135,5 @@ TEST(Program, TwoOfThemLiveSideBySide) {
     EXPECT_TRUE(first.program.hasEnded());
     EXPECT_FALSE(second.program.hasEnded());
     EXPECT_TRUE(second.program.dispatch([&] { second.program.MsgBox(u"vivo"_s); }));
+    EXPECT_EQ(second.platform.boxes.news(), QStringList(u"vivo"_s));
 }

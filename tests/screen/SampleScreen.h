@@ -1,9 +1,7 @@
 #pragma once
 
 #include "base/Literals.h"
-#include "screen/Program.h"
 #include "screen/Screen.h"
-#include "screen/User.h"
 #include "support/World.h"
 
 namespace vorta::test {
@@ -41,10 +39,7 @@ struct SampleScreen : Screen {
     Button cmdSalvar{this, "cmdSALVAR", u"&Salvar"_s};
 };
 
-struct SampleWorld {
-    TestPlatform platform;
-    Program program{platform};
-    User user{program};
+struct SampleWorld : World {
     SampleScreen tela{program};
 };
 

@@ -12,6 +12,8 @@ using Tela = frmBROWSE_CEPS;
 const QStringList colunasLogr{u"CEP8_LOGR"_s, u"NOME_LOGR"_s, u"UF00_LOGR"_s,
                               u"CHAV_TIPO"_s, u"CHAV_LOCA"_s, u"CHAV_BAIR"_s};
 const QString arquivoCep = u"/vorta/config/server_cep.ini"_s;
+const QString transferred =
+    u"Os Dados Estão sendo Transferidos!\nNão Esquecer de Complementar o Endereço com o [Número]!"_s;
 const QString titulo = u"ERP VORTA - Nexoria - Release 2015.07.24"_s;
 
 } // namespace
@@ -20,7 +22,7 @@ class BuscaCepTest : public BuscaTest {
   protected:
     BuscaCepTest() {
         platform.files[u"/vorta/config/server_aplic.ini"_s] = {u"^^"_s};
-        configura("servidor^ceps^sa^senha^FIREBIRD^cep.fdb^True");
+        configure("servidor^ceps^sa^senha^FIREBIRD^cep.fdb^True");
         database.answer(u"FROM LOGR"_s,
                         {colunasLogr,
                          {{text("01310100"), text("PAULISTA"), text("SP"), text("81"), text("9668"), text("44")},
@@ -32,18 +34,18 @@ class BuscaCepTest : public BuscaTest {
                                                                 {{text("BELA VISTA"), text("B VISTA"), text("SP")}}});
     }
 
-    void configura(const char* linha) { platform.files[arquivoCep] = {QString::fromUtf8(linha)}; }
-    void abreCeps(const std::function<void(Tela&)>& faz) { abre<Tela>("frmBROWSE_CEPS", faz); }
-    void buscaRua(Tela& tela, const QString& nome) {
+    void configure(const char* linha) { platform.files[arquivoCep] = {QString::fromUtf8(linha)}; }
+    void openSearch(const std::function<void(Tela&)>& faz) { open<Tela>("frmBROWSE_CEPS", faz); }
+    void searchStreet(Tela& tela, const QString& nome) {
         tela.txtEndereco.setText(nome);
         user.click(tela.cmdPesquisa);
     }
 };
 
 TEST_F(BuscaCepTest, Load) {
-    abreCeps([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         EXPECT_EQ(tela.caption(), titulo);
-        EXPECT_EQ(linhaDo(tela.Flex, 0),
+        EXPECT_EQ(rowOf(tela.Flex, 0),
                   (QStringList{{}, u"CEP"_s, u"Tipo"_s, u"Endereço"_s, u"Bairro"_s, u"Cidade"_s, u"UF"_s}));
         EXPECT_EQ(tela.Flex.columns()[0].width, 0);
         EXPECT_EQ(tela.Flex.Rows(), 1);
@@ -52,7 +54,7 @@ TEST_F(BuscaCepTest, Load) {
 }
 
 TEST_F(BuscaCepTest, NothingGivenIsRefused) {
-    abreCeps([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         tela.txtCEP.setText(u"  "_s);
         user.click(tela.cmdPesquisa);
         EXPECT_EQ(tela.focus(), &tela.txtCEP);
@@ -65,9 +67,9 @@ TEST_F(BuscaCepTest, NothingGivenIsRefused) {
 }
 
 TEST_F(BuscaCepTest, AHyphenIsRefusedEvenWithAStreet) {
-    abreCeps([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         tela.txtCEP.setText(u"01310-100"_s);
-        buscaRua(tela, u"paulista"_s);
+        searchStreet(tela, u"paulista"_s);
         EXPECT_EQ(tela.focus(), &tela.txtCEP);
     });
     ASSERT_EQ(platform.boxes.size(), 1u);
@@ -77,9 +79,9 @@ TEST_F(BuscaCepTest, AHyphenIsRefusedEvenWithAStreet) {
 }
 
 TEST_F(BuscaCepTest, AStreetWinsOverAPostalCode) {
-    abreCeps([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         tela.txtCEP.setText(u"99999999"_s);
-        buscaRua(tela, u" paulista "_s);
+        searchStreet(tela, u" paulista "_s);
         EXPECT_EQ(
             database.sent,
             (QStringList{
@@ -92,9 +94,9 @@ TEST_F(BuscaCepTest, AStreetWinsOverAPostalCode) {
                 u"SELECT NOME_TIPO, ABRV_TIPO FROM TIPO WHERE CHAV_TIPO = 'X'"_s,
                 u"SELECT NOME_BAIR, ABRV_BAIR, UF00_BAIR FROM BAIR WHERE CHAV_BAIR = '' AND CHAV_LOCA = 'Y'"_s,
                 u"SELECT NOME_LOCA FROM LOCA WHERE CHAV_LOCA = 'Y'"_s, u"CLOSE"_s}));
-        EXPECT_EQ(linhaDo(tela.Flex, 1),
+        EXPECT_EQ(rowOf(tela.Flex, 1),
                   (QStringList{{}, u"01310100"_s, u"AV"_s, u"PAULISTA"_s, u"BELA VISTA"_s, u"SAO PAULO"_s, u"SP"_s}));
-        EXPECT_EQ(linhaDo(tela.Flex, 2), (QStringList{{}, u"01310900"_s, {}, u"PAULISTA 2"_s, {}, {}, u"SP"_s}));
+        EXPECT_EQ(rowOf(tela.Flex, 2), (QStringList{{}, u"01310900"_s, {}, u"PAULISTA 2"_s, {}, {}, u"SP"_s}));
         EXPECT_EQ(tela.Flex.Rows(), 3);
         EXPECT_EQ(tela.Flex.Row(), 0);
         EXPECT_EQ(tela.pointer(), screen::Pointer::Default);
@@ -103,7 +105,7 @@ TEST_F(BuscaCepTest, AStreetWinsOverAPostalCode) {
 }
 
 TEST_F(BuscaCepTest, PostalCodeIsComparedWhole) {
-    abreCeps([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         tela.txtCEP.setText(u" 01310100 "_s);
         user.click(tela.cmdPesquisa);
         EXPECT_EQ(database.sent.value(0),
@@ -114,17 +116,17 @@ TEST_F(BuscaCepTest, PostalCodeIsComparedWhole) {
 
 TEST_F(BuscaCepTest, NothingFoundSaysNothing) {
     database.answer(u"FROM LOGR"_s, {colunasLogr, {}});
-    abreCeps([&](Tela& tela) {
-        buscaRua(tela, u"nenhuma"_s);
+    openSearch([&](Tela& tela) {
+        searchStreet(tela, u"nenhuma"_s);
         EXPECT_EQ(tela.Flex.Rows(), 1);
     });
     EXPECT_TRUE(platform.boxes.empty());
-    EXPECT_EQ(falha(), 0);
+    EXPECT_EQ(failure(), 0);
 }
 
 TEST_F(BuscaCepTest, TheConnectionFieldsAreRewrittenForGood) {
-    configura("outro^ceps^u^p^MSSQL^^True");
-    abreCeps([&](Tela& tela) { buscaRua(tela, u"a"_s); });
+    configure("outro^ceps^u^p^MSSQL^^True");
+    openSearch([&](Tela& tela) { searchStreet(tela, u"a"_s); });
     EXPECT_EQ(contexto.TipoBanco, u"MSSQL"_s);
     EXPECT_EQ(contexto.Servidor, u"outro"_s);
     EXPECT_EQ(contexto.BaseDados, u"ceps"_s);
@@ -140,16 +142,16 @@ TEST_F(BuscaCepTest, TheConnectionFieldsAreRewrittenForGood) {
 }
 
 TEST_F(BuscaCepTest, ATagThatIsUnknownHereOpensNothing) {
-    configura("s^b^u^p^MS-SQL2008WEB^^True");
-    abreCeps([&](Tela& tela) { buscaRua(tela, u"a"_s); });
-    EXPECT_EQ(falha(), errorNumber::ObjectNotSet);
+    configure("s^b^u^p^MS-SQL2008WEB^^True");
+    openSearch([&](Tela& tela) { searchStreet(tela, u"a"_s); });
+    EXPECT_EQ(failure(), errorNumber::ObjectNotSet);
 }
 
 TEST_F(BuscaCepTest, AMissingBaseEndsTheProcessWithItsBox) {
     database.refuseOpen = true;
-    abreCeps([&](Tela& tela) { buscaRua(tela, u"a"_s); });
+    openSearch([&](Tela& tela) { searchStreet(tela, u"a"_s); });
     EXPECT_TRUE(program.hasEnded());
-    EXPECT_EQ(falha(), 0);
+    EXPECT_EQ(failure(), 0);
     ASSERT_EQ(platform.boxes.size(), 1u);
     EXPECT_EQ(
         platform.boxes[0].text,
@@ -158,8 +160,8 @@ TEST_F(BuscaCepTest, AMissingBaseEndsTheProcessWithItsBox) {
 }
 
 TEST_F(BuscaCepTest, AnEmptyFileEndsTheProcessWithItsBox) {
-    configura("  ");
-    abreCeps([&](Tela& tela) { buscaRua(tela, u"a"_s); });
+    configure("  ");
+    openSearch([&](Tela& tela) { searchStreet(tela, u"a"_s); });
     EXPECT_TRUE(program.hasEnded());
     ASSERT_EQ(platform.boxes.size(), 1u);
     EXPECT_EQ(platform.boxes[0].title, u"Falha de Conexão com o Servidor"_s);
@@ -168,16 +170,16 @@ TEST_F(BuscaCepTest, AnEmptyFileEndsTheProcessWithItsBox) {
 TEST_F(BuscaCepTest, MoreThan5461RowsOverflowTheFieldNumber) {
     QList<QList<data::Value>> linhas(5461, {text("1"), text("R"), text("SP"), null(), null(), null()});
     database.answer(u"FROM LOGR"_s, {colunasLogr, linhas});
-    abreCeps([&](Tela& tela) {
-        buscaRua(tela, u"r"_s);
+    openSearch([&](Tela& tela) {
+        searchStreet(tela, u"r"_s);
         EXPECT_EQ(tela.Flex.Rows(), 5462);
         EXPECT_EQ(tela.Flex.cell(5461, 6), u"SP"_s);
     });
-    EXPECT_EQ(falha(), 0);
+    EXPECT_EQ(failure(), 0);
     linhas += linhas.front();
     database.answer(u"FROM LOGR"_s, {colunasLogr, linhas});
-    abreCeps([&](Tela& tela) { buscaRua(tela, u"r"_s); });
-    EXPECT_EQ(falha(), errorNumber::Overflow);
+    openSearch([&](Tela& tela) { searchStreet(tela, u"r"_s); });
+    EXPECT_EQ(failure(), errorNumber::Overflow);
 }
 
 struct CasoBloco {
@@ -192,8 +194,8 @@ TEST_F(BuscaCepTest, TheChoiceGoesIntoTheBlockThatAsked) {
         SCOPED_TRACE(caso.alvo);
         contexto.EnderecoAlvoCep = QString::fromLatin1(caso.alvo);
         platform.boxes.clear();
-        abreCeps([&](Tela& tela) {
-            buscaRua(tela, u"paulista"_s);
+        openSearch([&](Tela& tela) {
+            searchStreet(tela, u"paulista"_s);
             user.doubleClickCell(tela.Flex, 0, 1);
             EXPECT_TRUE(tela.isLoaded());
             user.doubleClickCell(tela.Flex, 1, 1);
@@ -212,8 +214,7 @@ TEST_F(BuscaCepTest, TheChoiceGoesIntoTheBlockThatAsked) {
         EXPECT_EQ(campo("cbo", "UF"), u"SP"_s);
         EXPECT_EQ(pessoas().field(QString::fromLatin1(caso.pais)).text(), u"Brasil"_s);
         ASSERT_EQ(platform.boxes.size(), 1u);
-        EXPECT_EQ(platform.boxes[0].text,
-                  u"Os Dados Estão sendo Transferidos!\nNão Esquecer de Complementar o Endereço com o [Número]!"_s);
+        EXPECT_EQ(platform.boxes[0].text, transferred);
         EXPECT_EQ(platform.boxes[0].title, titulo);
         EXPECT_EQ(platform.boxes[0].icon, screen::Icon::Information);
     }
@@ -221,10 +222,11 @@ TEST_F(BuscaCepTest, TheChoiceGoesIntoTheBlockThatAsked) {
 
 TEST_F(BuscaCepTest, AStreetWithoutPartnersGoesBackWithItsBlank) {
     contexto.EnderecoAlvoCep = u"COML"_s;
-    abreCeps([&](Tela& tela) {
-        buscaRua(tela, u"paulista"_s);
+    openSearch([&](Tela& tela) {
+        searchStreet(tela, u"paulista"_s);
         user.doubleClickCell(tela.Flex, 2, 1);
     });
+    EXPECT_EQ(platform.boxes.news(), QStringList(transferred));
     EXPECT_EQ(pessoas().txtEndereco.text(), u" PAULISTA 2"_s);
     EXPECT_EQ(pessoas().cboCidade.text(), QString());
 }
@@ -234,18 +236,18 @@ TEST_F(BuscaCepTest, WithoutATargetNothingIsWrittenButTheScreenCloses) {
         contexto.TelaChamadora = chamadora;
         contexto.EnderecoAlvoCep = alvo;
         platform.boxes.clear();
-        abreCeps([&](Tela& tela) {
-            buscaRua(tela, u"paulista"_s);
+        openSearch([&](Tela& tela) {
+            searchStreet(tela, u"paulista"_s);
             user.doubleClickCell(tela.Flex, 1, 1);
             EXPECT_FALSE(tela.isLoaded());
         });
         EXPECT_EQ(pessoas().txtEndereco.text(), QString());
-        EXPECT_EQ(platform.boxes.size(), 1u);
+        EXPECT_EQ(platform.boxes.news(), QStringList(transferred));
     }
 }
 
 TEST_F(BuscaCepTest, EnterOnTheButtonMovesOn) {
-    abreCeps([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         user.focus(tela.cmdPesquisa);
         user.key(tela.cmdPesquisa, screen::Key::Enter);
         EXPECT_EQ(tela.focus(), &tela.Flex);
@@ -254,8 +256,8 @@ TEST_F(BuscaCepTest, EnterOnTheButtonMovesOn) {
 }
 
 TEST_F(BuscaCepTest, AnApostropheEndsTheProgram) {
-    abreCeps([&](Tela& tela) { buscaRua(tela, u"d'avila"_s); });
-    EXPECT_EQ(falha(), errorNumber::StatementRefused);
+    openSearch([&](Tela& tela) { searchStreet(tela, u"d'avila"_s); });
+    EXPECT_EQ(failure(), errorNumber::StatementRefused);
 }
 
 } // namespace vorta::test

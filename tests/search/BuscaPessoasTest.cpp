@@ -13,7 +13,7 @@ const QStringList colunas{u"IDPESS"_s,    u"NOME_PESS"_s,      u"NOME_CONH"_s, u
                           u"DATA_DESA"_s, u"PESS_CODI_EXTE"_s, u"IDCLIE"_s,    u"IDFORN"_s,    u"IDVEND"_s,
                           u"IDDECO"_s,    u"IDARQT"_s,         u"IDMOTO"_s,    u"IDTRPT"_s};
 
-QList<data::Value> pessoa(qint64 id, const char* nome, data::Value clie = {}) {
+QList<data::Value> personRow(qint64 id, const char* nome, data::Value clie = {}) {
     return {number(id),      text(nome), text("CONHECIDO"), text("111.222.333-44"),
             text("11 3333"), null(),     text("EXT"),       clie,
             null(),          null(),     number(0),         null(),
@@ -24,20 +24,20 @@ QList<data::Value> pessoa(qint64 id, const char* nome, data::Value clie = {}) {
 
 class BuscaPessoasTest : public BuscaTest {
   protected:
-    void responde(const QList<QList<data::Value>>& linhas) { database.answer(u"FROM PESS WHERE"_s, {colunas, linhas}); }
+    void answer(const QList<QList<data::Value>>& linhas) { database.answer(u"FROM PESS WHERE"_s, {colunas, linhas}); }
 
-    void abreBusca(const std::function<void(Tela&)>& faz) { abre<Tela>("frmBROWSE_PESSOAS", faz); }
+    void openSearch(const std::function<void(Tela&)>& faz) { open<Tela>("frmBROWSE_PESSOAS", faz); }
 };
 
 TEST_F(BuscaPessoasTest, FirstOpeningShowsHeadersOnly) {
-    abreBusca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         EXPECT_EQ(database.sent, (QStringList{u"SELECT * FROM EMPR_CNFG WHERE NOME_PARA='COR_PADRAO'"_s,
                                               u"SELECT * FROM COR_SIST WHERE DESC_COR_SIST = ''"_s}));
         EXPECT_EQ(tela.caption(), u"ERP VORTA - Nexoria - Release 2015.07.24"_s);
         EXPECT_EQ(tela.Label2.text(), u"Pesquisa de Pessoas"_s);
         EXPECT_TRUE(tela.opNome.value() && tela.opTodos.value() && tela.opQualquerParte.value());
         EXPECT_EQ(tela.Flex.Rows(), 1);
-        EXPECT_EQ(linhaDo(tela.Flex, 0),
+        EXPECT_EQ(rowOf(tela.Flex, 0),
                   (QStringList{u"IDPESSOA"_s, u"CGC/CPF"_s, u"Razão Social"_s, u"Nome Fantasia"_s, u"Fone"_s,
                                u"DT Desativa"_s, u"ID DO PAPEL"_s, u"Cod. Externo"_s, u"idClie"_s, u"idForn"_s}));
         EXPECT_EQ(tela.Flex.columns()[6].width, 0);
@@ -51,7 +51,7 @@ TEST_F(BuscaPessoasTest, PaintsItselfByTheSchemeOfTheCompany) {
     database.answer(u"DESC_COR_SIST = 'AZUL'"_s,
                     {{u"CODI_BACK_0001"_s, u"CODI_FORE_0001"_s, u"CODI_BACK_0002"_s, u"CODI_FORE_0002"_s},
                      {{text("16711680"), text("255"), text("1"), text("2")}}});
-    abreBusca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         EXPECT_EQ(tela.background(), 16711680);
         EXPECT_EQ(tela.Label2.foreground(), 255);
         EXPECT_EQ(tela.cmdPesquisa.background(), 16711680);
@@ -63,11 +63,11 @@ TEST_F(BuscaPessoasTest, PaintsItselfByTheSchemeOfTheCompany) {
 }
 
 TEST_F(BuscaPessoasTest, NothingFoundTellsSoAndGoesBackToTheText) {
-    abreBusca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         user.type(tela.cboCod, u"ninguém"_s);
         user.click(tela.cmdPesquisa);
         ASSERT_EQ(platform.boxes.size(), 1u);
-        EXPECT_EQ(platform.boxes[0].text, u"Nenhum Registro Localizado com esses parâmetros..."_s);
+        EXPECT_EQ(platform.boxes[0].text, nothingFound);
         EXPECT_EQ(platform.boxes[0].title, QString());
         EXPECT_EQ(platform.boxes[0].icon, screen::Icon::None);
         EXPECT_EQ(tela.focus(), &tela.cboCod);
@@ -78,25 +78,24 @@ TEST_F(BuscaPessoasTest, NothingFoundTellsSoAndGoesBackToTheText) {
 }
 
 TEST_F(BuscaPessoasTest, RowsAndNulls) {
-    responde({{number(7), text("MARIA"), null(), null(), null(), date(2026, 2, 3), null(), null(), null(), null(),
-               null(), null(), null(), null()}});
-    abreBusca([&](Tela& tela) {
+    answer({{number(7), text("MARIA"), null(), null(), null(), date(2026, 2, 3), null(), null(), null(), null(), null(),
+             null(), null(), null()}});
+    openSearch([&](Tela& tela) {
         user.click(tela.cmdPesquisa);
-        EXPECT_EQ(linhaDo(tela.Flex, 1),
-                  (QStringList{u"7"_s, {}, u"MARIA"_s, {}, {}, u"03/02/2026"_s, {}, {}, {}, {}}));
+        EXPECT_EQ(rowOf(tela.Flex, 1), (QStringList{u"7"_s, {}, u"MARIA"_s, {}, {}, u"03/02/2026"_s, {}, {}, {}, {}}));
         EXPECT_EQ(tela.Flex.Row(), 1) << "a single result stays the current row";
         EXPECT_EQ(platform.progressed.back(), (std::pair<qint64, qint64>(0, 0)));
     });
 }
 
 TEST_F(BuscaPessoasTest, SeveralRowsLeaveNoRowCurrent) {
-    responde({pessoa(1, "A"), pessoa(2, "B")});
-    abreBusca([&](Tela& tela) {
+    answer({personRow(1, "A"), personRow(2, "B")});
+    openSearch([&](Tela& tela) {
         user.click(tela.cmdPesquisa);
         EXPECT_EQ(tela.Flex.Rows(), 3);
         EXPECT_EQ(tela.Flex.Row(), 0);
         EXPECT_EQ(
-            linhaDo(tela.Flex, 2),
+            rowOf(tela.Flex, 2),
             (QStringList{u"2"_s, u"111.222.333-44"_s, u"B"_s, u"CONHECIDO"_s, u"11 3333"_s, {}, {}, u"EXT"_s, {}, {}}));
     });
 }
@@ -118,14 +117,14 @@ TEST_F(BuscaPessoasTest, RoleFilterRowByRow) {
         {"opDecorador", "SELECT IDDECO FROM DECO WHERE IDPESS = 1", "iddeco", 1},
         {"opArquiteto", "SELECT IDARQT FROM ARQT WHERE IDPESS = 1", "idarqt", 1},
     };
-    responde({pessoa(1, "COM"), pessoa(2, "SEM")});
+    answer({personRow(1, "COM"), personRow(2, "SEM")});
     for (const CasoPapel& caso : casos)
         database.answer(QString::fromLatin1(caso.consulta), {{QString::fromLatin1(caso.coluna)}, {{number(91)}}});
-    abreBusca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         for (const CasoPapel& caso : casos) {
             SCOPED_TRACE(caso.opcao);
             static_cast<screen::Option&>(tela.field(QString::fromLatin1(caso.opcao))).setValue(true);
-            esquece();
+            forget();
             user.click(tela.cmdPesquisa);
             ASSERT_EQ(tela.Flex.Rows(), 2);
             EXPECT_EQ(tela.Flex.cell(1, 0), u"1"_s);
@@ -138,7 +137,7 @@ TEST_F(BuscaPessoasTest, RoleFilterRowByRow) {
         }
         // Deactivated persons bring deactivated links along.
         tela.opVendedor.setValue(true);
-        esquece();
+        forget();
         tela.chkVisualiza.setChecked(true);
         EXPECT_EQ(database.sent, (QStringList{u"SELECT * FROM PESS WHERE (NOT DATA_DESA IS NULL) ORDER BY NOME_PESS"_s,
                                               u"SELECT IDVEND FROM VEND WHERE IDPESS = 1"_s,
@@ -147,24 +146,24 @@ TEST_F(BuscaPessoasTest, RoleFilterRowByRow) {
 }
 
 TEST_F(BuscaPessoasTest, ProspectHasNoLinkOfItsOwnRow) {
-    responde({pessoa(1, "CLIENTE", number(5)), pessoa(2, "PROSPECT"), pessoa(3, "ZERO", number(0))});
+    answer({personRow(1, "CLIENTE", number(5)), personRow(2, "PROSPECT"), personRow(3, "ZERO", number(0))});
     database.answer(u"FROM CLIE WHERE IDPESS = 2"_s, {{u"idclie"_s}, {{number(44)}}});
-    abreBusca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         tela.opProspect.setValue(true);
-        esquece();
+        forget();
         user.click(tela.cmdPesquisa);
         ASSERT_EQ(tela.Flex.Rows(), 3);
         EXPECT_EQ(tela.Flex.cell(1, 0), u"2"_s);
         EXPECT_EQ(tela.Flex.cell(1, 6), u"0"_s);
         EXPECT_EQ(tela.Flex.cell(1, 8), u"44"_s);
         EXPECT_EQ(tela.Flex.cell(2, 8), u"0"_s);
-        EXPECT_EQ(enviados("FROM CLIE").size(), 2);
+        EXPECT_EQ(sentWith("FROM CLIE").size(), 2);
     });
 }
 
 TEST_F(BuscaPessoasTest, AllRowsSkippedGivesAnEmptyGridWithoutAMessage) {
-    responde({pessoa(1, "A")});
-    abreBusca([&](Tela& tela) {
+    answer({personRow(1, "A")});
+    openSearch([&](Tela& tela) {
         tela.opMotorista.setValue(true);
         user.click(tela.cmdPesquisa);
         EXPECT_EQ(tela.Flex.Rows(), 1);
@@ -175,29 +174,29 @@ TEST_F(BuscaPessoasTest, AllRowsSkippedGivesAnEmptyGridWithoutAMessage) {
 TEST_F(BuscaPessoasTest, BranchSearchFailsAtItsFirstRow) {
     QStringList semExterno = colunas;
     semExterno.removeOne(u"PESS_CODI_EXTE"_s);
-    QList<data::Value> linha = pessoa(1, "A");
+    QList<data::Value> linha = personRow(1, "A");
     linha.removeAt(6);
     database.answer(u"FROM ATIV, PESS, PESS_ATIV"_s, {semExterno, {linha}});
-    abreBusca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         tela.opRamoAtividade.setValue(true);
         user.click(tela.cmdPesquisa);
     });
-    EXPECT_EQ(falha(), errorNumber::NoSuchColumn);
+    EXPECT_EQ(failure(), errorNumber::NoSuchColumn);
 }
 
 TEST_F(BuscaPessoasTest, BranchSearchWithoutAMatchTellsSo) {
-    abreBusca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         tela.opRamoAtividade.setValue(true);
         user.click(tela.cmdPesquisa);
     });
-    EXPECT_EQ(falha(), 0);
-    ASSERT_EQ(platform.boxes.size(), 1u);
+    EXPECT_EQ(failure(), 0);
+    EXPECT_EQ(platform.boxes.news(), QStringList(nothingFound));
 }
 
 TEST_F(BuscaPessoasTest, OnlyTheBranchSearchFillsTheList) {
     database.answer(u"FROM ATIV WHERE"_s, {{u"desc_ativ"_s}, {{text("MOVEIS")}, {text("MODA")}}});
-    abreBusca([&](Tela& tela) {
-        esquece();
+    openSearch([&](Tela& tela) {
+        forget();
         user.dropDown(tela.cboCod);
         EXPECT_TRUE(database.sent.isEmpty());
         tela.opRamoAtividade.setValue(true);
@@ -211,8 +210,8 @@ TEST_F(BuscaPessoasTest, OnlyTheBranchSearchFillsTheList) {
 }
 
 TEST_F(BuscaPessoasTest, EnterMovesOnAndLeavingTheTextPutsItInCapitals) {
-    abreBusca([&](Tela& tela) {
-        esquece();
+    openSearch([&](Tela& tela) {
+        forget();
         user.type(tela.cboCod, u"joão"_s);
         user.key(tela.cboCod, screen::Key::Enter);
         EXPECT_EQ(tela.cboCod.text(), u"JOÃO"_s);
@@ -224,19 +223,20 @@ TEST_F(BuscaPessoasTest, EnterMovesOnAndLeavingTheTextPutsItInCapitals) {
 }
 
 TEST_F(BuscaPessoasTest, CheckBoxSearchesAtOnce) {
-    abreBusca([&](Tela& tela) {
-        esquece();
+    openSearch([&](Tela& tela) {
+        forget();
         user.click(tela.chkVisualiza);
-        EXPECT_EQ(enviados("(NOT DATA_DESA IS NULL)").size(), 1);
+        EXPECT_EQ(sentWith("(NOT DATA_DESA IS NULL)").size(), 1);
         user.click(tela.chkVisualiza);
-        EXPECT_EQ(enviados("WHERE DATA_DESA IS NULL").size(), 1);
+        EXPECT_EQ(sentWith("WHERE DATA_DESA IS NULL").size(), 1);
     });
+    EXPECT_EQ(platform.boxes.news(), (QStringList{nothingFound, nothingFound}));
 }
 
 TEST_F(BuscaPessoasTest, ClearKeepsTheMatchOptionAndTheMemory) {
-    responde({pessoa(1, "A")});
+    answer({personRow(1, "A")});
     contexto.UltimoPapelBusca = u"opVendedor"_s;
-    abreBusca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         tela.opInicialCom.setValue(true);
         tela.opUF.setValue(true);
         tela.cboCod.setText(u"SP"_s);

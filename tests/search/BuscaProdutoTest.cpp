@@ -40,7 +40,7 @@ const QStringList colunas{
     u"LOCA_FISI_SETOR"_s, u"LOCA_FISI_CORREDOR"_s, u"LOCA_FISI_ESTANTE"_s, u"LOCA_FISI_PRATELEIRA"_s,
     u"DESC_TIPO_PROD"_s};
 
-QList<data::Value> produto(qint64 id, const char* codigo, const char* descricao) {
+QList<data::Value> productRow(qint64 id, const char* codigo, const char* descricao) {
     return {number(id),   text(codigo),   text(descricao), date(2024, 6, 28), number(1),   text("REF"),
             amount(1250), amount(123450), amount(50),      amount(1000),      text("ARM"), text("PAV"),
             text("SET"),  text("COR"),    text("EST"),     text("PRA"),       text("TIPO")};
@@ -58,35 +58,35 @@ class BuscaProdutoTest : public BuscaTest {
         contexto.ExtensaoImagensDetalhe = u".jpg"_s;
         contexto.ImagemSemFoto = u"/img/semfoto.bmp"_s;
         contexto.CaminhoPaginas = u"/paginas/"_s;
-        existe("/img/semfoto.bmp");
+        fileExists("/img/semfoto.bmp");
     }
 
-    void existe(const char* arquivo) { platform.files[QString::fromLatin1(arquivo)] = {}; }
-    void responde(const QList<QList<data::Value>>& linhas) {
+    void fileExists(const char* arquivo) { platform.files[QString::fromLatin1(arquivo)] = {}; }
+    void answer(const QList<QList<data::Value>>& linhas) {
         database.answer(u"FROM PROD, PROD_EMPR"_s, {colunas, linhas});
     }
     /// The search as a caller opens it: the company is set once the screen stands.
-    void busca(const std::function<void(Tela&)>& faz) {
-        abre<Tela>("frmBROWSE_PRODUTO", [&](Tela& tela) {
+    void openSearch(const std::function<void(Tela&)>& faz) {
+        open<Tela>("frmBROWSE_PRODUTO", [&](Tela& tela) {
             tela.lblCodiEmpresa.setText(u"0001"_s);
             faz(tela);
         });
     }
-    screen::Option& opcao(Tela& tela, const char* nome) {
+    screen::Option& option(Tela& tela, const char* nome) {
         return static_cast<screen::Option&>(tela.field(QString::fromLatin1(nome)));
     }
 };
 
 TEST_F(BuscaProdutoTest, TheOpeningSearchesNothing) {
     database.answer(u"FROM TIPO_PROD WHERE"_s, {{u"DESC_TIPO_PROD"_s}, {{text("B")}, {text("A")}}});
-    busca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         EXPECT_EQ(database.sent, QStringList(u"SELECT DESC_TIPO_PROD FROM TIPO_PROD WHERE DATA_DESA IS NULL"_s));
         EXPECT_EQ(tela.caption(), ContextoExecucao::Titulo());
         EXPECT_TRUE(tela.Option3.value() && tela.opQQPosicao.value());
         EXPECT_FALSE(tela.Option1.value() || tela.Option2.value() || tela.Option4.value());
         EXPECT_EQ(tela.txtMaxReg.text(), u"100"_s);
         EXPECT_EQ(tela.cboTipoProd.items(), (QStringList{u"B"_s, u"A"_s}));
-        EXPECT_EQ(linhaDo(tela.Flex, 0),
+        EXPECT_EQ(rowOf(tela.Flex, 0),
                   (QStringList{u"ID"_s, u"Código"_s, u"Descrição"_s, u"Est.Fis."_s, u"Est.Disp."_s, u"Est.Ped."_s,
                                u"Vr.Prod.A"_s, u"Vr.Prod.B"_s, u"Vr.Prod.C"_s, u"Armazém"_s, u"Pavimento"_s, u"Setor"_s,
                                u"Corredor"_s, u"Estante"_s, u"Prateleira"_s, u"Tipo Produto"_s, u"Referência"_s,
@@ -108,23 +108,24 @@ TEST_F(BuscaProdutoTest, TheStatementOfEveryOption) {
                          {"Option4", u" AND PROD.CODI_REFE_PROD ", u" ORDER BY PROD.CODI_REFE_PROD"}};
     const std::pair<const char*, const char16_t*> comparacoes[]{
         {"opQQPosicao", u"LIKE '% ABC %' "}, {"opExata", u"= ' ABC ' "}, {"opInicialCom", u"LIKE ' ABC %' "}};
-    busca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         for (const Forma& forma : formas)
             for (const auto& [nome, comparacao] : comparacoes) {
                 SCOPED_TRACE(std::string(forma.opcao) + " " + nome);
                 const QString ordem = QString::fromUtf16(forma.ordem);
-                opcao(tela, forma.opcao).setValue(true);
-                opcao(tela, nome).setValue(true);
+                option(tela, forma.opcao).setValue(true);
+                option(tela, nome).setValue(true);
                 tela.txtCOD.setText(u" abc "_s);
-                esquece();
+                forget();
                 user.click(tela.cmdPesquisa);
                 const QString filtro =
                     forma.filtro ? QString::fromUtf16(forma.filtro) + QString::fromUtf16(comparacao) : QString();
                 EXPECT_EQ(database.sent, QStringList(cabeca + ativos + filtro + ordem));
                 tela.txtCOD.setText(u"   "_s);
-                esquece();
+                forget();
                 user.click(tela.cmdPesquisa);
                 EXPECT_EQ(database.sent, QStringList(cabeca + ativos + ordem)) << "blanks are no filter";
+                EXPECT_EQ(platform.boxes.news(), (QStringList{nothingFound, nothingFound}));
             }
     });
 }
@@ -132,11 +133,11 @@ TEST_F(BuscaProdutoTest, TheStatementOfEveryOption) {
 TEST_F(BuscaProdutoTest, TypeCollectionAndDeactivated) {
     database.answer(u"SELECT IDTIPO_PROD"_s, {{u"idtipo_prod"_s}, {{number(4)}}});
     database.answer(u"SELECT IDCOLE"_s, {{u"idcole"_s}, {{number(9)}}});
-    busca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         tela.Option1.setValue(true);
         tela.cboTipoProd.setText(u" serviço "_s);
         tela.cboCole.setText(u"verão"_s);
-        esquece();
+        forget();
         user.click(tela.chkVisualiza);
         EXPECT_EQ(database.sent,
                   (QStringList{u"SELECT IDTIPO_PROD FROM TIPO_PROD WHERE DESC_TIPO_PROD='SERVIÇO'"_s,
@@ -145,19 +146,20 @@ TEST_F(BuscaProdutoTest, TypeCollectionAndDeactivated) {
                                         "9 ORDER BY PROD.IDPROD"_s}));
         tela.cboTipoProd.setText({});
         tela.cboCole.setText({});
-        esquece();
+        forget();
         user.click(tela.chkVisualiza);
         EXPECT_EQ(database.sent, QStringList(cabeca + ativos + u"ORDER BY PROD.IDPROD"_s));
     });
+    EXPECT_EQ(platform.boxes.news(), (QStringList{nothingFound, nothingFound}));
 }
 
 TEST_F(BuscaProdutoTest, NothingFoundTellsSo) {
-    busca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         user.click(tela.cmdPesquisa);
         EXPECT_EQ(tela.pointer(), screen::Pointer::Default);
     });
     ASSERT_EQ(platform.boxes.size(), 1u);
-    EXPECT_EQ(platform.boxes[0].text, u"Nenhum Registro Localizado com esses parâmetros..."_s);
+    EXPECT_EQ(platform.boxes[0].text, nothingFound);
     EXPECT_EQ(platform.boxes[0].title, QString());
     EXPECT_EQ(platform.boxes[0].icon, screen::Icon::None);
 }
@@ -165,20 +167,20 @@ TEST_F(BuscaProdutoTest, NothingFoundTellsSo) {
 TEST_F(BuscaProdutoTest, ARowWithItsStockAndARowOfNulls) {
     QList<data::Value> nulo(colunas.size(), null());
     nulo[0] = number(8);
-    responde({produto(7, "P-7", "MESA"), nulo});
+    answer({productRow(7, "P-7", "MESA"), nulo});
     database.answer(
         u"FROM PROD_EMPR WHERE IDPROD = 7 AND CODI_EMPR='0001'"_s,
         {{u"qtde_disp"_s, u"qtde_disp_0002"_s, u"QTDE_ESTO_COPR"_s, u"QTDE_ESTO_EMB1"_s, u"QTDE_ESTO_EMB2"_s,
           u"QTDE_ESTO_EMB3"_s, u"QTDE_PEDI_ABER"_s, u"qtde_esto_consig"_s, u"qtde_esto_demonstr"_s},
          {{number(1), null(), null(), null(), null(), null(), amount(250), null(), number(1)}}});
-    busca([&](Tela& tela) {
-        esquece();
+    openSearch([&](Tela& tela) {
+        forget();
         user.click(tela.cmdPesquisa);
-        EXPECT_EQ(linhaDo(tela.Flex, 1),
+        EXPECT_EQ(rowOf(tela.Flex, 1),
                   (QStringList{u"7"_s, u"P-7"_s, u"MESA"_s, u"12,5"_s, u"-2,5"_s, u"2,5"_s, u"1234,50"_s, u"0,50"_s,
                                u"10,00"_s, u"ARM"_s, u"PAV"_s, u"SET"_s, u"COR"_s, u"EST"_s, u"PRA"_s, u"TIPO"_s,
                                u"REF"_s, u"28/06/2024"_s}));
-        EXPECT_EQ(linhaDo(tela.Flex, 2),
+        EXPECT_EQ(rowOf(tela.Flex, 2),
                   (QStringList{u"8"_s, {}, {}, {}, u"0"_s, u"0"_s, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}}));
         EXPECT_EQ(tela.Flex.Row(), 0) << "two rows or more leave none current";
         EXPECT_EQ(database.sent.size(), 1 + 2 * 2);
@@ -187,25 +189,25 @@ TEST_F(BuscaProdutoTest, ARowWithItsStockAndARowOfNulls) {
 }
 
 TEST_F(BuscaProdutoTest, ASingleRowIsCurrent) {
-    responde({produto(7, "P-7", "MESA")});
-    busca([&](Tela& tela) {
+    answer({productRow(7, "P-7", "MESA")});
+    openSearch([&](Tela& tela) {
         user.click(tela.cmdPesquisa);
         EXPECT_EQ(tela.Flex.Row(), 1);
     });
 }
 
 TEST_F(BuscaProdutoTest, TheRowCounterIsSixteenBitsWide) {
-    QList<QList<data::Value>> linhas(32766, produto(7, "P", "MESA"));
-    responde(linhas);
-    busca([&](Tela& tela) {
+    QList<QList<data::Value>> linhas(32766, productRow(7, "P", "MESA"));
+    answer(linhas);
+    openSearch([&](Tela& tela) {
         user.click(tela.cmdPesquisa);
         EXPECT_EQ(tela.Flex.Rows(), 32767);
     });
-    EXPECT_EQ(falha(), 0);
-    linhas.append(produto(8, "Q", "MESA"));
-    responde(linhas);
-    busca([&](Tela& tela) { user.click(tela.cmdPesquisa); });
-    EXPECT_EQ(falha(), errorNumber::Overflow);
+    EXPECT_EQ(failure(), 0);
+    linhas.append(productRow(8, "Q", "MESA"));
+    answer(linhas);
+    openSearch([&](Tela& tela) { user.click(tela.cmdPesquisa); });
+    EXPECT_EQ(failure(), errorNumber::Overflow);
 }
 
 TEST_F(BuscaProdutoTest, TheCallerChoosesTheTypeAtTheOpening) {
@@ -220,23 +222,23 @@ TEST_F(BuscaProdutoTest, TheCallerChoosesTheTypeAtTheOpening) {
     for (const auto& [nome, tipo] : chamadoras) {
         SCOPED_TRACE(nome);
         contexto.TelaChamadora = QString::fromLatin1(nome);
-        esquece();
-        busca([&](Tela& tela) {
+        forget();
+        openSearch([&](Tela& tela) {
             EXPECT_EQ(tela.cboTipoProd.text(), QString::fromUtf16(tipo));
             EXPECT_TRUE(tela.cboTipoProd.enabled());
-            EXPECT_EQ(enviados("'ORCA_MATE_PRIM'").size(), contexto.TelaChamadora == u"frmOrcaVeds" ? 1 : 0);
+            EXPECT_EQ(sentWith("'ORCA_MATE_PRIM'").size(), contexto.TelaChamadora == u"frmOrcaVeds" ? 1 : 0);
         });
     }
 }
 
 TEST_F(BuscaProdutoTest, AClickOnARowRemembersTheSearch) {
-    responde({produto(7, "P-7", "MESA"), produto(8, "P-8", "BANCO")});
+    answer({productRow(7, "P-7", "MESA"), productRow(8, "P-8", "BANCO")});
     const std::pair<const char*, const char*> formas[]{
         {"Option1", "Option1"}, {"Option2", "Option2"}, {"Option3", "Option3"}, {"Option4", ""}};
     for (const auto& [escolhida, lembrada] : formas) {
         SCOPED_TRACE(escolhida);
-        busca([&](Tela& tela) {
-            opcao(tela, escolhida).setValue(true);
+        openSearch([&](Tela& tela) {
+            option(tela, escolhida).setValue(true);
             tela.txtCOD.setText(u" p"_s);
             tela.cboCole.setText(u"COLE"_s);
             user.click(tela.cmdPesquisa);
@@ -249,8 +251,8 @@ TEST_F(BuscaProdutoTest, AClickOnARowRemembersTheSearch) {
             EXPECT_EQ(contexto.UltimoVisualizaProduto, u"Não"_s);
             EXPECT_EQ(contexto.UltimaColecaoProduto, u"COLE"_s);
         });
-        busca([&](Tela& tela) {
-            EXPECT_TRUE(opcao(tela, *lembrada ? lembrada : "Option3").value());
+        openSearch([&](Tela& tela) {
+            EXPECT_TRUE(option(tela, *lembrada ? lembrada : "Option3").value());
             EXPECT_EQ(tela.txtCOD.text(), u" P"_s);
             EXPECT_EQ(tela.cboCole.text(), u"COLE"_s);
             EXPECT_FALSE(tela.chkVisualiza.checked());
@@ -263,26 +265,26 @@ TEST_F(BuscaProdutoTest, RememberedDeactivatedProductsAreSearchedAtOnce) {
     contexto.UltimoTextoProduto = u"X"_s;
     contexto.UltimoVisualizaProduto = u"Sim"_s;
     contexto.UltimaColecaoProduto = u"COLE"_s;
-    busca([&](Tela& tela) {
-        const QStringList buscas = enviados("FROM PROD, PROD_EMPR");
+    openSearch([&](Tela& tela) {
+        const QStringList buscas = sentWith("FROM PROD, PROD_EMPR");
         ASSERT_EQ(buscas.size(), 1);
         EXPECT_TRUE(buscas[0].endsWith(u"PROD_EMPR.CODI_EMPR = '' AND (NOT PROD.DATA_DESA IS NULL)  AND PROD.CODI_PROD "
                                        "LIKE '%X%'  ORDER BY PROD.CODI_PROD"_s))
             << "neither the company nor the collection stand yet";
         EXPECT_EQ(tela.cboCole.text(), u"COLE"_s);
     });
-    EXPECT_EQ(platform.boxes.size(), 1u);
+    EXPECT_EQ(platform.boxes.news(), QStringList(nothingFound));
 }
 
 TEST_F(BuscaProdutoTest, ThePictureOfARow) {
-    responde({produto(7, " P-7 ", "MESA"), produto(8, "P-8", "BANCO"), produto(9, "P-9", "SOFA")});
+    answer({productRow(7, " P-7 ", "MESA"), productRow(8, "P-8", "BANCO"), productRow(9, "P-9", "SOFA")});
     database.answer(u"FROM PROD WHERE IDPROD=8"_s, {{u"CAMINHO_ARQ_LOCAL_THUMB"_s, u"CAMINHO_ARQ_LOCAL_NATURAL"_s},
                                                     {{text("/fora/p8.bmp"), text("/fora/p8_grande.bmp")}}});
-    existe("/img/P-7.bmp");
-    existe("/fora/p8.bmp");
-    busca([&](Tela& tela) {
+    fileExists("/img/P-7.bmp");
+    fileExists("/fora/p8.bmp");
+    openSearch([&](Tela& tela) {
         user.click(tela.cmdPesquisa);
-        esquece();
+        forget();
         user.clickCell(tela.Flex, 1, 4);
         EXPECT_EQ(tela.Image1.picture(), u"/img/P-7.bmp"_s);
         EXPECT_EQ(contexto.ImagemProduto, u"/img/P-7.bmp"_s);
@@ -300,13 +302,13 @@ TEST_F(BuscaProdutoTest, ThePictureOfARow) {
         EXPECT_EQ(tela.Image1.picture(), u"/img/semfoto.bmp"_s) << "the row names a file that is gone";
         EXPECT_EQ(contexto.ImagemProduto, u"/fora/p8.bmp"_s);
     });
-    EXPECT_EQ(falha(), 0);
+    EXPECT_EQ(failure(), 0);
 }
 
 TEST_F(BuscaProdutoTest, TheFourViews) {
-    responde({produto(7, "P-7", "MESA")});
+    answer({productRow(7, "P-7", "MESA")});
     for (const char* arquivo : {"/img/P-7.bmp", "/img/P-7_3.bmp", "/grande/P-7_3.jpg"})
-        existe(arquivo);
+        fileExists(arquivo);
     struct Vista {
         const char* botao;
         const char16_t* imagem; ///< null: there is no photo of this view
@@ -316,7 +318,7 @@ TEST_F(BuscaProdutoTest, TheFourViews) {
                          {"cmdImagem1(1)", nullptr, u"/img/P-7_2.bmp"},
                          {"cmdImagem1(2)", u"/img/P-7_3.bmp", u"/img/P-7_3.bmp"},
                          {"cmdImagem1(3)", nullptr, u"/img/P-7_4.bmp"}};
-    busca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         user.click(tela.cmdPesquisa);
         user.clickCell(tela.Flex, 1, 5);
         for (const Vista& vista : vistas) {
@@ -378,7 +380,7 @@ TEST_F(BuscaProdutoTest, WhatEveryCallerGets) {
         {{u"frmPessoas"_s}, "", {{"cboProduto", u"P-7"}}, "cboProduto"},
         {{u"frmQualquer"_s}, "KIT", {}, nullptr},
     };
-    responde({produto(7, " P-7 ", "MESA")});
+    answer({productRow(7, " P-7 ", "MESA")});
     for (const Retorno& retorno : retornos)
         for (const QString& nome : retorno.chamadoras) {
             SCOPED_TRACE(nome.toStdString() + " " + retorno.tipo);
@@ -392,7 +394,7 @@ TEST_F(BuscaProdutoTest, WhatEveryCallerGets) {
                 campo->setText({});
             contexto.TopoGridBusca = 99;
             bool fechou = false;
-            busca([&](Tela& tela) {
+            openSearch([&](Tela& tela) {
                 user.click(tela.cmdPesquisa);
                 tela.Flex.setCol(5);
                 user.doubleClickCell(tela.Flex, 0, 1);
@@ -411,35 +413,35 @@ TEST_F(BuscaProdutoTest, WhatEveryCallerGets) {
                 esperado[QString::fromLatin1(escrita.campo)] = QString::fromUtf16(escrita.texto);
             EXPECT_TRUE(escrito == esperado);
             EXPECT_EQ(chamadora.focus()->name(), QString::fromLatin1(retorno.foco ? retorno.foco : "txtOutro"));
-            EXPECT_EQ(falha(), 0);
+            EXPECT_EQ(failure(), 0);
         }
 }
 
 TEST_F(BuscaProdutoTest, ACallerThatThisProgramDoesNotHave) {
-    responde({produto(7, "P-7", "MESA")});
+    answer({productRow(7, "P-7", "MESA")});
     contexto.TelaChamadora = u"frmPedido"_s;
-    busca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         user.click(tela.cmdPesquisa);
         user.doubleClickCell(tela.Flex, 1, 1);
     });
-    EXPECT_EQ(falha(), errorNumber::ObjectNotSet);
+    EXPECT_EQ(failure(), errorNumber::ObjectNotSet);
 }
 
 TEST_F(BuscaProdutoTest, ClearingFailsBehindTheGrid) {
-    responde({produto(7, "P-7", "MESA")});
-    busca([&](Tela& tela) {
+    answer({productRow(7, "P-7", "MESA")});
+    openSearch([&](Tela& tela) {
         tela.txtCOD.setText(u"X"_s);
         user.click(tela.cmdPesquisa);
         user.click(tela.cmdLimpar);
         EXPECT_EQ(tela.Flex.Rows(), 1);
         EXPECT_EQ(tela.txtCOD.text(), u"X"_s);
     });
-    EXPECT_EQ(falha(), errorNumber::NoSuchMember);
+    EXPECT_EQ(failure(), errorNumber::NoSuchMember);
 }
 
 TEST_F(BuscaProdutoTest, EnterMovesOnAndLeavingTheTextPutsItInCapitals) {
-    busca([&](Tela& tela) {
-        esquece();
+    openSearch([&](Tela& tela) {
+        forget();
         user.type(tela.txtCOD, u"maçã"_s);
         user.key(tela.txtCOD, screen::Key::Enter);
         EXPECT_EQ(tela.txtCOD.text(), u"MAÇÃ"_s);
@@ -452,9 +454,9 @@ TEST_F(BuscaProdutoTest, EnterMovesOnAndLeavingTheTextPutsItInCapitals) {
 
 TEST_F(BuscaProdutoTest, TheListOfCollections) {
     database.answer(u"FROM COLE WHERE"_s, {{u"desc_cole"_s}, {{text("JARDIM")}}});
-    busca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         tela.cboCole.setText(u" jar "_s);
-        esquece();
+        forget();
         user.dropDown(tela.cboCole);
         EXPECT_EQ(database.sent, QStringList(u"SELECT DESC_COLE FROM COLE WHERE DATA_DESA IS NULL AND (DESC_COLE LIKE "
                                              "'%JAR%') ORDER BY DESC_COLE"_s));
@@ -465,33 +467,33 @@ TEST_F(BuscaProdutoTest, TheListOfCollections) {
 /// The picture is looked up by the text of the column that is current: the one left by the user in the first row, the
 /// description in the rows behind it.
 TEST_F(BuscaProdutoTest, TheFoundProductsAsATable) {
-    responde({produto(7, "P-7", "MESA"), produto(8, "P-8", "BANCO")});
-    existe("/img/P-7.bmp");
+    answer({productRow(7, "P-7", "MESA"), productRow(8, "P-8", "BANCO")});
+    fileExists("/img/P-7.bmp");
     const QString linha =
         u"<TR style='FONT-WEIGHT: bold; FONT-SIZE: 8pt; FONT-FAMILY: Tahoma; FONT-VARIANT: small'>"
         "<TD width=30%><P ALIGN=Center><IMG SRC='%1'></TD><TD width=30%>%2</TD><TD width=40%>%3</TD></TR>"_s;
-    busca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         EXPECT_EQ(tela.MontaDetalheHTML(), u"<TABLE BORDER CELLPADDING='2'></TABLE>"_s);
         user.click(tela.cmdPesquisa);
         tela.Flex.setCol(1);
-        esquece();
+        forget();
         EXPECT_EQ(tela.MontaDetalheHTML(), u"<TABLE BORDER CELLPADDING='2'>"_s +
                                                linha.arg(u"/img/P-7.bmp"_s, u"P-7"_s, u"MESA"_s) +
                                                linha.arg(u"/img/semfoto.bmp"_s, u"P-8"_s, u"BANCO"_s) + u"</TABLE>"_s);
-        EXPECT_EQ(enviados("CODI_PROD='BANCO'").size(), 1);
+        EXPECT_EQ(sentWith("CODI_PROD='BANCO'").size(), 1);
         EXPECT_EQ(tela.Flex.Row(), 2);
         EXPECT_EQ(tela.Flex.Col(), 2);
     });
 }
 
 TEST_F(BuscaProdutoTest, AnOldPageOfProductsIsRemoved) {
-    existe("/paginas/pesquisa_produtos.html");
-    busca([&](Tela& tela) {
+    fileExists("/paginas/pesquisa_produtos.html");
+    openSearch([&](Tela& tela) {
         tela.ApagaPaginaProdutos();
         EXPECT_FALSE(platform.fileExists(u"/paginas/pesquisa_produtos.html"_s));
         tela.ApagaPaginaProdutos();
     });
-    EXPECT_EQ(falha(), 0);
+    EXPECT_EQ(failure(), 0);
 }
 
 } // namespace vorta::test

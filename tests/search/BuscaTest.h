@@ -1,15 +1,11 @@
 #pragma once
 
 #include "base/Literals.h"
-#include "screen/User.h"
 #include "search/RegistraTelasBusca.h"
 #include "search/frmBROWSE_CEPS.h"
 #include "search/frmBROWSE_PESSOAS.h"
 #include "search/frmPESSOAS_INCL.h"
-#include "support/FakeDatabase.h"
-#include "support/TestPlatform.h"
-
-#include <gtest/gtest.h>
+#include "support/World.h"
 
 namespace vorta::test {
 
@@ -42,8 +38,11 @@ class TelaQueChama : public screen::Screen {
     screen::ListField cboPais_Entg{this, "cboPais_Entg"};
 };
 
+/// What a search says that has found nothing.
+inline const QString nothingFound = u"Nenhum Registro Localizado com esses parâmetros..."_s;
+
 /// The cells of a row, from the left.
-inline QStringList linhaDo(const screen::Grid& grid, int linha) {
+inline QStringList rowOf(const screen::Grid& grid, int linha) {
     QStringList celulas;
     for (int coluna = 0; coluna < grid.Cols(); ++coluna)
         celulas += grid.cell(linha, coluna);
@@ -51,18 +50,16 @@ inline QStringList linhaDo(const screen::Grid& grid, int linha) {
 }
 
 /// A register with the search screens, a calling screen `frmPessoas` and a database that answers what it is told.
-class BuscaTest : public testing::Test {
+class BuscaTest : public testing::Test, protected World {
   protected:
     BuscaTest() {
         RegistraTelasBusca(contexto);
-        registraChamadora("frmPessoas");
+        registerCaller("frmPessoas");
         contexto.TelaChamadora = u"frmPessoas"_s;
-        contexto.TipoBanco = u"FIREBIRD"_s;
-        contexto.ConexaoPrincipal = contexto.novaConexao();
-        contexto.ConexaoPrincipal->Open(data::Engine::Firebird, u"base"_s);
+        connect();
     }
 
-    void registraChamadora(const char* nome) {
+    void registerCaller(const char* nome) {
         const QString chave = QString::fromLatin1(nome);
         contexto.RegistraTela(chave,
                               [chave](ContextoExecucao& dono) { return std::make_unique<TelaQueChama>(dono, chave); });
@@ -72,25 +69,11 @@ class BuscaTest : public testing::Test {
 
     /// Shows a screen and does something while it is open. Gives false when the program has ended.
     template <typename Tela>
-    bool abre(const char* nome, const std::function<void(Tela&)>& faz) {
+    bool open(const char* nome, const std::function<void(Tela&)>& faz) {
         const QString chave = QString::fromLatin1(nome);
         platform.whenShown(chave, [faz](screen::Screen& tela) { faz(static_cast<Tela&>(tela)); });
-        return program.dispatch([&] { contexto.MostraTela(chave); });
+        return run([&] { contexto.MostraTela(chave); });
     }
-
-    /// The statements sent since the last `esquece` that name this text.
-    QStringList enviados(const char* parte) const {
-        return database.sent.filter(QString::fromUtf8(parte), Qt::CaseInsensitive);
-    }
-    void esquece() { database.sent.clear(); }
-
-    int falha() const { return program.failure() ? program.failure()->number() : 0; }
-
-    TestPlatform platform;
-    FakeDatabase database;
-    screen::Program program{platform};
-    ContextoExecucao contexto{program, database.factory()};
-    screen::User user{program};
 };
 
 } // namespace vorta::test

@@ -49,7 +49,7 @@ const Linha linhas[]{
      " ORDER BY PESS_CODI_EXTE"},
 };
 
-screen::Option& opcao(Tela& tela, const char* nome) {
+screen::Option& option(Tela& tela, const char* nome) {
     return static_cast<screen::Option&>(tela.field(QString::fromLatin1(nome)));
 }
 
@@ -60,18 +60,19 @@ class ConsultaPessoasTest : public BuscaTest, public testing::WithParamInterface
   protected:
     ConsultaPessoasTest() { contexto.TipoBanco = QString::fromLatin1(GetParam()); }
 
-    QString consulta(const Linha& linha, const QString& texto, bool desativadas) {
+    QString statementOf(const Linha& linha, const QString& texto, bool desativadas) {
         QString enviada;
-        abre<Tela>("frmBROWSE_PESSOAS", [&](Tela& tela) {
-            opcao(tela, linha.forma).setValue(true);
-            opcao(tela, linha.conteudo).setValue(true);
+        open<Tela>("frmBROWSE_PESSOAS", [&](Tela& tela) {
+            option(tela, linha.forma).setValue(true);
+            option(tela, linha.conteudo).setValue(true);
             tela.cboCod.setText(texto);
             if (desativadas)
                 tela.chkVisualiza.setChecked(true);
-            esquece();
+            forget();
             user.click(tela.cmdPesquisa);
             enviada = database.sent.value(0);
             EXPECT_EQ(database.sent.size(), 1);
+            EXPECT_EQ(platform.boxes.news(), QStringList(nothingFound));
         });
         return enviada;
     }
@@ -83,43 +84,43 @@ TEST_P(ConsultaPessoasTest, EveryRowOfTheOptionTable) {
     const QString texto = u"  joão 10 "_s;
     for (const Linha& linha : linhas) {
         SCOPED_TRACE(linha.comTexto);
-        EXPECT_EQ(consulta(linha, texto, false), ativos + QString::fromUtf8(linha.comTexto));
+        EXPECT_EQ(statementOf(linha, texto, false), ativos + QString::fromUtf8(linha.comTexto));
         EXPECT_EQ(contexto.VinculoAtual, u"N"_s);
-        EXPECT_EQ(consulta(linha, texto, true), desativados + QString::fromUtf8(linha.comTexto));
+        EXPECT_EQ(statementOf(linha, texto, true), desativados + QString::fromUtf8(linha.comTexto));
         EXPECT_EQ(contexto.VinculoAtual, u"S"_s);
-        EXPECT_EQ(consulta(linha, u"   "_s, false), ativos + QString::fromUtf8(linha.semTexto));
-        EXPECT_EQ(consulta(linha, {}, true), desativados + QString::fromUtf8(linha.semTexto));
+        EXPECT_EQ(statementOf(linha, u"   "_s, false), ativos + QString::fromUtf8(linha.semTexto));
+        EXPECT_EQ(statementOf(linha, {}, true), desativados + QString::fromUtf8(linha.semTexto));
     }
 }
 
 TEST_P(ConsultaPessoasTest, BranchReplacesTheStatementAndLooksAtActivePersonsOnly) {
     const Linha ramo{"opRamoAtividade", "opCampoInteiro", "", ""};
     const QString comTexto = consultaRamo + u"AND (ATIV.DESC_ATIV LIKE '%MOVEIS%') ORDER BY NOME_CONH"_s;
-    EXPECT_EQ(consulta(ramo, u"moveis"_s, false), comTexto);
+    EXPECT_EQ(statementOf(ramo, u"moveis"_s, false), comTexto);
     EXPECT_EQ(contexto.VinculoAtual, u"N"_s);
-    EXPECT_EQ(consulta(ramo, u"moveis"_s, true), comTexto);
+    EXPECT_EQ(statementOf(ramo, u"moveis"_s, true), comTexto);
     EXPECT_EQ(contexto.VinculoAtual, u"S"_s);
-    EXPECT_EQ(consulta(ramo, {}, false), consultaRamo + u"ORDER BY NOME_CONH"_s);
+    EXPECT_EQ(statementOf(ramo, {}, false), consultaRamo + u"ORDER BY NOME_CONH"_s);
 }
 
 TEST_P(ConsultaPessoasTest, WildcardsAndHyphensGoAsTheyStand) {
     const Linha nome{"opNome", "opInicialCom", "", ""};
-    EXPECT_EQ(consulta(nome, u"a%b_c-d--e"_s, false),
+    EXPECT_EQ(statementOf(nome, u"a%b_c-d--e"_s, false),
               ativos + u"AND NOME_PESS LIKE 'A%B_C-D--E%' ORDER BY NOME_PESS"_s);
     const QString longo(10000, u'x');
-    EXPECT_EQ(consulta(nome, longo, false),
+    EXPECT_EQ(statementOf(nome, longo, false),
               ativos + u"AND NOME_PESS LIKE '"_s + longo.toUpper() + u"%' ORDER BY NOME_PESS"_s);
 }
 
 TEST_P(ConsultaPessoasTest, AnApostropheEndsTheProgramAndNothingOfItRuns) {
-    abre<Tela>("frmBROWSE_PESSOAS", [&](Tela& tela) {
+    open<Tela>("frmBROWSE_PESSOAS", [&](Tela& tela) {
         tela.cboCod.setText(u"x' or '1'='1"_s);
-        esquece();
+        forget();
         user.click(tela.cmdPesquisa);
     });
     EXPECT_TRUE(program.hasEnded());
-    EXPECT_EQ(falha(), errorNumber::StatementRefused);
-    EXPECT_TRUE(enviados("PESS").isEmpty());
+    EXPECT_EQ(failure(), errorNumber::StatementRefused);
+    EXPECT_TRUE(sentWith("PESS").isEmpty());
 }
 
 } // namespace vorta::test

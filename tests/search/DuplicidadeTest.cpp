@@ -10,32 +10,35 @@ namespace {
 using Tela = frmPESSOAS_INCL;
 using screen::Answer;
 
+const QString nobodyFound =
+    u"Cadastro não localizado, A Inclusão Poderá ser Realizada.\nDeseja Iniciar o Cadastramento?\n"
+    u"os dados [nome] e [cnpj/cpf] serão transportados para a próxima tela."_s;
 const QStringList colunasDocumento{u"IDPESS"_s, u"NOME_PESS"_s};
 
 } // namespace
 
 class DuplicidadeTest : public BuscaTest {
   protected:
-    void abreCheque(const std::function<void(Tela&)>& faz) { abre<Tela>("frmPESSOAS_INCL", faz); }
+    void openCheck(const std::function<void(Tela&)>& faz) { open<Tela>("frmPESSOAS_INCL", faz); }
 
-    void existeDocumento(const char* documento, const QList<const char*>& nomes) {
+    void documentExists(const char* documento, const QList<const char*>& nomes) {
         QList<QList<data::Value>> linhas;
         for (const char* nome : nomes)
             linhas += {number(1), text(nome)};
         database.answer(u"CPF0_CNPJ='%1'"_s.arg(QString::fromLatin1(documento)), {colunasDocumento, linhas});
     }
-    void existeNome(const char* nome) {
+    void nameExists(const char* nome) {
         database.answer(u"PESS.NOME_PESS='%1'"_s.arg(QString::fromUtf8(nome)), {{u"idpess"_s}, {{number(3)}}});
         database.answer(u"CPF0_CNPJ FROM PESS WHERE PESS.NOME_PESS='%1'"_s.arg(QString::fromUtf8(nome)),
                         {{u"cpf0_cnpj"_s}, {{text("529.982.247-25")}}});
     }
-    void existeFantasia(const char* nome) {
+    void knownNameExists(const char* nome) {
         database.answer(u"PESS.NOME_CONH='%1'"_s.arg(QString::fromUtf8(nome)), {{u"idpess"_s}, {{number(3)}}});
     }
 };
 
 TEST_F(DuplicidadeTest, Load) {
-    abreCheque([&](Tela& tela) {
+    openCheck([&](Tela& tela) {
         EXPECT_EQ(tela.caption(), u"ERP VORTA - Nexoria - Release 2015.07.24"_s);
         EXPECT_EQ(tela.Label2.text(), u"Inclusão de Pessoas - Fase 1 (Verificação de Duplicidade de Cadastros)"_s);
         EXPECT_TRUE(tela.Option2.value());
@@ -47,7 +50,7 @@ TEST_F(DuplicidadeTest, Load) {
 }
 
 TEST_F(DuplicidadeTest, KindChangesTheMaskAndEmptiesTheDocument) {
-    abreCheque([&](Tela& tela) {
+    openCheck([&](Tela& tela) {
         user.type(tela.mskCodigo, u"52998224725"_s);
         user.click(tela.Option1);
         EXPECT_EQ(tela.mskCodigo.mask(), u"##.###.###/####-##"_s);
@@ -58,8 +61,8 @@ TEST_F(DuplicidadeTest, KindChangesTheMaskAndEmptiesTheDocument) {
 }
 
 TEST_F(DuplicidadeTest, EmptyNameAndDocumentAskTheTwoNameLookupsOnly) {
-    abreCheque([&](Tela& tela) {
-        esquece();
+    openCheck([&](Tela& tela) {
+        forget();
         user.click(tela.cmdPesquisa);
         EXPECT_EQ(database.sent, (QStringList{u"SELECT IDPESS FROM PESS WHERE PESS.NOME_PESS=''"_s,
                                               u"SELECT IDPESS FROM PESS WHERE PESS.NOME_CONH=''"_s}));
@@ -76,18 +79,18 @@ TEST_F(DuplicidadeTest, EmptyNameAndDocumentAskTheTwoNameLookupsOnly) {
 }
 
 TEST_F(DuplicidadeTest, DocumentsThatCountAsNotGiven) {
-    abreCheque([&](Tela& tela) {
+    openCheck([&](Tela& tela) {
         for (const QString& vazio :
              {u"000.000.000-00"_s, u"00.000.000/000-00"_s, u"__.___.___/____-__"_s, u"   "_s, QString()}) {
             tela.mskCodigo.setMask({});
             tela.mskCodigo.setText(vazio);
-            esquece();
+            forget();
             user.click(tela.cmdPesquisa);
-            EXPECT_EQ(enviados("CPF0_CNPJ").size(), 0) << vazio;
+            EXPECT_EQ(sentWith("CPF0_CNPJ").size(), 0) << vazio;
         }
         user.click(tela.Option1);
         user.type(tela.mskCodigo, u"00000000000000"_s);
-        esquece();
+        forget();
         user.click(tela.cmdPesquisa);
         EXPECT_EQ(database.sent.value(0),
                   u"SELECT PESS.IDPESS, PESS.NOME_PESS FROM PESS WHERE PESS.CPF0_CNPJ='00.000.000/0000-00'"_s);
@@ -96,13 +99,13 @@ TEST_F(DuplicidadeTest, DocumentsThatCountAsNotGiven) {
 }
 
 TEST_F(DuplicidadeTest, DocumentFound) {
-    existeDocumento("529.982.247-25", {"MARIA SILVA"});
-    existeNome("MARIA SILVA");
-    existeFantasia("MARIA SILVA");
-    abreCheque([&](Tela& tela) {
+    documentExists("529.982.247-25", {"MARIA SILVA"});
+    nameExists("MARIA SILVA");
+    knownNameExists("MARIA SILVA");
+    openCheck([&](Tela& tela) {
         user.type(tela.cboCod, u"outra"_s);
         user.type(tela.mskCodigo, u"52998224725"_s);
-        esquece();
+        forget();
         user.click(tela.cmdPesquisa);
         EXPECT_EQ(database.sent,
                   (QStringList{u"SELECT PESS.IDPESS, PESS.NOME_PESS FROM PESS WHERE PESS.CPF0_CNPJ='529.982.247-25'"_s,
@@ -121,8 +124,8 @@ TEST_F(DuplicidadeTest, DocumentFound) {
 }
 
 TEST_F(DuplicidadeTest, DoubleDocumentIsToldInTheLog) {
-    existeDocumento("529.982.247-25", {"A", "B"});
-    abreCheque([&](Tela& tela) {
+    documentExists("529.982.247-25", {"A", "B"});
+    openCheck([&](Tela& tela) {
         user.type(tela.cboCod, u"nova"_s);
         user.type(tela.mskCodigo, u"52998224725"_s);
         user.click(tela.cmdPesquisa);
@@ -135,8 +138,8 @@ TEST_F(DuplicidadeTest, DoubleDocumentIsToldInTheLog) {
 }
 
 TEST_F(DuplicidadeTest, NamesakeShowsItsDocumentWithoutAMask) {
-    existeNome("MARIA SILVA");
-    abreCheque([&](Tela& tela) {
+    nameExists("MARIA SILVA");
+    openCheck([&](Tela& tela) {
         user.type(tela.cboCod, u"maria silva"_s);
         user.click(tela.cmdPesquisa);
         EXPECT_EQ(tela.lstLog.items(), QStringList{u"Já Existe Cadastro Com Esta Razão Social"_s});
@@ -148,16 +151,14 @@ TEST_F(DuplicidadeTest, NamesakeShowsItsDocumentWithoutAMask) {
 
 TEST_F(DuplicidadeTest, FreeNameAndDocumentGoToThePersonScreen) {
     platform.willAnswer(Answer::Yes);
-    abreCheque([&](Tela& tela) {
+    openCheck([&](Tela& tela) {
         user.type(tela.cboCod, u"maria silva "_s);
         user.type(tela.mskCodigo, u"52998224725"_s);
         user.click(tela.cmdPesquisa);
         EXPECT_FALSE(tela.isLoaded());
     });
     ASSERT_EQ(platform.boxes.size(), 1u);
-    EXPECT_EQ(platform.boxes[0].text,
-              u"Cadastro não localizado, A Inclusão Poderá ser Realizada.\nDeseja Iniciar o "
-              "Cadastramento?\nos dados [nome] e [cnpj/cpf] serão transportados para a próxima tela."_s);
+    EXPECT_EQ(platform.boxes[0].text, nobodyFound);
     EXPECT_EQ(platform.boxes[0].title, u"ERP VORTA - Nexoria - Release 2015.07.24"_s);
     EXPECT_EQ(platform.boxes[0].buttons, screen::Buttons::YesNo);
     EXPECT_EQ(pessoas().txtDescricao.text(), u"MARIA SILVA "_s);
@@ -169,25 +170,26 @@ TEST_F(DuplicidadeTest, FreeNameAndDocumentGoToThePersonScreen) {
 
 TEST_F(DuplicidadeTest, WithoutADocumentTheZerosGoOver) {
     platform.willAnswer(Answer::Yes);
-    abreCheque([&](Tela& tela) {
+    openCheck([&](Tela& tela) {
         user.type(tela.cboCod, u"a"_s);
         user.click(tela.cmdPesquisa);
     });
     EXPECT_EQ(pessoas().mskCodigo.text(), u"000.000.000-00"_s);
     platform.willAnswer(Answer::Yes);
-    abreCheque([&](Tela& tela) {
+    openCheck([&](Tela& tela) {
         user.click(tela.Option1);
         user.type(tela.cboCod, u"b"_s);
         user.click(tela.cmdPesquisa);
     });
     EXPECT_EQ(pessoas().cboFisJur.text(), u"Jurídica"_s);
     EXPECT_EQ(pessoas().mskCodigo.text(), u"00.000.000/0000-00"_s);
+    EXPECT_EQ(platform.boxes.news(), (QStringList{nobodyFound, nobodyFound}));
 }
 
 TEST_F(DuplicidadeTest, NoKeepsTheScreenAndWritesNothing) {
     platform.willAnswer(Answer::No);
     contexto.RetornoPesquisa = u"[OK]"_s;
-    abreCheque([&](Tela& tela) {
+    openCheck([&](Tela& tela) {
         user.type(tela.cboCod, u"a"_s);
         user.click(tela.cmdPesquisa);
         EXPECT_TRUE(tela.isLoaded());
@@ -195,14 +197,15 @@ TEST_F(DuplicidadeTest, NoKeepsTheScreenAndWritesNothing) {
         user.click(tela.Command1);
         EXPECT_FALSE(tela.isLoaded());
     });
+    EXPECT_EQ(platform.boxes.news(), QStringList(nobodyFound));
     EXPECT_EQ(contexto.RetornoPesquisa, u"[OK]"_s) << "an earlier inclusion's answer survives a cancel";
 }
 
 TEST_F(DuplicidadeTest, OtherCallers) {
-    registraChamadora("frmClienteExpress");
+    registerCaller("frmClienteExpress");
     contexto.TelaChamadora = u"frmClienteExpress"_s;
     platform.willAnswer(Answer::Yes);
-    abreCheque([&](Tela& tela) {
+    openCheck([&](Tela& tela) {
         user.type(tela.cboCod, u"x"_s);
         user.click(tela.cmdPesquisa);
         EXPECT_FALSE(tela.isLoaded());
@@ -215,20 +218,21 @@ TEST_F(DuplicidadeTest, OtherCallers) {
     contexto.TelaChamadora = u"frmOutra"_s;
     contexto.RetornoPesquisa.clear();
     platform.willAnswer(Answer::Yes);
-    abreCheque([&](Tela& tela) {
+    openCheck([&](Tela& tela) {
         user.type(tela.cboCod, u"x"_s);
         user.click(tela.cmdPesquisa);
         EXPECT_TRUE(tela.isLoaded());
     });
+    EXPECT_EQ(platform.boxes.news(), (QStringList{nobodyFound, nobodyFound}));
     EXPECT_EQ(contexto.RetornoPesquisa, QString());
 }
 
 TEST_F(DuplicidadeTest, ListOfCustomersDropsDownWide) {
     database.answer(u"FROM CLIE, PESS"_s, {{u"NOME_PESS"_s, u"CPF0_CNPJ"_s, u"IDPESS"_s, u"IDCLIE"_s},
                                            {{text("MARIA"), null(), number(7), number(8)}}});
-    abreCheque([&](Tela& tela) {
+    openCheck([&](Tela& tela) {
         tela.cboCod.setText(u" mar "_s);
-        esquece();
+        forget();
         user.dropDown(tela.cboCod);
         EXPECT_EQ(tela.cboCod.dropWidth(), 580);
         EXPECT_EQ(
@@ -243,9 +247,9 @@ TEST_F(DuplicidadeTest, ListOfCustomersDropsDownWide) {
 }
 
 TEST_F(DuplicidadeTest, EnterMovesOn) {
-    abreCheque([&](Tela& tela) {
+    openCheck([&](Tela& tela) {
         user.type(tela.cboCod, u"a"_s);
-        esquece();
+        forget();
         user.key(tela.cboCod, screen::Key::Enter);
         EXPECT_EQ(tela.focus(), &tela.Option2) << "the chosen kind of document";
         EXPECT_EQ(tela.cboCod.text(), u"A"_s);
@@ -257,11 +261,11 @@ TEST_F(DuplicidadeTest, EnterMovesOn) {
 }
 
 TEST_F(DuplicidadeTest, AnApostropheInTheNameEndsTheProgram) {
-    abreCheque([&](Tela& tela) {
+    openCheck([&](Tela& tela) {
         user.type(tela.cboCod, u"d'avila"_s);
         user.click(tela.cmdPesquisa);
     });
-    EXPECT_EQ(falha(), errorNumber::StatementRefused);
+    EXPECT_EQ(failure(), errorNumber::StatementRefused);
 }
 
 } // namespace vorta::test

@@ -15,7 +15,7 @@ namespace {
 using Tela = frmBROWSE_PESSOAS;
 using Opcao = screen::Option Tela::*;
 
-data::Statement comoTexto(const QString& texto) {
+data::Statement asStatement(const QString& texto) {
     data::Statement comando;
     comando += texto;
     return comando;
@@ -45,20 +45,21 @@ class PlanoBusca : public BuscaTest {
     static void SetUpTestSuite() {
         pasta = std::make_unique<QTemporaryDir>();
         firebird::PrepareEmbeddedEngine(pasta->path());
-        firebird::CreateDatabase(arquivo(), {.forcedWrites = false});
+        firebird::CreateDatabase(baseFile(), {.forcedWrites = false});
         motor = data::MakeFirebirdAdapter();
-        motor->open(arquivo(), 10);
+        motor->open(baseFile(), 10);
         for (const QString& comando : kit::TableStatements(data::Engine::Firebird, kit::Base::Main))
-            motor->execute(comoTexto(comando));
-        motor->execute(comoTexto(u"execute block as declare i integer = 0; begin while (i < 5000) do begin insert into "
-                                 u"pess (idpess, nome_pess, nome_conh, "
-                                 "cpf0_cnpj, pess_codi_exte, cida_coml_pess, uf00_coml_pess, data_desa) values (:i, "
-                                 "'NOME ' || mod(:i * 7919, 5000), 'CONH ' "
-                                 "|| :i, :i, :i, 'CIDADE ' || mod(:i, 90), 'U' || mod(:i, 27), iif(mod(:i, 20) = 0, "
-                                 "date '2020-01-01', null)); i = i + 1; "
-                                 "end end"_s));
+            motor->execute(asStatement(comando));
+        motor->execute(
+            asStatement(u"execute block as declare i integer = 0; begin while (i < 5000) do begin insert into "
+                        u"pess (idpess, nome_pess, nome_conh, "
+                        "cpf0_cnpj, pess_codi_exte, cida_coml_pess, uf00_coml_pess, data_desa) values (:i, "
+                        "'NOME ' || mod(:i * 7919, 5000), 'CONH ' "
+                        "|| :i, :i, :i, 'CIDADE ' || mod(:i, 90), 'U' || mod(:i, 27), iif(mod(:i, 20) = 0, "
+                        "date '2020-01-01', null)); i = i + 1; "
+                        "end end"_s));
         for (const QString& comando : kit::IndexStatements(data::Engine::Firebird, kit::Base::Main))
-            motor->execute(comoTexto(comando));
+            motor->execute(asStatement(comando));
     }
 
     static void TearDownTestSuite() {
@@ -66,25 +67,25 @@ class PlanoBusca : public BuscaTest {
         pasta.reset();
     }
 
-    static QString arquivo() { return pasta->filePath(u"plano.fdb"_s); }
+    static QString baseFile() { return pasta->filePath(u"plano.fdb"_s); }
 
     /// The statement that the screen sends for that way of searching.
-    QString consulta(Opcao forma, Opcao conteudo, const char* texto) {
+    QString statementOf(Opcao forma, Opcao conteudo, const char* texto) {
         QString enviada;
-        abre<Tela>("frmBROWSE_PESSOAS", [&](Tela& tela) {
+        open<Tela>("frmBROWSE_PESSOAS", [&](Tela& tela) {
             (tela.*forma).setValue(true);
             (tela.*conteudo).setValue(true);
             tela.cboCod.setText(QString::fromUtf8(texto));
-            esquece();
+            forget();
             user.click(tela.cmdPesquisa);
             enviada = database.sent.value(0);
         });
         return enviada;
     }
 
-    static QString plano(const QString& comando) {
+    static QString planOf(const QString& comando) {
         firebird::Status status;
-        firebird::Handle<Firebird::IAttachment> base = firebird::Attach(arquivo(), 10);
+        firebird::Handle<Firebird::IAttachment> base = firebird::Attach(baseFile(), 10);
         firebird::Handle<Firebird::ITransaction> leitura(base->startTransaction(&status, 0, nullptr));
         const QByteArray bytes = comando.toUtf8();
         firebird::Handle<Firebird::IStatement> preparado(
@@ -97,12 +98,12 @@ class PlanoBusca : public BuscaTest {
         return texto.trimmed();
     }
 
-    static QString indiceDe(const char* coluna) {
+    static QString indexOf(const char* coluna) {
         Colunas achados;
         motor->query(
-            comoTexto(u"select s.rdb$index_name from rdb$index_segments s join rdb$indices i on i.rdb$index_name = "
-                      "s.rdb$index_name where i.rdb$relation_name = 'PESS' and s.rdb$field_name = '"_s +
-                      QString::fromLatin1(coluna) + u'\''),
+            asStatement(u"select s.rdb$index_name from rdb$index_segments s join rdb$indices i on i.rdb$index_name = "
+                        "s.rdb$index_name where i.rdb$relation_name = 'PESS' and s.rdb$field_name = '"_s +
+                        QString::fromLatin1(coluna) + u'\''),
             achados);
         return achados.textos.value(0);
     }
@@ -127,9 +128,9 @@ TEST_F(PlanoBusca, BeginningAndWholeFieldUseTheIndex) {
         {&Tela::opUF, &Tela::opQualquerParte, "U7", "UF00_COML_PESS"},
     };
     for (const Caso& caso : casos) {
-        const QString comando = consulta(caso.forma, caso.conteudo, caso.texto);
-        const QString indice = indiceDe(caso.coluna);
-        const QString usado = plano(comando);
+        const QString comando = statementOf(caso.forma, caso.conteudo, caso.texto);
+        const QString indice = indexOf(caso.coluna);
+        const QString usado = planOf(comando);
         ASSERT_FALSE(indice.isEmpty()) << caso.coluna;
         EXPECT_TRUE(usado.contains(indice)) << comando << "\n" << usado;
         EXPECT_FALSE(usado.contains(u"NATURAL")) << usado;
@@ -137,8 +138,8 @@ TEST_F(PlanoBusca, BeginningAndWholeFieldUseTheIndex) {
 }
 
 TEST_F(PlanoBusca, ATextAnywhereWalksTheIndexOfItsOrder) {
-    const QString usado = plano(consulta(&Tela::opNome, &Tela::opQualquerParte, "nome"));
-    EXPECT_TRUE(usado.contains(u"ORDER "_s + indiceDe("NOME_PESS"))) << usado;
+    const QString usado = planOf(statementOf(&Tela::opNome, &Tela::opQualquerParte, "nome"));
+    EXPECT_TRUE(usado.contains(u"ORDER "_s + indexOf("NOME_PESS"))) << usado;
 }
 
 } // namespace vorta::test

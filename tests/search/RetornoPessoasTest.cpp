@@ -50,15 +50,15 @@ class RetornoPessoasTest : public BuscaTest {
         database.answer(u"SELECT PESS.IDVEND"_s, {{u"idvend"_s}, {{number(5)}}});
     }
 
-    void abreBusca(const std::function<void(Tela&)>& faz) { abre<Tela>("frmBROWSE_PESSOAS", faz); }
+    void openSearch(const std::function<void(Tela&)>& faz) { open<Tela>("frmBROWSE_PESSOAS", faz); }
 
-    void escolhe(Tela& tela, int linha) { user.doubleClickCell(tela.Flex, linha, 0); }
+    void choose(Tela& tela, int linha) { user.doubleClickCell(tela.Flex, linha, 0); }
 };
 
 TEST_F(RetornoPessoasTest, TheChoiceGoesIntoTheSearchKeyOfThePersonScreen) {
-    abreBusca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         user.click(tela.cmdPesquisa);
-        escolhe(tela, 2);
+        choose(tela, 2);
         EXPECT_FALSE(tela.isLoaded());
     });
     EXPECT_EQ(pessoas().txtRowID.text(), u"20"_s);
@@ -67,7 +67,7 @@ TEST_F(RetornoPessoasTest, TheChoiceGoesIntoTheSearchKeyOfThePersonScreen) {
 }
 
 TEST_F(RetornoPessoasTest, HeaderRowChangesNothing) {
-    abreBusca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         user.click(tela.cmdPesquisa);
         user.doubleClickCell(tela.Flex, 0, 0);
         EXPECT_TRUE(tela.isLoaded());
@@ -79,14 +79,14 @@ TEST_F(RetornoPessoasTest, HeaderRowChangesNothing) {
 }
 
 TEST_F(RetornoPessoasTest, TheLastSearchComesBack) {
-    abreBusca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         tela.cboCod.setText(u" bet "_s);
         tela.opFantasia.setValue(true);
         tela.opCampoInteiro.setValue(true);
         tela.opCliente.setValue(true);
         user.click(tela.cmdPesquisa);
         tela.Flex.setTopRow(3);
-        escolhe(tela, 3);
+        choose(tela, 3);
     });
     EXPECT_EQ(contexto.UltimaFormaBusca, u"opFantasia"_s);
     EXPECT_EQ(contexto.UltimoConteudoBusca, u"opCampoInteiro"_s);
@@ -94,11 +94,11 @@ TEST_F(RetornoPessoasTest, TheLastSearchComesBack) {
     EXPECT_EQ(contexto.UltimoVisualiza, u"Não"_s);
     EXPECT_EQ(contexto.UltimoPapelBusca, u"opCliente"_s);
     EXPECT_EQ(contexto.TopoGridBusca, 3);
-    esquece();
-    abreBusca([&](Tela& tela) {
+    forget();
+    openSearch([&](Tela& tela) {
         EXPECT_TRUE(tela.opFantasia.value() && tela.opCampoInteiro.value() && tela.opCliente.value());
         EXPECT_EQ(tela.cboCod.text(), u" BET "_s);
-        EXPECT_EQ(enviados("FROM PESS WHERE"),
+        EXPECT_EQ(sentWith("FROM PESS WHERE"),
                   QStringList{u"SELECT * FROM PESS WHERE DATA_DESA IS NULL AND NOME_CONH = 'BET' "
                               "ORDER BY NOME_CONH"_s});
         EXPECT_EQ(tela.Flex.Rows(), 4);
@@ -107,50 +107,50 @@ TEST_F(RetornoPessoasTest, TheLastSearchComesBack) {
 }
 
 TEST_F(RetornoPessoasTest, CodesAndSomeRolesAreNotRemembered) {
-    abreBusca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         tela.cboCod.setText(u"2"_s);
         tela.opCodInterno.setValue(true);
         tela.opInicialCom.setValue(true);
         user.click(tela.cmdPesquisa);
-        escolhe(tela, 1);
+        choose(tela, 1);
     });
     EXPECT_EQ(contexto.UltimaFormaBusca, QString());
     EXPECT_EQ(contexto.UltimoConteudoBusca, QString());
-    esquece();
-    abreBusca([&](Tela& tela) {
+    forget();
+    openSearch([&](Tela& tela) {
         EXPECT_TRUE(tela.opNome.value() && tela.opQualquerParte.value() && tela.opTodos.value());
         EXPECT_EQ(
-            enviados("FROM PESS WHERE"),
+            sentWith("FROM PESS WHERE"),
             QStringList{u"SELECT * FROM PESS WHERE DATA_DESA IS NULL AND NOME_PESS LIKE '%2%' ORDER BY NOME_PESS"_s});
     });
 }
 
 TEST_F(RetornoPessoasTest, RolesThatNothingStores) {
     database.answer(u"FROM ARQT WHERE IDPESS"_s, {{u"idarqt"_s}, {{number(3)}}});
-    abreBusca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         tela.opArquiteto.setValue(true);
         user.click(tela.cmdPesquisa);
-        escolhe(tela, 1);
+        choose(tela, 1);
     });
     EXPECT_EQ(contexto.UltimoPapelBusca, QString());
     contexto.UltimoPapelBusca = u"opArquiteto"_s;
-    abreBusca([&](Tela& tela) { EXPECT_TRUE(tela.opArquiteto.value()) << "it is known when it stands there"; });
+    openSearch([&](Tela& tela) { EXPECT_TRUE(tela.opArquiteto.value()) << "it is known when it stands there"; });
     contexto.UltimoPapelBusca = u"opDecorador"_s;
-    abreBusca([&](Tela& tela) { EXPECT_TRUE(tela.opTodos.value()); });
+    openSearch([&](Tela& tela) { EXPECT_TRUE(tela.opTodos.value()); });
 }
 
 TEST_F(RetornoPessoasTest, ARememberedCheckSearchesTwice) {
     contexto.UltimoVisualiza = u"Sim"_s;
     contexto.UltimoPapelBusca = u"opVendedor"_s;
-    abreBusca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         EXPECT_TRUE(tela.chkVisualiza.checked());
-        EXPECT_EQ(enviados("FROM PESS WHERE (NOT DATA_DESA IS NULL)").size(), 2);
-        EXPECT_EQ(enviados("FROM VEND").size(), 3) << "the role comes back behind the search of the check box";
+        EXPECT_EQ(sentWith("FROM PESS WHERE (NOT DATA_DESA IS NULL)").size(), 2);
+        EXPECT_EQ(sentWith("FROM VEND").size(), 3) << "the role comes back behind the search of the check box";
     });
 }
 
 TEST_F(RetornoPessoasTest, ClosingByTheFrameReturnsNothing) {
-    abreBusca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         user.click(tela.cmdPesquisa);
         user.close(tela);
     });
@@ -178,7 +178,7 @@ TEST_F(RetornoPessoasTest, RoleWordPresetsOneOption) {
                              u"opArquiteto"_s,      u"opDecorador"_s, u"opProspect"_s};
     for (const auto& [palavra, opcao] : casos) {
         contexto.TipoConsulta = QString::fromLatin1(palavra);
-        abreBusca([&, opcao = QString::fromLatin1(opcao)](Tela& tela) {
+        openSearch([&, opcao = QString::fromLatin1(opcao)](Tela& tela) {
             for (const QString& papel : papeis) {
                 auto& campo = static_cast<screen::Option&>(tela.field(papel));
                 EXPECT_EQ(campo.enabled(), papel == opcao) << papel;
@@ -187,13 +187,13 @@ TEST_F(RetornoPessoasTest, RoleWordPresetsOneOption) {
         });
     }
     contexto.TipoConsulta = u"cliente"_s;
-    abreBusca([&](Tela& tela) { EXPECT_TRUE(tela.opTodos.value() && tela.opVendedor.enabled()); });
+    openSearch([&](Tela& tela) { EXPECT_TRUE(tela.opTodos.value() && tela.opVendedor.enabled()); });
 }
 
 TEST_F(RetornoPessoasTest, TheRememberedRoleWinsOverTheRoleWord) {
     contexto.TipoConsulta = u"CLIENTE"_s;
     contexto.UltimoPapelBusca = u"opTodos"_s;
-    abreBusca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         EXPECT_TRUE(tela.opTodos.value());
         EXPECT_FALSE(tela.opTodos.enabled());
     });
@@ -258,12 +258,12 @@ TEST_F(RetornoPessoasTest, ContractTowardsTheOtherPrograms) {
         contexto.TelaChamadora = nome;
         contexto.TipoConsulta = QString::fromLatin1(caso.consulta);
         contexto.UltimoPapelBusca.clear();
-        abreBusca([&](Tela& tela) {
+        openSearch([&](Tela& tela) {
             user.click(tela.cmdPesquisa);
-            escolhe(tela, 2);
+            choose(tela, 2);
             EXPECT_FALSE(tela.isLoaded());
         });
-        ASSERT_EQ(falha(), 0);
+        ASSERT_EQ(failure(), 0);
         screen::Screen& chamadora = contexto.Tela(nome);
         for (const QString& escrita : caso.escritas)
             EXPECT_EQ(chamadora.field(escrita.section(u'=', 0, 0)).text(), escrita.section(u'=', 1));
@@ -289,46 +289,46 @@ TEST_F(RetornoPessoasTest, InvoiceTakesEightFieldsOfTheCustomerInTheirOrder) {
     database.answer(u"CLIE.IDCLIE = '77'"_s, {dados, {linha}});
     contexto.TelaChamadora = u"frmNFGenerica"_s;
     contexto.TipoConsulta = u"CLIENTE"_s;
-    abreBusca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         user.click(tela.cmdPesquisa);
-        escolhe(tela, 2);
+        choose(tela, 2);
     });
-    ASSERT_EQ(falha(), 0);
+    ASSERT_EQ(failure(), 0);
     for (int campo = 0; campo < campos.size(); ++campo)
         EXPECT_EQ(contexto.Tela(u"frmNFGenerica"_s).field(campos[campo]).text(), u"c%1"_s.arg(campo + 1));
-    EXPECT_EQ(enviados("CLIE.IDCLIE = '77'").size(), 1);
+    EXPECT_EQ(sentWith("CLIE.IDCLIE = '77'").size(), 1);
 }
 
 TEST_F(RetornoPessoasTest, WithoutTheRoleSomeCallersCloseAndSomeStayOpen) {
     for (const char* nome : {"frmPedido", "frmCartaCreditoClie", "frmRelaPedidos", "frmDesconhecida", ""}) {
         contexto.TelaChamadora = QString::fromLatin1(nome);
-        abreBusca([&](Tela& tela) {
+        openSearch([&](Tela& tela) {
             user.click(tela.cmdPesquisa);
-            escolhe(tela, 1);
+            choose(tela, 1);
             EXPECT_FALSE(tela.isLoaded()) << nome;
         });
     }
     for (const char* nome : {"frmCompras", "frmRecebi", "frmCPagar", "frmCReceber", "frmNFGenerica"}) {
         contexto.TelaChamadora = QString::fromLatin1(nome);
         contexto.UltimoPapelBusca.clear();
-        abreBusca([&](Tela& tela) {
+        openSearch([&](Tela& tela) {
             user.click(tela.cmdPesquisa);
-            escolhe(tela, 1);
+            choose(tela, 1);
             EXPECT_TRUE(tela.isLoaded()) << nome;
             EXPECT_EQ(contexto.UltimoPapelBusca, u"opTodos"_s) << "the choice is remembered all the same";
         });
     }
-    EXPECT_EQ(falha(), 0);
+    EXPECT_EQ(failure(), 0);
 }
 
 TEST_F(RetornoPessoasTest, ACallerThatIsNoScreenOfThisProgramIsAMissingObject) {
     contexto.TelaChamadora = u"frmOrcamento"_s;
-    abreBusca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         user.click(tela.cmdPesquisa);
-        escolhe(tela, 1);
+        choose(tela, 1);
         EXPECT_TRUE(tela.isLoaded()) << "it fails before the search closes";
     });
-    EXPECT_EQ(falha(), errorNumber::ObjectNotSet);
+    EXPECT_EQ(failure(), errorNumber::ObjectNotSet);
 }
 
 TEST_F(RetornoPessoasTest, ACallerWithoutTheFieldFailsAtThatLine) {
@@ -336,11 +336,11 @@ TEST_F(RetornoPessoasTest, ACallerWithoutTheFieldFailsAtThatLine) {
         return std::make_unique<TelaAlheia>(dono, u"frmOrcamento"_s, QStringList{u"outro"_s});
     });
     contexto.TelaChamadora = u"frmOrcamento"_s;
-    abreBusca([&](Tela& tela) {
+    openSearch([&](Tela& tela) {
         user.click(tela.cmdPesquisa);
-        escolhe(tela, 1);
+        choose(tela, 1);
     });
-    EXPECT_EQ(falha(), errorNumber::NoSuchMember);
+    EXPECT_EQ(failure(), errorNumber::NoSuchMember);
 }
 
 } // namespace vorta::test

@@ -95,37 +95,37 @@ const std::vector<Consulta> consultas{
 
 TEST(Consultas, EachSendsItsOneStatement) {
     for (const Consulta& consulta : consultas) {
-        World mundo;
-        mundo.connect();
-        consulta.chama(mundo.contexto);
-        EXPECT_EQ(mundo.database.sent, QStringList(QString::fromUtf8(consulta.enviado))) << consulta.nome;
+        World world;
+        world.connect();
+        consulta.chama(world.contexto);
+        EXPECT_EQ(world.database.sent, QStringList(QString::fromUtf8(consulta.enviado))) << consulta.nome;
     }
 }
 
 TEST(Consultas, NoRowGivesEachItsOwnValue) {
     for (const Consulta& consulta : consultas) {
-        World mundo;
-        mundo.connect();
-        EXPECT_EQ(consulta.chama(mundo.contexto), QString::fromUtf8(consulta.ausente)) << consulta.nome;
+        World world;
+        world.connect();
+        EXPECT_EQ(consulta.chama(world.contexto), QString::fromUtf8(consulta.ausente)) << consulta.nome;
     }
 }
 
 TEST(Consultas, ARowGivesItsColumn) {
     for (const Consulta& consulta : consultas) {
-        World mundo;
-        mundo.connect();
-        mundo.database.answer(u""_s, {{u"outra"_s, QString::fromUtf8(consulta.coluna)}, {{text("x"), number(42)}}});
-        EXPECT_EQ(consulta.chama(mundo.contexto), u"42"_s) << consulta.nome;
+        World world;
+        world.connect();
+        world.database.answer(u""_s, {{u"outra"_s, QString::fromUtf8(consulta.coluna)}, {{text("x"), number(42)}}});
+        EXPECT_EQ(consulta.chama(world.contexto), u"42"_s) << consulta.nome;
     }
 }
 
 TEST(Consultas, ANullIsForgivenWhereForeseenOnly) {
     for (const Consulta& consulta : consultas) {
-        World mundo;
-        mundo.connect();
-        mundo.database.answer(u""_s, {{QString::fromUtf8(consulta.coluna)}, {{null()}}});
+        World world;
+        world.connect();
+        world.database.answer(u""_s, {{QString::fromUtf8(consulta.coluna)}, {{null()}}});
         QString resultado;
-        const int erro = ErrorOf([&] { resultado = consulta.chama(mundo.contexto); });
+        const int erro = ErrorOf([&] { resultado = consulta.chama(world.contexto); });
         EXPECT_EQ(erro, consulta.nuloSeguro ? 0 : errorNumber::InvalidNull) << consulta.nome;
         if (consulta.nuloSeguro) {
             EXPECT_EQ(resultado, QString::fromUtf8(consulta.ausente)) << consulta.nome;
@@ -135,104 +135,104 @@ TEST(Consultas, ANullIsForgivenWhereForeseenOnly) {
 
 TEST(Consultas, AFailureIsNotCaught) {
     for (const Consulta& consulta : consultas) {
-        World mundo;
-        EXPECT_EQ(ErrorOf([&] { consulta.chama(mundo.contexto); }), errorNumber::ObjectNotSet) << consulta.nome;
-        mundo.connect();
-        mundo.database.fail(u""_s, errorNumber::StatementRefused);
-        EXPECT_EQ(ErrorOf([&] { consulta.chama(mundo.contexto); }), errorNumber::StatementRefused) << consulta.nome;
+        World world;
+        EXPECT_EQ(ErrorOf([&] { consulta.chama(world.contexto); }), errorNumber::ObjectNotSet) << consulta.nome;
+        world.connect();
+        world.database.fail(u""_s, errorNumber::StatementRefused);
+        EXPECT_EQ(ErrorOf([&] { consulta.chama(world.contexto); }), errorNumber::StatementRefused) << consulta.nome;
     }
 }
 
 TEST(Consultas, AnApostropheBreaksItsOwnLookupOnly) {
-    World mundo;
-    mundo.connect();
-    EXPECT_EQ(ErrorOf([&] { IdBanco(mundo.contexto, u"D'AVILA"_s); }), errorNumber::StatementRefused);
-    EXPECT_EQ(ErrorOf([&] { IdBanco(mundo.contexto, u"x' or '1'='1"_s); }), errorNumber::StatementRefused);
-    EXPECT_TRUE(mundo.database.sent.isEmpty());
+    World world;
+    world.connect();
+    EXPECT_EQ(ErrorOf([&] { IdBanco(world.contexto, u"D'AVILA"_s); }), errorNumber::StatementRefused);
+    EXPECT_EQ(ErrorOf([&] { IdBanco(world.contexto, u"x' or '1'='1"_s); }), errorNumber::StatementRefused);
+    EXPECT_TRUE(world.database.sent.isEmpty());
 }
 
 TEST(Consultas, TheCapitalOfSaoPauloGetsItsAccent) {
-    World mundo;
-    mundo.connect();
+    World world;
+    world.connect();
     QString cidade = u"SAO PAULO"_s;
-    CodigoMunicipio(mundo.contexto, cidade, u"SP"_s);
+    CodigoMunicipio(world.contexto, cidade, u"SP"_s);
     EXPECT_EQ(cidade, u"São Paulo"_s);
-    EXPECT_EQ(mundo.database.sent.last(),
+    EXPECT_EQ(world.database.sent.last(),
               u"SELECT CODI_MUNI_IBGE FROM MUNI_IBGE WHERE DESC_MUNI_IBGE = 'SÃO PAULO' AND UF00_MUNI_IBGE = 'SP'"_s);
     cidade = u"SAO PAULO "_s;
-    CodigoMunicipio(mundo.contexto, cidade, u"SP"_s);
+    CodigoMunicipio(world.contexto, cidade, u"SP"_s);
     EXPECT_EQ(cidade, u"SAO PAULO "_s);
 }
 
 TEST(Consultas, CustomerExists) {
-    World mundo;
-    mundo.connect();
-    EXPECT_FALSE(ClienteExiste(mundo.contexto, u"7"_s));
-    EXPECT_EQ(mundo.database.sent, QStringList(u"SELECT * From clie WHERE idClie=7"_s));
-    mundo.database.answer(u"From clie"_s, {{u"idclie"_s}, {{number(7)}}});
-    EXPECT_TRUE(ClienteExiste(mundo.contexto, u"7"_s));
+    World world;
+    world.connect();
+    EXPECT_FALSE(ClienteExiste(world.contexto, u"7"_s));
+    EXPECT_EQ(world.database.sent, QStringList(u"SELECT * From clie WHERE idClie=7"_s));
+    world.database.answer(u"From clie"_s, {{u"idclie"_s}, {{number(7)}}});
+    EXPECT_TRUE(ClienteExiste(world.contexto, u"7"_s));
 }
 
 TEST(Consultas, PostalCodesAreActiveForACapitalSOnly) {
-    World mundo;
-    mundo.connect();
-    EXPECT_FALSE(CepAtivo(mundo.contexto));
-    EXPECT_EQ(mundo.database.sent, QStringList(u"SELECT STAT_CEP8 FROM EMPR WHERE DATA_DESA IS NULL"_s));
+    World world;
+    world.connect();
+    EXPECT_FALSE(CepAtivo(world.contexto));
+    EXPECT_EQ(world.database.sent, QStringList(u"SELECT STAT_CEP8 FROM EMPR WHERE DATA_DESA IS NULL"_s));
     const std::vector<std::pair<data::Value, bool>> casos{
         {text("S"), true}, {text("s"), false}, {text("N"), false}, {text(""), false}, {null(), false}};
     for (const auto& [valor, ativo] : casos) {
-        mundo.database.answer(u"STAT_CEP8"_s, {{u"STAT_CEP8"_s}, {{valor}}});
-        EXPECT_EQ(CepAtivo(mundo.contexto), ativo);
+        world.database.answer(u"STAT_CEP8"_s, {{u"STAT_CEP8"_s}, {{valor}}});
+        EXPECT_EQ(CepAtivo(world.contexto), ativo);
     }
 }
 
 TEST(Consultas, PictureColumnsOfAProduct) {
-    World mundo;
-    mundo.connect();
-    EXPECT_EQ(RetornaCaminhoImagem(mundo.contexto, u" 7 "_s, u"LocalThumb"_s), QString());
-    EXPECT_EQ(mundo.database.sent, QStringList(u"SELECT * FROM PROD WHERE IDPROD=7"_s));
-    mundo.database.answer(u"FROM PROD"_s,
+    World world;
+    world.connect();
+    EXPECT_EQ(RetornaCaminhoImagem(world.contexto, u" 7 "_s, u"LocalThumb"_s), QString());
+    EXPECT_EQ(world.database.sent, QStringList(u"SELECT * FROM PROD WHERE IDPROD=7"_s));
+    world.database.answer(u"FROM PROD"_s,
                           {{u"CAMINHO_ARQ_LOCAL_THUMB"_s, u"CAMINHO_ARQ_LOCAL_NATURAL"_s, u"CAMINHO_ARQ_WEB_THUMB"_s},
                            {{text("local"), text("natural"), null()}}});
-    EXPECT_EQ(RetornaCaminhoImagem(mundo.contexto, u"7"_s, u"LocalThumb"_s), u"local"_s);
-    EXPECT_EQ(RetornaCaminhoImagem(mundo.contexto, u"7"_s, u"LocalNatural"_s), u"natural"_s);
-    EXPECT_EQ(RetornaCaminhoImagem(mundo.contexto, u"7"_s, u"WEBThumb"_s), QString());
-    EXPECT_EQ(RetornaCaminhoImagem(mundo.contexto, u"7"_s, u"WEBNatural"_s), u"local"_s);
-    EXPECT_EQ(RetornaCaminhoImagem(mundo.contexto, u"7"_s, u"outro"_s), QString());
+    EXPECT_EQ(RetornaCaminhoImagem(world.contexto, u"7"_s, u"LocalThumb"_s), u"local"_s);
+    EXPECT_EQ(RetornaCaminhoImagem(world.contexto, u"7"_s, u"LocalNatural"_s), u"natural"_s);
+    EXPECT_EQ(RetornaCaminhoImagem(world.contexto, u"7"_s, u"WEBThumb"_s), QString());
+    EXPECT_EQ(RetornaCaminhoImagem(world.contexto, u"7"_s, u"WEBNatural"_s), u"local"_s);
+    EXPECT_EQ(RetornaCaminhoImagem(world.contexto, u"7"_s, u"outro"_s), QString());
 }
 
 TEST(Consultas, PictureOfAProductIsItsFileItsRowOrTheMissingPhoto) {
-    World mundo;
-    mundo.connect();
-    mundo.contexto.CaminhoImagens = u"/img/"_s;
-    mundo.contexto.ExtensaoImagens = u".jpg"_s;
-    mundo.contexto.ImagemSemFoto = u"/img/semfoto.jpg"_s;
-    const auto imagem = [&] { return LocalizaImagemProduto(mundo.contexto, u" P1 "_s); };
+    World world;
+    world.connect();
+    world.contexto.CaminhoImagens = u"/img/"_s;
+    world.contexto.ExtensaoImagens = u".jpg"_s;
+    world.contexto.ImagemSemFoto = u"/img/semfoto.jpg"_s;
+    const auto imagem = [&] { return LocalizaImagemProduto(world.contexto, u" P1 "_s); };
     EXPECT_EQ(imagem(), u"/img/semfoto.jpg"_s);
-    mundo.database.answer(u"CODI_PROD"_s, {{u"idprod"_s}, {{number(7)}}});
-    mundo.database.answer(u"IDPROD=7"_s, {{u"CAMINHO_ARQ_LOCAL_THUMB"_s}, {{text("/outra/p1.png")}}});
+    world.database.answer(u"CODI_PROD"_s, {{u"idprod"_s}, {{number(7)}}});
+    world.database.answer(u"IDPROD=7"_s, {{u"CAMINHO_ARQ_LOCAL_THUMB"_s}, {{text("/outra/p1.png")}}});
     EXPECT_EQ(imagem(), u"/img/semfoto.jpg"_s) << "the path of the row names no file";
-    mundo.platform.files[u"/outra/p1.png"_s] = {};
+    world.platform.files[u"/outra/p1.png"_s] = {};
     EXPECT_EQ(imagem(), u"/outra/p1.png"_s);
-    mundo.platform.files[u"/img/P1.jpg"_s] = {};
-    mundo.database.sent.clear();
+    world.platform.files[u"/img/P1.jpg"_s] = {};
+    world.database.sent.clear();
     EXPECT_EQ(imagem(), u"/img/P1.jpg"_s);
-    EXPECT_EQ(mundo.contexto.ImagemProduto, u"/img/P1.jpg"_s);
-    EXPECT_TRUE(mundo.database.sent.isEmpty()) << "a file by its code asks nothing";
+    EXPECT_EQ(world.contexto.ImagemProduto, u"/img/P1.jpg"_s);
+    EXPECT_TRUE(world.database.sent.isEmpty()) << "a file by its code asks nothing";
 }
 
 TEST(Consultas, CustomerDataInEighteenFields) {
-    World mundo;
-    mundo.connect();
-    EXPECT_EQ(DadosCliente(mundo.contexto, u"9"_s), QString(18, u'^'));
+    World world;
+    world.connect();
+    EXPECT_EQ(DadosCliente(world.contexto, u"9"_s), QString(18, u'^'));
     EXPECT_EQ(
-        mundo.database.sent,
+        world.database.sent,
         QStringList(u"SELECT PESS.NOME_PESS, PESS.NOME_CONH, PESS.ENDE_COML_PESS, PESS.CIDA_COML_PESS, "
                     "PESS.UF00_COML_PESS, PESS.IDPESS, PESS.CEP0_COML_PESS, PESS.RG00_IE00, PESS.CPF0_CNPJ, "
                     "PESS.BAIR_COML_PESS, PESS.NUME_COML_PESS, CMPL_COML_PESS, PESS.CODI_MUNI_COML_PESS, "
                     "PESS.TELE_0001_PESS, PESS.PSFI_PSJU, PESS.EMAI_PESS, PESS.TELE_0002_PESS, "
                     "PESS.FAX0_0002_PESS FROM CLIE, PESS WHERE PESS.IDPESS = CLIE.IDPESS AND CLIE.IDCLIE = '9'"_s));
-    mundo.database.answer(
+    world.database.answer(
         u"CLIE.IDCLIE"_s,
         {{u"NOME_PESS"_s, u"NOME_CONH"_s, u"ENDE_COML_PESS"_s, u"CIDA_COML_PESS"_s, u"UF00_COML_PESS"_s, u"IDPESS"_s,
           u"CEP0_COML_PESS"_s, u"RG00_IE00"_s, u"CPF0_CNPJ"_s, u"BAIR_COML_PESS"_s, u"NUME_COML_PESS"_s,
@@ -241,6 +241,6 @@ TEST(Consultas, CustomerDataInEighteenFields) {
          {{text("MARIA"), text("MA"), text("RUA A"), text("SANTOS"), text("SP"), number(7), text("11015-200"), null(),
            text("111.444.777-35"), text("CENTRO"), text("10"), null(), text("3548500"), text("3222"), text("F"),
            text("m@c.br"), null(), text("FAX")}}});
-    EXPECT_EQ(DadosCliente(mundo.contexto, u"9"_s),
+    EXPECT_EQ(DadosCliente(world.contexto, u"9"_s),
               u"MARIA^RUA A^SANTOS^SP^11015-200^^111.444.777-35^CENTRO^10^3548500^3222^F^^m@c.br^^FAX^MA^7^"_s);
 }

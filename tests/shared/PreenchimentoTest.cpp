@@ -102,23 +102,23 @@ const std::vector<Lista> listas{
 
 TEST(Preenchimento, EachSendsItsOneStatement) {
     for (const Lista& lista : listas) {
-        World mundo;
-        mundo.connect();
-        Tela tela(mundo.program);
-        lista.preenche(mundo.contexto, tela);
-        EXPECT_EQ(mundo.database.sent, QStringList(QString::fromUtf8(lista.enviado))) << lista.nome;
+        World world;
+        world.connect();
+        Tela tela(world.program);
+        lista.preenche(world.contexto, tela);
+        EXPECT_EQ(world.database.sent, QStringList(QString::fromUtf8(lista.enviado))) << lista.nome;
     }
 }
 
 TEST(Preenchimento, TheListIsEmptiedAndTakesTheRowsInTheirOrder) {
     for (const Lista& lista : listas) {
-        World mundo;
-        mundo.connect();
-        mundo.database.answer(u""_s, {{QString::fromUtf8(lista.coluna)}, {{text("ZETA")}, {text("ÁLVARO")}}});
-        Tela tela(mundo.program);
+        World world;
+        world.connect();
+        world.database.answer(u""_s, {{QString::fromUtf8(lista.coluna)}, {{text("ZETA")}, {text("ÁLVARO")}}});
+        Tela tela(world.program);
         tela.lista.addItem(u"VELHO"_s);
         tela.lista.setText(u"VELHO"_s);
-        lista.preenche(mundo.contexto, tela);
+        lista.preenche(world.contexto, tela);
         EXPECT_EQ(tela.lista.items(), QStringList({u"ZETA"_s, u"ÁLVARO"_s})) << lista.nome;
         EXPECT_EQ(tela.lista.text(), QString()) << lista.nome;
     }
@@ -126,12 +126,12 @@ TEST(Preenchimento, TheListIsEmptiedAndTakesTheRowsInTheirOrder) {
 
 TEST(Preenchimento, ANullNameIsSkippedForSalespersonsOnly) {
     for (const Lista& lista : listas) {
-        World mundo;
-        mundo.connect();
-        mundo.database.answer(u""_s, {{QString::fromUtf8(lista.coluna)}, {{null()}, {text("ANA")}}});
-        Tela tela(mundo.program);
+        World world;
+        world.connect();
+        world.database.answer(u""_s, {{QString::fromUtf8(lista.coluna)}, {{null()}, {text("ANA")}}});
+        Tela tela(world.program);
         const bool pula = QLatin1String(lista.nome).startsWith(QLatin1String("PreencheVendedores"));
-        EXPECT_EQ(ErrorOf([&] { lista.preenche(mundo.contexto, tela); }), pula ? 0 : errorNumber::InvalidNull)
+        EXPECT_EQ(ErrorOf([&] { lista.preenche(world.contexto, tela); }), pula ? 0 : errorNumber::InvalidNull)
             << lista.nome;
         if (pula) {
             EXPECT_EQ(tela.lista.items(), QStringList(u"ANA"_s));
@@ -140,24 +140,24 @@ TEST(Preenchimento, ANullNameIsSkippedForSalespersonsOnly) {
 }
 
 TEST(Preenchimento, StatesBeginWithABlankItem) {
-    World mundo;
-    mundo.connect();
-    Tela tela(mundo.program);
-    PreencheUFs(mundo.contexto, tela.lista);
+    World world;
+    world.connect();
+    Tela tela(world.program);
+    PreencheUFs(world.contexto, tela.lista);
     EXPECT_EQ(tela.lista.items(), QStringList(u"  "_s));
     EXPECT_EQ(
-        mundo.database.sent,
+        world.database.sent,
         QStringList(
             u"SELECT UF00.IDUF00, UF00.CODI_UF00 FROM UF00 WHERE (UF00.DATA_DESA IS NULL) ORDER BY UF00.CODI_UF00"_s));
-    mundo.database.answer(u"UF00"_s,
+    world.database.answer(u"UF00"_s,
                           {{u"IDUF00"_s, u"CODI_UF00"_s}, {{number(1), text("AC")}, {number(2), text("AL")}}});
-    PreencheUFs(mundo.contexto, tela.lista);
+    PreencheUFs(world.contexto, tela.lista);
     EXPECT_EQ(tela.lista.items(), QStringList({u"  "_s, u"AC"_s, u"AL"_s}));
 }
 
 TEST(Preenchimento, TenPriceTables) {
-    World mundo;
-    Tela tela(mundo.program);
+    World world;
+    Tela tela(world.program);
     PreencheTabelasPreco(tela);
     PreencheTabelasPreco(tela);
     EXPECT_EQ(tela.precos.items(),
@@ -166,55 +166,55 @@ TEST(Preenchimento, TenPriceTables) {
 }
 
 TEST(Preenchimento, OtherWaysOfPayingLeaveTheListEmpty) {
-    World mundo;
-    mundo.connect();
-    Tela tela(mundo.program);
+    World world;
+    world.connect();
+    Tela tela(world.program);
     for (const QString& forma : {u"DINHEIRO"_s, u"boleto"_s, QString()}) {
         tela.lista.addItem(u"VELHO"_s);
-        PreencheBancosOuCartoes(mundo.contexto, u"1"_s, forma, tela.lista);
+        PreencheBancosOuCartoes(world.contexto, u"1"_s, forma, tela.lista);
         EXPECT_TRUE(tela.lista.items().isEmpty());
     }
-    EXPECT_TRUE(mundo.database.sent.isEmpty());
+    EXPECT_TRUE(world.database.sent.isEmpty());
     for (const QString& forma : {u"BOLETO"_s, u"CHEQUE"_s, u"TRANSFERENCIA"_s, u"TED"_s, u"DOC"_s})
-        PreencheBancosOuCartoes(mundo.contexto, u"1"_s, forma, tela.lista);
-    EXPECT_EQ(mundo.database.sent.size(), 5);
+        PreencheBancosOuCartoes(world.contexto, u"1"_s, forma, tela.lista);
+    EXPECT_EQ(world.database.sent.size(), 5);
 }
 
 TEST(Preenchimento, CustomersInColumns) {
-    World mundo;
-    mundo.connect();
-    Tela tela(mundo.program);
+    World world;
+    world.connect();
+    Tela tela(world.program);
     const QString inicio =
         u"SELECT PESS.IDPESS, PESS.NOME_PESS, PESS.NOME_CONH, PESS.PSFI_PSJU, PESS.CPF0_CNPJ, CLIE.IDCLIE "
         "FROM CLIE, PESS WHERE CLIE.IDPESS = PESS.IDPESS  AND (CLIE.DATA_DESA IS NULL) "_s;
-    PreencheListaClientes(mundo.contexto, u"  "_s, tela.lista);
-    PreencheListaClientes(mundo.contexto, u" 111. "_s, tela.lista);
-    PreencheListaClientes(mundo.contexto, u" mar "_s, tela.lista);
-    EXPECT_EQ(mundo.database.sent,
+    PreencheListaClientes(world.contexto, u"  "_s, tela.lista);
+    PreencheListaClientes(world.contexto, u" 111. "_s, tela.lista);
+    PreencheListaClientes(world.contexto, u" mar "_s, tela.lista);
+    EXPECT_EQ(world.database.sent,
               QStringList({inicio + u"ORDER BY PESS.NOME_PESS"_s,
                            inicio + u"AND (PESS.CPF0_CNPJ LIKE '%111.%') ORDER BY PESS.NOME_PESS"_s,
                            inicio + u"AND (PESS.NOME_PESS LIKE '%MAR%') ORDER BY PESS.NOME_PESS"_s}));
-    mundo.database.answer(u"FROM CLIE"_s, {{u"IDPESS"_s, u"NOME_PESS"_s, u"CPF0_CNPJ"_s, u"IDCLIE"_s},
+    world.database.answer(u"FROM CLIE"_s, {{u"IDPESS"_s, u"NOME_PESS"_s, u"CPF0_CNPJ"_s, u"IDCLIE"_s},
                                            {{number(7), text("MARIA"), null(), number(12)}}});
-    PreencheListaClientes(mundo.contexto, {}, tela.lista);
+    PreencheListaClientes(world.contexto, {}, tela.lista);
     ASSERT_EQ(tela.lista.items().size(), 1);
     EXPECT_EQ(tela.lista.items().first(),
               u"MARIA"_s + QString(45, u' ') + u'|' + QString(20, u' ') + u"|7         |12        "_s);
 }
 
 TEST(Preenchimento, ProductsInColumns) {
-    World mundo;
-    mundo.connect();
-    Tela tela(mundo.program);
-    PreencheListaProdutos(mundo.contexto, {}, tela.lista);
-    PreencheListaProdutos(mundo.contexto, u" mesa "_s, tela.lista);
+    World world;
+    world.connect();
+    Tela tela(world.program);
+    PreencheListaProdutos(world.contexto, {}, tela.lista);
+    PreencheListaProdutos(world.contexto, u" mesa "_s, tela.lista);
     EXPECT_EQ(
-        mundo.database.sent,
+        world.database.sent,
         QStringList({u"SELECT DESC_PROD, CODI_PROD, IDPROD FROM PROD  WHERE DATA_DESA IS NULL ORDER BY DESC_PROD"_s,
                      u"SELECT DESC_PROD, CODI_PROD, IDPROD FROM PROD  WHERE DATA_DESA IS NULL AND (PROD.DESC_PROD "
                      "LIKE '%MESA%') ORDER BY DESC_PROD"_s}));
-    mundo.database.answer(u"FROM PROD"_s,
+    world.database.answer(u"FROM PROD"_s,
                           {{u"desc_prod"_s, u"codi_prod"_s, u"idprod"_s}, {{text("MESA"), text("M1"), number(3)}}});
-    PreencheListaProdutos(mundo.contexto, {}, tela.lista);
+    PreencheListaProdutos(world.contexto, {}, tela.lista);
     EXPECT_EQ(tela.lista.items(), QStringList(u"MESA"_s + QString(66, u' ') + u"|M1             |3         "_s));
 }

@@ -52,31 +52,31 @@ TEST(TextoEntrada, Substitution) {
 }
 
 TEST(TextoEntrada, AccentsOfVowelsAndCedillas) {
-    World mundo;
-    EXPECT_EQ(RemoveAcentos(mundo.contexto, u"AÇÃO"_s), u"ACAO"_s);
-    EXPECT_EQ(RemoveAcentos(mundo.contexto, u"ÀÁÂÃÄÅÇÈÉÊËÌÍÎÏÒÓÔÕÖÙÚÛÜàáâãäåçèéêëìíîïòóôõöùúûü"_s),
+    World world;
+    EXPECT_EQ(RemoveAcentos(world.contexto, u"AÇÃO"_s), u"ACAO"_s);
+    EXPECT_EQ(RemoveAcentos(world.contexto, u"ÀÁÂÃÄÅÇÈÉÊËÌÍÎÏÒÓÔÕÖÙÚÛÜàáâãäåçèéêëìíîïòóôõöùúûü"_s),
               u"AAAAAACEEEEIIIIOOOOOUUUUaaaaaaceeeeiiiiooooouuuu"_s);
-    EXPECT_EQ(RemoveAcentos(mundo.contexto, u"Ññ Ýÿ ß"_s), u"Ññ Ýÿ ß"_s);
-    mundo.contexto.PreservaAcentos = true;
-    EXPECT_EQ(RemoveAcentos(mundo.contexto, u"AÇÃO"_s), u"AÇÃO"_s);
+    EXPECT_EQ(RemoveAcentos(world.contexto, u"Ññ Ýÿ ß"_s), u"Ññ Ýÿ ß"_s);
+    world.contexto.PreservaAcentos = true;
+    EXPECT_EQ(RemoveAcentos(world.contexto, u"AÇÃO"_s), u"AÇÃO"_s);
 }
 
 TEST(TextoEntrada, WritesGoInCapitalsWithoutAccents) {
-    World mundo;
-    mundo.connect();
+    World world;
+    world.connect();
     data::Statement comando("update pess set nome_pess='");
     comando += u"João d´Ávila"_s;
     comando << "' where idpess=7";
-    ExecutaSemAcentos(mundo.contexto, comando);
-    mundo.contexto.PreservaAcentos = true;
-    ExecutaSemAcentos(mundo.contexto, comando);
-    EXPECT_EQ(mundo.database.writes, QStringList({u"UPDATE PESS SET NOME_PESS='JOAO D´AVILA' WHERE IDPESS=7"_s,
+    ExecutaSemAcentos(world.contexto, comando);
+    world.contexto.PreservaAcentos = true;
+    ExecutaSemAcentos(world.contexto, comando);
+    EXPECT_EQ(world.database.writes, QStringList({u"UPDATE PESS SET NOME_PESS='JOAO D´AVILA' WHERE IDPESS=7"_s,
                                                   u"UPDATE PESS SET NOME_PESS='JOÃO D´ÁVILA' WHERE IDPESS=7"_s}));
 }
 
 TEST(TextoEntrada, SelectsTextAndMaskedFieldsOnly) {
-    World mundo;
-    Tela tela(mundo.program);
+    World world;
+    Tela tela(world.program);
     SelecionaTexto(tela); // no focus, nothing to do
     tela.txtNome.setText(u"MARIA"_s);
     tela.cboCidade.setText(u"SANTOS"_s);
@@ -93,8 +93,8 @@ TEST(TextoEntrada, SelectsTextAndMaskedFieldsOnly) {
 }
 
 TEST(TextoEntrada, ClearingAMaskedFieldKeepsItsMask) {
-    World mundo;
-    Tela tela(mundo.program);
+    World world;
+    Tela tela(world.program);
     tela.mskCEP.setText(u"11015-200"_s);
     LimpaMascara(tela.mskCEP);
     EXPECT_EQ(tela.mskCEP.text(), u"_____-___"_s);
@@ -102,16 +102,16 @@ TEST(TextoEntrada, ClearingAMaskedFieldKeepsItsMask) {
 }
 
 TEST(TextoEntrada, MailAddressInLowerCase) {
-    World mundo;
-    AbreEmail(mundo.contexto, u"   "_s);
-    EXPECT_TRUE(mundo.platform.addresses.isEmpty());
-    AbreEmail(mundo.contexto, u" MARIA@Casa.COM "_s);
-    EXPECT_EQ(mundo.platform.addresses, QStringList(u"mailto:maria@casa.com"_s));
+    World world;
+    AbreEmail(world.contexto, u"   "_s);
+    EXPECT_TRUE(world.platform.addresses.isEmpty());
+    AbreEmail(world.contexto, u" MARIA@Casa.COM "_s);
+    EXPECT_EQ(world.platform.addresses, QStringList(u"mailto:maria@casa.com"_s));
 }
 
 TEST(TextoEntrada, TrimsTheFieldsNamedTxt) {
-    World mundo;
-    Tela tela(mundo.program);
+    World world;
+    Tela tela(world.program);
     tela.txtNome.setText(u"  MARIA "_s);
     tela.txtObs.setText(u"   "_s);
     tela.cboCidade.setText(u" SANTOS "_s);
@@ -122,8 +122,8 @@ TEST(TextoEntrada, TrimsTheFieldsNamedTxt) {
 }
 
 TEST(TextoEntrada, LockedFieldsAreGreyAndFreeOnesWhite) {
-    World mundo;
-    Tela tela(mundo.program);
+    World world;
+    Tela tela(world.program);
     BloqueiaCampo(tela.txtNome);
     BloqueiaCampo(tela.mskCEP);
     EXPECT_TRUE(tela.txtNome.locked());

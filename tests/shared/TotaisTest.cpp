@@ -49,62 +49,62 @@ const std::vector<Total> totais{
 
 TEST(Totais, QuantityTimesUnitPriceOfEveryItem) {
     for (const Total& total : totais) {
-        World mundo;
-        mundo.connect();
-        EXPECT_EQ(total.soma(mundo.contexto), 0) << total.nome;
-        EXPECT_EQ(mundo.database.sent, QStringList(QString::fromUtf8(total.enviado))) << total.nome;
-        mundo.database.answer(u"deta"_s,
+        World world;
+        world.connect();
+        EXPECT_EQ(total.soma(world.contexto), 0) << total.nome;
+        EXPECT_EQ(world.database.sent, QStringList(QString::fromUtf8(total.enviado))) << total.nome;
+        world.database.answer(u"deta"_s,
                               {{u"qtde"_s, u"valo_liqu"_s}, {{number(2), amount(1050)}, {amount(150), amount(1000)}}});
-        EXPECT_DOUBLE_EQ(total.soma(mundo.contexto), 36.0) << total.nome;
+        EXPECT_DOUBLE_EQ(total.soma(world.contexto), 36.0) << total.nome;
     }
 }
 
 TEST(Totais, ANullInsideATotalIsAnError) {
     for (const Total& total : totais)
         for (const QList<data::Value>& linha : {QList<data::Value>{null(), amount(1)}, {number(1), null()}}) {
-            World mundo;
-            mundo.connect();
-            mundo.database.answer(u"deta"_s, {{u"qtde"_s, u"valo_liqu"_s}, {linha}});
-            EXPECT_EQ(ErrorOf([&] { total.soma(mundo.contexto); }), errorNumber::InvalidNull) << total.nome;
+            World world;
+            world.connect();
+            world.database.answer(u"deta"_s, {{u"qtde"_s, u"valo_liqu"_s}, {linha}});
+            EXPECT_EQ(ErrorOf([&] { total.soma(world.contexto); }), errorNumber::InvalidNull) << total.nome;
         }
 }
 
 TEST(Totais, AnEmptyDocumentIsDocumentZero) {
-    World mundo;
-    mundo.connect();
+    World world;
+    world.connect();
     QString id;
-    EXPECT_EQ(TotalPedidoVenda(mundo.contexto, id, u"C"_s), 0);
+    EXPECT_EQ(TotalPedidoVenda(world.contexto, id, u"C"_s), 0);
     EXPECT_EQ(id, u"0"_s);
-    EXPECT_TRUE(mundo.database.sent.first().contains(u"idpedi_veds = 0)"));
+    EXPECT_TRUE(world.database.sent.first().contains(u"idpedi_veds = 0)"));
 }
 
 TEST(Totais, ItemCountsLeaveNullsOut) {
-    World mundo;
-    mundo.connect();
-    mundo.database.answer(u"_DETA"_s, {{u"IDPROD"_s, u"QTDE"_s},
+    World world;
+    world.connect();
+    world.database.answer(u"_DETA"_s, {{u"IDPROD"_s, u"QTDE"_s},
                                        {{number(1), number(2)}, {number(2), null()}, {number(3), amount(150)}}});
-    EXPECT_DOUBLE_EQ(QtdeItensPedidoVenda(mundo.contexto, 7, 0), 3.5);
-    EXPECT_DOUBLE_EQ(QtdeItensPedidoCompra(mundo.contexto, 7), 3.5);
-    ASSERT_EQ(mundo.database.sent.size(), 2);
-    EXPECT_EQ(mundo.database.sent[0], u"SELECT IDPROD, QTDE FROM PEDI_VEDS_DETA WHERE IDPEDI_VEDS = 7"_s);
-    EXPECT_EQ(mundo.database.sent[1], u"SELECT IDPROD, QTDE FROM PEDI_COMP_DETA WHERE IDPEDI_COMP = 7"_s);
-    mundo.database.answer(u"IDPROD='3'"_s, {{u"idmarc"_s}, {{number(9)}}});
-    EXPECT_DOUBLE_EQ(QtdeItensPedidoVenda(mundo.contexto, 7, 9), 1.5) << "of one brand only";
+    EXPECT_DOUBLE_EQ(QtdeItensPedidoVenda(world.contexto, 7, 0), 3.5);
+    EXPECT_DOUBLE_EQ(QtdeItensPedidoCompra(world.contexto, 7), 3.5);
+    ASSERT_EQ(world.database.sent.size(), 2);
+    EXPECT_EQ(world.database.sent[0], u"SELECT IDPROD, QTDE FROM PEDI_VEDS_DETA WHERE IDPEDI_VEDS = 7"_s);
+    EXPECT_EQ(world.database.sent[1], u"SELECT IDPROD, QTDE FROM PEDI_COMP_DETA WHERE IDPEDI_COMP = 7"_s);
+    world.database.answer(u"IDPROD='3'"_s, {{u"idmarc"_s}, {{number(9)}}});
+    EXPECT_DOUBLE_EQ(QtdeItensPedidoVenda(world.contexto, 7, 9), 1.5) << "of one brand only";
 }
 
 TEST(Totais, WhatCanBeSold) {
-    World mundo;
-    mundo.connect();
-    EXPECT_EQ(EstoqueDisponivel(mundo.contexto, 7, u"0001"_s), 0);
-    EXPECT_EQ(QtdePedidosAbertos(mundo.contexto, 7, u"0001"_s), 0);
-    for (const QString& enviado : mundo.database.sent)
+    World world;
+    world.connect();
+    EXPECT_EQ(EstoqueDisponivel(world.contexto, 7, u"0001"_s), 0);
+    EXPECT_EQ(QtdePedidosAbertos(world.contexto, 7, u"0001"_s), 0);
+    for (const QString& enviado : world.database.sent)
         EXPECT_EQ(enviado, u"SELECT * FROM PROD_EMPR WHERE IDPROD = 7 AND CODI_EMPR='0001'"_s);
     const QStringList colunas{u"qtde_disp"_s,      u"qtde_disp_0002"_s,   u"QTDE_ESTO_COPR"_s,
                               u"QTDE_ESTO_EMB1"_s, u"QTDE_ESTO_EMB2"_s,   u"QTDE_ESTO_EMB3"_s,
                               u"QTDE_PEDI_ABER"_s, u"qtde_esto_consig"_s, u"qtde_esto_demonstr"_s};
-    mundo.database.answer(u"PROD_EMPR"_s, {colunas,
+    world.database.answer(u"PROD_EMPR"_s, {colunas,
                                            {{number(1), number(2), number(4), number(8), number(16), number(32),
                                              number(64), number(128), null()}}});
-    EXPECT_DOUBLE_EQ(EstoqueDisponivel(mundo.contexto, 7, u"0001"_s), 63 - 192);
-    EXPECT_DOUBLE_EQ(QtdePedidosAbertos(mundo.contexto, 7, u"0001"_s), 64);
+    EXPECT_DOUBLE_EQ(EstoqueDisponivel(world.contexto, 7, u"0001"_s), 63 - 192);
+    EXPECT_DOUBLE_EQ(QtdePedidosAbertos(world.contexto, 7, u"0001"_s), 64);
 }

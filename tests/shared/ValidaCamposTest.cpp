@@ -51,13 +51,13 @@ TEST(ValidaCampos, EmailRulesInTheirOrder) {
         {"a@b.c;d", invalido},
     };
     for (const auto& [texto, mensagem] : casos) {
-        World mundo;
+        World world;
         const bool aceito = *mensagem == '\0';
-        EXPECT_EQ(ValidaEmail(mundo.contexto, QString::fromUtf8(texto)), aceito) << texto;
-        ASSERT_EQ(mundo.platform.boxes.size(), aceito ? 0u : 1u) << texto;
+        EXPECT_EQ(ValidaEmail(world.contexto, QString::fromUtf8(texto)), aceito) << texto;
+        ASSERT_EQ(world.platform.boxes.size(), aceito ? 0u : 1u) << texto;
         if (aceito)
             continue;
-        const screen::Box& caixa = mundo.platform.boxes.front();
+        const screen::Box& caixa = world.platform.boxes.front();
         EXPECT_EQ(caixa.text, QString::fromUtf8(mensagem)) << texto;
         EXPECT_EQ(caixa.title, QString());
         EXPECT_EQ(caixa.icon, screen::Icon::None);
@@ -66,10 +66,10 @@ TEST(ValidaCampos, EmailRulesInTheirOrder) {
 }
 
 TEST(ValidaCampos, DayAndMonthOfTheCurrentYear) {
-    World mundo; // its clock stands in 2026, no leap year
+    World world; // its clock stands in 2026, no leap year
     const auto confere = [&](const char* texto, bool valido, const char* depois) {
         QString data = QString::fromUtf8(texto);
-        EXPECT_EQ(ValidaDiaMes(mundo.contexto, data), valido) << texto;
+        EXPECT_EQ(ValidaDiaMes(world.contexto, data), valido) << texto;
         EXPECT_EQ(data, QString::fromUtf8(depois)) << texto;
     };
     confere("__/__", true, "__/__");
@@ -78,14 +78,14 @@ TEST(ValidaCampos, DayAndMonthOfTheCurrentYear) {
     confere("31/02", false, "31/02/2026");
     confere("12/13", false, "12/13/2026");
     confere("1_/02", false, "1_/02/2026");
-    mundo.platform.clock = QDateTime(QDate(2028, 1, 1), QTime(8, 0));
+    world.platform.clock = QDateTime(QDate(2028, 1, 1), QTime(8, 0));
     confere("29/02", true, "29/02/2028");
 }
 
 TEST(ValidaCampos, TypedDates) {
-    World mundo; // 20/11/2026 14:30
-    TelaData tela(mundo.program);
-    const auto formata = [&](const QString& texto) { return FormataDataDigitada(mundo.contexto, texto, tela.campo); };
+    World world; // 20/11/2026 14:30
+    TelaData tela(world.program);
+    const auto formata = [&](const QString& texto) { return FormataDataDigitada(world.contexto, texto, tela.campo); };
     EXPECT_EQ(formata(u"__/__/____"_s), u"__/__/____"_s);
     EXPECT_EQ(formata(u"__/__/____ 10:30"_s), u"__/__/____ __:__"_s);
     EXPECT_EQ(formata(u"05/11/2026"_s), u"05/11/2026"_s);

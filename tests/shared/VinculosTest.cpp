@@ -53,44 +53,44 @@ QStringList figuras(const Tela& tela) {
 TEST(Vinculos, DeactivatedRowsCountWhileTheLinkStateIsSOnly) {
     for (const FuncaoVinculo& papel : papeisTestados)
         for (const QString& estado : {u"N"_s, u" "_s, QString(), u"S"_s}) {
-            World mundo;
-            mundo.connect();
-            mundo.contexto.VinculoAtual = estado;
-            EXPECT_EQ(papel.vinculo(mundo.contexto, u"7"_s), u"0"_s);
+            World world;
+            world.connect();
+            world.contexto.VinculoAtual = estado;
+            EXPECT_EQ(papel.vinculo(world.contexto, u"7"_s), u"0"_s);
             const QString filtro = estado == u"S" ? QString() : u" AND DATA_DESA IS NULL"_s;
-            EXPECT_EQ(mundo.database.sent, QStringList(QString::fromUtf8(papel.enviado) + filtro));
-            mundo.database.answer(u""_s, {{QString::fromUtf8(papel.coluna)}, {{number(12)}}});
-            EXPECT_EQ(papel.vinculo(mundo.contexto, u"7"_s), u"12"_s);
+            EXPECT_EQ(world.database.sent, QStringList(QString::fromUtf8(papel.enviado) + filtro));
+            world.database.answer(u""_s, {{QString::fromUtf8(papel.coluna)}, {{number(12)}}});
+            EXPECT_EQ(papel.vinculo(world.contexto, u"7"_s), u"12"_s);
         }
 }
 
 TEST(Vinculos, WithoutAPersonAllButtonsShowNoLinkAndNothingIsAsked) {
-    World mundo;
-    mundo.platform.everyFileExists = true;
-    mundo.contexto.CaminhoImagens = u"/img/"_s;
-    mundo.contexto.VinculoAtual = u"S"_s;
-    Tela tela(mundo.program);
+    World world;
+    world.platform.everyFileExists = true;
+    world.contexto.CaminhoImagens = u"/img/"_s;
+    world.contexto.VinculoAtual = u"S"_s;
+    Tela tela(world.program);
     tela.txtRowID.setText(u"  "_s);
-    AtualizaIndicadoresVinculo(mundo.contexto, tela);
+    AtualizaIndicadoresVinculo(world.contexto, tela);
     EXPECT_EQ(figuras(tela), QStringList(7, u"/img/semvinculo.bmp"_s));
-    EXPECT_EQ(mundo.contexto.VinculoAtual, u"N"_s);
-    EXPECT_TRUE(mundo.database.sent.isEmpty());
+    EXPECT_EQ(world.contexto.VinculoAtual, u"N"_s);
+    EXPECT_TRUE(world.database.sent.isEmpty());
 }
 
 TEST(Vinculos, EachRoleIsAskedInItsOrderAndShown) {
-    World mundo;
-    mundo.connect();
-    mundo.platform.everyFileExists = true;
-    mundo.contexto.CaminhoImagens = u"/img/"_s;
-    mundo.contexto.VinculoAtual = u"S"_s;
-    mundo.database.answer(u"FROM CLIE"_s, {{u"idclie"_s}, {{number(3)}}});
-    mundo.database.answer(u"FROM MOTO"_s, {{u"idmoto"_s}, {{number(0)}}});
-    mundo.database.answer(u"FROM ARQT"_s, {{u"idarqt"_s}, {{number(5)}}});
-    Tela tela(mundo.program);
+    World world;
+    world.connect();
+    world.platform.everyFileExists = true;
+    world.contexto.CaminhoImagens = u"/img/"_s;
+    world.contexto.VinculoAtual = u"S"_s;
+    world.database.answer(u"FROM CLIE"_s, {{u"idclie"_s}, {{number(3)}}});
+    world.database.answer(u"FROM MOTO"_s, {{u"idmoto"_s}, {{number(0)}}});
+    world.database.answer(u"FROM ARQT"_s, {{u"idarqt"_s}, {{number(5)}}});
+    Tela tela(world.program);
     tela.txtRowID.setText(u"7"_s);
-    AtualizaIndicadoresVinculo(mundo.contexto, tela);
+    AtualizaIndicadoresVinculo(world.contexto, tela);
     QStringList tabelas;
-    for (const QString& enviado : mundo.database.sent) {
+    for (const QString& enviado : world.database.sent) {
         EXPECT_TRUE(enviado.endsWith(u" WHERE IDPESS = 7 AND DATA_DESA IS NULL")) << enviado;
         tabelas += enviado.section(u' ', 3, 3);
     }
@@ -98,19 +98,19 @@ TEST(Vinculos, EachRoleIsAskedInItsOrderAndShown) {
     QStringList esperado(7, u"/img/semvinculo.bmp"_s);
     esperado[0] = esperado[6] = u"/img/comvinculo.bmp"_s;
     EXPECT_EQ(figuras(tela), esperado);
-    EXPECT_EQ(mundo.contexto.VinculoAtual, u"N"_s);
+    EXPECT_EQ(world.contexto.VinculoAtual, u"N"_s);
 }
 
 TEST(Vinculos, AMissingPictureOrButtonIsAnError) {
-    World mundo;
-    mundo.contexto.CaminhoImagens = u"/img"_s;
-    Tela tela(mundo.program);
-    EXPECT_EQ(ErrorOf([&] { AtualizaIndicadoresVinculo(mundo.contexto, tela); }), errorNumber::FileNotFound);
+    World world;
+    world.contexto.CaminhoImagens = u"/img"_s;
+    Tela tela(world.program);
+    EXPECT_EQ(ErrorOf([&] { AtualizaIndicadoresVinculo(world.contexto, tela); }), errorNumber::FileNotFound);
     struct Outra : screen::Screen {
         explicit Outra(screen::Program& program) : Screen(program, u"frmOutra"_s) {}
         screen::TextField txtRowID{this, "txtRowID"};
-    } outra(mundo.program);
-    EXPECT_EQ(ErrorOf([&] { AtualizaIndicadoresVinculo(mundo.contexto, outra); }), errorNumber::NoSuchMember);
+    } outra(world.program);
+    EXPECT_EQ(ErrorOf([&] { AtualizaIndicadoresVinculo(world.contexto, outra); }), errorNumber::NoSuchMember);
 }
 
 namespace {
@@ -145,11 +145,11 @@ TEST(Vinculos, DocumentsAreMaskedByTheirLength) {
         {"1", "OUTRO", "FROM PESS WHERE PESS.CPF0_CNPJ='1'", "1"},
     };
     for (const Busca& caso : casos) {
-        World mundo;
-        mundo.connect();
+        World world;
+        world.connect();
         QString documento = QString::fromUtf8(caso.documento);
-        RetornaPessoaPorDocumento(mundo.contexto, documento, QString::fromUtf8(caso.papel));
-        EXPECT_EQ(mundo.database.sent,
+        RetornaPessoaPorDocumento(world.contexto, documento, QString::fromUtf8(caso.papel));
+        EXPECT_EQ(world.database.sent,
                   QStringList(u"SELECT PESS.IDPESS, PESS.NOME_PESS "_s + QString::fromUtf8(caso.enviado)))
             << caso.documento;
         EXPECT_EQ(documento, QString::fromUtf8(caso.depois));
@@ -179,23 +179,23 @@ TEST(Vinculos, WhatTheDocumentSearchTells) {
         {"12345678", "PROSPECT", duas, "", "Não Existe vinculo como [PROSPECT]"},
     };
     for (const Caso& caso : casos) {
-        World mundo;
-        mundo.connect();
+        World world;
+        world.connect();
         if (caso.linhas)
-            mundo.database.answer(u"PESS"_s, *caso.linhas);
-        mundo.contexto.RetornoPesquisa = u"velho"_s;
+            world.database.answer(u"PESS"_s, *caso.linhas);
+        world.contexto.RetornoPesquisa = u"velho"_s;
         QString documento = QString::fromUtf8(caso.documento);
-        EXPECT_EQ(RetornaPessoaPorDocumento(mundo.contexto, documento, QString::fromUtf8(caso.papel)),
+        EXPECT_EQ(RetornaPessoaPorDocumento(world.contexto, documento, QString::fromUtf8(caso.papel)),
                   QString::fromUtf8(caso.nome));
-        EXPECT_EQ(mundo.contexto.RetornoPesquisa, QString::fromUtf8(caso.retorno));
+        EXPECT_EQ(world.contexto.RetornoPesquisa, QString::fromUtf8(caso.retorno));
     }
 }
 
 TEST(Vinculos, BackReferencesOfThePerson) {
-    World mundo;
-    mundo.connect();
-    GravaVinculoPess(mundo.contexto, u"7"_s, "idCLIE", u"12"_s);
-    LimpaVinculoPess(mundo.contexto, u"7"_s, "idFORN");
-    EXPECT_EQ(mundo.database.writes, QStringList({u"UPDATE PESS SET IDCLIE = 12 WHERE IDPESS = 7"_s,
+    World world;
+    world.connect();
+    GravaVinculoPess(world.contexto, u"7"_s, "idCLIE", u"12"_s);
+    LimpaVinculoPess(world.contexto, u"7"_s, "idFORN");
+    EXPECT_EQ(world.database.writes, QStringList({u"UPDATE PESS SET IDCLIE = 12 WHERE IDPESS = 7"_s,
                                                   u"UPDATE PESS SET IDFORN = 0 WHERE IDPESS = 7"_s}));
 }

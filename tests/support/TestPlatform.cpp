@@ -9,8 +9,28 @@ namespace vorta::test {
 
 using screen::Answer;
 
+QStringList ShownBoxes::news() const {
+    QStringList texts;
+    for (const Shown& shown : boxes_)
+        if (!std::exchange(shown.seen, true))
+            texts += shown.box.text;
+    return texts;
+}
+
+void ShownBoxes::clear() {
+    for (const QString& text : news())
+        ADD_FAILURE() << "a box that nobody has looked at: " << text;
+    boxes_.clear();
+}
+
+TestPlatform::~TestPlatform() {
+    boxes.clear();
+    if (!answers.empty())
+        ADD_FAILURE() << answers.size() << " answers that no box has asked for";
+}
+
 Answer TestPlatform::messageBox(const screen::Box& box) {
-    boxes.push_back(box);
+    boxes.add(box);
     if (box.buttons == screen::Buttons::OK)
         return Answer::OK;
     if (answers.empty()) {

@@ -1,13 +1,8 @@
 #pragma once
 
 #include "base/Literals.h"
-#include "launch/ContextoExecucao.h"
 #include "person/frmPessoas.h"
-#include "screen/User.h"
-#include "support/FakeDatabase.h"
-#include "support/TestPlatform.h"
-
-#include <gtest/gtest.h>
+#include "support/World.h"
 
 namespace vorta::test {
 
@@ -20,12 +15,12 @@ class TelaSemLancamento : public frmPessoas {
 
 /// The person screen on a scripted database, without the launch: the connection stands and the screen is empty and
 /// idle.
-class PessoasFixture : public ::testing::Test {
+class PessoasTest : public ::testing::Test, protected World {
   protected:
-    PessoasFixture() {
+    PessoasTest() {
         platform.everyFileExists = true;
         contexto.CodigoUsuario = 12;
-        UsaBanco(u"FIREBIRD"_s);
+        connect();
         database.answer(u"GEN_ID(GEN_PESS, 1)"_s, {{u"GEN_ID"_s}, {{number(501)}}});
         database.answer(u"gen_id(GEN_PESS, 1)"_s, {{u"GEN_ID"_s}, {{number(501)}}});
         database.answer(u"gen_id(GEN_PESS_CONT, 1)"_s, {{u"GEN_ID"_s}, {{number(71)}}});
@@ -34,21 +29,11 @@ class PessoasFixture : public ::testing::Test {
         tela.PosicionaBotoes();
         tela.BloqueiaCampos();
         tela.lblCodiEmpresa.setText(u"0001"_s);
-        database.sent.clear();
-    }
-
-    void UsaBanco(const QString& tag) {
-        contexto.TipoBanco = tag;
-        contexto.ConexaoPrincipal = contexto.novaConexao();
-        contexto.ConexaoPrincipal->Open(tag == u"FIREBIRD" ? data::Engine::Firebird : data::Engine::SqlServer, {});
-    }
-
-    void Parametro(const char* nome, const char* valor) {
-        database.answer(u"NOME_PARA='%1'"_s.arg(QLatin1StringView(nome)), {{u"VALO_PARA"_s}, {{text(valor)}}});
+        forget();
     }
 
     /// A legal person that passes every check.
-    void PreenchePessoa() {
+    void fillPerson() {
         tela.cboFisJur.setText(u"Jurídica"_s);
         tela.mskCodigo.setMask(u"##.###.###/####-##"_s);
         tela.mskCodigo.setText(u"11.222.333/0001-81"_s);
@@ -63,19 +48,14 @@ class PessoasFixture : public ::testing::Test {
             pais->setText(u"BRASIL"_s);
     }
 
-    void Clica(screen::Button& botao) {
+    void click(screen::Button& botao) {
         botao.setEnabled(true);
         user.click(botao);
     }
 
-    QString Texto(const char* campo) { return tela.field(QString::fromLatin1(campo)).text(); }
+    QString textOf(const char* campo) { return tela.field(QString::fromLatin1(campo)).text(); }
 
-    TestPlatform platform;
-    FakeDatabase database;
-    screen::Program program{platform};
-    ContextoExecucao contexto{program, database.factory()};
     TelaSemLancamento tela{contexto};
-    screen::User user{program};
 };
 
 } // namespace vorta::test
