@@ -1,15 +1,15 @@
 #include "person/CamposPessoa.h"
 #include "kit/Schema.h"
-#include "person/PessoasFixture.h"
+#include "person/PessoasTest.h"
 
 #include <QSet>
 
 namespace vorta::test {
 
-class CamposDaPessoa : public PessoasFixture {
+class CamposDaPessoa : public PessoasTest {
   protected:
     /// What the binding of a screen to the table says, "número descrição"; empty when all is well.
-    static QString Falha(const screen::Screen& tela) {
+    static QString bindingFailure(const screen::Screen& tela) {
         try {
             LigaCampos(tela);
         } catch (const RuntimeError& erro) {
@@ -24,13 +24,13 @@ TEST_F(CamposDaPessoa, AnInputFieldWithoutARowFailsWithItsName) {
         using TelaSemLancamento::TelaSemLancamento;
         screen::TextField txtNovo{this, "txtNovo"};
     } nova{contexto};
-    EXPECT_EQ(Falha(tela), QString());
-    EXPECT_EQ(Falha(nova), u"438 O campo txtNovo da tela frmPessoas não tem linha");
+    EXPECT_EQ(bindingFailure(tela), QString());
+    EXPECT_EQ(bindingFailure(nova), u"438 O campo txtNovo da tela frmPessoas não tem linha");
 }
 
 TEST_F(CamposDaPessoa, ARowWithoutItsFieldFailsWithItsName) {
     const screen::Screen outra(program, u"frmOutra"_s);
-    EXPECT_EQ(Falha(outra), u"438 A tela frmOutra não tem o campo txtRowID");
+    EXPECT_EQ(bindingFailure(outra), u"438 A tela frmOutra não tem o campo txtRowID");
 }
 
 TEST_F(CamposDaPessoa, NoFieldHasTwoRows) {

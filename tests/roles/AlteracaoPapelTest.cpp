@@ -17,6 +17,7 @@ class RoleAlteration : public PapelTest {
             click("cmdSALVAR");
         });
         EXPECT_TRUE(committed());
+        EXPECT_EQ(platform.boxes.news(), QStringList(saved));
         return transaction();
     }
 

@@ -35,6 +35,8 @@ TEST_P(FailingSave, EndsTheProgramWithNothingCommitted) {
     if (committed()) {
         EXPECT_GT(qual, transaction().size());
         EXPECT_EQ(contexto.ModoTela, u" ");
+        EXPECT_EQ(platform.boxes.front().text, saved);
+        EXPECT_EQ(failure(), platform.boxes.size() > 1 ? errorNumber::StatementRefused : 0);
         return;
     }
     EXPECT_EQ(failure(),

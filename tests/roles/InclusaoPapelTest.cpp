@@ -19,7 +19,7 @@ class RoleInclusion : public PapelTest {
             EXPECT_EQ(contexto.ModoTela, u" ");
         });
         EXPECT_TRUE(committed());
-        EXPECT_EQ(platform.boxes.back().text, u"Registro Gravado com sucesso!");
+        EXPECT_EQ(platform.boxes.news(), QStringList(saved));
         return transaction();
     }
 

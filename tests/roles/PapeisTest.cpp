@@ -16,26 +16,26 @@ namespace {
 class PapeisTest : public ::testing::TestWithParam<Papel> {
   protected:
     ContextoExecucao& contexto() { return registro_.context(); }
-    screen::Field* campo(const char* tela, const char* nome) {
+    screen::Field* field(const char* tela, const char* nome) {
         return contexto().Tela(QString::fromLatin1(tela)).findField(QString::fromLatin1(nome));
     }
 
   private:
-    TestPlatform plataforma_;
-    Register registro_{plataforma_};
+    TestPlatform platform_;
+    Register registro_{platform_};
 };
 
-const kit::Table* tabelaDe(data::Piece nome) {
+const kit::Table* tableOf(data::Piece nome) {
     return kit::FindTable(nome.toString());
 }
 
-void temColunas(const kit::Table& tabela, const QStringList& colunas) {
+void hasColumns(const kit::Table& tabela, const QStringList& colunas) {
     for (const QString& coluna : colunas)
         EXPECT_TRUE(tabela.column(coluna)) << qPrintable(tabela.name + u'.' + coluna);
 }
 
 /// Where no generator is told, the database itself must fill the key.
-void numera(const kit::Table& tabela, const std::optional<data::Piece>& gerador) {
+void givesKeys(const kit::Table& tabela, const std::optional<data::Piece>& gerador) {
     if (gerador)
         EXPECT_EQ(tabela.generator, gerador->toString());
     else
@@ -46,16 +46,16 @@ void numera(const kit::Table& tabela, const std::optional<data::Piece>& gerador)
 
 TEST_P(PapeisTest, HasItsTable) {
     const Papel& papel = GetParam();
-    const kit::Table* tabela = tabelaDe(papel.tabela);
+    const kit::Table* tabela = tableOf(papel.tabela);
     ASSERT_TRUE(tabela);
     EXPECT_EQ(tabela->columns.front().name.compare(papel.chave.toString(), Qt::CaseInsensitive), 0);
-    temColunas(*tabela, {u"idpess"_s, u"data_incl"_s, u"user_incl"_s, u"data_desa"_s, u"user_desa"_s});
-    numera(*tabela, papel.gerador);
-    temColunas(*kit::FindTable(u"PESS"_s), {papel.chave.toString()});
+    hasColumns(*tabela, {u"idpess"_s, u"data_incl"_s, u"user_incl"_s, u"data_desa"_s, u"user_desa"_s});
+    givesKeys(*tabela, papel.gerador);
+    hasColumns(*kit::FindTable(u"PESS"_s), {papel.chave.toString()});
     for (const ColunaInicial& inicial : papel.iniciais)
-        temColunas(*tabela, {inicial.coluna.toString()});
+        hasColumns(*tabela, {inicial.coluna.toString()});
     if (papel.parametroTela)
-        temColunas(*tabela, {u"codi_empr"_s});
+        hasColumns(*tabela, {u"codi_empr"_s});
 }
 
 TEST_P(PapeisTest, HasItsTableOfContacts) {
@@ -65,22 +65,22 @@ TEST_P(PapeisTest, HasItsTableOfContacts) {
         << "contacts on the screen and in the base";
     if (!papel.contatos)
         return;
-    const kit::Table* tabela = tabelaDe(papel.contatos->tabela);
+    const kit::Table* tabela = tableOf(papel.contatos->tabela);
     ASSERT_TRUE(tabela);
     const QString nome = papel.contatos->tabela.toString();
-    temColunas(*tabela, {u"id"_s + nome, papel.chave.toString(), u"carg_"_s + nome, u"nome_"_s + nome,
+    hasColumns(*tabela, {u"id"_s + nome, papel.chave.toString(), u"carg_"_s + nome, u"nome_"_s + nome,
                          u"tele_"_s + nome, u"emai_"_s + nome, u"data_nasc"_s, u"data_incl"_s, u"user_incl"_s});
-    numera(*tabela, papel.contatos->gerador);
+    givesKeys(*tabela, papel.contatos->gerador);
 }
 
 TEST_P(PapeisTest, HasItsScreenItsButtonAndItsOption) {
     const Papel& papel = GetParam();
     ASSERT_TRUE(contexto().ConheceTela(QString::fromLatin1(papel.tela)));
     EXPECT_TRUE(dynamic_cast<TelaPapel*>(&contexto().Tela(QString::fromLatin1(papel.tela))));
-    const auto* botao = dynamic_cast<screen::Button*>(campo("frmPessoas", papel.botao));
+    const auto* botao = dynamic_cast<screen::Button*>(field("frmPessoas", papel.botao));
     ASSERT_TRUE(botao);
     EXPECT_TRUE(botao->Click);
-    const auto* opcao = dynamic_cast<screen::Option*>(campo("frmBROWSE_PESSOAS", papel.opcao));
+    const auto* opcao = dynamic_cast<screen::Option*>(field("frmBROWSE_PESSOAS", papel.opcao));
     ASSERT_TRUE(opcao);
     EXPECT_EQ(opcao->group(), u"papel"_s);
 }
@@ -105,8 +105,8 @@ INSTANTIATE_TEST_SUITE_P(Cada, PapeisTest, ::testing::ValuesIn(papeis),
 
 /// No role screen, role button or role option stands beside the table.
 TEST(Papeis, NothingIsARoleThatHasNoRow) {
-    TestPlatform plataforma;
-    Register registro(plataforma);
+    TestPlatform platform;
+    Register registro(platform);
     ContextoExecucao& contexto = registro.context();
     qsizetype telas = 0;
     for (const QString& nome : contexto.NomesTelas())

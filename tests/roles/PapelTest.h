@@ -67,6 +67,12 @@ class PapelTest : public ::testing::Test, protected World {
 /// The statement that reads a generator.
 QString GeneratorRead(const char* nome);
 
+/// What a role screen says behind a save, and in front of leaving one that has not come to its end.
+inline const QString saved = u"Registro Gravado com sucesso!"_s;
+inline const QString unfinished =
+    u"Existe operação não concluída!!!\n\n<Sim> Sair sem Concluir\n<Não> Retornar para a Operação Atual\n"
+    u"<Cancela> Retornar e Abortar a Operação Atual"_s;
+
 inline const QString identityRead = u"SELECT @@IDENTITY AS 'MAXROWID'"_s;
 
 } // namespace vorta::test

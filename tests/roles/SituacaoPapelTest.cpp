@@ -54,7 +54,9 @@ TEST_P(RoleState, DoesNotDeactivateOnNoNorTwice) {
     open(GetParam().tela, [&] { click("cmdEXCLUIR"); });
     roleRows(test::date(2026, 1, 2));
     open(GetParam().tela, [&] { click("cmdEXCLUIR"); });
-    EXPECT_EQ(lastBox().text, u"Impossibilidade de Executar o Comando!\nO Registro Já está como Desativado.");
+    EXPECT_EQ(platform.boxes.news(),
+              (QStringList{u"Deseja realmente Desativar?"_s,
+                           u"Impossibilidade de Executar o Comando!\nO Registro Já está como Desativado."_s}));
     EXPECT_EQ(takeWrites(), QStringList());
 }
 
@@ -82,6 +84,7 @@ TEST_P(RoleState, NoToReactivationReadsAgain) {
         click("cmdReativar");
         EXPECT_EQ(database.sent.filter(u"SELECT * FROM %1 "_s.arg(QLatin1StringView(GetParam().tabela))).size(), 1);
     });
+    EXPECT_EQ(platform.boxes.news(), QStringList(u"Deseja realmente Reativar Este Registro ?"_s));
     EXPECT_EQ(takeWrites(), QStringList());
 }
 
@@ -100,6 +103,7 @@ TEST_P(RoleState, ADeactivatedPersonComesFirst) {
     open(GetParam().tela, [&] { click("cmdReativar"); });
     if (!GetParam().conferePessoa) {
         EXPECT_FALSE(takeWrites().isEmpty());
+        EXPECT_EQ(platform.boxes.news(), QStringList(u"Deseja realmente Reativar Este Registro ?"_s));
         return;
     }
     EXPECT_EQ(lastBox().text, u"Atenção!!!\nO registro 'Pessoa' deverá ser reativado antes dessa operação!");

@@ -58,9 +58,7 @@ TEST_P(EveryRoleScreen, InclusionChangesButtonsAndNotice) {
         EXPECT_TRUE(field("cmdINCLUIR").enabled());
         EXPECT_TRUE(tela().isLoaded());
     });
-    EXPECT_EQ(lastBox().text,
-              u"Existe operação não concluída!!!\n\n<Sim> Sair sem Concluir\n<Não> Retornar para a Operação Atual\n"
-              u"<Cancela> Retornar e Abortar a Operação Atual");
+    EXPECT_EQ(lastBox().text, unfinished);
     EXPECT_EQ(lastBox().buttons, screen::Buttons::YesNoCancel);
 }
 
@@ -75,6 +73,7 @@ TEST_P(EveryRoleScreen, LeavingInTheMiddle) {
         click("cmdSAIR");
         EXPECT_FALSE(tela().isLoaded());
     });
+    EXPECT_EQ(platform.boxes.news(), (QStringList{unfinished, unfinished}));
     EXPECT_EQ(contexto.ModoTela, u"I");
 }
 
@@ -121,6 +120,7 @@ TEST_F(RoleScreen, AFailingInclusionGoesOnWhereItIsTrapped) {
         click("cmdINCLUIR");
     });
     EXPECT_TRUE(program.hasEnded());
+    EXPECT_EQ(failure(), errorNumber::TypeMismatch);
 }
 
 TEST_F(RoleScreen, LockedAndFreeFields) {
@@ -152,6 +152,7 @@ TEST_F(RoleScreen, CustomerNeverLocksItsFields) {
         click("cmdSAIR");
         EXPECT_EQ(textOf("txtLimiCred"), u"12,00");
     });
+    EXPECT_EQ(platform.boxes.news(), QStringList(unfinished));
 }
 
 TEST_F(RoleScreen, ClearingZeroesAmounts) {
@@ -298,10 +299,13 @@ TEST_F(RoleScreen, ARefusedEmailMayBeCorrectedOrKept) {
         platform.willAnswer(Answer::Yes);
         type("txtEmailContato", "ana");
         user.leave(tela());
-        EXPECT_EQ(lastBox().text, u"O e-mail digitado não passou na validação.\nVocê deseja corrigir?");
+        const QStringList told{u"O e-mail digitado tem menos de 5 caracterec!!!"_s,
+                               u"O e-mail digitado não passou na validação.\nVocê deseja corrigir?"_s};
+        EXPECT_EQ(platform.boxes.news(), told);
         EXPECT_EQ(focused(), u"txtEmailContato");
         platform.willAnswer(Answer::No);
         user.leave(tela());
+        EXPECT_EQ(platform.boxes.news(), told);
         EXPECT_EQ(focused(), u"");
         EXPECT_EQ(textOf("txtEmailContato"), u"ana");
     });
