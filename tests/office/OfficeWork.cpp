@@ -93,8 +93,8 @@ bool OfficeWork::alter(const QString& id, const QString& mark) {
     user.type(screen.txtRowID, id);
     user.click(screen.cmdPesquisar_Cliente);
     user.click(screen.cmdALTERAR);
-    while (screen.Flex.Rows() > 1 && !register_.program().hasEnded())
-        user.doubleClickCell(screen.Flex, 1, 2);
+    while (screen.contatos.Flex.Rows() > 1 && !register_.program().hasEnded())
+        user.doubleClickCell(screen.contatos.Flex, 1, 2);
     while (screen.FlexAtividades.Rows() > 1 && !register_.program().hasEnded())
         user.clickCell(screen.FlexAtividades, 1, 1);
     fillLists(mark);
@@ -105,9 +105,9 @@ void OfficeWork::fillLists(const QString& mark) {
     screen::User& user = register_.user();
     frmPessoas& screen = person();
     for (const char* contact : {"A", "B", "C"}) {
-        user.type(screen.cboTipoContato, u"Diretor"_s);
-        user.type(screen.txtNomeContato, mark + u' ' + QString::fromLatin1(contact));
-        user.click(screen.cmdIncluirContato);
+        user.type(screen.contatos.cboTipoContato, u"Diretor"_s);
+        user.type(screen.contatos.txtNomeContato, mark + u' ' + QString::fromLatin1(contact));
+        user.click(screen.contatos.cmdIncluirContato);
     }
     const auto [first, second] = branchesOf(mark, branches_.size());
     for (const qsizetype branch : {first, second}) {
@@ -135,7 +135,7 @@ QStringList OfficeWork::find(const QString& name) {
     if (screen.txtRowID.text().isEmpty())
         return {};
     user.click(screen.cmdPesquisar_Cliente);
-    return {screen.txtRowID.text(), screen.txtOBSE_PESS_0003.text(), QString::number(screen.Flex.Rows() - 1),
+    return {screen.txtRowID.text(), screen.txtOBSE_PESS_0003.text(), QString::number(screen.contatos.Flex.Rows() - 1),
             QString::number(screen.FlexAtividades.Rows() - 1)};
 }
 
