@@ -79,6 +79,7 @@ class PlanoBusca : public BuscaTest {
             forget();
             user.click(tela.cmdPesquisa);
             enviada = database.sent.value(0);
+            EXPECT_EQ(platform.boxes.news(), QStringList(nothingFound));
         });
         return enviada;
     }
