@@ -2,30 +2,51 @@
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
+# The "@" of a package's name stands for the engine's version (see engine_version).
 packages=(g++ cmake ninja-build git pkg-config
           qt6-base-dev qt6-base-dev-tools libqt6sql6-odbc libqt6svg6 libgl1-mesa-dev
-          firebird-dev firebird3.0-server-core firebird3.0-utils firebird3.0-server
+          firebird-dev firebird@-server-core firebird@-utils firebird@-server
           unixodbc-dev tdsodbc freetds-bin
           libgtest-dev libgmock-dev
           xvfb fonts-dejavu-core python3)
 
 as_root() { if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi; }
 
+lists_updated=
+update_lists() {
+    [ -n "$lists_updated" ] || as_root env DEBIAN_FRONTEND=noninteractive apt-get update -qq
+    lists_updated=yes
+}
+
+# "4.0": the version of the engine that this system develops for, whose packages carry it in their names.
+engine_version() { LC_ALL=C apt-cache policy firebird-dev | sed -nE 's/^ *Candidate: ([0-9]+\.[0-9]+)\..*/\1/p'; }
+
 # Installs what dpkg does not know as installed; quiet, so that the build's own words stay readable.
 install_packages() {
-    local missing=()
-    for package in "$@"; do
+    local missing=() engine
+    [ -n "$(engine_version)" ] || update_lists
+    engine=$(engine_version)
+    for package in "${@//@/$engine}"; do
         dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q '^install ok installed$' || missing+=("$package")
     done
     [ ${#missing[@]} = 0 ] && return
     echo "Installing ${missing[*]}"
-    # The server package would start a service and ask for a password; only its binary is used.
-    printf '#!/bin/sh\nexit 101\n' | as_root tee /usr/sbin/policy-rc.d >/dev/null
-    as_root chmod +x /usr/sbin/policy-rc.d
-    as_root env DEBIAN_FRONTEND=noninteractive apt-get update -qq
+    update_lists
+    # The server package would start a service; only its program is used. A machine that has a rule for services keeps it.
+    local rule=/usr/sbin/policy-rc.d ours=
+    if [ ! -e "$rule" ]; then
+        ours=yes
+        printf '#!/bin/sh\nexit 101\n' | as_root tee "$rule" >/dev/null
+        as_root chmod +x "$rule"
+    fi
+    local log status=0
+    log=$(mktemp)
     as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" \
-        >/tmp/vorta-packages.log 2>&1 || { cat /tmp/vorta-packages.log; exit 1; }
-    as_root rm -f /usr/sbin/policy-rc.d
+        >"$log" 2>&1 || status=$?
+    [ -z "$ours" ] || as_root rm -f "$rule"
+    [ $status = 0 ] || cat "$log"
+    rm -f "$log"
+    return $status
 }
 
 # build_preset PRESET [TARGET...]
@@ -34,7 +55,7 @@ build_preset() {
     shift
     local launcher=()
     command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
-    (cd "$root" && cmake --preset "$preset" "${launcher[@]}" >/tmp/vorta-configure.log 2>&1) ||
-        { cat /tmp/vorta-configure.log; exit 1; }
+    local told
+    told=$(cd "$root" && cmake --preset "$preset" "${launcher[@]}" 2>&1) || { echo "$told"; exit 1; }
     (cd "$root" && cmake --build --preset "$preset" -j"$(nproc)" ${1:+--target "$@"})
 }
