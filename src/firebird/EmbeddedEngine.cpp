@@ -150,16 +150,18 @@ void CreateDatabase(const QString& connectionString, const DatabaseOptions& opti
     opening([&] {
         Parameters parameters(text);
         parameters.add(isc_dpb_page_size, options.pageSize);
-        parameters.add(isc_dpb_set_db_charset, options.characterSet);
         parameters.add(isc_dpb_force_write, options.forcedWrites ? 1 : 0);
         Status status;
         Handle<Firebird::IAttachment> database(provider()->createDatabase(&status, text.database.toUtf8().constData(),
                                                                           parameters.length(), parameters.bytes()));
-        const QByteArray collation =
-            u"ALTER CHARACTER SET %1 SET DEFAULT COLLATION %2"_s.arg(options.characterSet, options.collation).toUtf8();
+        // By statements: given as a parameter, the character set of a new database has not yet its new collation for
+        // the first who makes tables in version 4.
         Handle<Firebird::ITransaction> transaction(database->startTransaction(&status, 0, nullptr));
-        database->execute(&status, transaction.get(), 0, collation.constData(), SQL_DIALECT_V6, nullptr, nullptr,
-                          nullptr, nullptr);
+        for (const QString& setting :
+             {u"ALTER DATABASE SET DEFAULT CHARACTER SET %1"_s.arg(options.characterSet),
+              u"ALTER CHARACTER SET %1 SET DEFAULT COLLATION %2"_s.arg(options.characterSet, options.collation)})
+            database->execute(&status, transaction.get(), 0, setting.toUtf8().constData(), SQL_DIALECT_V6, nullptr,
+                              nullptr, nullptr, nullptr);
         EndWith(transaction, [&](auto* open) { open->commit(&status); });
         EndWith(database, [&](auto* open) { open->detach(&status); });
     });
