@@ -1,4 +1,4 @@
-# A Debian package, once the two programs are built: cpack --config build/release/CPackConfig.cmake -B build/package
+# A Debian package: scripts/package builds the two programs and makes it.
 set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)
 include(GNUInstallDirs)
 
@@ -11,6 +11,19 @@ install(FILES packaging/pessoas.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/app
 install(FILES packaging/vorta-pessoas.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 install(FILES docs/cep.md docs/instalacao.md docs/manual.md docs/servidor.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/vorta-pessoas)
 install(DIRECTORY docs/imagens DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/vorta-pessoas)
+install(FILES packaging/debian/copyright packaging/debian/README.Debian DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/vorta-pessoas)
+
+# install_compressed(FILE NAME FOLDER): as a distribution wants its longer texts, without the time of the machine.
+function(install_compressed file name folder)
+  set(compressed ${CMAKE_BINARY_DIR}/package-texts/${name}.gz)
+  file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/package-texts)
+  execute_process(COMMAND gzip -9nc ${CMAKE_SOURCE_DIR}/${file} OUTPUT_FILE ${compressed} COMMAND_ERROR_IS_FATAL ANY)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${file})
+  install(FILES ${compressed} DESTINATION ${CMAKE_INSTALL_DATADIR}/${folder})
+endfunction()
+install_compressed(packaging/debian/changelog changelog doc/vorta-pessoas)
+install_compressed(packaging/man/pessoas.1 pessoas.1 man/man1)
+install_compressed(packaging/man/pessoas-base.1 pessoas-base.1 man/man1)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME vorta-pessoas)
@@ -25,6 +38,10 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION database)
 # Libraries are found from the programs themselves; the engine and the drivers are loaded at run time, so they are named here.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "firebird3.0-server-core, firebird3.0-utils")
+# The engine's packages carry its version in their names; its header tells that of the client library ("40" for 4.0).
+find_file(VORTA_ENGINE_HEADER ibase.h REQUIRED)
+file(STRINGS ${VORTA_ENGINE_HEADER} engine REGEX "define FB_API_VER ")
+string(REGEX REPLACE ".*FB_API_VER ([0-9]+)([0-9]).*" "\\1.\\2" engine "${engine}")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "firebird${engine}-server-core, firebird${engine}-utils")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libqt6sql6-odbc, tdsodbc, qt6-qpa-plugins")
 include(CPack)
