@@ -30,8 +30,10 @@ set(CPACK_PACKAGE_NAME vorta-pessoas)
 set(CPACK_PACKAGE_CONTACT "Nexoria <suporte@nexoria.example>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Register of persons of the VORTA ERP")
 set(CPACK_PACKAGE_DESCRIPTION
-    "Keeps the master record of every person that a company deals with and its roles: customer, supplier, carrier, driver, salesperson, \
-architect and decorator. Works on Firebird, in the same machine or on a server, and on SQL Server.")
+    "Keeps the master record of every person that a company deals with and its
+roles: customer, supplier, carrier, driver, salesperson, architect and
+decorator. Works on Firebird, in the same machine or on a server, and on SQL
+Server.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)

@@ -56,8 +56,9 @@ RuntimeError ToRuntimeError(const Firebird::FbException& failure, const QString&
 
 RuntimeError ToOpenError(const Firebird::FbException& failure) {
     const Failure told = read(failure);
-    const QString words = OpenFailureWords(*failure.getStatus()).value_or(told.words);
-    return {errorNumber::ConnectionFailed, words, told.code, QString::fromLatin1(told.sqlState), {}};
+    if (const std::optional<QString> words = OpenFailureWords(*failure.getStatus()))
+        return RuntimeError(errorNumber::ConnectionFailed, *words);
+    return {errorNumber::ConnectionFailed, told.words, told.code, QString::fromLatin1(told.sqlState), {}};
 }
 
 } // namespace vorta::firebird

@@ -58,7 +58,7 @@ class Status {
 /// lost, -2147217900 for any other, with the engine's own words, code and SQLSTATE.
 RuntimeError ToRuntimeError(const Firebird::FbException& failure, const QString& statement);
 /// The same for a connection that could not be opened, whatever its reason: always -2147467259; in the program's own
-/// words for a database file of another version of the engine.
+/// words, and without the engine's code, for what `OpenFailureWords` knows.
 RuntimeError ToOpenError(const Firebird::FbException& failure);
 
 /// Does `work`, its engine failures told as `RuntimeError` of that statement.

@@ -44,8 +44,9 @@ QString wrongVersion(const QString& base, DiskStructure found, DiskStructure sup
     if (found > supported)
         return u"A base %1 é do %2, mais novo que o motor em uso, o %3; ela só abre com o %2 ou um mais novo"_s.arg(
             base, maker, here);
-    return u"A base %1 é do %2, e o motor em uso é o %3. Para trazê-la: com o %2, copie a base "
-           "(pessoas-base backup); com o %3, restaure a cópia (pessoas-base restore)"_s.arg(base, maker, here);
+    return u"A base %1 é do %2, e o motor em uso é o %3. Para trazê-la, copie-a onde houver o %2 "
+           "(pessoas-base backup --home PASTA --base NOME CÓPIA) e restaure a cópia aqui "
+           "(pessoas-base restore --home PASTA --base NOME --replace CÓPIA)"_s.arg(base, maker, here);
 }
 
 } // namespace
