@@ -40,6 +40,13 @@ bool namesServer(const QString& database) {
     return database.indexOf(u':') > 1;
 }
 
+/// Where the path begins: behind "host:", "host/port:", "[address]:" or "inet://host:port/".
+qsizetype beginOfPath(const QString& database) {
+    if (const qsizetype scheme = database.indexOf(u"://"_s); scheme > 0)
+        return database.indexOf(u'/', scheme + 3) + 1;
+    return database.indexOf(u':', database.startsWith(u'[') ? database.indexOf(u']') : 0) + 1;
+}
+
 } // namespace
 
 ConnectionText ReadConnectionText(const QString& text) {
@@ -70,7 +77,14 @@ ConnectionText ReadConnectionText(const QString& text) {
         if (read.user.isEmpty())
             read.user = u"SYSDBA"_s;
     }
+    const qsizetype begin = read.embedded ? 0 : beginOfPath(read.database);
+    read.server = read.database.first(begin);
+    read.path = read.database.sliced(begin);
     return read;
+}
+
+QString ConnectionText::of(const QString& otherPath) const {
+    return u"database=\"%1\";user=\"%2\";password=\"%3\";role=\"%4\""_s.arg(server + otherPath, user, password, role);
 }
 
 } // namespace vorta::firebird

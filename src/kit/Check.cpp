@@ -6,7 +6,8 @@
 #include "base/ServerLine.h"
 #include "base/Text.h"
 #include "data/EngineTags.h"
-#include "kit/ConfigFiles.h"
+#include "kit/Bases.h"
+#include "kit/FaultWords.h"
 #include "kit/Loader.h"
 
 #include <QFile>
@@ -16,18 +17,6 @@
 namespace vorta::kit {
 
 namespace {
-
-/// Where the files are looked for: the configured folder first, then the fixed one.
-struct Places {
-    explicit Places(const Layout& given) : layout(given) {}
-    const Layout& layout;
-    QString root;
-
-    QString find(const QString& name) const {
-        const QString configured = root + u"config/"_s + name;
-        return !root.isEmpty() && QFile::exists(configured) ? configured : layout.config(name);
-    }
-};
 
 class Checker {
   public:
@@ -120,7 +109,7 @@ class Checker {
             if (qsizetype(findings_.size()) == before)
                 good(u"%1: conexão, tabelas, colunas e geradores"_s.arg(what));
         } catch (const RuntimeError& error) {
-            bad(u"%1: a base não abre (%2)"_s.arg(what, error.description()));
+            bad(u"%1: a base não abre (%2)"_s.arg(what, FaultWords(error)));
         }
     }
 

@@ -2,6 +2,7 @@
 #include "kit/Installed.h"
 
 #include <QDir>
+#include <QFile>
 #include <QProcess>
 #include <gtest/gtest.h>
 
@@ -30,10 +31,26 @@ QStringList words(const char* line) {
 } // namespace
 
 TEST(Program, wrong_use_ends_in_2_and_tells_the_right_one) {
-    for (const char* line :
-         {"", "outro", "create", "create --home", "create --home /x --gente 5", "create --home /x --people muitas",
-          "create --home /x --people 1000001", "create --home /x --seed -", "ddl", "ddl oracle", "cep --home /x",
-          "check", "check --home /x y"}) {
+    for (const char* line : {"",
+                             "outro",
+                             "create",
+                             "create --home",
+                             "create --home /x --gente 5",
+                             "create --home /x --people muitas",
+                             "create --home /x --people 1000001",
+                             "create --home /x --seed -",
+                             "ddl",
+                             "ddl oracle",
+                             "cep --home /x",
+                             "check",
+                             "check --home /x y",
+                             "backup --home /x",
+                             "backup --home /x --base OUTRA y",
+                             "backup x",
+                             "restore --home /x",
+                             "restore --home /x --replace",
+                             "verify",
+                             "verify --home /x y"}) {
         const Outcome outcome = run(words(line));
         EXPECT_EQ(outcome.code, 2) << line;
         EXPECT_TRUE(outcome.error.startsWith(u"uso: pessoas-base create"_s)) << line;
@@ -51,6 +68,40 @@ TEST(Program, creates_checks_and_refuses_a_second_time) {
     EXPECT_EQ(again.code, 1);
     EXPECT_EQ(again.error, u"Já existe uma instalação em "_s + home + u"; nada foi alterado\n"_s);
     EXPECT_EQ(run({u"check"_s, u"--home"_s, home}).code, 0);
+}
+
+TEST(Program, copies_verifies_and_restores) {
+    const Installed installed = Installed::copyOf(Installed::plain());
+    const QString home = installed.home(), file = home + u"/copia.fbk"_s;
+    const Outcome copied = run({u"backup"_s, u"--home"_s, home, file});
+    EXPECT_EQ(copied.code, 0) << copied.error;
+    EXPECT_EQ(copied.out, u"Base PRD copiada para %1 (%2 bytes)\n"_s.arg(file, QString::number(QFile(file).size())));
+    EXPECT_EQ(run({u"backup"_s, u"--home"_s, home, file}).code, 1);
+    const Outcome verified = run({u"verify"_s, u"--home"_s, home, u"--base"_s, u"prd"_s});
+    EXPECT_EQ(verified.code, 0);
+    EXPECT_EQ(verified.out, u"ok     páginas, registros e índices da base inteira\n"
+                            "ok     contatos, ramos de atividade e vínculos: todos com a sua pessoa\n"
+                            "Nenhuma falta encontrada\n"_s);
+    EXPECT_EQ(run({u"restore"_s, u"--home"_s, home, file}).code, 1);
+    const Outcome restored = run({u"restore"_s, u"--home"_s, home, u"--replace"_s, file});
+    EXPECT_EQ(restored.code, 0) << restored.error;
+    EXPECT_TRUE(restored.out.startsWith(u"Base PRD restaurada e verificada: "_s + installed.production()))
+        << restored.out;
+}
+
+TEST(Program, a_failure_of_the_engine_is_told_in_the_programs_words) {
+    const Installed installed = Installed::copyOf(Installed::plain());
+    installed.write(u"base/historico.fdb"_s, QByteArray(100'000, 'x'));
+    QFile::remove(installed.production());
+    const QString file = installed.home() + u"/copia.fbk"_s;
+    EXPECT_EQ(run({u"backup"_s, u"--home"_s, installed.home(), file}).error,
+              u"Um arquivo da base não existe ou não pode ser lido ou gravado\n"_s);
+    EXPECT_EQ(run({u"backup"_s, u"--home"_s, installed.home(), u"--base"_s, u"HIST"_s, file}).error,
+              u"O arquivo não é uma base, ou está danificado\n"_s);
+    EXPECT_FALSE(QFile::exists(file));
+    const Outcome checked = run({u"check"_s, u"--home"_s, installed.home()});
+    EXPECT_EQ(checked.code, 1);
+    EXPECT_TRUE(checked.out.endsWith(u"\n2 faltas encontradas\n"_s)) << checked.out;
 }
 
 TEST(Program, a_place_that_cannot_be_written_ends_in_1) {

@@ -1,0 +1,80 @@
+#include "kit/program/Command.h"
+
+#include "base/RuntimeError.h"
+#include "firebird/EmbeddedEngine.h"
+#include "kit/Bases.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <unistd.h>
+
+namespace vorta::program {
+
+Arguments::Arguments(const QStringList& words, const QStringList& withValue, const QStringList& without) {
+    for (qsizetype i = 0; i < words.size(); ++i) {
+        const QString& word = words[i];
+        if (withValue.contains(word) && i + 1 < words.size())
+            options_[word] = words[++i];
+        else if (without.contains(word))
+            options_[word] = {};
+        else if (word.startsWith(u"--"))
+            wrong_ = true;
+        else
+            rest_ << word;
+    }
+}
+
+QString Arguments::value(const QString& option, const QString& otherwise) const {
+    const auto found = options_.find(option);
+    return found == options_.end() ? otherwise : found->second;
+}
+
+QString Arguments::base() const {
+    return value(u"--base"_s, kit::BaseNames().front()).toUpper();
+}
+
+bool Arguments::right(qsizetype words) const {
+    return !wrong_ && rest_.size() == words && !home().isEmpty() && kit::BaseNames().contains(base());
+}
+
+void Say(FILE* where, const QString& line) {
+    std::fprintf(where, "%s\n", qUtf8Printable(line));
+}
+
+Outcome Report(const std::vector<kit::Finding>& findings) {
+    for (const kit::Finding& finding : findings)
+        Say(stdout, (finding.right ? u"ok     "_s : u"FALTA  "_s) + finding.words);
+    const auto faults = std::count_if(findings.begin(), findings.end(), [](const auto& each) { return !each.right; });
+    Say(stdout, faults == 0   ? u"Nenhuma falta encontrada"_s
+                : faults == 1 ? u"1 falta encontrada"_s
+                              : u"%1 faltas encontradas"_s.arg(faults));
+    return faults == 0 ? succeeded : failed;
+}
+
+void PrepareInstallation(const QString& home) {
+    const kit::Layout layout(home);
+    if (!QFile::exists(layout.config(u"server_aplic.ini"_s)) && !QFile::exists(layout.config(u"server.ini"_s)))
+        throw RuntimeError(errorNumber::FileNotFound, u"%1 não contém uma instalação"_s.arg(layout.home));
+    firebird::PrepareEmbeddedEngine(layout.home);
+}
+
+void ProgressLine::operator()(const QString& what, qint64 done, qint64 all) {
+    constexpr qint64 readable = 200;
+    static const bool terminal = isatty(STDERR_FILENO);
+    if (!terminal || (since_.isValid() && since_.elapsed() < readable && done != all))
+        return;
+    since_.start();
+    const QString line = all > 0    ? u"%1: %2 de %3"_s.arg(what).arg(done).arg(all)
+                         : done > 0 ? u"%1: %2"_s.arg(what).arg(done)
+                                    : what;
+    std::fprintf(stderr, "\r\033[K%s", qUtf8Printable(line));
+    shown_ = true;
+}
+
+ProgressLine::~ProgressLine() {
+    if (shown_)
+        std::fputc('\n', stderr);
+}
+
+} // namespace vorta::program
