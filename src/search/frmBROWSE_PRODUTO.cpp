@@ -245,19 +245,19 @@ void frmBROWSE_PRODUTO::Flex_Click() {
         return;
     GuardaUltimaBusca();
     MostraImagemLocal({});
-    if (!contexto_.platform().fileExists(contexto_.ImagemProduto)) {
+    bool temImagem = ExisteImagemDoCodigo(contexto_, contexto_.CaminhoImagens, contexto_.ImagemProduto);
+    if (!temImagem) {
         const QString id = TextoColuna(colunaId);
         contexto_.ImagemProduto = RetornaCaminhoImagem(contexto_, id, u"LocalThumb"_s);
         contexto_.ImagemProdutoDetalhe = RetornaCaminhoImagem(contexto_, id, u"LocalNatural"_s);
+        temImagem = ExisteImagemGuardada(contexto_, contexto_.ImagemProduto);
     }
-    const bool temImagem =
-        !contexto_.ImagemProduto.isEmpty() && contexto_.platform().fileExists(contexto_.ImagemProduto);
     Image1.loadPicture(temImagem ? contexto_.ImagemProduto : contexto_.ImagemSemFoto);
 }
 
 void frmBROWSE_PRODUTO::cmdImagem1_Click(screen::Button& botao) {
     MostraImagemLocal(botao.text() == u"1" ? QString() : u'_' + botao.text());
-    const bool temImagem = contexto_.platform().fileExists(contexto_.ImagemProduto);
+    const bool temImagem = ExisteImagemDoCodigo(contexto_, contexto_.CaminhoImagens, contexto_.ImagemProduto);
     Image1.loadPicture(temImagem ? contexto_.ImagemProduto : contexto_.ImagemSemFoto);
     for (screen::Button* outro : BotoesImagem()) {
         outro->setBold(false);
@@ -268,7 +268,7 @@ void frmBROWSE_PRODUTO::cmdImagem1_Click(screen::Button& botao) {
 
 /// The large picture opens in the desktop's own viewer.
 void frmBROWSE_PRODUTO::Image1_DblClick() {
-    if (contexto_.platform().fileExists(contexto_.ImagemProdutoDetalhe))
+    if (AbreNaAreaDeTrabalho(contexto_, contexto_.ImagemProdutoDetalhe))
         contexto_.platform().openAddress(
             QUrl::fromLocalFile(screen::Platform::localPath(contexto_.ImagemProdutoDetalhe)).toString());
 }
@@ -294,15 +294,20 @@ void frmBROWSE_PRODUTO::Flex_DblClick() {
         chamadora.SetFocus(chamadora.field(QString::fromLatin1(retorno->foco)));
 }
 
+/// A text inside an element or an attribute in apostrophes.
+static QString EscapadoHTML(const QString& texto) {
+    return texto.toHtmlEscaped().replace(u'\'', u"&#39;"_s);
+}
+
 QString frmBROWSE_PRODUTO::MontaDetalheHTML() {
     QString html = u"<TABLE BORDER CELLPADDING='2'>"_s;
     for (int linha = 1; linha < Flex.Rows(); ++linha) {
         Flex.setRow(linha);
         html += u"<TR style='FONT-WEIGHT: bold; FONT-SIZE: 8pt; FONT-FAMILY: Tahoma; FONT-VARIANT: small'>"_s +
                 u"<TD width=30%><P ALIGN=Center>"_s + u"<IMG SRC='"_s +
-                LocalizaImagemProduto(contexto_, Flex.currentText()) + u"'></TD>"_s;
-        html += u"<TD width=30%>"_s + TextoColuna(colunaCodigo) + u"</TD>"_s;
-        html += u"<TD width=40%>"_s + TextoColuna(colunaDescricao) + u"</TD>"_s;
+                EscapadoHTML(LocalizaImagemProduto(contexto_, Flex.currentText())) + u"'></TD>"_s;
+        html += u"<TD width=30%>"_s + EscapadoHTML(TextoColuna(colunaCodigo)) + u"</TD>"_s;
+        html += u"<TD width=40%>"_s + EscapadoHTML(TextoColuna(colunaDescricao)) + u"</TD>"_s;
         html += u"</TR>"_s;
     }
     return html + u"</TABLE>"_s;

@@ -51,6 +51,12 @@ bool CepAtivo(ContextoExecucao& contexto);
 /// Path of a product's picture kept in the product's row; `tipo` "LocalThumb", "LocalNatural", "WEBThumb" or
 /// "WEBNatural".
 QString RetornaCaminhoImagem(ContextoExecucao& contexto, const QString& id, const QString& tipo);
+/// The picture of a file that a product's code names: only one below its folder, whatever the code says.
+bool ExisteImagemDoCodigo(const ContextoExecucao& contexto, const QString& pasta, const QString& arquivo);
+/// A file that a row of the database calls a picture, when it is there and is one by its name.
+bool ExisteImagemGuardada(const ContextoExecucao& contexto, const QString& arquivo);
+/// A picture that may be handed to the desktop, which opens files of any kind: one of the two configured folders.
+bool AbreNaAreaDeTrabalho(const ContextoExecucao& contexto, const QString& arquivo);
 /// Path of the picture to show for a product code, also left in `ImagemProduto`: the file by its code, the path of its
 /// row, or the picture for a missing photo.
 QString LocalizaImagemProduto(ContextoExecucao& contexto, const QString& codigo);

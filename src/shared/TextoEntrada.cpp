@@ -3,6 +3,8 @@
 #include "base/Literals.h"
 #include "base/Text.h"
 
+#include <QUrl>
+
 namespace vorta {
 
 namespace {
@@ -76,8 +78,11 @@ void LimpaMascara(screen::MaskedField& campo) {
 
 void AbreEmail(ContextoExecucao& contexto, const QString& endereco) {
     const QString aparado = Trim(endereco);
-    if (!aparado.isEmpty())
-        contexto.platform().openAddress(u"mailto:"_s + LCase(aparado));
+    if (aparado.isEmpty())
+        return;
+    // One address: what would divide it from a second one, or begin a header, is a part of it.
+    const QByteArray codificado = QUrl::toPercentEncoding(LCase(aparado), "@+!$*'/");
+    contexto.platform().openAddress(u"mailto:"_s + QString::fromLatin1(codificado));
 }
 
 void TrimCamposTexto(screen::Screen& tela) {

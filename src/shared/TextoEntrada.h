@@ -25,7 +25,8 @@ void EnviaComando(ContextoExecucao& contexto, const data::Statement& comando);
 void SelecionaTexto(screen::Screen& tela);
 /// Empties a masked field and keeps its mask.
 void LimpaMascara(screen::MaskedField& campo);
-/// Hands a "mailto:" address, in lower case, to the desktop; a blank address does nothing.
+/// Hands a "mailto:" address, in lower case, to the desktop; a blank address does nothing. It is one address whatever
+/// stands in it.
 void AbreEmail(ContextoExecucao& contexto, const QString& endereco);
 /// Trims the text of every field whose name begins with "txt".
 void TrimCamposTexto(screen::Screen& tela);

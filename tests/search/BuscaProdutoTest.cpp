@@ -486,6 +486,38 @@ TEST_F(BuscaProdutoTest, TheFoundProductsAsATable) {
     });
 }
 
+TEST_F(BuscaProdutoTest, NothingOfAProductBecomesAPartOfThePage) {
+    responde({produto(7, "<b>'7&", "<script>alert(\"1\")</script>")});
+    existe("/img/<b>'7&.bmp");
+    busca([&](Tela& tela) {
+        user.click(tela.cmdPesquisa);
+        tela.Flex.setCol(1);
+        const QString html = tela.MontaDetalheHTML();
+        EXPECT_TRUE(html.contains(u"<IMG SRC='/img/&lt;b&gt;&#39;7&amp;.bmp'></TD>"_s)) << html;
+        EXPECT_TRUE(html.contains(u"<TD width=30%>&lt;b&gt;&#39;7&amp;</TD>"_s)) << html;
+        EXPECT_TRUE(html.contains(u"<TD width=40%>&lt;script&gt;alert(&quot;1&quot;)&lt;/script&gt;</TD>"_s)) << html;
+    });
+}
+
+TEST_F(BuscaProdutoTest, OnlyPicturesOfTheirFoldersAreHandedToTheDesktop) {
+    responde({produto(8, "P-8", "BANCO")});
+    for (const char* arquivo :
+         {"/fora/8.bmp", "/grande/8.sh", "/grande/../fora/8.bmp", "/grande/sub/8.JPG", "/img/8.png"})
+        existe(arquivo);
+    busca([&](Tela& tela) {
+        user.click(tela.cmdPesquisa);
+        for (const char* guardado :
+             {"/fora/8.bmp", "/grande/8.sh", "/grande/../fora/8.bmp", "/grande/sub/8.JPG", "/img/8.png"}) {
+            database.answer(
+                u"FROM PROD WHERE IDPROD=8"_s,
+                {{u"CAMINHO_ARQ_LOCAL_THUMB"_s, u"CAMINHO_ARQ_LOCAL_NATURAL"_s}, {{text(""), text(guardado)}}});
+            user.clickCell(tela.Flex, 1, 5);
+            user.doubleClick(tela.Image1);
+        }
+        EXPECT_EQ(platform.addresses, (QStringList{u"file:///grande/sub/8.JPG"_s, u"file:///img/8.png"_s}));
+    });
+}
+
 TEST_F(BuscaProdutoTest, AnOldPageOfProductsIsRemoved) {
     fileExists("/paginas/pesquisa_produtos.html");
     openSearch([&](Tela& tela) {
