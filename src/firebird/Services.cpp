@@ -3,6 +3,7 @@
 #include "base/Literals.h"
 #include "firebird/Client.h"
 #include "firebird/EmbeddedEngine.h"
+#include "firebird/OpenFailure.h"
 
 #include <QDeadlineTimer>
 #include <QDir>
@@ -106,6 +107,27 @@ Answer read(const std::vector<unsigned char>& buffer) {
         }
     }
     return answer;
+}
+
+/// True when the system refused a write for want of room.
+bool IsDiskFull(const Firebird::IStatus& failure) {
+    for (const intptr_t* item = failure.getErrors(); item[0] != isc_arg_end; item += item[0] == isc_arg_cstring ? 3 : 2)
+        if (item[0] == isc_arg_unix && item[1] == ENOSPC)
+            return true;
+    return false;
+}
+
+/// Does `work`; what has words of its own is told in them.
+template <typename Work>
+auto told(Work work) {
+    constexpr int diskFull = 61;
+    try {
+        return work();
+    } catch (const Firebird::FbException& failure) {
+        if (IsDiskFull(*failure.getStatus()))
+            throw RuntimeError(diskFull, u"O disco está cheio"_s);
+        throw OpenFailureWords(*failure.getStatus()) ? ToOpenError(failure) : ToRuntimeError(failure, {});
+    }
 }
 
 /// The threads of this process, as the system numbers them; none where it does not tell.
@@ -254,7 +276,7 @@ Validation readTables(const QString& report) {
 } // namespace
 
 void BackUp(const ConnectionText& base, const CopySink& sink) {
-    Translated({}, [&] {
+    told([&] {
         Service service(base);
         Block block(Firebird::IXpbBuilder::SPB_START);
         block.tag(isc_action_svc_backup)
@@ -267,7 +289,7 @@ void BackUp(const ConnectionText& base, const CopySink& sink) {
 }
 
 void Restore(const ConnectionText& base, const CopySource& source) {
-    Translated({}, [&] {
+    told([&] {
         Service service(base);
         Block block(Firebird::IXpbBuilder::SPB_START);
         block.tag(isc_action_svc_restore)
@@ -280,7 +302,7 @@ void Restore(const ConnectionText& base, const CopySource& source) {
 }
 
 Validation ValidateAlone(const ConnectionText& base) {
-    return Translated({}, [&] {
+    return told([&] {
         Block block(Firebird::IXpbBuilder::SPB_START);
         block.tag(isc_action_svc_repair)
             .text(isc_spb_dbname, base.path)
@@ -290,7 +312,7 @@ Validation ValidateAlone(const ConnectionText& base) {
 }
 
 Validation ValidateShared(const ConnectionText& base) {
-    return Translated({}, [&] {
+    return told([&] {
         Block block(Firebird::IXpbBuilder::SPB_START);
         block.tag(isc_action_svc_validate)
             .text(isc_spb_dbname, base.path)
@@ -300,7 +322,7 @@ Validation ValidateShared(const ConnectionText& base) {
 }
 
 void ShutDown(const ConnectionText& base) {
-    Translated({}, [&] {
+    told([&] {
         Block block(Firebird::IXpbBuilder::SPB_START);
         block.tag(isc_action_svc_properties)
             .text(isc_spb_dbname, base.path)
@@ -313,7 +335,7 @@ void ShutDown(const ConnectionText& base) {
 void Drop(const ConnectionText& base) {
     constexpr int secondsToOpen = 15;
     Handle<Firebird::IAttachment> attachment = Attach(base.of(base.path), secondsToOpen);
-    Translated({}, [&] {
+    told([&] {
         Status status;
         EndWith(attachment, [&](auto* open) { open->dropDatabase(&status); });
     });

@@ -6,7 +6,9 @@
 #include "base/ServerLine.h"
 #include "base/Text.h"
 #include "data/EngineTags.h"
+#include "firebird/ConnectionText.h"
 #include "kit/Bases.h"
+#include "kit/Copies.h"
 #include "kit/FaultWords.h"
 #include "kit/Loader.h"
 
@@ -18,9 +20,12 @@ namespace vorta::kit {
 
 namespace {
 
+/// A copy that is older than this is told as a fault.
+constexpr qint64 daysOfACopy = 7;
+
 class Checker {
   public:
-    explicit Checker(const QString& home) : layout_(home), places_(layout_) {}
+    Checker(const QString& home, const QDateTime& now) : layout_(home), places_(layout_), now_(now) {}
 
     std::vector<Finding> run() {
         if (!checkRoot())
@@ -71,6 +76,48 @@ class Checker {
         for (qsizetype i = 0; i < Environments().size(); ++i)
             checkLine(u"ambiente %1 (linha %2 de %3)"_s.arg(Environments()[i].name).arg(i + 1).arg(path),
                       lines->value(i), Base::Main);
+        checkCopy(Environments().front().name, lines->value(0));
+    }
+
+    /// The base of everyday work needs a copy that is not old; one that has none yet counts from its creation.
+    void checkCopy(const QString& name, const QString& line) {
+        const ServerLine server(line);
+        if (!data::TagOpens(server.tag(), data::Engine::Firebird))
+            return;
+        const std::optional<Copy> last = LastCopy(layout_.home, name);
+        const QDateTime since = last ? last->when : creationOf(server.firebirdConnection);
+        if (!since.isValid())
+            return; // it does not open, and that has been told
+        const qint64 days = since.daysTo(now_);
+        const QString way = u"use: pessoas-base backup --home %1 ARQUIVO"_s.arg(layout_.home);
+        const QString when = since.toLocalTime().toString(u"dd/MM/yyyy hh:mm"_s);
+        if (last)
+            tell(
+                days <= daysOfACopy, u"última cópia de segurança da base %1: %2 (%3)"_s.arg(name, when, last->file),
+                u"a última cópia de segurança da base %1 é de %2, há %3 dias; %4"_s.arg(name, when).arg(days).arg(way));
+        else
+            tell(days <= daysOfACopy, u"base %1, criada em %2, ainda sem cópia de segurança"_s.arg(name, when),
+                 u"a base %1, criada em %2, não tem nenhuma cópia de segurança; %3"_s.arg(name, when, way));
+    }
+
+    static QDateTime creationOf(const QString& connection) {
+        try {
+            const QString told =
+                Loader(connection).rows(u"SELECT CAST(MON$CREATION_DATE AS VARCHAR(60)) FROM MON$DATABASE"_s)[0][0];
+            return QDateTime::fromString(told.first(19), u"yyyy-MM-dd hh:mm:ss"_s);
+        } catch (const RuntimeError&) {
+            return {};
+        }
+    }
+
+    /// Who can read a base file needs no password for anything in it.
+    void checkBaseRights(const QString& what, const QString& connection) {
+        const firebird::ConnectionText base = firebird::ReadConnectionText(connection);
+        if (base.embedded && QFileInfo(base.path).permissions() & (QFile::ReadOther | QFile::WriteOther))
+            bad(u"%1: o arquivo %2 pode ser lido por qualquer usuário; use: chmod 660 %2"_s.arg(what, base.path));
+        const QString folder = QFileInfo(base.path).path();
+        if (base.embedded && QFileInfo(folder).permissions() & QFile::WriteOther)
+            bad(u"%1: a pasta %2 pode ser gravada por qualquer usuário; use: chmod o-w %2"_s.arg(what, folder));
     }
 
     void checkPostalCodes() {
@@ -100,6 +147,7 @@ class Checker {
 
     void checkBase(const QString& what, const QString& connection, Base base) {
         try {
+            checkBaseRights(what, connection);
             Loader loader(connection);
             const qsizetype before = qsizetype(findings_.size());
             checkTables(loader, what, base);
@@ -192,13 +240,14 @@ class Checker {
 
     Layout layout_;
     Places places_;
+    QDateTime now_;
     std::vector<Finding> findings_;
 };
 
 } // namespace
 
-std::vector<Finding> CheckInstallation(const QString& home) {
-    return Checker(home).run();
+std::vector<Finding> CheckInstallation(const QString& home, const QDateTime& now) {
+    return Checker(home, now).run();
 }
 
 } // namespace vorta::kit

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDateTime>
 #include <QString>
 
 #include <vector>
@@ -13,8 +14,8 @@ struct Finding {
 };
 
 /// Looks at everything that the register needs from an installation: files and their rights, connections, tables,
-/// columns, generators, reference data, pictures. Changes nothing. The embedded engine must have been prepared for
-/// `home`.
-std::vector<Finding> CheckInstallation(const QString& home);
+/// columns, generators, reference data, pictures, and the age of the last copy at the moment `now`. Changes nothing.
+/// The embedded engine must have been prepared for `home`.
+std::vector<Finding> CheckInstallation(const QString& home, const QDateTime& now = QDateTime::currentDateTime());
 
 } // namespace vorta::kit

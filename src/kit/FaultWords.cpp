@@ -1,6 +1,7 @@
 #include "kit/FaultWords.h"
 
 #include "base/Literals.h"
+#include "firebird/EngineFiles.h"
 
 #include <QFileInfo>
 #include <QStorageInfo>
@@ -38,8 +39,6 @@ constexpr std::array all{
     Words{isc_login, u"o servidor recusa o usuário ou a senha"},
     Words{isc_no_priv, u"o usuário não tem direito a esta operação"},
     Words{isc_bad_db_format, u"o arquivo não é uma base, ou está danificado"},
-    Words{isc_wrong_ods, u"a base foi feita por outra versão do motor; faça a cópia (backup) com a versão antiga e "
-                         u"restaure-a (restore) com esta"},
     Words{isc_db_corrupt, u"a base está danificada"},
     Words{isc_corrupt, u"a base está danificada"},
     Words{isc_badblk, u"a base está danificada"},
@@ -57,7 +56,9 @@ constexpr std::array all{
 } // namespace
 
 QString FaultWords(const RuntimeError& error) {
-    if (error.engineCode() == 0)
+    const bool ownWords = error.engineCode() == 0 || error.engineCode() == isc_wrong_ods ||
+                          (error.engineCode() == isc_unavailable && !firebird::EngineIsInstalled());
+    if (ownWords)
         return error.description();
     const auto found =
         std::find_if(all.begin(), all.end(), [&](const Words& each) { return each.code == error.engineCode(); });

@@ -1,5 +1,6 @@
 #include "kit/Check.h"
 #include "base/Literals.h"
+#include "kit/Copies.h"
 #include "kit/Installed.h"
 #include "kit/Loader.h"
 
@@ -51,10 +52,34 @@ TEST_F(Check, a_password_that_everybody_can_read) {
               "640 ~/config/server.ini");
 }
 
+TEST_F(Check, a_base_that_everybody_can_read) {
+    QFile(installed_.production()).setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther);
+    EXPECT_EQ(faults(installed_),
+              "ambiente PRD (linha 1 de ~/config/server.ini): o arquivo ~/base/pessoas.fdb pode ser "
+              "lido por qualquer usuário; use: chmod 660 ~/base/pessoas.fdb");
+}
+
+TEST_F(Check, the_age_of_the_last_copy) {
+    const QDateTime now = QDateTime::currentDateTime();
+    const QString day = now.toString(u"dd/MM/yyyy"_s);
+    const auto fault = [&](int days) {
+        for (const kit::Finding& finding : kit::CheckInstallation(installed_.home(), now.addDays(days)))
+            if (!finding.right)
+                return finding.words;
+        return QString();
+    };
+    EXPECT_EQ(fault(7), QString());
+    EXPECT_TRUE(fault(8).startsWith(u"a base PRD, criada em "_s)) << fault(8);
+    kit::BackUpBase(installed_.home(), u"PRD"_s, installed_.home() + u"/copia.fbk"_s);
+    EXPECT_EQ(fault(7), QString());
+    EXPECT_TRUE(fault(9).startsWith(u"a última cópia de segurança da base PRD é de %1"_s.arg(day))) << fault(9);
+    EXPECT_TRUE(fault(9).contains(u"há 9 dias"_s)) << fault(9);
+}
+
 TEST_F(Check, a_base_that_does_not_open) {
     QFile::remove(installed_.production());
     const std::string begin = "ambiente PRD (linha 1 de ~/config/server.ini): a base não abre (";
-    EXPECT_EQ(faults(installed_).substr(0, begin.size()), begin);
+    EXPECT_EQ(faults(installed_), begin + "um arquivo da base não existe ou não pode ser lido ou gravado)");
 }
 
 TEST_F(Check, a_table_and_a_column_that_are_not_there) {
