@@ -12,6 +12,7 @@
 
 #include <ibase.h>
 
+#include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -125,6 +126,18 @@ class WorkFile {
     bool kept_ = false;
 };
 
+/// Gives a file a second name, with the time in it; nothing when it cannot.
+QString keepAside(const QString& path) {
+    const QString mark = u"antes-"_s + stamp();
+    for (int turn = 1;; ++turn) {
+        const QString aside = marked(path, turn == 1 ? mark : u"%1-%2"_s.arg(mark).arg(turn));
+        if (::link(QFile::encodeName(path).constData(), QFile::encodeName(aside).constData()) == 0)
+            return aside;
+        if (errno != EEXIST)
+            return {};
+    }
+}
+
 void syncFolderOf(const QString& path) {
     const int folder =
         ::open(QFile::encodeName(QFileInfo(path).path()).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -149,10 +162,9 @@ Restored restoreHere(const ConnectionText& base, const QString& copy, bool repla
     bool done = false;
     if (replaces) {
         old->handOn(fresh.path);
-        restored.previous = marked(base.path, u"antes-"_s + stamp());
         // The old file keeps a name of its own, and the base's name changes hands in one step.
-        done = ::link(to.constData(), QFile::encodeName(restored.previous).constData()) == 0 &&
-               ::rename(from.constData(), to.constData()) == 0;
+        restored.previous = keepAside(base.path);
+        done = !restored.previous.isEmpty() && ::rename(from.constData(), to.constData()) == 0;
     } else {
         done = ::link(from.constData(), to.constData()) == 0 && ::unlink(from.constData()) == 0;
     }

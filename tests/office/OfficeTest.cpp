@@ -7,6 +7,10 @@
 #include "kit/MoveToServer.h"
 
 #include <QMap>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <atomic>
+#include <future>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -169,6 +173,62 @@ TEST(Office, three_windows_on_one_embedded_base_save_by_turns) {
                           (QStringList{u"found"_s, answer[1], written, u"3"_s, u"2"_s}));
         }
     close(office);
+}
+
+/// Copies and verifications by the program itself, for as long as somebody works.
+class Keeper {
+  public:
+    Keeper(const Installed& installed, const QString& copies) : home_(installed.home()), copies_(copies) {}
+
+    /// Every command must succeed. Gives the number of copies.
+    int keep(const std::function<bool()>& working) {
+        int made = 0;
+        while (working()) {
+            ++made;
+            run({u"backup"_s, u"--home"_s, home_, copyOf(made)});
+            run({u"verify"_s, u"--home"_s, home_});
+        }
+        return made;
+    }
+    QString copyOf(int number) const { return u"%1/%2.fbk"_s.arg(copies_).arg(number); }
+    void run(const QStringList& arguments) const {
+        QProcess program;
+        program.start(QStringLiteral(PESSOAS_BASE), arguments);
+        EXPECT_TRUE(program.waitForFinished(120'000));
+        EXPECT_EQ(program.exitCode(), 0) << arguments.join(u' ') << "\n"
+                                         << program.readAllStandardOutput().constData()
+                                         << program.readAllStandardError().constData();
+    }
+
+  private:
+    QString home_, copies_;
+};
+
+TEST(Office, copies_beside_working_colleagues_are_whole_and_harm_nobody) {
+    constexpr int users = 3;
+    const Installed installed = Installed::copyOf(Installed::demonstration());
+    const QTemporaryDir copies;
+    Office office = open(installed.home(), users);
+    const QStringList shared = includeShared(*office[0], 2);
+    const Keeper keeper(installed, copies.path());
+    std::atomic<bool> working = true;
+    std::future<int> made =
+        std::async(std::launch::async, [&] { return Keeper(keeper).keep([&] { return working.load(); }); });
+    const Deeds deeds = letWork(office, secondsOfWork(), shared);
+    working = false;
+    const int copiesMade = made.get();
+    close(office);
+    report(deeds, users, secondsOfWork());
+    std::printf("%d copies and verifications\n", copiesMade);
+    EXPECT_GT(copiesMade, 0);
+    expectWhole(installed.production(), deeds);
+    keeper.run({u"verify"_s, u"--home"_s, installed.home()});
+    for (int number = 1; number <= copiesMade; ++number) {
+        keeper.run({u"restore"_s, u"--home"_s, installed.home(), u"--replace"_s, keeper.copyOf(number)});
+        kit::Loader base(installed.production());
+        for (const QStringList& row : base.rows(QString::fromLatin1(halfSaved)))
+            ADD_FAILURE() << "half saved in copy " << number << ": " << row.join(u' ');
+    }
 }
 
 TEST(Office, four_windows_on_one_embedded_base_work_at_once) {
