@@ -487,9 +487,9 @@ TEST_F(BuscaProdutoTest, TheFoundProductsAsATable) {
 }
 
 TEST_F(BuscaProdutoTest, NothingOfAProductBecomesAPartOfThePage) {
-    responde({produto(7, "<b>'7&", "<script>alert(\"1\")</script>")});
-    existe("/img/<b>'7&.bmp");
-    busca([&](Tela& tela) {
+    answer({productRow(7, "<b>'7&", "<script>alert(\"1\")</script>")});
+    fileExists("/img/<b>'7&.bmp");
+    openSearch([&](Tela& tela) {
         user.click(tela.cmdPesquisa);
         tela.Flex.setCol(1);
         const QString html = tela.MontaDetalheHTML();
@@ -500,11 +500,11 @@ TEST_F(BuscaProdutoTest, NothingOfAProductBecomesAPartOfThePage) {
 }
 
 TEST_F(BuscaProdutoTest, OnlyPicturesOfTheirFoldersAreHandedToTheDesktop) {
-    responde({produto(8, "P-8", "BANCO")});
+    answer({productRow(8, "P-8", "BANCO")});
     for (const char* arquivo :
          {"/fora/8.bmp", "/grande/8.sh", "/grande/../fora/8.bmp", "/grande/sub/8.JPG", "/img/8.png"})
-        existe(arquivo);
-    busca([&](Tela& tela) {
+        fileExists(arquivo);
+    openSearch([&](Tela& tela) {
         user.click(tela.cmdPesquisa);
         for (const char* guardado :
              {"/fora/8.bmp", "/grande/8.sh", "/grande/../fora/8.bmp", "/grande/sub/8.JPG", "/img/8.png"}) {
