@@ -1,8 +1,8 @@
 #include "roles/frmCliente.h"
 
-#include "base/Format.h"
 #include "base/Literals.h"
 #include "base/Text.h"
+#include "launch/AcessoDados.h"
 #include "shared/Consultas.h"
 #include "shared/Preenchimento.h"
 #include "shared/TextoEntrada.h"
@@ -59,11 +59,34 @@ void frmCliente::BloqueiaCampos() {
     BloqueiaCampo(txtRowID);
 }
 
-/// The credit limit is stated at every save, and no engine takes an empty text for an amount: a limit that the user has
-/// not typed stays as it is stored.
+/// The credit limit is stated at every save, so an alteration begins with the one that is stored now: the load does not
+/// show it, and another user may have changed it since. An empty field stands for null.
 void frmCliente::LiberaCampos() {
-    if (Trim(txtLimiCred.text()).isEmpty())
-        txtLimiCred.setText(limiteGravado_);
+    if (modo() == Modo::Alteracao)
+        MostraLimite();
+    else
+        ZeraVazios({&txtLimiCred});
+}
+
+void frmCliente::MostraLimite() {
+    if (Val(lblRowId.text()) == 0)
+        return;
+    data::Statement& consulta = contexto().SqlConsulta;
+    consulta.clear();
+    consulta << "SELECT * FROM clie WHERE idclie = " << lblRowId.text();
+    const data::Recordset registro = AbreLeitura(contexto(), consulta);
+    if (!registro.Eof())
+        MostraValor(txtLimiCred, registro.Fields("limi_cred"), {});
+}
+
+/// No engine takes an empty text for an amount, and an inclusion states one.
+void frmCliente::CompletaCampos() {
+    if (modo() == Modo::Inclusao)
+        ZeraVazios({&txtLimiCred});
+}
+
+std::optional<QString> frmCliente::Limite() const {
+    return Trim(txtLimiCred.text()).isEmpty() ? std::nullopt : std::optional(ValorDoCampo(txtLimiCred));
 }
 
 QString frmCliente::Revenda() const {
@@ -118,14 +141,12 @@ data::Statement frmCliente::MontaUpdate(qint32 id) {
             << "lime_maxi_conh = '" << LimiteConhecimentos() << "', "
             << "idregi_espe_icms=" << OuNulo(ChaveRegime()) << ", "
             << "data_cred=" << OuNulo(DataDoCampo(mskDtCredencial)) << ", "
-            << "limi_cred='" << ValorDoCampo(txtLimiCred) << "' ";
+            << "limi_cred=" << OuNulo(Limite()) << " ";
     return EncerraUpdate(comando, id);
 }
 
-/// The credit limit is not shown until an alteration begins.
+/// The credit limit is not among what a load shows.
 void frmCliente::CarregaCampos(const data::Recordset& registro) {
-    const data::Value limite = registro.Fields("limi_cred");
-    limiteGravado_ = FormatAmount(limite.isNull() ? 0 : limite.number());
     MostraDescricao(contexto(), cboTransportadora, registro.Fields("idTRPT"), ConhecidoTransportadora);
     MostraData(mskDtCredencial, registro.Fields("data_cred"));
     cboRevenda.setText(registro.Fields("reve").textOr({}) == u"S" ? sim : nao);

@@ -30,16 +30,18 @@ class frmCliente : public TelaPapel {
     void BloqueiaCampos() override;
     void LiberaCampos() override;
     void LimpaCampos() override {}
+    void CompletaCampos() override;
 
   private:
+    void MostraLimite();
+    /// The credit limit on the screen; nothing for an empty field.
+    std::optional<QString> Limite() const;
     QString Revenda() const;
     QString LimiteConhecimentos() const;
     /// The key of the name that a list shows; nothing for an empty list.
     std::optional<QString> ChaveDe(const screen::ListField& lista,
                                    qint32 (*procura)(ContextoExecucao&, const QString&)) const;
     std::optional<QString> ChaveRegime() const;
-
-    QString limiteGravado_ = u"0,00"_s; ///< of the row on the screen
 };
 
 } // namespace vorta
