@@ -82,7 +82,7 @@ class ListReader {
                 number,
                 u"esperados %1 campos separados por tabulação, há %2"_s.arg(int(FieldCount)).arg(fields.size()));
         for (QString& field : fields)
-            field = field.trimmed();
+            field = WithoutApostrophes(field.trimmed());
         if (fields[Cep].size() == cepDigits + 1 && fields[Cep][5] == u'-')
             fields[Cep].remove(5, 1);
         fields[State] = fields[State].toUpper();

@@ -32,12 +32,16 @@ void load(Loader& loader, const char* name) {
 
 } // namespace
 
+QString WithoutApostrophes(QString text) {
+    return text.replace(u'\'', u'´');
+}
+
 ReferenceTable ReadReference(const QString& name) {
     initialiseResources();
     QFile file(u":/kit/%1.tsv"_s.arg(name));
     if (!file.open(QIODevice::ReadOnly))
         throw RuntimeError(errorNumber::FileNotFound, u"O programa não traz a tabela %1"_s.arg(name));
-    QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
+    QStringList lines = WithoutApostrophes(QString::fromUtf8(file.readAll())).split(u'\n', Qt::SkipEmptyParts);
     ReferenceTable table;
     table.columns = lines.takeFirst().split(u'\t');
     for (const QString& line : std::as_const(lines))

@@ -53,6 +53,14 @@ TEST_F(PostalCodes, an_older_file_in_windows_1252_is_read_too) {
     EXPECT_EQ(value("SELECT NOME_LOCA FROM LOCA"), u"São Paulo"_s);
 }
 
+TEST_F(PostalCodes, an_apostrophe_becomes_an_acute_accent) {
+    load(titles + "13450000\tRua D'Água\tR D'\tSant'Ana\tPau d'Alho\tSanta Bárbara d'Oeste\tSP\n");
+    EXPECT_EQ(value("SELECT NOME_TIPO || '|' || ABRV_TIPO FROM TIPO"), u"Rua D´Água|R D´"_s);
+    EXPECT_EQ(value("SELECT NOME_LOGR FROM LOGR"), u"Sant´Ana"_s);
+    EXPECT_EQ(value("SELECT NOME_BAIR || '|' || ABRV_BAIR FROM BAIR"), u"Pau d´Alho|Pau d´Alho"_s);
+    EXPECT_EQ(value("SELECT NOME_LOCA FROM LOCA"), u"Santa Bárbara d´Oeste"_s);
+}
+
 TEST_F(PostalCodes, a_byte_that_stands_for_nothing_is_a_mistake) {
     EXPECT_EQ(load(titles + "01001000\tRua\tR\tDo \x81 P\xE1tio\tCentro\tCampinas\tSP\n"), 0);
     EXPECT_EQ(mistakes_.all, 1);

@@ -60,6 +60,19 @@ TEST(Reference, accents_are_kept) {
     EXPECT_NE(std::find(rows.begin(), rows.end(), QStringList({u"3550308"_s, u"São Paulo"_s, u"SP"_s})), rows.end());
 }
 
+TEST(Reference, an_apostrophe_has_become_an_acute_accent) {
+    const auto rows = rowsOf("muni_ibge");
+    const auto town =
+        std::find_if(rows.begin(), rows.end(), [](const QStringList& row) { return row[0] == "3545803"; });
+    ASSERT_NE(town, rows.end());
+    EXPECT_EQ((*town)[1], u"Santa Bárbara d´Oeste"_s);
+    for (const char* name :
+         {"UF00", "muni_ibge", "pais", "Banc", "carg", "ativ", "tipo_clie", "regi_espe_icms", "cart", "TIPO_PROD",
+          "cole", "cidades", "bairros", "logradouros", "ruas", "nomes", "sobrenomes", "produtos", "ramos"})
+        for (const QStringList& row : rowsOf(name))
+            EXPECT_FALSE(row.join(u'|').contains(u'\'')) << row.join(u'|');
+}
+
 TEST(Reference, every_text_fits_its_column_and_the_repertoire_of_the_data) {
     for (const char* name : {"UF00", "muni_ibge", "pais", "Banc", "carg", "ativ", "tipo_clie", "regi_espe_icms", "cart",
                              "TIPO_PROD", "cole"}) {
