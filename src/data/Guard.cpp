@@ -32,15 +32,16 @@ bool apostrophesInPairs(QStringView value) {
     return run % 2 == 0;
 }
 
-/// "12", "-12" and "12.5", with nothing beside them.
+bool isSign(QChar c) {
+    return c == u'-' || c == u'+';
+}
+
+/// "12", "-12", "+12", "12.5", "12." and ".5", with nothing beside them.
 bool isPlainNumber(QStringView value) {
-    if (value.startsWith(u'-'))
+    if (!value.isEmpty() && isSign(value.front()))
         value = value.sliced(1);
-    const auto onlyDigits = [](QStringView part) {
-        return !part.isEmpty() && std::all_of(part.begin(), part.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
-    };
-    const qsizetype point = value.indexOf(u'.');
-    return point < 0 ? onlyDigits(value) : onlyDigits(value.first(point)) && onlyDigits(value.sliced(point + 1));
+    const auto digits = std::count_if(value.begin(), value.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
+    return digits > 0 && digits + value.count(u'.') == value.size() && value.count(u'.') <= 1;
 }
 
 using Tokens = std::vector<SqlToken>;
@@ -60,7 +61,7 @@ bool readAsNumber(const Tokens& tokens, QStringView text, qsizetype start, qsize
     if (!isPlainNumber(text.sliced(start, end - start)))
         return false;
     auto token = tokenAt(tokens, start);
-    if (token != tokens.end() && token->start == start && token->isSymbol(text, u'-'))
+    if (token != tokens.end() && token->start == start && token->kind == TokenKind::Symbol && isSign(text[start]))
         ++token;
     return token != tokens.end() && token->kind == TokenKind::Number && token->start <= start + 1 &&
            token->end() >= end;

@@ -89,11 +89,13 @@ void frmPessoas::cmdPesquisar_Cliente_Click() {
 void frmPessoas::PesquisaPorId() {
     Statement comando("SELECT * FROM PESS WHERE idPESS=");
     comando << txtRowID.text();
-    if (AbreLeitura(contexto_, comando).Eof()) {
+    const Recordset achada = AbreLeitura(contexto_, comando);
+    if (achada.Eof()) {
         AvisaNaoLocalizada();
         return;
     }
-    txtCodPessExterno.setText(CodigoExternoPessoa(contexto_, txtRowID.text()));
+    // The text may be another form of the number, which is one here and none between apostrophes.
+    txtCodPessExterno.setText(CodigoExternoPessoa(contexto_, achada.Fields("IDPESS").text()));
     CarregaPessoa();
     AtualizaIndicadoresVinculo(contexto_, *this);
     CarregaHistoricoPorId(*this);

@@ -66,15 +66,17 @@ TEST_P(GuardLetsNumber, AsItStands) {
     EXPECT_EQ(outcome(asNumber(GetParam())), 0);
 }
 INSTANTIATE_TEST_SUITE_P(Guard, GuardLetsNumber,
-                         testing::Values("", "  ", "0", "12", "-12", "12.50", "-0.5", " 7 ", "99999999999999999999"));
+                         testing::Values("", "  ", "0", "12", "-12", "12.50", "-0.5", " 7 ", "+7", "7.", "+7.", ".5",
+                                         "-.5", "99999999999999999999"));
 
 class GuardRefusesNumber : public testing::TestWithParam<const char*> {};
 TEST_P(GuardRefusesNumber, ThatIsMore) {
     EXPECT_EQ(outcome(asNumber(GetParam())), refused);
 }
 INSTANTIATE_TEST_SUITE_P(Guard, GuardRefusesNumber,
-                         testing::Values("1 or 1=1", "1;", "1--", "-", "--1", "- 1", "+1", "1e5", "0x10", "1,5", "1.",
-                                         ".5", "idpess", "1)", "'1'", "null", "1/*", "1\n2", "1.2.3", "١٢"));
+                         testing::Values("1 or 1=1", "1;", "1--", "-", "--1", "++1", "+-1", "- 1", "+ 1", "+", ".",
+                                         "-.", "1e5", "0x10", "1,5", "1..", "idpess", "1)", "'1'", "null", "1/*",
+                                         "1\n2", "1.2.3", "١٢"));
 
 TEST(Guard, MinusThatMakesACommentIsRefused) {
     Statement statement;
@@ -83,9 +85,11 @@ TEST(Guard, MinusThatMakesACommentIsRefused) {
 }
 
 TEST(Guard, NumberGluedToANameIsRefused) {
-    Statement statement;
-    statement << "select coluna" << u"1"_s << " from pess";
-    EXPECT_EQ(outcome(statement), refused);
+    for (const QString& value : {u"1"_s, u".5"_s}) {
+        Statement statement;
+        statement << "select coluna" << value << " from pess";
+        EXPECT_EQ(outcome(statement), refused) << value;
+    }
 }
 
 TEST(Guard, NumberInACommentOrQuotedNameIsRefused) {
