@@ -77,7 +77,7 @@ frmBROWSE_PESSOAS::frmBROWSE_PESSOAS(ContextoExecucao& contexto)
     : Screen(contexto.program(), u"frmBROWSE_PESSOAS"_s), contexto_(contexto) {
     cboCod.enterMovesOn = true;
     cmdPesquisa.enterMovesOn = true;
-    cboCod.GotFocus = [this] { SelecionaTexto(*this); };
+    cboCod.selectsOnFocus = true;
     cboCod.LostFocus = [this] { cboCod.setText(UCase(cboCod.text())); };
     cboCod.DropDown = [this] { cboCod_DropDown(); };
     cmdPesquisa.Click = [this] { cmdPesquisa_Click(); };

@@ -42,7 +42,7 @@ frmPESSOAS_INCL::frmPESSOAS_INCL(ContextoExecucao& contexto)
     : Screen(contexto.program(), u"frmPESSOAS_INCL"_s), contexto_(contexto) {
     cboCod.enterMovesOn = true;
     cmdPesquisa.enterMovesOn = true;
-    cboCod.GotFocus = [this] { SelecionaTexto(*this); };
+    cboCod.selectsOnFocus = true;
     cboCod.LostFocus = [this] { cboCod.setText(UCase(cboCod.text())); };
     cboCod.DropDown = [this] { cboCod_DropDown(); };
     Option1.Click = [this] { AjustaMascaraDocumento(); };
