@@ -294,9 +294,9 @@ void LimpaHistorico(frmPessoas& tela) {
         estatistica.itens->setText(u"0"_s);
         estatistica.montante.setText(FormatAmount(0));
     }
-    const Estatistica servicos = EstatisticaOS(tela);
-    for (Label* rotulo : {&servicos.primeira, &servicos.ultima, &servicos.documentos, &servicos.montante})
-        rotulo->setText({});
+    for (const Estatistica& estatistica : {EstatisticaOrcamentos(tela), EstatisticaOS(tela)})
+        for (Label* rotulo : {&estatistica.primeira, &estatistica.ultima, &estatistica.documentos, &estatistica.montante})
+            rotulo->setText({});
 }
 
 void CarregaHistoricoPorId(frmPessoas& tela) {
