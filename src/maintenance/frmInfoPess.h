@@ -31,8 +31,9 @@ class frmInfoPess : public screen::Screen {
     screen::Label lblDescSemVinc{this, "lblDescSemVinc"};
     screen::Label lblQtSemVinc{this, "lblQtSemVinc"};
     screen::Label lblDataHora{this, "lblDataHora"};
-    screen::Button cmdEspecialMun{this, "cmdEspecialMun", u"Especial Municipios"_s};
+    // The way out takes the first focus, never the button that rewrites every person.
     screen::Button cmdSAIR{this, "cmdSAIR", u"Sai&r"_s};
+    screen::Button cmdEspecialMun{this, "cmdEspecialMun", u"Especial Municipios"_s};
 
   private:
     void ContaRegistros();
