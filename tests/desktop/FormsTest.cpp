@@ -3,7 +3,7 @@
 #include "base/Literals.h"
 #include "desktop/Binder.h"
 #include "desktop/Binding.h"
-#include "desktop/WidgetLook.h"
+#include "robot/windows/WidgetLook.h"
 #include "support/TestPlatform.h"
 
 #include <QAbstractButton>
@@ -69,7 +69,7 @@ QString disagreements(const screen::Screen& tela, const desktop::Binder& binder)
         for (const char* property : {"text", "enabled", "visible", "locked", "maxlength", "tooltip", "background",
                                      "foreground", "bold", "picture"}) {
             const robot::Question question{QLatin1String(property)};
-            const auto seen = desktop::LookAt(binder.binding(*field)->widget(), *field, question);
+            const auto seen = robot::LookAt(binder.binding(*field)->widget(), *field, question);
             if (seen && *seen != robot::Look(*field, question))
                 found += u"%1 %2 %3"_s.arg(field->name(), question.property, *seen);
         }

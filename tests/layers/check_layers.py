@@ -8,7 +8,7 @@ import pathlib
 import re
 import sys
 
-# What a folder of src/ may include besides itself. Qt Gui and Qt Widgets belong to desktop alone, Qt Sql to odbc.
+# What a folder of src/ may include besides itself. Qt Gui and Qt Widgets belong to WINDOWS alone, Qt Sql to odbc.
 LAYERS = {
     "base": [],
     "servers": ["firebird", "base"],
@@ -26,9 +26,11 @@ LAYERS = {
     "app": ["person", "search", "roles", "maintenance", "firebird", "odbc", "launch", "data", "screen", "base"],
     "kit": ["firebird", "data", "base"],
     "robot": ["launch", "data", "screen", "base"],
-    "desktop": ["robot", "screen", "base"],
+    "desktop": ["screen", "base"],
+    "robot/windows": ["robot", "desktop", "screen", "base"],
     "bench": [],
 }
+WINDOWS = ("desktop", "robot/windows")
 # The programs put the boxes together and may know all of them.
 PROGRAMS = re.compile(r"(bench|[a-z]+/program)/")
 WINDOW_CLASSES = re.compile(
@@ -57,7 +59,7 @@ def check_includes(source):
                 used = folder_of(quoted)
                 if used in LAYERS and used != own and used not in LAYERS[own] and not PROGRAMS.match(name):
                     yield f"{name}: {own} must not include {quoted}"
-            elif own != "desktop" and WINDOW_CLASSES.match(angled):
+            elif own not in WINDOWS and WINDOW_CLASSES.match(angled):
                 yield f"{name}: {angled} belongs to desktop"
             elif own != "odbc" and SQL_CLASSES.match(angled):
                 yield f"{name}: {angled} belongs to odbc"

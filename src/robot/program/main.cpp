@@ -2,7 +2,6 @@
 // FILE...
 
 #include "base/Literals.h"
-#include "desktop/DesktopHands.h"
 #include "firebird/EmbeddedEngine.h"
 #include "robot/ModelHands.h"
 #include "robot/Player.h"
@@ -10,6 +9,7 @@
 #include "robot/program/Application.h"
 #include "robot/program/Houses.h"
 #include "robot/program/Installation.h"
+#include "robot/windows/DesktopHands.h"
 
 #include <QFile>
 #include <QLoggingCategory>
@@ -25,7 +25,7 @@ constexpr int unusable = 2;
 
 HandsFactory handsOf(const Options& options) {
     if (options.desktop)
-        return desktop::MakeDesktopHands;
+        return MakeDesktopHands;
     return [](screen::Program&, screen::User& user) { return std::make_unique<ModelHands>(user); };
 }
 

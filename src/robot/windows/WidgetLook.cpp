@@ -1,4 +1,4 @@
-#include "desktop/WidgetLook.h"
+#include "robot/windows/WidgetLook.h"
 
 #include "base/Literals.h"
 #include "desktop/Colours.h"
@@ -20,11 +20,11 @@
 #include <algorithm>
 #include <array>
 
-namespace vorta::desktop {
+namespace vorta::robot {
 
 namespace {
 
-using robot::Question;
+using desktop::ColourOf;
 using screen::Colour;
 using screen::Field;
 using screen::FieldKind;
@@ -233,4 +233,4 @@ std::optional<QString> LookAt(const QWidget& widget, const Field& field, const Q
     return sight == sights.end() ? Seen() : sight->look(widget, field, question);
 }
 
-} // namespace vorta::desktop
+} // namespace vorta::robot

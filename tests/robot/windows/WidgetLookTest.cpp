@@ -1,6 +1,6 @@
 #include "base/Literals.h"
-#include "desktop/DesktopHands.h"
 #include "robot/Player.h"
+#include "robot/windows/DesktopHands.h"
 #include "screen/Program.h"
 #include "support/FakeDatabase.h"
 
@@ -167,7 +167,7 @@ TEST_P(AWidget, isLookedAtByItself) {
     const QString expectation = u"expect %1 %2\n"_s.arg(QLatin1String(row.field), row.expectation);
     const auto scenario = robot::Scenario::parse(u"x.roteiro"_s, u"launch \"\"\n"_s + expectation +
                                                                      u"click lblNomeEmpresa\n"_s + expectation);
-    const auto verdict = robot::Player(scenario, stage, desktop::MakeDesktopHands).play();
+    const auto verdict = robot::Player(scenario, stage, robot::MakeDesktopHands).play();
     ASSERT_TRUE(verdict);
     EXPECT_EQ(verdict->line, 4) << verdict->message;
     EXPECT_TRUE(verdict->message.contains(u"in the window")) << verdict->message;

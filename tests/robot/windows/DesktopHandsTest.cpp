@@ -1,5 +1,5 @@
+#include "robot/windows/DesktopHands.h"
 #include "base/Literals.h"
-#include "desktop/DesktopHands.h"
 
 #include "support/World.h"
 
@@ -36,7 +36,7 @@ class DesktopHandsTest : public testing::Test, protected World {
     }
 
     Search tela{program};
-    std::unique_ptr<robot::Hands> hands = desktop::MakeDesktopHands(program, user);
+    std::unique_ptr<robot::Hands> hands = robot::MakeDesktopHands(program, user);
 };
 
 TEST_F(DesktopHandsTest, TypeReplacesWhatIsThere) {

@@ -1,10 +1,10 @@
-#include "desktop/DesktopHands.h"
+#include "robot/windows/DesktopHands.h"
 
 #include "desktop/Binding.h"
 #include "desktop/DesktopApplication.h"
 #include "desktop/MessageBox.h"
 #include "desktop/ScreenWindow.h"
-#include "desktop/WidgetLook.h"
+#include "robot/windows/WidgetLook.h"
 #include "screen/Program.h"
 
 #include <QAbstractButton>
@@ -20,10 +20,13 @@
 #include <QTableView>
 #include <vector>
 
-namespace vorta::desktop {
+namespace vorta::robot {
 
 namespace {
 
+using desktop::Binding;
+using desktop::DesktopApplication;
+using desktop::ScreenWindow;
 using screen::Field;
 using screen::FieldKind;
 using screen::Key;
@@ -83,7 +86,7 @@ int codeOf(Key key, int function) {
     return Qt::Key_F1 + function - 1;
 }
 
-class DesktopHands : public robot::Hands {
+class DesktopHands : public Hands {
   public:
     explicit DesktopHands(screen::Program& program) {
         if (!qApp)
@@ -108,13 +111,13 @@ class DesktopHands : public robot::Hands {
 
     screen::Answer answer(const screen::Box& box, screen::Answer prepared) override {
         settle();
-        auto shown = MakeMessageBox(box, windows_.empty() ? nullptr : windows_.back().get());
+        auto shown = desktop::MakeMessageBox(box, windows_.empty() ? nullptr : windows_.back().get());
         shown->open();
-        if (QAbstractButton* button = ButtonOf(*shown, prepared))
+        if (QAbstractButton* button = desktop::ButtonOf(*shown, prepared))
             press(*button, button->rect().center());
         else
             shown->reject();
-        const screen::Answer given = AnswerOf(*shown);
+        const screen::Answer given = desktop::AnswerOf(*shown);
         shown.reset();
         activate();
         return given;
@@ -214,7 +217,7 @@ class DesktopHands : public robot::Hands {
         settle();
     }
 
-    std::optional<QString> seen(Field& field, const robot::Question& question) override {
+    std::optional<QString> seen(Field& field, const Question& question) override {
         settle();
         const QWidget* widget = widgetOf(field);
         return widget ? LookAt(*widget, field, question) : std::nullopt;
@@ -318,8 +321,8 @@ class DesktopHands : public robot::Hands {
 
 } // namespace
 
-std::unique_ptr<robot::Hands> MakeDesktopHands(screen::Program& program, screen::User&) {
+std::unique_ptr<Hands> MakeDesktopHands(screen::Program& program, screen::User&) {
     return std::make_unique<DesktopHands>(program);
 }
 
-} // namespace vorta::desktop
+} // namespace vorta::robot
