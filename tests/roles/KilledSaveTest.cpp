@@ -220,6 +220,8 @@ class KilledSave : public ::testing::TestWithParam<Role> {
         world.run([&] { contexto.MostraTela(QString::fromLatin1(GetParam().tela)); });
         if (world.program.failure())
             throw *world.program.failure();
+        if (world.platform.boxes.news() != QStringList(saved))
+            throw std::runtime_error("the save has not told that it is done");
     }
 
     void diesEverywhere(bool altered) {
