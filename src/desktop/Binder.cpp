@@ -131,6 +131,8 @@ void Binder::flush() {
 
 void Binder::showScreen() {
     window_.setWindowTitle(screen_.caption().isEmpty() ? screen::Program::applicationTitle() : screen_.caption());
+    if (std::exchange(placings_, screen_.placings()) != screen_.placings() && onPlacing)
+        onPlacing();
     if (std::exchange(background_, screen_.background()) == screen_.background())
         return;
     QPalette palette;

@@ -55,6 +55,8 @@ class Binder : public QObject, public screen::ScreenObserver {
 
     /// Called when the screen has closed or the program has ended.
     std::function<void()> onOver;
+    /// Called when the screen wants to be put somewhere on the display.
+    std::function<void()> onPlacing;
 
   private:
     void bind(const QWidget& part);
@@ -74,6 +76,7 @@ class Binder : public QObject, public screen::ScreenObserver {
     bool scheduled_ = false;
     bool refreshing_ = false;
     screen::Colour background_;
+    int placings_ = 0;
     const screen::Field* focus_ = nullptr; ///< the field that was last seen with the focus
 };
 

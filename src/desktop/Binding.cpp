@@ -48,6 +48,38 @@ std::optional<Key> specialKey(const QKeyEvent& key) {
     }
 }
 
+/// A key that walks, whatever Shift or Ctrl add to it.
+std::optional<Key> cursorKey(const QKeyEvent& key) {
+    switch (key.key()) {
+    case Qt::Key_Left:
+        return Key::Left;
+    case Qt::Key_Right:
+        return Key::Right;
+    case Qt::Key_Up:
+        return Key::Up;
+    case Qt::Key_Down:
+        return Key::Down;
+    case Qt::Key_Home:
+        return Key::Home;
+    case Qt::Key_End:
+        return Key::End;
+    case Qt::Key_PageUp:
+        return Key::PageUp;
+    case Qt::Key_PageDown:
+        return Key::PageDown;
+    default:
+        return {};
+    }
+}
+
+/// A letter with Alt that no caption has taken: it means a button that cannot be clicked now, and is no text.
+bool isIdleAccelerator(const QKeyEvent& key) {
+    const Qt::KeyboardModifiers modifiers =
+        key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    const bool alone = modifiers == Qt::AltModifier || modifiers == Qt::MetaModifier;
+    return alone && !key.text().isEmpty() && key.text()[0].isPrint();
+}
+
 /// The printable character of a key; null for cursor keys, shortcuts and the like. AltGr reports itself as Ctrl+Alt on
 /// some systems.
 QChar characterOf(const QKeyEvent& key) {
@@ -137,18 +169,28 @@ bool Binding::keyPressed(QKeyEvent& key) {
         return false;
     if (binder_.switchPage(field_, key) || !takeFocus())
         return true;
-    if (const std::optional<Key> special = specialKey(key))
-        return specialPressed(*special);
+    // A key that is held down walks as far as the next button or grid, and does nothing there by itself.
+    const bool acts = field_.kind() == FieldKind::Button || field_.kind() == FieldKind::Grid;
+    const std::optional<Key> special = specialKey(key);
+    if (special)
+        return (key.isAutoRepeat() && acts && *special == Key::Enter) || specialPressed(*special);
+    if (const std::optional<Key> cursor = cursorKey(key))
+        return cursorPressed(*cursor);
+    if (isIdleAccelerator(key))
+        return true;
     const QChar typed = characterOf(key);
     if (typed.isNull())
         return false;
-    // A button that is held down by the space bar would be clicked again and again.
-    return (key.isAutoRepeat() && field_.kind() == FieldKind::Button) || characterTyped(typed);
+    return (key.isAutoRepeat() && acts) || characterTyped(typed);
 }
 
 bool Binding::specialPressed(Key key) {
     binder_.act([&] { binder_.user().key(field_, key); });
     return true;
+}
+
+bool Binding::cursorPressed(Key key) {
+    return specialPressed(key);
 }
 
 bool Binding::characterTyped(QChar typed) {

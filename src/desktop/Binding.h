@@ -42,6 +42,7 @@ class Binding : public QObject {
     virtual bool mousePressed(QObject* watched, QMouseEvent& mouse);
     virtual bool keyPressed(QKeyEvent& key);
     virtual bool specialPressed(screen::Key key);
+    virtual bool cursorPressed(screen::Key key);
     virtual bool characterTyped(QChar typed);
     virtual bool inputMethod(QInputMethodEvent& input);
 

@@ -3,9 +3,9 @@
 #include "desktop/Binder.h"
 #include "screen/Platform.h"
 
-#include <QKeyEvent>
+#include <QEvent>
 #include <QPixmap>
-#include <algorithm>
+#include <utility>
 
 namespace vorta::desktop {
 
@@ -20,7 +20,9 @@ void LabelBinding::refresh() {
 }
 
 bool LabelBinding::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::MouseButtonRelease && field().Click)
+    if (event->type() == QEvent::MouseButtonDblClick)
+        second_ = true;
+    if (event->type() == QEvent::MouseButtonRelease && !std::exchange(second_, false) && field().Click)
         binder_.act([&] { binder_.user().click(field()); });
     return Binding::eventFilter(watched, event);
 }
@@ -46,10 +48,12 @@ void PictureBinding::fit() {
 bool PictureBinding::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Resize)
         fit();
-    if (event->type() == QEvent::MouseButtonRelease)
+    if (event->type() == QEvent::MouseButtonRelease && !std::exchange(second_, false))
         binder_.act([&] { binder_.user().click(field()); });
-    if (event->type() == QEvent::MouseButtonDblClick)
-        binder_.act([&] { binder_.user().doubleClick(field()); });
+    if (event->type() == QEvent::MouseButtonDblClick) {
+        second_ = true;
+        binder_.act([&] { binder_.user().secondPress(field()); });
+    }
     return Binding::eventFilter(watched, event);
 }
 
@@ -79,28 +83,6 @@ OptionBinding::OptionBinding(Binder& binder, screen::Option& option, QRadioButto
 void OptionBinding::refresh() {
     ButtonBinding::refresh();
     button_.setChecked(option_.value());
-}
-
-/// Cursor keys walk through the options of a group and choose them.
-bool OptionBinding::keyPressed(QKeyEvent& key) {
-    const bool back = key.key() == Qt::Key_Up || key.key() == Qt::Key_Left;
-    if (!back && key.key() != Qt::Key_Down && key.key() != Qt::Key_Right)
-        return ButtonBinding::keyPressed(key);
-    if (screen::Option* next = neighbour(back))
-        binder_.act([&] { binder_.user().click(*next); });
-    return true;
-}
-
-screen::Option* OptionBinding::neighbour(bool backwards) const {
-    std::vector<screen::Option*> group;
-    for (screen::Field* one : option_.screen().fields())
-        if (auto* sibling = dynamic_cast<screen::Option*>(one); sibling && sibling->group() == option_.group())
-            group.push_back(sibling);
-    if (backwards)
-        std::ranges::reverse(group);
-    const auto own = std::ranges::find(group, &option_);
-    const auto next = std::find_if(own + 1, group.end(), [](auto* sibling) { return sibling->canFocus(); });
-    return next == group.end() ? nullptr : *next;
 }
 
 void CheckBinding::refresh() {

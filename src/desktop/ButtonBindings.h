@@ -17,6 +17,7 @@ class LabelBinding : public Binding {
 
   private:
     QLabel& label_;
+    bool second_ = false; ///< the press of a double click is the second one
 };
 
 /// A picture keeps its proportions in whatever room the window gives it.
@@ -30,6 +31,7 @@ class PictureBinding : public Binding {
     void fit();
 
     QLabel& label_;
+    bool second_ = false;
     QString path_;
     QPixmap picture_;
 };
@@ -52,12 +54,7 @@ class OptionBinding : public ButtonBinding {
     OptionBinding(Binder& binder, screen::Option& option, QRadioButton& button);
     void refresh() override;
 
-  protected:
-    bool keyPressed(QKeyEvent& key) override;
-
   private:
-    screen::Option* neighbour(bool backwards) const;
-
     screen::Option& option_;
 };
 

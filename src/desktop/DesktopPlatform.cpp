@@ -78,14 +78,14 @@ void DesktopPlatform::runModal(screen::Screen& screen) {
         leaveIfEnded();
     };
     Termination::listen();
-    window.restorePlace();
+    window.restoreSize();
     window.show();
     window.activateWindow();
     if (endWanted_)
         end();
     if (window.binder().isOpen())
         loop.exec();
-    window.rememberPlace();
+    window.rememberSize();
     loops_.pop_back();
     windows_.pop_back();
 }

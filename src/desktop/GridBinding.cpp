@@ -5,9 +5,11 @@
 
 #include <QEvent>
 #include <QHeaderView>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace vorta::desktop {
 
@@ -43,48 +45,57 @@ void GridBinding::connectView() {
     connect(&view_, &QTableView::clicked, this, [this](const QModelIndex& index) {
         binder_.act([&] { binder_.user().clickCell(grid_, index.row() + 1, index.column()); });
     });
-    // The first click of the two has already been one.
-    connect(&view_, &QTableView::doubleClicked, this,
-            [this] { binder_.act([&] { binder_.user().doubleClick(grid_); }); });
     connect(view_.horizontalHeader(), &QHeaderView::sectionClicked, this,
             [this](int col) { binder_.act([&] { binder_.user().clickCell(grid_, 0, col); }); });
     connect(view_.horizontalHeader(), &QHeaderView::sectionDoubleClicked, this,
-            [this] { binder_.act([&] { binder_.user().doubleClick(grid_); }); });
-    connect(view_.selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-            [this](const QModelIndex& index) { rowReached(index.row() + 1); });
+            [this] { binder_.act([&] { binder_.user().secondPress(grid_); }); });
     connect(view_.verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int top) {
         if (!binder_.refreshing() && view_.isVisible())
             grid_.setTopRow(top + 1);
     });
 }
 
-/// The cursor keys move the current row; a mouse does it with its click, when the focus has come along.
-void GridBinding::rowReached(int row) {
-    if (binder_.refreshing() || mouseDown_ || row < 1)
-        return;
-    binder_.act([&] { grid_.screen().program().dispatch([&] { grid_.setRow(row); }); });
-}
-
 bool GridBinding::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == view_.viewport()) {
-        switch (event->type()) {
-        case QEvent::MouseButtonPress:
-            mouseDown_ = true;
-            break;
-        case QEvent::MouseButtonRelease:
-            mouseDown_ = false;
-            binder_.mark(grid_);
-            break;
-        case QEvent::Resize:
-            fitColumns();
-            binder_.mark(grid_);
-            break;
-        default:
-            break;
-        }
+    // With the focus the view takes a row to itself; the grid says which one it is, if any.
+    if (event->type() == QEvent::FocusIn)
+        binder_.mark(grid_);
+    if (watched != view_.viewport())
+        return Binding::eventFilter(watched, event);
+    if (event->type() == QEvent::Resize) {
+        fitColumns();
+        grid_.pageRows = view_.viewport()->height() / view_.verticalHeader()->defaultSectionSize();
+        binder_.mark(grid_);
         return false;
     }
-    return Binding::eventFilter(watched, event);
+    return mouseOnRows(*event);
+}
+
+/// True for an event that the view shall not see: behind the first of two quick presses the rows may have changed, and
+/// the view would report the second one as a click of whatever has slid under the mouse.
+bool GridBinding::mouseOnRows(QEvent& event) {
+    switch (event.type()) {
+    case QEvent::MouseButtonDblClick:
+        if (static_cast<QMouseEvent&>(event).button() != Qt::LeftButton)
+            return false;
+        second_ = true;
+        binder_.act([&] { binder_.user().secondPress(grid_); });
+        return true;
+    case QEvent::MouseButtonRelease:
+        binder_.mark(grid_);
+        return std::exchange(second_, false);
+    default:
+        return false;
+    }
+}
+
+/// Left and Right look at columns that are out of sight.
+bool GridBinding::cursorPressed(screen::Key key) {
+    if (key == screen::Key::Left || key == screen::Key::Right)
+        return false;
+    Binding::cursorPressed(key);
+    if (hasFocus())
+        view_.scrollTo(view_.currentIndex());
+    return true;
 }
 
 void GridBinding::refresh() {

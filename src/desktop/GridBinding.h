@@ -16,20 +16,23 @@ class GridBinding : public Binding {
     const GridModel& model() const { return model_; }
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+  protected:
+    bool cursorPressed(screen::Key key) override;
+
   private:
+    bool mouseOnRows(QEvent& event);
     void connectView();
     void measureColumns();
     void fitColumns();
     void showRow();
     void showTop();
     int firstShown() const; ///< the first column that is not hidden
-    void rowReached(int row);
 
     screen::Grid& grid_;
     QTableView& view_;
     GridModel model_;
     std::vector<int> natural_; ///< width that a column's content asks for; 0 for a hidden one
-    bool mouseDown_ = false;
+    bool second_ = false;      ///< the press that is down is the second of two quick ones
 };
 
 } // namespace vorta::desktop

@@ -3,12 +3,12 @@
 #include "base/Text.h"
 #include "desktop/Binder.h"
 
-#include <QClipboard>
 #include <QCompleter>
 #include <QFontDatabase>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <algorithm>
+#include <utility>
 
 namespace vorta::desktop {
 
@@ -29,6 +29,31 @@ int charactersOf(const screen::Field& field, const QWidget& widget) {
     if (const auto* masked = dynamic_cast<const screen::MaskedField*>(&field))
         return static_cast<int>(masked->mask().size());
     return field.maxLength() <= widestFixed ? field.maxLength() : 0;
+}
+
+/// What an edit has done: this stretch of the text before became this one.
+struct Edit {
+    int start;
+    int length;
+    QString inserted;
+};
+
+int commonBeginning(QStringView one, QStringView other) {
+    const auto end = std::mismatch(one.begin(), one.end(), other.begin(), other.end()).first;
+    return static_cast<int>(end - one.begin());
+}
+
+/// The edit that made one text of another and left the cursor behind what it inserted. Most replace the selection; what
+/// has taken another way, as Backspace or a drop, is found by what stayed the same.
+Edit editBetween(const QString& before, int selected, int length, const QString& now, int cursor) {
+    const QString behind = before.mid(selected + length);
+    if (cursor >= selected && now == before.left(selected) + now.mid(selected, cursor - selected) + behind)
+        return {selected, length, now.mid(selected, cursor - selected)};
+    const QString rest = now.mid(cursor);
+    const qsizetype end = before.endsWith(rest) ? now.size() - rest.size() : now.size();
+    const qsizetype endBefore = before.endsWith(rest) ? before.size() - rest.size() : before.size();
+    const int start = commonBeginning(QStringView(before).left(endBefore), QStringView(now).left(end));
+    return {start, static_cast<int>(endBefore) - start, now.mid(start, end - start)};
 }
 
 int widthOf(const QWidget& widget, int characters) {
@@ -65,10 +90,10 @@ bool EditBinding::characterTyped(QChar typed) {
 void EditBinding::tellText(const QString& text, int cursor) {
     if (binder_.refreshing())
         return;
-    binder_.act([&] {
-        binder_.user().edited(field(), text);
-        field().select(cursor, 0);
-    });
+    const Edit edit = editBetween(field().text(), field().selectionStart(), field().selectionLength(), text, cursor);
+    binder_.mark(field()); // what the field does not take disappears again
+    if (takeFocus())
+        binder_.act([&] { binder_.user().replace(field(), edit.start, edit.length, edit.inserted); });
 }
 
 void EditBinding::tellSelection(int start, int length) {
@@ -105,8 +130,10 @@ void LineBinding::refresh() {
 /// A text from the database may be longer than what may be typed: it is shown whole, and can only become shorter.
 void LineBinding::showText() {
     const QString& text = field().text();
-    const int limit =
-        field().maxLength() == 0 ? noLimit : std::max<int>(field().maxLength(), static_cast<int>(text.size()));
+    // What is dropped or pasted into a mask finds its places in the field, which knows the limit.
+    const auto* masked = dynamic_cast<const screen::MaskedField*>(&field());
+    const bool unlimited = field().maxLength() == 0 || (masked && !masked->mask().isEmpty());
+    const int limit = unlimited ? noLimit : std::max<int>(field().maxLength(), static_cast<int>(text.size()));
     if (edit_.text() != text) {
         edit_.setMaxLength(noLimit);
         edit_.setText(text);
@@ -134,13 +161,6 @@ MaskedBinding::MaskedBinding(Binder& binder, screen::MaskedField& field, QLineEd
     : LineBinding(binder, field, edit, edit) {}
 
 bool MaskedBinding::keyPressed(QKeyEvent& key) {
-    if (key.matches(QKeySequence::Paste)) {
-        const QString pasted = QGuiApplication::clipboard()->text();
-        for (const QChar character : pasted)
-            if (!takeFocus() || !characterTyped(character))
-                break;
-        return true;
-    }
     if (key.matches(QKeySequence::Cut)) {
         edit_.copy();
         return !takeFocus() || specialPressed(Key::Delete);
@@ -161,7 +181,8 @@ bool MaskedBinding::characterTyped(QChar typed) {
 NotesBinding::NotesBinding(Binder& binder, screen::Field& field, QPlainTextEdit& edit)
     : EditBinding(binder, field, edit), edit_(edit) {
     edit.viewport()->installEventFilter(this);
-    connect(&edit, &QPlainTextEdit::textChanged, this, [this] { edited(); });
+    connect(&edit, &QPlainTextEdit::textChanged, this,
+            [this] { tellText(edit_.toPlainText(), edit_.textCursor().position()); });
     connect(&edit, &QPlainTextEdit::selectionChanged, this, [this] { selected(); });
     connect(&edit, &QPlainTextEdit::cursorPositionChanged, this, [this] { selected(); });
 }
@@ -169,8 +190,7 @@ NotesBinding::NotesBinding(Binder& binder, screen::Field& field, QPlainTextEdit&
 void NotesBinding::refresh() {
     Binding::refresh();
     edit_.setReadOnly(field().locked());
-    if (edit_.toPlainText() != field().text())
-        edit_.setPlainText(field().text());
+    showText();
     QTextCursor cursor = edit_.textCursor();
     const int length = cursor.selectionEnd() - cursor.selectionStart();
     if (!hasFocus() || (cursor.selectionStart() == field().selectionStart() && length == field().selectionLength()))
@@ -185,23 +205,17 @@ void NotesBinding::selected() {
     tellSelection(cursor.selectionStart(), cursor.selectionEnd() - cursor.selectionStart());
 }
 
-/// Takes what is too much off the end of what has just been inserted.
-void NotesBinding::cutSurplus() {
-    const auto size = static_cast<int>(edit_.toPlainText().size());
-    const int limit = std::max<int>(field().maxLength(), static_cast<int>(field().text().size()));
-    if (field().maxLength() == 0 || size <= limit)
+/// Only what differs is changed, so that the widget can still take back what came before.
+void NotesBinding::showText() {
+    const QString shown = edit_.toPlainText();
+    const QString& text = field().text();
+    if (shown == text)
         return;
-    QTextCursor cursor = edit_.textCursor();
-    cursor.movePosition(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor, size - limit);
-    const QSignalBlocker quiet(edit_);
-    cursor.removeSelectedText();
-}
-
-void NotesBinding::edited() {
-    if (binder_.refreshing())
-        return;
-    cutSurplus();
-    tellText(edit_.toPlainText(), edit_.textCursor().position());
+    const int start = commonBeginning(shown, text);
+    QTextCursor cursor(edit_.document());
+    cursor.setPosition(start);
+    cursor.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
+    cursor.insertText(text.mid(start));
 }
 
 namespace {
@@ -250,10 +264,19 @@ void ListBinding::showItems() {
 
 void ListBinding::refresh() {
     showItems();
+    if (popup_ && popup_->isVisible() && !list_.isOpen())
+        combo_.hidePopup();
     LineBinding::refresh();
 }
 
 bool ListBinding::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == popup_) {
+        // It hides before it reports a choice, if there was one.
+        if (event->type() == QEvent::Hide)
+            QMetaObject::invokeMethod(
+                this, [this] { binder_.act([&] { binder_.user().closeList(list_); }); }, Qt::QueuedConnection);
+        return event->type() == QEvent::KeyPress && popupKey(static_cast<QKeyEvent&>(*event));
+    }
     // A wheel that turns over a list scrolls the page, it does not change the choice unseen.
     if (event->type() == QEvent::Wheel) {
         event->ignore();
@@ -278,26 +301,55 @@ bool ListBinding::keyPressed(QKeyEvent& key) {
         return true;
     case Qt::Key_Up:
     case Qt::Key_Down:
-        if (alt || list_.items().isEmpty())
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        if (binder_.switchPage(list_, key))
+            return true;
+        if (alt)
             dropDown();
         else if (takeFocus())
-            step(key.key() == Qt::Key_Up ? -1 : 1);
+            walk(key.key() == Qt::Key_Up || key.key() == Qt::Key_PageUp ? screen::Key::Up : screen::Key::Down);
         return true;
     default:
         return LineBinding::keyPressed(key);
     }
 }
 
-void ListBinding::step(int by) {
-    const int next = list_.listIndex() + by;
-    if (next >= 0 && next < list_.items().size())
-        binder_.act([&] { binder_.user().pick(list_, next); });
+void ListBinding::walk(screen::Key key) {
+    binder_.act([&] { binder_.user().key(list_, key); });
+    showPopup();
 }
 
 void ListBinding::dropDown() {
     binder_.act([&] { binder_.user().dropDown(list_); });
-    if (hasFocus() && !list_.locked() && combo_.count() > 0)
+    showPopup();
+}
+
+/// The list is open by the screen's word, and so is the part that drops down, when it has something to show.
+void ListBinding::showPopup() {
+    if (!hasFocus() || !list_.isOpen() || combo_.count() == 0)
+        return;
+    if (!std::exchange(popup_, combo_.view()))
+        popup_->installEventFilter(this);
+    if (!popup_->isVisible())
         combo_.showPopup();
+    popup_->setCurrentIndex(items_.index(list_.highlighted()));
+}
+
+/// Keys of the part that is dropped down. Enter where nothing is highlighted closes it and goes to the field.
+bool ListBinding::popupKey(QKeyEvent& key) {
+    const bool up = key.key() == Qt::Key_Up;
+    if ((up || key.key() == Qt::Key_Down) && !key.modifiers().testFlag(Qt::AltModifier)) {
+        list_.highlight(popup_->currentIndex().row()); // the mouse may have moved it
+        walk(up ? screen::Key::Up : screen::Key::Down);
+        return true;
+    }
+    const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+    if (!enter || popup_->currentIndex().isValid())
+        return false;
+    combo_.hidePopup();
+    keyPressed(key);
+    return true;
 }
 
 OpenListBinding::OpenListBinding(Binder& binder, screen::ListField& list, QListView& view)
@@ -309,6 +361,10 @@ OpenListBinding::OpenListBinding(Binder& binder, screen::ListField& list, QListV
         if (!binder_.refreshing() && takeFocus())
             binder_.act([&] { binder_.user().pick(list_, index.row()); });
     });
+}
+
+bool OpenListBinding::cursorPressed(Key key) {
+    return key != Key::Left && key != Key::Right && Binding::cursorPressed(key);
 }
 
 void OpenListBinding::refresh() {

@@ -2,6 +2,7 @@
 
 #include "desktop/Binding.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListView>
@@ -19,9 +20,11 @@ class EditBinding : public Binding {
   protected:
     bool mousePressed(QObject* watched, QMouseEvent& mouse) override;
     bool specialPressed(screen::Key key) override;
+    bool cursorPressed(screen::Key) override { return false; }
     bool characterTyped(QChar typed) override;
 
-    /// Hands an edited text to the field, with the cursor behind it.
+    /// Hands what the widget has done to its text to the field, which may allow less of it. The cursor is where the
+    /// widget has left it.
     void tellText(const QString& text, int cursor);
     /// Hands the selection to the field.
     void tellSelection(int start, int length);
@@ -72,9 +75,8 @@ class NotesBinding : public EditBinding {
     void insert(QChar character) override { edit_.insertPlainText(character); }
 
   private:
-    void edited();
     void selected();
-    void cutSurplus();
+    void showText();
 
     QPlainTextEdit& edit_;
 };
@@ -92,12 +94,15 @@ class ListBinding : public LineBinding {
 
   private:
     void dropDown();
-    void step(int by);
+    void walk(screen::Key key);
+    void showPopup();
+    bool popupKey(QKeyEvent& key);
     void showItems();
 
     screen::ListField& list_;
     QComboBox& combo_;
     QStringListModel items_;
+    QAbstractItemView* popup_ = nullptr; ///< none until the list has been dropped down once
 };
 
 /// A list that is always open.
@@ -105,6 +110,9 @@ class OpenListBinding : public Binding {
   public:
     OpenListBinding(Binder& binder, screen::ListField& list, QListView& view);
     void refresh() override;
+
+  protected:
+    bool cursorPressed(screen::Key key) override;
 
   private:
     screen::ListField& list_;

@@ -2,6 +2,7 @@
 
 #include "screen/Program.h"
 
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
 #include <span>
@@ -20,14 +21,25 @@ struct Choice {
     QMessageBox::ButtonRole role;
 };
 constexpr Choice okOnly[]{{Answer::OK, "OK", QMessageBox::AcceptRole}};
+// The toolkit makes Escape of a lone "No" or "Reject"; of two of a kind it does not.
+constexpr Choice yesNo[]{{Answer::Yes, "&Sim", QMessageBox::YesRole}, {Answer::No, "&Não", QMessageBox::YesRole}};
 constexpr Choice yesNoCancel[]{{Answer::Yes, "&Sim", QMessageBox::YesRole},
                                {Answer::No, "&Não", QMessageBox::NoRole},
                                {Answer::Cancel, "&Cancela", QMessageBox::RejectRole}};
 
+/// A key that is still down from before, or held down, answers nothing: the box would be gone before it is read.
+class OnlyFreshKeys : public QObject {
+  public:
+    using QObject::QObject;
+    bool eventFilter(QObject*, QEvent* event) override {
+        return event->type() == QEvent::KeyPress && static_cast<const QKeyEvent&>(*event).isAutoRepeat();
+    }
+};
+
 std::span<const Choice> choicesOf(screen::Buttons buttons) {
     switch (buttons) {
     case screen::Buttons::YesNo:
-        return std::span(yesNoCancel).first(2);
+        return yesNo;
     case screen::Buttons::YesNoCancel:
         return yesNoCancel;
     case screen::Buttons::OK:
@@ -52,16 +64,24 @@ QMessageBox::Icon iconOf(screen::Icon icon) {
 
 std::unique_ptr<QMessageBox> MakeMessageBox(const screen::Box& box, QWidget* parent) {
     auto shown = std::make_unique<QMessageBox>(parent);
+    const std::optional<Answer> escape = screen::EscapeAnswer(box.buttons);
+    if (!escape)
+        shown->setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                              Qt::MSWindowsFixedSizeDialogHint);
     shown->setTextFormat(Qt::PlainText);
     shown->setWindowTitle(box.title.isEmpty() ? screen::Program::applicationTitle() : box.title);
     shown->setText(box.text);
     shown->setIcon(iconOf(box.icon));
+    auto* fresh = new OnlyFreshKeys(shown.get());
+    shown->installEventFilter(fresh);
     for (const Choice& choice : choicesOf(box.buttons)) {
         QPushButton* button = shown->addButton(QString::fromUtf8(choice.caption), choice.role);
+        button->installEventFilter(fresh);
         button->setProperty(answerProperty, static_cast<int>(choice.answer));
         if (!shown->defaultButton())
             shown->setDefaultButton(button);
-        shown->setEscapeButton(button); // the last one stays
+        if (choice.answer == escape)
+            shown->setEscapeButton(button);
     }
     return shown;
 }
@@ -74,7 +94,7 @@ QAbstractButton* ButtonOf(const QMessageBox& shown, Answer answer) {
 }
 
 Answer AnswerOf(const QMessageBox& shown) {
-    const QAbstractButton* clicked = shown.clickedButton() ? shown.clickedButton() : shown.escapeButton();
+    const QAbstractButton* clicked = shown.clickedButton() ? shown.clickedButton() : shown.buttons().constLast();
     return static_cast<Answer>(clicked->property(answerProperty).toInt());
 }
 

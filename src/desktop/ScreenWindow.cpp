@@ -11,6 +11,7 @@
 #include <QSettings>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace vorta::desktop {
 
@@ -18,6 +19,7 @@ namespace {
 
 constexpr int barHeight = 4;
 constexpr int barSteps = 1000;
+const QString maximizedSuffix = u"-maximizada"_s;
 
 QSettings settings() {
     return QSettings(QSettings::IniFormat, QSettings::UserScope, u"vorta"_s, u"pessoas"_s);
@@ -55,6 +57,7 @@ ScreenWindow::ScreenWindow(screen::Screen& screen, QWidget* parent)
     layout->addWidget(room);
     layout->addWidget(bar_);
     binder_ = std::make_unique<Binder>(screen, user_, *form_, *this);
+    binder_->onPlacing = [this] { takePlace(); };
     binder_->flush();
     wholeSize_ = neededSize();
     resize(wholeSize_.boundedTo(this->screen()->availableSize()));
@@ -73,6 +76,26 @@ void ScreenWindow::complete() {
     wholeSize_ = neededSize();
     if (untouched)
         resize(wholeSize_.boundedTo(room));
+    takePlace(); // with the frame that the desktop has given it by now
+}
+
+void ScreenWindow::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    takePlace();
+}
+
+/// The title bar stays within reach, also on a display that is smaller than the window.
+void ScreenWindow::takePlace() {
+    if (screen_.place() == screen::Place::Anywhere || isMaximized())
+        return;
+    const QScreen& shownOn = *(parentWidget() ? parentWidget() : this)->screen();
+    const QRect display = shownOn.geometry();
+    const QSize outer = frameGeometry().size();
+    const bool left = screen_.place() == screen::Place::LeftBorder;
+    const QPoint wanted(display.left() + (left ? 0 : (display.width() - outer.width()) / 2),
+                        display.top() + (display.height() - outer.height()) / 2);
+    const QPoint first = shownOn.availableGeometry().topLeft();
+    move(std::max(wanted.x(), first.x()), std::max(wanted.y(), first.y()));
 }
 
 void ScreenWindow::paintEvent(QPaintEvent* event) {
@@ -87,22 +110,28 @@ void ScreenWindow::showProgress(qint64 done, qint64 total) {
         bar_->setValue(static_cast<int>(std::clamp<qint64>(done, 0, total) * barSteps / total));
 }
 
-QString ScreenWindow::placeKey() const {
+QString ScreenWindow::sizeKey() const {
     return u"janelas/"_s + screen_.name();
 }
 
-void ScreenWindow::restorePlace() {
-    restoreGeometry(settings().value(placeKey()).toByteArray());
+void ScreenWindow::restoreSize() {
+    const QSettings kept = settings();
+    if (const QSize size = kept.value(sizeKey()).toSize(); !size.isEmpty())
+        resize(size.boundedTo(this->screen()->availableSize()));
+    if (kept.value(sizeKey() + maximizedSuffix).toBool())
+        setWindowState(windowState() | Qt::WindowMaximized);
 }
 
-void ScreenWindow::rememberPlace() const {
-    settings().setValue(placeKey(), saveGeometry());
+void ScreenWindow::rememberSize() const {
+    QSettings kept = settings();
+    kept.setValue(sizeKey(), isMaximized() ? normalGeometry().size() : size());
+    kept.setValue(sizeKey() + maximizedSuffix, isMaximized());
 }
 
 /// The frame asks the screen, and the screen's end closes the window.
 void ScreenWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
-    binder_->act([this] { user_.close(screen_); });
+    binder_->act([this] { user_.closeByFrame(screen_); });
 }
 
 } // namespace vorta::desktop

@@ -23,21 +23,22 @@ class ScreenWindow : public QDialog {
 
     /// The size that shows the whole form, whatever screen there is.
     QSize wholeSize() const { return wholeSize_; }
-    /// Goes to where the user left this screen last time.
-    void restorePlace();
-    void rememberPlace() const;
+    /// Takes the size that the user gave this screen last time. Where it stands is the screen's word.
+    void restoreSize();
+    void rememberSize() const;
 
     /// Escape is a key of the fields and closes nothing.
     void reject() override {}
 
   protected:
+    void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
   private:
-    QString placeKey() const;
-
+    QString sizeKey() const;
     QSize neededSize() const;
+    void takePlace();
 
     screen::Screen& screen_;
     screen::User user_;

@@ -51,6 +51,7 @@ void Lancamento(ContextoExecucao& contexto, screen::Screen& tela) {
     tela.field(u"lblCodiAmbiente"_s).setText(contexto.Ambiente);
     LeUsuario(contexto, contexto.CodigoUsuario);
     CentralizaForm(tela);
+    tela.setPlace(screen::Place::LeftBorder);
     tela.setCaption(ContextoExecucao::Titulo() + u" ("_s + contexto.Ambiente + u")("_s + codigo.text() + u'/' +
                     contexto.NomeUsuario + u')');
     if (contexto.Ambiente != u"PRD")
@@ -102,7 +103,9 @@ QString TituloTela(const ContextoExecucao& contexto, const QString& sufixo) {
     return ContextoExecucao::Titulo() + sufixo + u"(/"_s + contexto.NomeUsuario + u')';
 }
 
-void CentralizaForm(screen::Screen&) {}
+void CentralizaForm(screen::Screen& tela) {
+    tela.setPlace(screen::Place::Centre);
+}
 
 void AjustaLarguraLista(screen::ListField& lista, qint32 largura) {
     lista.setDropWidth(largura);

@@ -53,8 +53,8 @@ class frmPessoas : public TelaEdicao {
     screen::Label lblCGCCPF{this, "lblCGCCPF"};
     screen::MaskedField mskCodigo{this, "mskCodigo"};
     screen::TextField txtDescricao{this, "txtDescricao"};
-    screen::Button cmdClonarRazaoSocial{this, "cmdClonarRazaoSocial", u"Repetir o Conteúdo de 'Nome'"_s};
     screen::TextField txtNomeFantasia{this, "txtNomeFantasia"};
+    screen::Button cmdClonarRazaoSocial{this, "cmdClonarRazaoSocial", u"Repetir o Conteúdo de 'Nome'"_s};
 
     screen::TabStrip SSTab2{this,
                             "SSTab2",

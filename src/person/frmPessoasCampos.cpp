@@ -92,6 +92,10 @@ void frmPessoas::LigaFamilias() {
         campo->selectsOnFocus = linha->e(Seleciona);
     }
     contatos.cmdIncluirContato.enterMovesOn = true;
+    for (Field* nota : {&txtOBSE_PESS_0001, &txtOBSE_PESS_0002, &txtOBSE_PESS_0003})
+        nota->keepsLines = true;
+    for (screen::ListField* lista : {&cboFisJur, &cboUF, &cboEnt_UF, &cboCob_UF, &cboTabelaPrecos})
+        lista->completes = true;
 }
 
 void frmPessoas::AplicaTamanhosCampos() {

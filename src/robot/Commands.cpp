@@ -129,6 +129,8 @@ void leave(Player& player, Words) {
     player.hands().leave(player.activeScreen());
 }
 
+const QString altPrefix = u"Alt+"_s;
+
 struct NamedKey {
     const char* name;
     QChar character; ///< as it may stand inside a typed text
@@ -139,6 +141,10 @@ constexpr std::array namedKeys{
     NamedKey{"Enter", u'\n', Key::Enter}, NamedKey{"Enter", u'\r', Key::Enter},
     NamedKey{"Tab", u'\t', Key::Tab},     NamedKey{"Backspace", u'\b', Key::Backspace},
     NamedKey{"Delete", {}, Key::Delete},  NamedKey{"Escape", u'\x1b', Key::Escape},
+    NamedKey{"Left", {}, Key::Left},      NamedKey{"Right", {}, Key::Right},
+    NamedKey{"Up", {}, Key::Up},          NamedKey{"Down", {}, Key::Down},
+    NamedKey{"Home", {}, Key::Home},      NamedKey{"End", {}, Key::End},
+    NamedKey{"PageUp", {}, Key::PageUp},  NamedKey{"PageDown", {}, Key::PageDown},
 };
 
 Field& focused(Player& player) {
@@ -184,6 +190,8 @@ void press(Player& player, Words words) {
                                     [&](const NamedKey& row) { return word == QLatin1StringView(row.name); });
     const bool isNamed = named != namedKeys.end();
     const int function = functionKey(word);
+    if (word.startsWith(altPrefix) && word.size() == altPrefix.size() + 1)
+        return player.hands().accelerator(screen, word.back());
     if (!isNamed && function == 0 && word.size() != 1)
         throw Failure{u"expected a key, was %1"_s.arg(word)};
     if (isNamed && named->key == Key::Tab && !screen.focus()) {
@@ -196,6 +204,26 @@ void press(Player& player, Words words) {
     } else {
         player.hands().character(focused(player), word[0]);
     }
+}
+
+struct WayName {
+    const char* name;
+    PasteWay way;
+};
+
+constexpr std::array pasteWays{
+    WayName{"keys", PasteWay::Keys},
+    WayName{"menu", PasteWay::Menu},
+    WayName{"drop", PasteWay::Drop},
+};
+
+void paste(Player& player, Words words) {
+    const QString way = words.value(1, u"keys"_s);
+    const auto found = std::find_if(pasteWays.begin(), pasteWays.end(),
+                                    [&](const WayName& row) { return way == QLatin1StringView(row.name); });
+    if (found == pasteWays.end())
+        throw Failure{u"expected keys, menu or drop, was %1"_s.arg(way)};
+    player.hands().paste(focused(player), words[0], found->way);
 }
 
 struct CellPlace {
@@ -266,23 +294,29 @@ void close(Player& player, Words) {
     player.hands().close(player.activeScreen());
 }
 
+void frame(Player& player, Words) {
+    player.hands().closeByFrame(player.activeScreen());
+}
+
+void move(Player& player, Words words) {
+    player.hands().move(player.activeScreen(), NumberWord(words[0]), NumberWord(words[1]));
+}
+
 struct AnswerName {
     const char* name;
-    Answer answer;
+    std::optional<Answer> answer; ///< none for a press of Escape
 };
 
 constexpr std::array answerNames{
-    AnswerName{"Sim", Answer::Yes},
-    AnswerName{"Não", Answer::No},
-    AnswerName{"Cancela", Answer::Cancel},
-    AnswerName{"OK", Answer::OK},
+    AnswerName{"Sim", Answer::Yes}, AnswerName{"Não", Answer::No},      AnswerName{"Cancela", Answer::Cancel},
+    AnswerName{"OK", Answer::OK},   AnswerName{"Escape", std::nullopt},
 };
 
 void answer(Player& player, Words words) {
     const auto found = std::find_if(answerNames.begin(), answerNames.end(),
                                     [&](const AnswerName& row) { return words[0] == QString::fromUtf8(row.name); });
     if (found == answerNames.end())
-        throw Failure{u"expected the answer Sim, Não, Cancela or OK, was %1"_s.arg(words[0])};
+        throw Failure{u"expected the answer Sim, Não, Cancela, OK or Escape, was %1"_s.arg(words[0])};
     player.answers().push_back({found->answer, player.line()});
 }
 
@@ -322,12 +356,15 @@ constexpr std::array commands{
     CommandRow{"leave", 0, 0, "leave", Phase::Running, leave},
     CommandRow{"type", 2, 2, "type FIELD \"text\"", Phase::Running, type},
     CommandRow{"press", 1, 1, "press KEY", Phase::Running, press},
+    CommandRow{"paste", 1, 2, "paste \"text\" [keys|menu|drop]", Phase::Running, paste},
     CommandRow{"click", 1, 3, "click FIELD [ROW [COL]]", Phase::Running, click},
     CommandRow{"dblclick", 1, 3, "dblclick GRID ROW [COL]", Phase::Running, dblclick},
     CommandRow{"drop", 1, 1, "drop LIST", Phase::Running, drop},
     CommandRow{"choose", 2, 2, "choose LIST \"item\"", Phase::Running, choose},
     CommandRow{"tab", 2, 2, "tab STRIP \"caption\"", Phase::Running, tab},
     CommandRow{"close", 0, 0, "close", Phase::Running, close},
+    CommandRow{"frame", 0, 0, "frame", Phase::Running, frame},
+    CommandRow{"move", 2, 2, "move X Y", Phase::Running, move},
     CommandRow{"answer", 1, 1, "answer \"Sim\"", Phase::Any, answer},
     CommandRow{"forget", 0, 0, "forget", Phase::Any, forget},
     CommandRow{"expect", 1, 99, "expect ...", Phase::Any, expect},

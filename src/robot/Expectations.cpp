@@ -49,6 +49,26 @@ void focus(Player& player, Words words) {
         compare(u"the focus of the window on"_s, field.name(), *seen);
 }
 
+struct PlaceName {
+    const char* name;
+    Place place;
+};
+
+constexpr std::array placeNames{
+    PlaceName{"anywhere", Place::Anywhere},
+    PlaceName{"centre", Place::Centre},
+    PlaceName{"left", Place::LeftBorder},
+};
+
+void place(Player& player, Words words) {
+    Screen& screen = player.activeScreen();
+    const auto found = std::find_if(placeNames.begin(), placeNames.end(),
+                                    [&](const PlaceName& row) { return row.place == screen.place(); });
+    compare(u"place"_s, words[0], QLatin1StringView(found->name));
+    if (player.hands().seenInPlace(screen) == false)
+        throw Failure{u"expected the window in its place, it stands elsewhere"_s};
+}
+
 /// Idle is a blank or no text at all; everything else is one letter.
 void mode(Player& player, Words words) {
     compare(u"mode"_s, words[0].trimmed(), player.contextToRead().ModoTela.trimmed());
@@ -208,6 +228,7 @@ constexpr std::array expectations{
     ExpectationRow{"screen", 1, 1, "expect screen NAME", screenName},
     ExpectationRow{"caption", 1, 1, "expect caption \"text\"", caption},
     ExpectationRow{"focus", 1, 1, "expect focus FIELD", focus},
+    ExpectationRow{"place", 1, 1, "expect place centre|left|anywhere", place},
     ExpectationRow{"mode", 1, 1, "expect mode \"I\"", mode},
     ExpectationRow{"context", 2, 2, "expect context NAME \"text\"", context},
     ExpectationRow{"box", 1, 7, "expect box \"text\" [title \"T\"] [icon I] [buttons B]", box},

@@ -12,6 +12,15 @@
 
 namespace vorta::robot {
 
+/// A button of a box, and how often Escape is pressed in front of it.
+struct Reply {
+    screen::Answer button = screen::Answer::OK;
+    int escapes = 0;
+};
+
+/// The ways in which a text comes into a field at once.
+enum class PasteWay { Keys, Menu, Drop };
+
 /// The hands and eyes of a scenario's user. One implementation works on the screen model alone, another one on real
 /// windows with real key and mouse events; both run every handler before they return. A handler that opens a screen
 /// modally calls the player back from inside, which goes on with the scenario there, so every routine must bear being
@@ -26,9 +35,9 @@ class Hands {
     /// A screen has been loaded and comes up over the others; `hide` when it has been closed or the program has ended.
     virtual void show(screen::Screen& screen) = 0;
     virtual void hide(screen::Screen& screen) = 0;
-    /// A box is shown and answered with the button that the scenario prepared (OK for a box with OK alone). Gives the
-    /// button that the box reports.
-    virtual screen::Answer answer(const screen::Box& box, screen::Answer prepared) = 0;
+    /// A box is shown and answered with what the scenario prepared (OK for a box with OK alone). Gives the button that
+    /// the box reports.
+    virtual screen::Answer answer(const screen::Box& box, const Reply& prepared) = 0;
 
     virtual void focus(screen::Field& field) = 0;
     /// The focus leaves its field for nowhere.
@@ -39,6 +48,10 @@ class Hands {
     /// One key in the field with the focus; `function` is the number of a function key.
     virtual void key(screen::Field& focused, screen::Key key, int function) = 0;
     virtual void character(screen::Field& focused, QChar character) = 0;
+    /// Alt and a letter.
+    virtual void accelerator(screen::Screen& screen, QChar letter) = 0;
+    /// A text of another program comes to where the cursor is.
+    virtual void paste(screen::Field& focused, const QString& text, PasteWay way) = 0;
     virtual void click(screen::Field& field) = 0;
     virtual void doubleClick(screen::Field& field) = 0;
     virtual void clickCell(screen::Grid& grid, int row, int col) = 0;
@@ -47,14 +60,20 @@ class Hands {
     /// Picks an item of the list that has just been dropped down (or of one that is always open).
     virtual void pick(screen::ListField& list, int index) = 0;
     virtual void chooseTab(screen::TabStrip& strip, int page) = 0;
-    /// Closes the screen by its frame.
+    /// The screen's own unload.
     virtual void close(screen::Screen& screen) = 0;
+    /// The user closes the screen by its frame.
+    virtual void closeByFrame(screen::Screen& screen) = 0;
+    /// The user puts the screen somewhere else on the display.
+    virtual void move(screen::Screen& screen, int x, int y) = 0;
 
     // What the user sees, in the form of the scenario language: "true" and "false", decimal numbers and colours, file
     // name without its folder. Nothing where the surface has no look of its own at the matter; the model alone answers
     // then.
     virtual std::optional<QString> seen(screen::Field& field, const Question& question) = 0;
     virtual std::optional<QString> seenCaption(screen::Screen& screen) = 0;
+    /// True when the screen stands where it says.
+    virtual std::optional<bool> seenInPlace(screen::Screen& screen) = 0;
     /// The name of the field with the focus, empty for none.
     virtual std::optional<QString> seenFocus(screen::Screen& screen) = 0;
 };

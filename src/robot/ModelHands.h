@@ -11,13 +11,17 @@ class ModelHands : public Hands {
 
     void show(screen::Screen&) override {}
     void hide(screen::Screen&) override {}
-    screen::Answer answer(const screen::Box&, screen::Answer prepared) override { return prepared; }
+    screen::Answer answer(const screen::Box& box, const Reply& prepared) override {
+        return prepared.escapes > 0 ? EscapeAnswer(box.buttons).value_or(prepared.button) : prepared.button;
+    }
 
     void focus(screen::Field& field) override { user_.focus(field); }
     void leave(screen::Screen& screen) override { user_.leave(screen); }
     void type(screen::Field& field, const QString& text) override { user_.type(field, text); }
-    void key(screen::Field& focused, screen::Key key, int) override { user_.key(focused, key); }
+    void key(screen::Field& focused, screen::Key key, int function) override { user_.key(focused, key, function); }
     void character(screen::Field& focused, QChar character) override { user_.character(focused, character); }
+    void accelerator(screen::Screen& screen, QChar letter) override { user_.accelerator(screen, letter); }
+    void paste(screen::Field& focused, const QString& text, PasteWay) override { user_.paste(focused, text); }
     void click(screen::Field& field) override { user_.click(field); }
     void doubleClick(screen::Field& field) override { user_.doubleClick(field); }
     void clickCell(screen::Grid& grid, int row, int col) override { user_.clickCell(grid, row, col); }
@@ -26,9 +30,12 @@ class ModelHands : public Hands {
     void pick(screen::ListField& list, int index) override { user_.pick(list, index); }
     void chooseTab(screen::TabStrip& strip, int page) override { user_.chooseTab(strip, page); }
     void close(screen::Screen& screen) override { user_.close(screen); }
+    void closeByFrame(screen::Screen& screen) override { user_.closeByFrame(screen); }
+    void move(screen::Screen& screen, int, int) override { user_.move(screen); }
 
     std::optional<QString> seen(screen::Field&, const Question&) override { return {}; }
     std::optional<QString> seenCaption(screen::Screen&) override { return {}; }
+    std::optional<bool> seenInPlace(screen::Screen&) override { return {}; }
     std::optional<QString> seenFocus(screen::Screen&) override { return {}; }
 
   private:

@@ -62,13 +62,27 @@ std::optional<Verdict> Player::play() {
     return verdict_;
 }
 
+bool Player::isOver() {
+    if (verdict_ || next_ < scenario_.commands.size())
+        return verdict_.has_value();
+    try {
+        if (const std::optional<QStringList> words = onward ? onward(*this) : std::nullopt) {
+            scenario_.commands.push_back({static_cast<int>(next_) + 1, *words});
+            return false;
+        }
+    } catch (const Failure& failure) {
+        fail(static_cast<int>(next_), failure.message);
+    }
+    return true;
+}
+
 void Player::playWhile(const std::function<bool()>& open) {
-    while (!isOver() && open())
+    while (open() && !isOver())
         step();
 }
 
 void Player::step() {
-    const Command& command = scenario_.commands[next_++];
+    const Command command = scenario_.commands[next_++]; // more may come while it runs
     line_ = command.line;
     if (onLine)
         onLine(line_);
@@ -180,22 +194,35 @@ Answer Player::messageBox(const Box& box) {
     if (program.hasEnded())
         return Answer::OK;
     journal_.boxes.push_back(box);
+    const int escapes = takeEscapes();
+    if (escapes > 0 && EscapeAnswer(box.buttons))
+        return hands_->answer(box, {*EscapeAnswer(box.buttons), escapes});
     if (box.buttons == Buttons::OK) {
         if (!answers_.empty() && answers_.front().answer == Answer::OK)
             answers_.pop_front();
-        return hands_->answer(box, Answer::OK);
+        return hands_->answer(box, {Answer::OK, 0});
     }
+    if (answers_.empty() && onBox)
+        answers_.push_back({onBox(box), line_});
     if (answers_.empty()) {
         fail(line_, u"expected no box that asks, there was %1 and no answer waiting"_s.arg(Quoted(box.text)));
         program.End();
     }
     const PreparedAnswer prepared = answers_.front();
     answers_.pop_front();
-    if (!offers(box.buttons, prepared.answer)) {
+    if (!offers(box.buttons, *prepared.answer)) {
         fail(prepared.line, u"expected a box with this answer, there was %1"_s.arg(Quoted(box.text)));
         program.End();
     }
-    return hands_->answer(box, prepared.answer);
+    return hands_->answer(box, {*prepared.answer, escapes});
+}
+
+/// How often Escape is pressed before the next answer is given.
+int Player::takeEscapes() {
+    int escapes = 0;
+    for (; !answers_.empty() && !answers_.front().answer; answers_.pop_front())
+        ++escapes;
+    return escapes;
 }
 
 void Player::runModal(Screen& screen) {

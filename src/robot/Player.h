@@ -17,9 +17,9 @@ struct Journal {
     size_t looked = 0; ///< boxes in front of this one have been looked at
 };
 
-/// An answer that waits for a box that asks.
+/// An answer that waits for a box that asks; none stands for a press of Escape.
 struct PreparedAnswer {
-    screen::Answer answer;
+    std::optional<screen::Answer> answer;
     int line;
 };
 
@@ -40,6 +40,10 @@ class Player : public screen::Platform {
     std::optional<Verdict> play();
     /// Is told every line number before its command is played.
     std::function<void(int line)> onLine;
+    /// Gives the next command behind the scenario's last one; none ends it.
+    std::function<std::optional<QStringList>(Player& player)> onward;
+    /// Gives the answer to a box for which none has been prepared.
+    std::function<screen::Answer(const screen::Box& box)> onBox;
 
     // What the commands work on.
     Stage& stage() const { return stage_; }
@@ -77,14 +81,15 @@ class Player : public screen::Platform {
     QDateTime now() const override;
 
   private:
-    bool isOver() const { return verdict_ || next_ >= scenario_.commands.size(); }
+    bool isOver();
     void playWhile(const std::function<bool()>& open);
     void step();
     void fail(int line, const QString& message);
+    int takeEscapes();
     void checkLeftovers();
     void chooseTabsOf(const screen::Field& field);
 
-    const Scenario& scenario_;
+    Scenario scenario_;
     Stage& stage_;
     HandsFactory makeHands_;
     data::StatementTrace trace_;

@@ -47,6 +47,7 @@ frmCliente::frmCliente(ContextoExecucao& contexto) : TelaPapel(contexto, TipoPap
     txtLimeMaxiConh.selectsOnFocus = true;
     cboRevenda.addItem(sim);
     cboRevenda.addItem(nao);
+    cboRevenda.completes = true;
     cboTipoCli.DropDown = [this] { PreencheTipoCliente(TelaPapel::contexto(), *this); };
     cboTransportadora.DropDown = [this] {
         PreencheTransportadoras(TelaPapel::contexto(), cboTransportadora.text(), cboTransportadora);

@@ -43,6 +43,7 @@ frmMotorista::frmMotorista(ContextoExecucao& contexto) : TelaPapel(contexto, Tip
     mskDtAdmissao.LostFocus = [this] {
         mskDtAdmissao.setText(FormataDataDigitada(TelaPapel::contexto(), mskDtAdmissao.text(), mskDtAdmissao));
     };
+    cboUF_Emitente.completes = true;
     cboUF_Emitente.DropDown = [this] { PreencheUFs(TelaPapel::contexto(), cboUF_Emitente); };
 }
 

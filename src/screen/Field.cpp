@@ -6,6 +6,7 @@
 #include "screen/Screen.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vorta::screen {
 
@@ -116,7 +117,7 @@ Button::Button(Screen* screen, const char* name, const QString& caption) : Field
 
 void ListField::clear() {
     items_.clear();
-    listIndex_ = -1;
+    listIndex_ = place_ = highlighted_ = -1;
     storeText({});
     changed();
 }
@@ -134,18 +135,23 @@ void ListField::removeItem(int index) {
         listIndex_ = -1;
     else if (listIndex_ > index)
         --listIndex_;
+    place_ = listIndex_;
     changed();
 }
 
 void ListField::setListIndex(int index) {
     if (index < -1 || index >= items_.size())
         throw RuntimeError(errorNumber::TypeMismatch);
-    listIndex_ = index;
+    listIndex_ = place_ = index;
+    before_.reset();
     if (dropDown_)
         storeText(index < 0 ? QString() : items_[index]);
     changed();
-    if (index >= 0 && Click)
-        Click();
+    if (index < 0 || !Click)
+        return;
+    Click();
+    if (index < items_.size())
+        place_ = index;
 }
 
 void ListField::setDropWidth(int pixels) {
@@ -154,8 +160,43 @@ void ListField::setDropWidth(int pixels) {
 }
 
 void ListField::setText(const QString& text) {
-    listIndex_ = static_cast<int>(items_.indexOf(text));
+    listIndex_ = place_ = static_cast<int>(items_.indexOf(text));
+    before_.reset();
     storeText(text);
+}
+
+void ListField::open() {
+    if (!std::exchange(open_, true))
+        before_ = text();
+    highlighted_ = listIndex_;
+}
+
+void ListField::close() {
+    if (!std::exchange(open_, false))
+        return;
+    changed();
+    const std::optional<QString> before = std::exchange(before_, std::nullopt);
+    if (!before || *before == text())
+        return;
+    setText(*before);
+    select(static_cast<int>(before->size()), 0);
+}
+
+void ListField::highlight(int index) {
+    highlighted_ = std::clamp(index, -1, static_cast<int>(items_.size()) - 1);
+    changed();
+}
+
+std::optional<QString> ListField::completionOf(const QString& beginning) const {
+    std::optional<QString> found;
+    for (const QString& item : items_) {
+        if (!item.startsWith(beginning, Qt::CaseInsensitive) || item == found)
+            continue;
+        if (found)
+            return {};
+        found = item;
+    }
+    return found;
 }
 
 Option::Option(Screen* screen, const char* name, const QString& caption, const char* group, bool value)

@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <optional>
 
 namespace vorta::screen {
 
@@ -77,8 +78,12 @@ class Field {
     /// True when the focus may go there now: a kind that takes focus, enabled and visible.
     bool canFocus() const;
 
+    /// The focus is about to go elsewhere.
+    virtual void leaving() {}
+
     // Rules of whole families of fields, as data.
     bool enterMovesOn = false; ///< Enter goes to the next field
+    bool keepsLines = false;   ///< a note: its text may have line breaks
     bool apostropheBecomesAcute =
         false;                   ///< a typed apostrophe turns into an acute accent, so that it cannot break a statement
     bool selectsOnFocus = false; ///< entering the field selects all of its text
@@ -161,11 +166,34 @@ class ListField : public Field {
 
     void setText(const QString& text) override;
 
+    /// Opens the list for a look or a choice. Until it closes it knows the text that stood there, which its fill takes
+    /// away.
+    void open();
+    bool isOpen() const { return open_; }
+    /// Closes it. Without a choice, and unless something else has been written since, the text stands there again.
+    void close();
+    /// The item that Enter would choose in the open list; -1 for none.
+    int highlighted() const { return highlighted_; }
+    void highlight(int index);
+    /// The item from which the cursor keys go on in the closed list. It is the chosen one also when its Click has
+    /// written another text.
+    int place() const { return place_; }
+    void leaving() override { close(); }
+
+    /// A typed beginning that only one item has is completed with the rest of it.
+    bool completes = false;
+    /// That item; nothing when none or several begin so.
+    std::optional<QString> completionOf(const QString& beginning) const;
+
   private:
     bool dropDown_;
     QStringList items_;
     int listIndex_ = -1;
+    int place_ = -1;
     int dropWidth_ = 0;
+    bool open_ = false;
+    int highlighted_ = -1;
+    std::optional<QString> before_; ///< the text that stood there when the list was opened
 };
 
 /// One of a group of exclusive options.

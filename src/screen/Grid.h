@@ -22,6 +22,11 @@ class Grid : public Field {
   public:
     Grid(Screen* screen, const char* name) : Field(screen, name, FieldKind::Grid) {}
 
+    /// A grid to choose from: Enter does what a double click does. In any other Enter moves on, and no key is a click.
+    bool keysChoose = false;
+    /// Rows by which PageUp and PageDown go; a window says how many it shows.
+    int pageRows = 10;
+
     /// Empties the grid down to its header row and sets its columns.
     void reset(const std::vector<GridColumn>& columns);
     const std::vector<GridColumn>& columns() const { return columns_; }

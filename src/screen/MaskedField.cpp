@@ -102,40 +102,50 @@ void MaskedField::clearSelected() {
 }
 
 void MaskedField::typeCharacter(QChar character) {
-    const bool masked = !mask_.isEmpty();
-    if (!masked) {
-        clearSelected();
-        if (maxLength() > 0 && text().size() >= maxLength())
-            return;
-        const int at = selectionStart();
-        storeText(text().left(at) + character + text().mid(at));
-        select(at + 1, 0);
-        return;
-    }
-    if (!isDigit(character) && !mask_.contains(character))
-        return;
+    const QString before = text();
+    const int start = selectionStart();
+    const int length = selectionLength();
     clearSelected();
-    QString edited = text();
+    if (put(character))
+        return;
+    storeText(before);
+    select(start, length);
+}
+
+bool MaskedField::put(QChar character) {
+    const bool literal = character != place && mask_.contains(character);
+    if (!mask_.isEmpty() && !isDigit(character) && !literal)
+        return false;
+    return !mask_.isEmpty() && fits(text()) ? putIntoForm(character) : putRaw(character);
+}
+
+bool MaskedField::putIntoForm(QChar character) {
     int at = selectionStart();
-    if (!fits(edited)) {
-        // A raw text is edited as it stands, until its digits find room in the mask.
-        setText(edited.insert(at, character));
-        select(at + 1, 0);
-        return;
-    }
     if (!isDigit(character)) {
-        if (at < mask_.size() && mask_[at] == character)
-            select(at + 1, 0);
-        return;
+        const bool stands = at < mask_.size() && mask_[at] == character;
+        select(stands ? at + 1 : at, 0);
+        return stands;
     }
     while (at < mask_.size() && mask_[at] != place)
         ++at;
     if (at >= mask_.size())
-        return;
+        return false;
+    QString edited = text();
     edited[at] = character;
     storeText(edited);
-    ++at;
-    select(at, 0);
+    select(at + 1, 0);
+    return true;
+}
+
+/// A raw text is edited as it stands, until its digits find room in the mask.
+bool MaskedField::putRaw(QChar character) {
+    const int limit = maxLength() > 0 ? maxLength() : static_cast<int>(mask_.size());
+    if (limit > 0 && text().size() >= limit)
+        return false;
+    const int at = selectionStart();
+    setText(text().left(at) + character + text().mid(at));
+    select(at + 1, 0);
+    return true;
 }
 
 void MaskedField::backspace() {

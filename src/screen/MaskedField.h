@@ -25,7 +25,9 @@ class MaskedField : public Field {
     void setText(const QString& text) override;
 
     /// Editing by keys, at the selection: a digit fills the next place, a literal typed where it stands is passed over,
-    /// anything else is refused. Without a mask any character is inserted up to the maximum length.
+    /// anything else is refused and changes nothing, the selection included. A raw text takes digits and literals up to
+    /// the limit of the field or else the length of its mask. Without a mask any character is inserted up to the
+    /// maximum length.
     void typeCharacter(QChar character);
     void backspace();
     void deleteForward();
@@ -38,6 +40,10 @@ class MaskedField : public Field {
     bool canPour(const QString& text, const QString& digits) const;
     QString poured(const QString& digits) const;
     void clearSelected();
+    /// Puts a character where the cursor is; false when it is refused.
+    bool put(QChar character);
+    bool putIntoForm(QChar character);
+    bool putRaw(QChar character);
 
     QString mask_;
 };

@@ -9,6 +9,18 @@
 
 namespace vorta::screen {
 
+std::optional<Answer> EscapeAnswer(Buttons buttons) {
+    switch (buttons) {
+    case Buttons::OK:
+        return Answer::OK;
+    case Buttons::YesNoCancel:
+        return Answer::No; // "Cancela" gives up the operation, "Não" goes on with it
+    case Buttons::YesNo:
+        break;
+    }
+    return {};
+}
+
 void Platform::prepare(Screen&) {}
 
 void Platform::dropPrepared() {}

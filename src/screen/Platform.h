@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QString>
 #include <QStringList>
+#include <optional>
 
 namespace vorta::screen {
 
@@ -11,6 +12,10 @@ class Screen;
 enum class Icon { None, Information, Critical };
 enum class Buttons { OK, YesNo, YesNoCancel };
 enum class Answer { OK, Yes, No, Cancel };
+
+/// What Escape answers to a box with these buttons: what keeps all that was typed. Where only yes and no are offered it
+/// answers nothing.
+std::optional<Answer> EscapeAnswer(Buttons buttons);
 
 /// A message box as the screens ask for it. An empty title is the application's own. Line breaks in `text` are "\n".
 struct Box {

@@ -18,6 +18,7 @@ void Program::requireRunning() const {
 
 Answer Program::MsgBox(const Box& box) {
     requireRunning();
+    ++interruptions_;
     const Answer answer = platform_.messageBox(box);
     requireRunning();
     return answer;
@@ -25,6 +26,7 @@ Answer Program::MsgBox(const Box& box) {
 
 void Program::ShowModal(Screen& screen) {
     requireRunning();
+    ++interruptions_;
     screens_.push_back(&screen);
     // Also a Load that fails takes its screen off again, for a handler that goes on.
     const auto leave = qScopeGuard([&] { std::erase(screens_, &screen); });

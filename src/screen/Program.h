@@ -36,6 +36,9 @@ class Program {
     /// ended.
     bool dispatch(const std::function<void()>& event);
 
+    /// How often a box or a screen has come up in front so far.
+    int interruptions() const { return interruptions_; }
+
     bool hasEnded() const { return ended_; }
     int exitCode() const { return failure_ ? 1 : 0; }
     const std::optional<RuntimeError>& failure() const { return failure_; }
@@ -54,6 +57,7 @@ class Program {
     Platform& platform_;
     std::vector<Screen*> screens_;
     bool ended_ = false;
+    int interruptions_ = 0;
     std::optional<RuntimeError> failure_;
 };
 

@@ -31,6 +31,18 @@ void showPageOf(const Field& field) {
     }
 }
 
+bool isInFront(const Field& field) {
+    const TabStrip* strip = field.strip();
+    return !strip || (strip->current() == field.page() && isInFront(*strip));
+}
+
+void selectAll(Field& field) {
+    const bool takesText =
+        field.kind() == FieldKind::Text || field.kind() == FieldKind::Masked || field.kind() == FieldKind::List;
+    if (takesText)
+        field.select(0, static_cast<int>(field.text().size()));
+}
+
 Screen::Screen(Program& program, const QString& name) : program_(program), name_(name) {}
 
 Field* Screen::findField(const QString& name) const {
@@ -54,6 +66,12 @@ void Screen::setCaption(const QString& caption) {
 
 void Screen::setBackground(Colour background) {
     background_ = background;
+    notify();
+}
+
+void Screen::setPlace(Place place) {
+    place_ = place;
+    ++placings_;
     notify();
 }
 
@@ -86,8 +104,9 @@ void Screen::enter(Field* field) {
 }
 
 void Screen::takeFirstFocus() {
-    if (!focus_)
-        moveFocus(nextField(nullptr));
+    Field* first = focus_ ? nullptr : nextField(nullptr);
+    if (first && moveFocus(first))
+        selectAll(*first);
 }
 
 bool Screen::moveFocus(Field* target) {
@@ -97,6 +116,8 @@ bool Screen::moveFocus(Field* target) {
         return true;
     }
     Field* old = focus_;
+    if (old)
+        old->leaving();
     focus_ = target;
     requestedFocus_ = nullptr;
     {
@@ -134,7 +155,7 @@ Field* Screen::nextField(const Field* from, bool backwards) const {
     if (start != order.end())
         std::rotate(order.begin(), start + 1, order.end());
     for (Field* field : order)
-        if (field != from && field->canFocus() && !field->locked() && !passedOver(*field, fields_))
+        if (field != from && field->canFocus() && !field->locked() && isInFront(*field) && !passedOver(*field, fields_))
             return field;
     return nullptr;
 }

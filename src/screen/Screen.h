@@ -21,6 +21,10 @@ class ScreenObserver {
 /// The shape of the mouse pointer: the arrow, or the hourglass of long work.
 enum class Pointer { Default = 0, Hourglass = 11 };
 
+/// Where a screen comes up on the display: where the desktop likes, in the middle, or against the left border and in
+/// the middle from above.
+enum class Place { Anywhere, Centre, LeftBorder };
+
 /// A screen: named fields, a caption, and the handlers of its events. Shown modally by `Program::ShowModal`. A screen
 /// that has been unloaded is made anew at its next opening.
 class Screen {
@@ -43,6 +47,10 @@ class Screen {
     void setCaption(const QString& caption);
     Colour background() const { return background_; }
     void setBackground(Colour background);
+    /// Puts the screen there, now and at its opening. `placings` counts it, so that a window knows when to move.
+    void setPlace(Place place);
+    Place place() const { return place_; }
+    int placings() const { return placings_; }
     Pointer pointer() const { return pointer_; }
     void setPointer(Pointer pointer);
 
@@ -57,14 +65,16 @@ class Screen {
     /// Asks for one step to the next field, carried out when the running handler has ended.
     void SendTab() { tabRequested_ = true; }
     bool takeTabRequest();
-    /// The next (or previous) field that takes the focus, in tab order; locked fields and options that are not chosen
-    /// are passed over.
+    /// The next (or previous) field that takes the focus, in tab order; locked fields, options that are not chosen and
+    /// fields on a page that is not in front are passed over.
     Field* nextField(const Field* from, bool backwards = false) const;
 
     /// Runs once before the screen is shown.
     virtual void Load() {}
     /// Runs when the screen is about to close, whatever closes it.
     virtual void QueryUnload() {}
+    /// The user's wish to close the screen by its frame. One that has a way out of its own takes that.
+    virtual void CloseByFrame() { Unload(); }
 
     /// Closes the screen; the modal wait on it ends when the running handler has ended.
     void Unload();
@@ -79,7 +89,8 @@ class Screen {
     void notify(Field& field);
     void notify();
     void enter(Field* field);
-    /// A screen that opens without a field in focus begins at its first one.
+    /// A screen that opens without a field in focus begins at its first one, with the text selected as by a step of
+    /// the keyboard.
     void takeFirstFocus();
 
     Program& program_;
@@ -87,6 +98,8 @@ class Screen {
     QString caption_;
     Colour background_ = colour::ButtonFace;
     Pointer pointer_ = Pointer::Default;
+    Place place_ = Place::Anywhere;
+    int placings_ = 0;
     std::vector<Field*> fields_;
     Field* focus_ = nullptr;
     Field* requestedFocus_ = nullptr;
@@ -98,5 +111,9 @@ class Screen {
 
 /// Brings the tab pages to the front that carry the field.
 void showPageOf(const Field& field);
+/// True when these pages are in front.
+bool isInFront(const Field& field);
+/// Selects all of a text that can be typed over.
+void selectAll(Field& field);
 
 } // namespace vorta::screen

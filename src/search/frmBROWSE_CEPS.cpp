@@ -38,8 +38,10 @@ constexpr std::array blocos{
 
 frmBROWSE_CEPS::frmBROWSE_CEPS(ContextoExecucao& contexto)
     : Screen(contexto.program(), u"frmBROWSE_CEPS"_s), contexto_(contexto) {
-    cmdPesquisa.enterMovesOn = true;
+    for (screen::Field* campo : std::initializer_list<screen::Field*>{&txtCEP, &txtEndereco, &cmdPesquisa})
+        campo->enterMovesOn = true;
     cmdPesquisa.Click = [this] { cmdPesquisa_Click(); };
+    Flex.keysChoose = true;
     Flex.DblClick = [this] { Flex_DblClick(); };
 }
 

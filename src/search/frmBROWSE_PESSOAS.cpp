@@ -83,6 +83,7 @@ frmBROWSE_PESSOAS::frmBROWSE_PESSOAS(ContextoExecucao& contexto)
     cmdPesquisa.Click = [this] { cmdPesquisa_Click(); };
     cmdLimpar.Click = [this] { cmdLimpar_Click(); };
     chkVisualiza.Click = [this] { cmdPesquisa_Click(); };
+    Flex.keysChoose = true;
     Flex.DblClick = [this] { Flex_DblClick(); };
 }
 

@@ -56,6 +56,7 @@ frmBROWSE_PRODUTO::frmBROWSE_PRODUTO(ContextoExecucao& contexto)
     chkVisualiza.Click = [this] { cmdPesquisa_Click(); };
     cmdPesquisa.Click = [this] { cmdPesquisa_Click(); };
     cmdLimpar.Click = [this] { cmdLimpar_Click(); };
+    Flex.keysChoose = true;
     Flex.Click = [this] { Flex_Click(); };
     Flex.DblClick = [this] { Flex_DblClick(); };
     Image1.DblClick = [this] { Image1_DblClick(); };

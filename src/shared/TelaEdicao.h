@@ -29,6 +29,9 @@ class TelaEdicao : public screen::Screen {
     /// True during inclusion and alteration.
     bool EmEdicao() const { return modo() != Modo::Ocioso; }
 
+    /// The frame does what the way out does: during an operation it asks.
+    void CloseByFrame() override { cmdSAIR_Click(); }
+
     /// For leaving a field with an e-mail address: a doubtful one is asked about, and "Sim" goes back to the field.
     void ConfereEmail(screen::Field& campo);
 

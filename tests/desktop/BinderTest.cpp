@@ -5,6 +5,8 @@
 #include "desktop/GridModel.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QTabBar>
 
@@ -107,6 +109,60 @@ TEST_F(SampleBinder, AGridReportsCellsAndHeaders) {
     });
 }
 
+TEST_F(SampleBinder, ADoubleClickIsOneClickWhateverHappensToTheRows) {
+    tela.Flex.reset({{"Nome"}});
+    for (int row = 1; row <= 500; ++row)
+        tela.Flex.AddItem(QString::number(row));
+    int clicks = 0;
+    tela.Flex.Click = [&] {
+        ++clicks;
+        tela.Flex.RemoveItem(tela.Flex.Row());
+    };
+    open([&] {
+        const QPoint place = centreOf(*grade, 1, 0);
+        for (int pair = 0; pair < 200; ++pair)
+            for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease,
+                                            QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
+                QMouseEvent event(type, place, grade->viewport()->mapToGlobal(place), Qt::LeftButton, Qt::LeftButton,
+                                  Qt::NoModifier);
+                QCoreApplication::sendEvent(grade->viewport(), &event);
+            }
+        EXPECT_EQ(clicks, 200);
+        EXPECT_EQ(tela.Flex.Rows(), 301);
+        EXPECT_EQ(tela.events.count("double Flex"), 200);
+    });
+}
+
+TEST_F(SampleBinder, EnterHeldDownWalksAsFarAsAButton) {
+    tela.txtNome.enterMovesOn = true;
+    open([&] {
+        const auto hold = [](QWidget* widget) {
+            QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s, true);
+            QCoreApplication::sendEvent(widget, &held);
+        };
+        put(tela.txtNome);
+        hold(nome);
+        EXPECT_EQ(tela.focus(), &tela.txtNota);
+        put(tela.cmdSALVAR);
+        hold(salvar);
+        EXPECT_FALSE(tela.events.contains(u"click cmdSALVAR"_s));
+        QTest::keyClick(salvar, Qt::Key_Return);
+        EXPECT_TRUE(tela.events.contains(u"click cmdSALVAR"_s));
+    });
+}
+
+TEST_F(SampleBinder, AltWithTheLetterOfADisabledButtonTypesNothing) {
+    tela.cmdSALVAR.setEnabled(false);
+    open([&] {
+        put(tela.txtNome);
+        QTest::keyClick(nome, Qt::Key_S, Qt::AltModifier);
+        QTest::keyClick(nome, Qt::Key_Q, Qt::AltModifier);
+        EXPECT_EQ(tela.txtNome.text(), u"");
+        QTest::keyClick(nome, Qt::Key_Q);
+        EXPECT_EQ(tela.txtNome.text(), u"q");
+    });
+}
+
 TEST_F(SampleBinder, KeysWalkAGridAndEnterChooses) {
     tela.Flex.reset({{"Nome"}});
     tela.Flex.AddItem(u"A"_s);
@@ -117,11 +173,11 @@ TEST_F(SampleBinder, KeysWalkAGridAndEnterChooses) {
         EXPECT_EQ(tela.Flex.Row(), 2);
         EXPECT_TRUE(tela.events.isEmpty()) << "walking is no click";
         QTest::keyClick(grade, Qt::Key_Return);
-        EXPECT_EQ(tela.events, QStringList({"double Flex"}));
+        EXPECT_EQ(tela.events, QStringList({"click Flex", "double Flex"}));
         tela.Flex.setRow(0);
         settle();
         QTest::keyClick(grade, Qt::Key_Return);
-        EXPECT_EQ(tela.events.size(), 1);
+        EXPECT_EQ(tela.events.size(), 2);
     });
 }
 

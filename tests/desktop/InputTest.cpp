@@ -202,6 +202,63 @@ TEST_F(SampleInput, MaskedKeysAreTheFieldsOwn) {
     });
 }
 
+TEST_F(SampleInput, TenThousandCharactersArePastedByTheRules) {
+    tela.txtNome.setMaxLength(50);
+    open([&] {
+        QGuiApplication::clipboard()->setText(u"a\tb日"_s.repeated(2500));
+        for (const auto& [field, widget] : {std::pair<screen::Field*, QWidget*>{&tela.txtNome, nome},
+                                            {&tela.txtNota, nota},
+                                            {&tela.mskCEP, cep},
+                                            {&tela.cboCidade, cidade}}) {
+            put(*field);
+            QTest::keyClick(widget, Qt::Key_V, Qt::ControlModifier);
+            EXPECT_FALSE(field->text().contains(u'\t'));
+            EXPECT_FALSE(field->text().contains(u'日'));
+        }
+        EXPECT_LE(tela.txtNome.text().size(), 50);
+        EXPECT_EQ(tela.txtNome.text(), nome->text());
+        EXPECT_EQ(tela.txtNota.text().size(), 7500);
+        EXPECT_EQ(tela.mskCEP.text(), u"_____-___");
+        EXPECT_EQ(cep->text(), u"_____-___");
+    });
+}
+
+TEST_F(SampleInput, TheMenuOfAMaskPastesIntoItsPlaces) {
+    open([&] {
+        put(tela.mskCEP);
+        QGuiApplication::clipboard()->setText(u"04567-890"_s);
+        cep->paste();
+        EXPECT_EQ(tela.mskCEP.text(), u"04567-890");
+        EXPECT_EQ(cep->text(), u"04567-890");
+        cep->paste();
+        EXPECT_EQ(tela.mskCEP.text(), u"04567-890");
+        cep->selectAll();
+        cep->del();
+        EXPECT_EQ(cep->text(), u"_____-___");
+    });
+}
+
+TEST_F(SampleInput, AListThatWasOnlyLookedAtKeepsItsText) {
+    tela.cboCidade.setText(u"OUTRA"_s);
+    tela.cboCidade.DropDown = [&] {
+        tela.cboCidade.clear();
+        tela.cboCidade.addItem(u"SANTOS"_s);
+    };
+    open([&] {
+        QTest::keyClick(cidade, Qt::Key_F4);
+        ASSERT_TRUE(cidade->view()->isVisible());
+        EXPECT_EQ(cidade->currentText(), u"");
+        QTest::keyClick(cidade->view(), Qt::Key_Escape);
+        settle();
+        EXPECT_FALSE(cidade->view()->isVisible());
+        EXPECT_EQ(cidade->currentText(), u"OUTRA");
+        QTest::keyClick(cidade, Qt::Key_F4);
+        put(tela.txtNome);
+        EXPECT_FALSE(cidade->view()->isVisible()) << "the list closes with the focus that leaves it";
+        EXPECT_EQ(cidade->currentText(), u"OUTRA");
+    });
+}
+
 TEST_F(SampleInput, AListDropsDownAndIsPickedFrom) {
     tela.cboCidade.DropDown = [&] {
         tela.cboCidade.clear();

@@ -9,9 +9,11 @@
 #include <QAbstractButton>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 #include <csignal>
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <stdexcept>
 
@@ -70,14 +72,38 @@ TEST(MessageBox, KeepsATitleAndAnIcon) {
     EXPECT_EQ(captionsFromLeft(*shown), QStringList({"OK"}));
 }
 
-TEST(MessageBox, EscapeGivesTheAnswerThatChangesLeast) {
-    for (const auto& [buttons, wanted] :
-         {std::pair{Buttons::OK, Answer::OK}, {Buttons::YesNo, Answer::No}, {Buttons::YesNoCancel, Answer::Cancel}}) {
+TEST(MessageBox, EscapeGivesTheAnswerThatKeepsWhatWasTyped) {
+    for (const auto& [buttons, wanted] : {std::pair{Buttons::OK, Answer::OK}, {Buttons::YesNoCancel, Answer::No}}) {
         const auto shown = desktop::MakeMessageBox({u"?"_s, {}, Icon::None, buttons}, nullptr);
         later([&] { QTest::keyClick(shown.get(), Qt::Key_Escape); });
         shown->exec();
         EXPECT_EQ(desktop::AnswerOf(*shown), wanted);
     }
+}
+
+TEST(MessageBox, ABoxOfYesAndNoKnowsNoOtherWayOut) {
+    const auto shown = desktop::MakeMessageBox({u"?"_s, {}, Icon::None, Buttons::YesNo}, nullptr);
+    EXPECT_EQ(captionsFromLeft(*shown), QStringList({"Sim", "Não"}));
+    EXPECT_FALSE(shown->windowFlags().testFlag(Qt::WindowCloseButtonHint));
+    QTest::keyClick(shown.get(), Qt::Key_Escape);
+    EXPECT_TRUE(shown->isVisible());
+    shown->close();
+    EXPECT_TRUE(shown->isVisible());
+    QTest::mouseClick(desktop::ButtonOf(*shown, Answer::No), Qt::LeftButton);
+    EXPECT_FALSE(shown->isVisible());
+    EXPECT_EQ(desktop::AnswerOf(*shown), Answer::No);
+}
+
+TEST(MessageBox, AKeyThatIsHeldDownAnswersNothing) {
+    const auto shown = desktop::MakeMessageBox({u"?"_s, {}, Icon::None, Buttons::YesNo}, nullptr);
+    shown->show();
+    for (QWidget* target : std::initializer_list<QWidget*>{shown.get(), shown->defaultButton()}) {
+        QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s, true);
+        QCoreApplication::sendEvent(target, &held);
+        EXPECT_TRUE(shown->isVisible());
+    }
+    QTest::keyClick(shown->defaultButton(), Qt::Key_Return);
+    EXPECT_FALSE(shown->isVisible());
 }
 
 TEST(MessageBox, EveryButtonGivesItsAnswer) {
@@ -209,7 +235,7 @@ TEST(DesktopPlatform, TheSystemsWishEndsALaunchThatIsStuckInABox) {
 }
 #endif
 
-TEST(DesktopPlatform, AScreenKeepsItsPlace) {
+TEST(DesktopPlatform, AScreenKeepsItsSize) {
     desktop::DesktopPlatform platform;
     screen::Program program(platform);
     Menu menu(program);
@@ -226,6 +252,55 @@ TEST(DesktopPlatform, AScreenKeepsItsPlace) {
     });
     program.dispatch([&] { program.ShowModal(again); });
     EXPECT_EQ(found, QSize(555, 444));
+}
+
+TEST(DesktopPlatform, AScreenStandsWhereItSays) {
+    desktop::DesktopPlatform platform;
+    screen::Program program(platform);
+    Menu menu(program);
+    menu.setPlace(screen::Place::Centre);
+    QList<QPoint> off;
+    later([&] {
+        desktop::ScreenWindow& window = *platform.top();
+        const auto note = [&] { off += window.frameGeometry().center() - window.screen()->geometry().center(); };
+        window.resize(300, 200);
+        window.complete();
+        note();
+        window.move(1, 2);
+        menu.setPlace(screen::Place::Centre);
+        window.binder().flush();
+        note();
+        window.close();
+    });
+    program.dispatch([&] { program.ShowModal(menu); });
+    ASSERT_EQ(off.size(), 2);
+    for (const QPoint& one : off) {
+        EXPECT_LE(std::abs(one.x()), 1);
+        EXPECT_LE(std::abs(one.y()), 1);
+    }
+}
+
+TEST(DesktopPlatform, TheFrameAsksTheScreen) {
+    struct Careful : Menu {
+        using Menu::Menu;
+        void CloseByFrame() override {
+            if (++wishes == 2)
+                Unload();
+        }
+        int wishes = 0;
+    };
+    desktop::DesktopPlatform platform;
+    screen::Program program(platform);
+    Careful menu(program);
+    bool stillThere = false;
+    later([&] {
+        platform.top()->close();
+        stillThere = menu.isLoaded() && platform.top()->isVisible();
+        platform.top()->close();
+    });
+    program.dispatch([&] { program.ShowModal(menu); });
+    EXPECT_TRUE(stillThere);
+    EXPECT_FALSE(menu.isLoaded());
 }
 
 TEST(DesktopPlatform, APreparedWindowIsTheOneThatIsShown) {

@@ -27,6 +27,8 @@ struct SampleScreen : screen::Screen {
     explicit SampleScreen(screen::Program& program) : Screen(program, u"frmAmostra"_s) {
         tabs.place(u"Um"_s, {&txtNome, &txtNota, &mskCEP});
         tabs.place(u"Dois"_s, {&txtOutro});
+        txtNota.keepsLines = true;
+        Flex.keysChoose = true;
         for (screen::Field* field : fields()) {
             field->GotFocus = [this, field] { events += u"got "_s + field->name(); };
             field->LostFocus = [this, field] { events += u"lost "_s + field->name(); };

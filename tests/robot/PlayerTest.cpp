@@ -125,7 +125,7 @@ constexpr Played failing[] = {
     {"unknownContextField", "context Nada \"1\"", "2: error 438: O contexto não tem o campo Nada"},
     {"unknownScreen", "open frmTres", "2: expected a screen frmTres, the program has none"},
     {"unknownKey", "focus txtNome\npress F13", "3: expected a key, was F13"},
-    {"unknownAnswer", "answer \"Talvez\"", "2: expected the answer Sim, Não, Cancela or OK, was Talvez"},
+    {"unknownAnswer", "answer \"Talvez\"", "2: expected the answer Sim, Não, Cancela, OK or Escape, was Talvez"},
     {"unknownTab", "tab SSTab \"Terceira\"",
      "2: expected a tab \"Terceira\" in SSTab, its tabs are \"Primeira|Segunda\""},
     {"unknownItem", "choose cboLista \"C\"", "2: expected an item \"C\" in cboLista, its items are \"A|B\""},

@@ -88,11 +88,19 @@ TEST(Focus, TabWalksInTheOrderOfTheFields) {
         order += world.tela.focus()->name();
         world.user.key(*world.tela.focus(), Key::Tab);
     }
-    EXPECT_EQ(order, QStringList({u"txtNome"_s, u"mskCEP"_s, u"cboCidade"_s, u"opNao"_s, u"chkAtivo"_s, u"FlexLista"_s,
-                                  u"cmdSALVAR"_s}))
+    EXPECT_EQ(order, QStringList({u"txtNome"_s, u"mskCEP"_s, u"cboCidade"_s, u"cmdSALVAR"_s, u"txtNome"_s, u"mskCEP"_s,
+                                  u"cboCidade"_s}))
+        << "a page that is not in front is passed over, and the walk begins again";
+    EXPECT_EQ(world.tela.focus(), &world.tela.cmdSalvar);
+    world.user.chooseTab(world.tela.tab, 1);
+    order.clear();
+    for (int step = 0; step < 5; ++step) {
+        order += world.tela.focus()->name();
+        world.user.key(*world.tela.focus(), Key::Tab);
+    }
+    EXPECT_EQ(order, QStringList({u"cmdSALVAR"_s, u"opNao"_s, u"chkAtivo"_s, u"FlexLista"_s, u"cmdSALVAR"_s}))
         << "the option that is not chosen is passed over";
-    EXPECT_EQ(world.tela.focus(), &world.tela.txtNome) << "the walk begins again";
-    world.user.key(world.tela.txtNome, Key::BackTab);
+    world.user.key(*world.tela.focus(), Key::BackTab);
     EXPECT_EQ(world.tela.focus(), &world.tela.cmdSalvar);
 }
 
@@ -103,13 +111,14 @@ TEST(Focus, TabPassesOverLockedDisabledAndHiddenFields) {
     world.tela.opNao.setVisible(false);
     world.user.focus(world.tela.txtNome);
     world.user.key(world.tela.txtNome, Key::Tab);
-    EXPECT_EQ(world.tela.focus(), &world.tela.chkAtivo);
+    EXPECT_EQ(world.tela.focus(), &world.tela.cmdSalvar);
     EXPECT_TRUE(world.user.focus(world.tela.cboCidade)) << "a locked field can be clicked into";
 }
 
 TEST(Focus, WithoutAChosenOptionTheFirstOneTakesPart) {
     SampleWorld world;
     world.tela.opNao.setValue(false);
+    world.user.chooseTab(world.tela.tab, 1);
     EXPECT_EQ(world.tela.nextField(&world.tela.cboCidade), &world.tela.opSim);
     EXPECT_EQ(world.tela.nextField(&world.tela.opSim), &world.tela.opNao);
 }

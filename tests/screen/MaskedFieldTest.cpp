@@ -122,8 +122,7 @@ TEST(MaskedField, ARawTextIsEditedUntilItFits) {
     world.user.focus(campo);
     campo.select(9, 0);
     world.user.character(campo, u'9');
-    EXPECT_EQ(campo.text(), u"1101520019"_s) << "one key does not throw the text away";
-    world.user.key(campo, Key::Backspace);
+    EXPECT_EQ(campo.text(), u"110152001"_s) << "no more than the mask holds, and nothing thrown away";
     world.user.key(campo, Key::Backspace);
     EXPECT_EQ(campo.text(), u"11015-200"_s);
     campo.setText(u"ABC"_s);
@@ -132,4 +131,33 @@ TEST(MaskedField, ARawTextIsEditedUntilItFits) {
     campo.setText(u"ABC"_s);
     world.user.type(campo, {});
     EXPECT_EQ(campo.text(), u"_____-___"_s);
+}
+
+TEST(MaskedField, ARefusedCharacterTakesNothingAway) {
+    SampleWorld world;
+    MaskedField& campo = world.tela.mskCEP;
+    campo.setText(u"13010-000"_s);
+    world.user.focus(campo);
+    for (const QChar refused : {u'x', u'#', u'-'}) {
+        campo.select(0, 9);
+        world.user.character(campo, refused);
+        EXPECT_EQ(campo.text(), u"13010-000"_s);
+        EXPECT_EQ(campo.selectionLength(), 9);
+    }
+    world.user.paste(campo, u"04567-890"_s);
+    EXPECT_EQ(campo.text(), u"04567-890"_s);
+}
+
+TEST(MaskedField, ARawTextHoldsTheLimitOfItsField) {
+    SampleWorld world;
+    MaskedField& campo = world.tela.mskCEP;
+    campo.setMaxLength(12);
+    campo.setText(u"110152001"_s);
+    world.user.focus(campo);
+    campo.select(9, 0);
+    for (int typed = 0; typed < 20; ++typed)
+        world.user.character(campo, u'9');
+    EXPECT_EQ(campo.text(), u"110152001999"_s);
+    world.user.paste(campo, QString(10000, u'9'));
+    EXPECT_EQ(campo.text(), u"110152001999"_s);
 }

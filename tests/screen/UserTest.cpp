@@ -73,7 +73,7 @@ TEST(User, CharactersThatTheDataCannotHoldAreKeptOut) {
     SampleWorld world;
     world.user.type(world.tela.txtNome, u"a日b€"_s);
     EXPECT_EQ(world.tela.txtNome.text(), u"ab€"_s);
-    world.user.edited(world.tela.txtNome, u"colado 日 aqui"_s);
+    world.user.replace(world.tela.txtNome, 0, 3, u"colado 日 aqui"_s);
     EXPECT_EQ(world.tela.txtNome.text(), u"colado  aqui"_s);
 }
 
@@ -171,13 +171,175 @@ TEST(User, EnterChoosesTheRowOfAGrid) {
     SampleWorld world;
     world.tela.grade.reset({{u"Nome"_s}});
     world.tela.grade.AddItem(u"A"_s);
+    world.tela.grade.keysChoose = true;
     world.user.focus(world.tela.grade);
     world.tela.events.clear();
     world.user.key(world.tela.grade, Key::Enter);
     world.tela.grade.setRow(0);
     world.user.key(world.tela.grade, Key::Enter);
-    world.tela.grade.setRow(1);
-    world.tela.grade.DblClick = {};
-    world.user.key(world.tela.grade, Key::Enter);
-    EXPECT_EQ(world.tela.events, QStringList({u"double FlexLista"_s, u"click FlexLista"_s}));
+    EXPECT_EQ(world.tela.events, QStringList({u"click FlexLista"_s, u"double FlexLista"_s}));
+}
+
+TEST(User, TheKeysOfAnOrdinaryGridAreNoClicks) {
+    SampleWorld world;
+    world.tela.grade.reset({{u"Nome"_s}});
+    world.tela.grade.AddItem(u"A"_s);
+    world.tela.grade.AddItem(u"B"_s);
+    world.user.chooseTab(world.tela.tab, 1);
+    world.user.focus(world.tela.grade);
+    world.tela.events.clear();
+    world.user.key(world.tela.grade, Key::Down);
+    world.user.character(world.tela.grade, u' ');
+    EXPECT_EQ(world.tela.grade.Row(), 2);
+    EXPECT_TRUE(world.tela.events.isEmpty());
+}
+
+TEST(User, TwoQuickPressesAreAClickAndADoubleClick) {
+    SampleWorld world;
+    world.tela.grade.reset({{u"Nome"_s}});
+    for (const char* name : {"A", "B", "C"})
+        world.tela.grade.AddItem(QLatin1String(name));
+    int clicks = 0;
+    world.tela.grade.Click = [&] {
+        ++clicks;
+        world.tela.grade.RemoveItem(world.tela.grade.Row());
+    };
+    world.platform.whenShown(u"frmAmostra"_s, [&](Screen&) {
+        world.user.doubleClickCell(world.tela.grade, 1, 0);
+        EXPECT_EQ(clicks, 1);
+        EXPECT_EQ(world.tela.grade.Rows(), 3);
+        EXPECT_EQ(world.tela.events.count(u"double FlexLista"_s), 1);
+        world.user.doubleClick(world.tela.cmdSalvar);
+        EXPECT_EQ(world.tela.events.count(u"click cmdSALVAR"_s), 2);
+        world.tela.cmdSalvar.Click = [&] {
+            ++clicks;
+            world.program.MsgBox(u"Pronto"_s);
+        };
+        world.user.doubleClick(world.tela.cmdSalvar);
+        EXPECT_EQ(clicks, 2) << "the second press meets the box";
+    });
+    world.program.dispatch([&] { world.program.ShowModal(world.tela); });
+    EXPECT_EQ(clicks, 2);
+}
+
+TEST(User, AListThatWasOnlyLookedAtKeepsItsText) {
+    SampleWorld world;
+    ListField& list = world.tela.cboCidade;
+    list.setText(u"OUTRA"_s);
+    list.DropDown = [&] {
+        list.clear();
+        list.addItem(u"SANTOS"_s);
+    };
+    world.user.dropDown(list);
+    world.user.dropDown(list);
+    EXPECT_EQ(list.text(), QString());
+    world.user.key(list, Key::Escape);
+    EXPECT_EQ(list.text(), u"OUTRA"_s);
+    QString left;
+    list.LostFocus = [&] { left = list.text(); };
+    world.user.dropDown(list);
+    world.user.leave(world.tela);
+    EXPECT_EQ(left, u"OUTRA"_s);
+    world.user.dropDown(list);
+    world.user.character(list, u'X');
+    world.user.leave(world.tela);
+    EXPECT_EQ(list.text(), u"X"_s) << "what is typed into the open list stands";
+    world.user.dropDown(list);
+    world.user.key(list, Key::Down);
+    world.user.key(list, Key::Enter);
+    EXPECT_EQ(list.text(), u"SANTOS"_s);
+    EXPECT_FALSE(list.isOpen());
+    list.DropDown = [&] {
+        list.clear();
+        list.setText(u"ACHADA"_s);
+    };
+    world.user.dropDown(list);
+    world.user.leave(world.tela);
+    EXPECT_EQ(list.text(), u"ACHADA"_s) << "a handler may choose";
+}
+
+TEST(User, CursorKeysWalkWhereTheTextIsNoItem) {
+    SampleWorld world;
+    ListField& list = world.tela.cboCidade;
+    for (const char* item : {"UM|1", "DOIS|2", "TRES|3"})
+        list.addItem(QLatin1String(item));
+    list.Click = [&] { list.setText(list.text().section(u'|', 1)); };
+    world.user.focus(list);
+    QStringList texts;
+    for (const Key key : {Key::Down, Key::Down, Key::Down, Key::Down, Key::Up}) {
+        world.user.key(list, key);
+        texts += list.text();
+    }
+    EXPECT_EQ(texts, QStringList({u"1"_s, u"2"_s, u"3"_s, u"3"_s, u"2"_s}));
+}
+
+TEST(User, AFixedListCompletesWhatOneItemAloneBegins) {
+    SampleWorld world;
+    ListField& list = world.tela.cboCidade;
+    for (const char* item : {"SANTOS", "SOROCABA", "SANTOS"})
+        list.addItem(QLatin1String(item));
+    world.user.type(list, u"SA"_s);
+    EXPECT_EQ(list.text(), u"SA"_s);
+    list.completes = true;
+    world.user.type(list, u"s"_s);
+    EXPECT_EQ(list.text(), u"s"_s);
+    world.user.type(list, u"sa"_s);
+    EXPECT_EQ(list.text(), u"SANTOS"_s);
+    EXPECT_EQ(list.selectionStart(), 2);
+    world.user.key(list, Key::Backspace);
+    EXPECT_EQ(list.text(), u"SA"_s);
+    world.user.character(list, u'X');
+    EXPECT_EQ(list.text(), u"SAX"_s);
+}
+
+TEST(User, WhatIsPastedObeysTheRulesOfTyping) {
+    SampleWorld world;
+    TextField& field = world.tela.txtNome;
+    world.user.focus(field);
+    world.user.paste(field, u"A\tB\r\nC"_s);
+    EXPECT_EQ(field.text(), u"A B C"_s);
+    field.select(2, 1);
+    world.user.paste(field, u"日本"_s);
+    EXPECT_EQ(field.text(), u"A B C"_s);
+    EXPECT_EQ(field.selectionLength(), 1) << "what is refused takes no selection away";
+    world.user.paste(field, QString(10000, u'x'));
+    EXPECT_EQ(field.text().size(), 10004);
+    field.setMaxLength(6);
+    field.setText(u"ABCD"_s);
+    field.select(4, 0);
+    world.user.paste(field, u"EFGH"_s);
+    EXPECT_EQ(field.text(), u"ABCDEF"_s);
+    field.keepsLines = true;
+    field.setText({});
+    world.user.paste(field, u"A\r\n\tB"_s);
+    EXPECT_EQ(field.text(), u"A\n B"_s);
+    field.setLocked(true);
+    world.user.paste(field, u"C"_s);
+    EXPECT_EQ(field.text(), u"A\n B"_s);
+}
+
+TEST(User, AnAcceleratorClicksWhatCanBeClicked) {
+    SampleWorld world;
+    world.user.accelerator(world.tela, u's');
+    EXPECT_EQ(world.tela.events.count(u"click cmdSALVAR"_s), 1);
+    world.tela.cmdSalvar.setEnabled(false);
+    world.user.accelerator(world.tela, u'S');
+    EXPECT_EQ(world.tela.events.count(u"click cmdSALVAR"_s), 1);
+}
+
+TEST(User, CursorKeysMoveInATextAndBetweenButtons) {
+    SampleWorld world;
+    TextField& field = world.tela.txtNome;
+    field.setText(u"ABC"_s);
+    world.user.focus(field);
+    world.user.key(field, Key::End);
+    world.user.key(field, Key::Left);
+    world.user.character(field, u'x');
+    EXPECT_EQ(field.text(), u"ABxC"_s);
+    world.user.key(field, Key::Home);
+    world.user.key(field, Key::Delete);
+    EXPECT_EQ(field.text(), u"BxC"_s);
+    world.user.focus(world.tela.cmdSalvar);
+    world.user.key(world.tela.cmdSalvar, Key::Down);
+    EXPECT_EQ(world.tela.focus(), &field);
 }

@@ -8,16 +8,27 @@
 #include "screen/Program.h"
 
 #include <QAbstractButton>
+#include <QAction>
+#include <QClipboard>
 #include <QComboBox>
+#include <QDropEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QListView>
+#include <QMenu>
 #include <QMessageBox>
+#include <QMimeData>
+#include <QPlainTextEdit>
 #include <QPointer>
+#include <QScreen>
 #include <QStyleOptionComboBox>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTableView>
+#include <QTest>
+#include <algorithm>
+#include <cstdlib>
 #include <vector>
 
 namespace vorta::robot {
@@ -31,6 +42,7 @@ using screen::Field;
 using screen::FieldKind;
 using screen::Key;
 
+constexpr int intoText = 2;      ///< a point at the beginning of a line of text
 constexpr int intoIndicator = 8; ///< a point on the mark of an option or check box, whose row may be wider than itself
 
 void mouse(QWidget& widget, QEvent::Type type, QPoint at) {
@@ -47,9 +59,14 @@ void press(QWidget& widget, QPoint at) {
         mouse(widget, QEvent::MouseButtonRelease, at);
 }
 
-void pressTwice(QWidget& widget, QPoint at) {
+/// What the toolkit sends for two quick presses. When something has come up in front behind the first, the second one
+/// does not reach the widget.
+void pressTwice(const screen::Program& program, QWidget& widget, QPoint at) {
     const QPointer<QWidget> still(&widget);
+    const int before = program.interruptions();
     press(widget, at);
+    if (before != program.interruptions())
+        return;
     if (still)
         mouse(widget, QEvent::MouseButtonDblClick, at);
     if (still)
@@ -80,15 +97,72 @@ int codeOf(Key key, int function) {
         return Qt::Key_Delete;
     case Key::Escape:
         return Qt::Key_Escape;
+    case Key::Left:
+        return Qt::Key_Left;
+    case Key::Right:
+        return Qt::Key_Right;
+    case Key::Up:
+        return Qt::Key_Up;
+    case Key::Down:
+        return Qt::Key_Down;
+    case Key::Home:
+        return Qt::Key_Home;
+    case Key::End:
+        return Qt::Key_End;
+    case Key::PageUp:
+        return Qt::Key_PageUp;
+    case Key::PageDown:
+        return Qt::Key_PageDown;
     case Key::Function:
         break;
     }
     return Qt::Key_F1 + function - 1;
 }
 
+/// Keys that belong to the part of a list that has dropped down.
+bool belongsToPopup(Key key) {
+    return key == Key::Up || key == Key::Down || key == Key::Enter || key == Key::Escape;
+}
+
+/// The line in which a widget takes text; none for another widget.
+QLineEdit* lineOf(QWidget& widget) {
+    auto* combo = qobject_cast<QComboBox*>(&widget);
+    return combo ? combo->lineEdit() : qobject_cast<QLineEdit*>(&widget);
+}
+
+/// What finds no room begins where the display begins.
+bool isCentred(int at, int length, int room) {
+    return length > room ? at == 0 : std::abs(2 * at + length - room) <= 1;
+}
+
+void pasteByMenu(QWidget& widget) {
+    QLineEdit* line = lineOf(widget);
+    auto* notes = qobject_cast<QPlainTextEdit*>(&widget);
+    if (!line && !notes)
+        return;
+    const std::unique_ptr<QMenu> menu(line ? line->createStandardContextMenu() : notes->createStandardContextMenu());
+    for (QAction* action : menu->actions())
+        if (action->text().section(u'\t', 0, 0) == QCoreApplication::translate("QLineEdit", "&Paste"))
+            action->trigger();
+}
+
+/// Lets go of a text at the place of the cursor.
+void dropText(QWidget& widget, const QMimeData& text) {
+    QLineEdit* line = lineOf(widget);
+    auto* notes = qobject_cast<QPlainTextEdit*>(&widget);
+    if (!line && !notes)
+        return;
+    QWidget& target = line ? static_cast<QWidget&>(*line) : *notes->viewport();
+    const QRect cursor = line ? line->inputMethodQuery(Qt::ImCursorRectangle).toRect() : notes->cursorRect();
+    QDragEnterEvent enter(cursor.center(), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&target, &enter);
+    QDropEvent drop(cursor.center(), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&target, &drop);
+}
+
 class DesktopHands : public Hands {
   public:
-    explicit DesktopHands(screen::Program& program) {
+    explicit DesktopHands(screen::Program& program) : program_(program) {
         if (!qApp)
             application_ = makeApplication();
         if (auto* application = dynamic_cast<DesktopApplication*>(qApp))
@@ -109,13 +183,16 @@ class DesktopHands : public Hands {
         activate();
     }
 
-    screen::Answer answer(const screen::Box& box, screen::Answer prepared) override {
+    screen::Answer answer(const screen::Box& box, const Reply& prepared) override {
         settle();
         auto shown = desktop::MakeMessageBox(box, windows_.empty() ? nullptr : windows_.back().get());
         shown->open();
-        if (QAbstractButton* button = desktop::ButtonOf(*shown, prepared))
+        for (int pressed = 0; pressed < prepared.escapes && shown->isVisible(); ++pressed)
+            stroke(*shown, Qt::Key_Escape);
+        QAbstractButton* button = desktop::ButtonOf(*shown, prepared.button);
+        if (button && shown->isVisible())
             press(*button, button->rect().center());
-        else
+        else if (!button)
             shown->reject();
         const screen::Answer given = desktop::AnswerOf(*shown);
         shown.reset();
@@ -125,7 +202,10 @@ class DesktopHands : public Hands {
 
     /// By the keyboard's way, as a click would do more to a button or a cell.
     void focus(Field& field) override {
-        if (QWidget* widget = widgetOf(field)) {
+        settle();
+        QWidget* widget = field.screen().focus() == &field ? nullptr : widgetOf(field);
+        if (widget) {
+            // On a page that was not in front the window may have kept a focus that the screen has not.
             if (window(field.screen())->focusWidget() == widget)
                 widget->clearFocus();
             widget->setFocus(Qt::TabFocusReason);
@@ -156,8 +236,42 @@ class DesktopHands : public Hands {
     }
 
     void key(Field& focused, Key key, int function) override {
-        if (QWidget* widget = widgetOf(focused))
+        QWidget* widget = widgetOf(focused);
+        if (auto* combo = qobject_cast<QComboBox*>(widget); combo && belongsToPopup(key) && combo->view()->isVisible())
+            widget = combo->view();
+        if (widget)
             stroke(*widget, codeOf(key, function));
+        settle();
+    }
+
+    void accelerator(screen::Screen& screen, QChar letter) override {
+        settle();
+        ScreenWindow* shown = window(screen);
+        if (!shown)
+            return;
+        QWidget* widget = shown->focusWidget() ? shown->focusWidget() : shown;
+        QTest::keyClick(widget, letter.toLatin1(), Qt::AltModifier);
+        // A button is seen to go down for a moment before it is clicked.
+        while (window(screen) && isAnyDown(*shown))
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        settle();
+    }
+
+    void paste(Field& focused, const QString& text, PasteWay way) override {
+        settle();
+        QWidget* widget = widgetOf(focused);
+        if (!widget)
+            return;
+        QGuiApplication::clipboard()->setText(text);
+        if (way == PasteWay::Keys) {
+            stroke(*widget, Qt::Key_V, {}, Qt::ControlModifier);
+        } else if (way == PasteWay::Menu) {
+            pasteByMenu(*widget);
+        } else {
+            QMimeData dragged;
+            dragged.setText(text);
+            dropText(*widget, dragged);
+        }
         settle();
     }
 
@@ -168,19 +282,21 @@ class DesktopHands : public Hands {
     }
 
     void click(Field& field) override {
-        if (QWidget* widget = widgetOf(field))
+        if (QWidget* widget = touchedOf(field))
             press(*widget, pointOn(field, *widget));
         settle();
     }
 
     void doubleClick(Field& field) override {
-        if (QWidget* widget = widgetOf(field))
-            pressTwice(*widget, pointOn(field, *widget));
+        if (QWidget* widget = touchedOf(field))
+            pressTwice(program_, *widget, pointOn(field, *widget));
         settle();
     }
 
     void clickCell(screen::Grid& grid, int row, int col) override { onCell(grid, row, col, press); }
-    void doubleClickCell(screen::Grid& grid, int row, int col) override { onCell(grid, row, col, pressTwice); }
+    void doubleClickCell(screen::Grid& grid, int row, int col) override {
+        onCell(grid, row, col, [this](QWidget& widget, QPoint at) { pressTwice(program_, widget, at); });
+    }
 
     void dropDown(screen::ListField& list) override {
         if (auto* combo = qobject_cast<QComboBox*>(widgetOf(list))) {
@@ -213,7 +329,22 @@ class DesktopHands : public Hands {
 
     void close(screen::Screen& screen) override {
         if (ScreenWindow* shown = window(screen))
+            shown->binder().act([&] { shown->binder().user().close(screen); });
+        settle();
+    }
+
+    void closeByFrame(screen::Screen& screen) override {
+        if (ScreenWindow* shown = window(screen))
             shown->close();
+        settle();
+    }
+
+    void move(screen::Screen& screen, int x, int y) override {
+        if (ScreenWindow* shown = window(screen)) {
+            shown->binder().user().move(screen);
+            settle();
+            shown->move(x, y);
+        }
         settle();
     }
 
@@ -228,6 +359,19 @@ class DesktopHands : public Hands {
         const ScreenWindow* shown = window(screen);
         // A screen without a caption of its own shows the program's name.
         return shown && !screen.caption().isEmpty() ? std::optional(shown->windowTitle()) : std::nullopt;
+    }
+
+    std::optional<bool> seenInPlace(screen::Screen& screen) override {
+        settle();
+        const ScreenWindow* shown = window(screen);
+        if (!shown || screen.place() == screen::Place::Anywhere)
+            return {};
+        const QRect display = shown->screen()->geometry();
+        const QRect outer = shown->frameGeometry();
+        const bool left = screen.place() == screen::Place::LeftBorder;
+        return (left ? outer.left() == display.left()
+                     : isCentred(outer.left() - display.left(), outer.width(), display.width())) &&
+               isCentred(outer.top() - display.top(), outer.height(), display.height());
     }
 
     std::optional<QString> seenFocus(screen::Screen& screen) override {
@@ -289,9 +433,22 @@ class DesktopHands : public Hands {
         return widget && widget->isVisibleTo(window(field.screen()));
     }
 
+    /// What a hand that wants the field presses: of a list with an arrow the line beside it.
+    QWidget* touchedOf(const Field& field) const {
+        QWidget* widget = widgetOf(field);
+        auto* combo = qobject_cast<QComboBox*>(widget);
+        return combo ? combo->lineEdit() : widget;
+    }
+
     static QPoint pointOn(const Field& field, const QWidget& widget) {
-        const bool mark = field.kind() == FieldKind::Option || field.kind() == FieldKind::Check;
-        return mark ? QPoint(intoIndicator, widget.height() / 2) : widget.rect().center();
+        const int middle = widget.height() / 2;
+        if (field.kind() == FieldKind::Option || field.kind() == FieldKind::Check)
+            return {intoIndicator, middle};
+        return qobject_cast<const QLineEdit*>(&widget) ? QPoint(intoText, middle) : widget.rect().center();
+    }
+
+    static bool isAnyDown(const QWidget& shown) {
+        return std::ranges::any_of(shown.findChildren<QAbstractButton*>(), &QAbstractButton::isDown);
     }
 
     template <typename Action>
@@ -315,6 +472,7 @@ class DesktopHands : public Hands {
         settle();
     }
 
+    screen::Program& program_;
     std::unique_ptr<DesktopApplication> application_;
     std::vector<std::unique_ptr<ScreenWindow>> windows_;
 };

@@ -108,6 +108,10 @@ Seen maxLength(W widget, F field, Q) {
     if (!line)
         return {};
     const int limit = line->maxLength() == noLimit ? 0 : line->maxLength();
+    // Under a mask the line is free, and the field itself says what still fits.
+    const auto* masked = dynamic_cast<const screen::MaskedField*>(&field);
+    if (masked && !masked->mask().isEmpty() && limit == 0)
+        return QString::number(field.maxLength());
     const bool gaveWay = field.maxLength() > 0 && limit > field.maxLength() && limit == line->text().size();
     return QString::number(gaveWay ? field.maxLength() : limit);
 }

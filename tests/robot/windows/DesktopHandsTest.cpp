@@ -108,11 +108,20 @@ TEST_F(DesktopHandsTest, ListsAreDroppedAndPicked) {
 
 TEST_F(DesktopHandsTest, BoxesAreAnsweredWithTheirButtons) {
     const screen::Box box{u"Confirma?"_s, {}, screen::Icon::None, screen::Buttons::YesNo};
-    EXPECT_EQ(hands->answer(box, screen::Answer::Yes), screen::Answer::Yes);
-    EXPECT_EQ(hands->answer(box, screen::Answer::No), screen::Answer::No);
+    EXPECT_EQ(hands->answer(box, {screen::Answer::Yes, 0}), screen::Answer::Yes);
+    EXPECT_EQ(hands->answer(box, {screen::Answer::No, 2}), screen::Answer::No) << "Escape is no answer to it";
+    const screen::Box asking{u"Confirma?"_s, {}, screen::Icon::None, screen::Buttons::YesNoCancel};
+    EXPECT_EQ(hands->answer(asking, {screen::Answer::Yes, 1}), screen::Answer::No);
 }
 
 TEST_F(DesktopHandsTest, TheFrameCloses) {
+    open([&] {
+        hands->closeByFrame(tela);
+        EXPECT_FALSE(tela.isLoaded());
+    });
+}
+
+TEST_F(DesktopHandsTest, AnUnloadIsNoMatterOfTheFrame) {
     open([&] {
         hands->close(tela);
         EXPECT_FALSE(tela.isLoaded());
