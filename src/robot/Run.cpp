@@ -138,10 +138,20 @@ struct ValueOption {
     QString Options::*place;
 };
 
+/// A whole number of an argument.
+quint32 numberOf(const QString& argument, const QString& value) {
+    bool isNumber = false;
+    const quint32 number = value.toUInt(&isNumber);
+    if (!isNumber)
+        throw Failure{u"%1 needs a number"_s.arg(argument)};
+    return number;
+}
+
 constexpr std::array withValue{
     ValueOption{"--home", &Options::home},     ValueOption{"--engine", &Options::engine},
     ValueOption{"--server", &Options::server}, ValueOption{"--tag", &Options::tag},
     ValueOption{"--wire", &Options::wire},     ValueOption{"--trace", &Options::trace},
+    ValueOption{"--log", &Options::log},
 };
 
 } // namespace
@@ -163,6 +173,10 @@ Options Options::parse(const QStringList& arguments, const QString& defaultHome)
             options.*named->place = next();
         else if (argument == u"--desktop")
             options.desktop = true;
+        else if (argument == u"--walk")
+            options.walk = static_cast<int>(numberOf(argument, next()));
+        else if (argument == u"--seed")
+            options.seed = numberOf(argument, next());
         else if (argument.startsWith(u"--"))
             throw Failure{u"unknown argument %1"_s.arg(argument)};
         else
@@ -170,6 +184,8 @@ Options Options::parse(const QStringList& arguments, const QString& defaultHome)
     }
     if (options.files.isEmpty())
         throw Failure{u"no scenario file given"_s};
+    if (options.walk > 0 && options.log.isEmpty())
+        throw Failure{u"--walk needs a --log"_s};
     return options;
 }
 

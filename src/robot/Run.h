@@ -19,6 +19,9 @@ struct Options {
     QString wire;                   ///< file for what the test server hears; empty for none
     QString trace;                  ///< file for the statements; empty for none
     bool desktop = false;
+    int walk = 0; ///< steps of a user by chance behind each scenario; 0 for none
+    quint32 seed = 0;
+    QString log; ///< file for what comes of each of these steps
     QStringList files;
 
     /// Takes the arguments (without the program's name) apart; raises `Failure` for unusable ones.

@@ -9,6 +9,7 @@
 #include "robot/program/Application.h"
 #include "robot/program/Houses.h"
 #include "robot/program/Installation.h"
+#include "robot/program/Walking.h"
 #include "robot/windows/DesktopHands.h"
 
 #include <QFile>
@@ -57,6 +58,9 @@ std::optional<Verdict> playOne(const Options& options, const House& house, const
     firebird::PrepareEmbeddedEngine(copy);
     Player player(scenario, *stage, handsOf(options), traceInto(trace));
     player.onLine = atLine;
+    std::optional<Walking> walking;
+    if (options.walk > 0)
+        walking.emplace(player, options.seed, options.walk, options.log);
     return player.play();
 }
 
