@@ -1,7 +1,6 @@
 #include "kit/FaultWords.h"
 
 #include "base/Literals.h"
-#include "firebird/EngineFiles.h"
 
 #include <QFileInfo>
 #include <QStorageInfo>
@@ -56,9 +55,7 @@ constexpr std::array all{
 } // namespace
 
 QString FaultWords(const RuntimeError& error) {
-    const bool ownWords = error.engineCode() == 0 || error.engineCode() == isc_wrong_ods ||
-                          (error.engineCode() == isc_unavailable && !firebird::EngineIsInstalled());
-    if (ownWords)
+    if (error.engineCode() == 0)
         return error.description();
     const auto found =
         std::find_if(all.begin(), all.end(), [&](const Words& each) { return each.code == error.engineCode(); });
