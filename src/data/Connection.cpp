@@ -1,5 +1,7 @@
 #include "data/Connection.h"
 
+#include "base/EngineWatch.h"
+#include "base/Journal.h"
 #include "base/RuntimeError.h"
 #include "data/Guard.h"
 #include "data/QualifiedColumns.h"
@@ -11,10 +13,12 @@ Connection::Connection(AdapterFactory adapters, StatementTrace trace)
 
 Connection::~Connection() {
     try {
+        const EngineCall call;
         if (IsOpen())
             adapter_->close();
-    } catch (const RuntimeError&) {
-        // The connection is gone either way; nobody is left to be told.
+    } catch (const RuntimeError& error) {
+        // The connection is gone either way, and so is whoever could be told on a screen.
+        Journal(error.description());
     }
 }
 
@@ -22,6 +26,7 @@ void Connection::Open(Engine engine, const QString& connectionString) {
     std::unique_ptr<Adapter> adapter = adapters_(engine);
     if (!adapter)
         throw RuntimeError(errorNumber::ConnectionFailed);
+    const EngineCall call;
     adapter->open(connectionString, ConnectionTimeout);
     adapter_ = std::move(adapter);
 }
@@ -31,6 +36,7 @@ void Connection::Execute(const Statement& statement) {
     if (trace_)
         trace_(statement.text());
     GuardStatement(statement);
+    const EngineCall call;
     adapter.execute(statement);
 }
 
@@ -39,18 +45,22 @@ void Connection::query(const Statement& statement, RowSink& rows) {
     if (trace_)
         trace_(statement.text());
     GuardStatement(statement);
+    const EngineCall call;
     adapter.query(QualifyRoleKeys(statement), rows);
 }
 
 void Connection::BeginTrans() {
+    const EngineCall call;
     open().begin();
 }
 
 void Connection::CommitTrans() {
+    const EngineCall call;
     open().commit();
 }
 
 void Connection::Close() {
+    const EngineCall call;
     open().close();
     adapter_.reset();
 }

@@ -1,5 +1,7 @@
 #include "desktop/Termination.h"
 
+#include "base/EngineWatch.h"
+
 #include <QSocketNotifier>
 
 #ifdef Q_OS_UNIX
@@ -14,10 +16,12 @@ namespace vorta::desktop {
 
 namespace {
 
-/// A signal handler may do next to nothing: it writes a byte here, and the event loop reads it at the other end.
+/// A signal handler may do next to nothing: it writes a byte here, and the event loop reads it at the other end. Should
+/// the loop stand inside a call to the database, the watch over that hears of it.
 int sockets[2] = {-1, -1};
 
 void requested(int) {
+    EngineWatch::WantEnd();
     const char byte = 0;
     [[maybe_unused]] const ssize_t written = write(sockets[0], &byte, 1);
 }

@@ -1,5 +1,7 @@
 #include "firebird/PreparedStatement.h"
 
+#include "base/EngineWatch.h"
+
 #include <cstring>
 #include <limits>
 
@@ -83,9 +85,11 @@ void PreparedStatement::fetch(Firebird::ITransaction& transaction, data::RowSink
         statement_->openCursor(&status, &transaction, input_.get(), inputMessage_.data(), output_.get(), 0));
     if (rows)
         rows->columns(reader_->names());
-    while (cursor->fetchNext(&status, reader_->message()) == Firebird::IStatus::RESULT_OK)
+    while (cursor->fetchNext(&status, reader_->message()) == Firebird::IStatus::RESULT_OK) {
+        EngineCall::Goes();
         if (rows)
             reader_->give(transaction, *rows);
+    }
     EndWith(cursor, [&](auto* open) { open->close(&status); });
 }
 

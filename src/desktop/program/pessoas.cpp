@@ -2,6 +2,7 @@
 #include "base/Literals.h"
 #include "desktop/DesktopApplication.h"
 #include "desktop/DesktopPlatform.h"
+#include "desktop/EngineWait.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -48,10 +49,13 @@ int main(int argc, char** argv) {
     vorta::desktop::DesktopApplication application(argc, argv);
     qInstallMessageHandler(nullptr);
     const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() == 3 && arguments[1] == QLatin1StringView(vorta::desktop::waitBoxWord))
+        return vorta::desktop::RunWaitBox(arguments[2].toInt());
     if (arguments.size() > 2) {
         std::fputs("Uso: pessoas \"usuario^empresa^ambiente^somente_consulta^\"\n", stderr);
         return exitUnusable;
     }
+    const vorta::EngineWatch watch(vorta::desktop::AskWhetherToWait, vorta::desktop::EndAtOnce);
     vorta::desktop::DesktopPlatform platform;
     vorta::Register registro(platform);
     application.onException = [&](const auto& raise) {

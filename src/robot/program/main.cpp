@@ -1,8 +1,8 @@
 // Plays scenario files: pessoas-roteiro [--home DIR] [--engine embedded|server|sqlserver] [--desktop] [--trace FILE]
 // FILE...
 
+#include "base/EngineWatch.h"
 #include "base/Literals.h"
-#include "firebird/EmbeddedEngine.h"
 #include "robot/ModelHands.h"
 #include "robot/Player.h"
 #include "robot/Run.h"
@@ -16,6 +16,7 @@
 #include <QLoggingCategory>
 #include <clocale>
 #include <cstdio>
+#include <cstdlib>
 
 namespace {
 
@@ -52,10 +53,10 @@ std::optional<Verdict> playOne(const Options& options, const House& house, const
     QFile trace(options.trace);
     if (!options.trace.isEmpty() && !trace.open(QIODevice::Append))
         throw Failure{u"%1 cannot be written"_s.arg(options.trace)};
+    const EngineWatch watch([](int seconds, const auto& over) { return TellAndWait(seconds, over); },
+                            [] { std::_Exit(1); });
     const std::unique_ptr<Stage> stage = house.stage(copy);
-    // The engine's root lies in the copy; this process opens no other installation.
     qputenv("VORTA_HOME", copy.toUtf8());
-    firebird::PrepareEmbeddedEngine(copy);
     Player player(scenario, *stage, handsOf(options), traceInto(trace));
     player.onLine = atLine;
     std::optional<Walking> walking;

@@ -1,0 +1,126 @@
+#include "base/EngineWatch.h"
+
+#include <gtest/gtest.h>
+
+namespace vorta {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// A watch in a hurry, with an answer given beforehand.
+class EngineWatchTest : public testing::Test {
+  protected:
+    void watch(WaitAnswer answer) {
+        watch_ = std::make_unique<EngineWatch>(
+            [this, answer](int, const std::function<bool()>& over) {
+                ++asked_;
+                for (int step = 0; answer == WaitAnswer::Wait && step < 10 && !over(); ++step)
+                    std::this_thread::sleep_for(1ms);
+                cameBack_ = over();
+                return answer;
+            },
+            [this] { ended_ = true; }, EngineWatch::Times{.look = 2ms, .silence = 40ms, .again = 40ms, .end = 20ms});
+    }
+    template <typename Condition>
+    bool comes(Condition condition) {
+        for (int step = 0; step < 2000; ++step, std::this_thread::sleep_for(1ms))
+            if (condition())
+                return true;
+        return false;
+    }
+
+    std::atomic<int> asked_ = 0;
+    std::atomic<bool> ended_ = false;
+    std::atomic<bool> cameBack_ = false;
+    std::unique_ptr<EngineWatch> watch_;
+};
+
+} // namespace
+
+TEST_F(EngineWatchTest, says_nothing_while_calls_come_back) {
+    watch(WaitAnswer::End);
+    for (int call = 0; call < 60; ++call) {
+        const EngineCall running;
+        std::this_thread::sleep_for(2ms);
+    }
+    std::this_thread::sleep_for(100ms); // no call at all
+    EXPECT_EQ(asked_, 0);
+    EXPECT_FALSE(ended_);
+}
+
+TEST_F(EngineWatchTest, says_nothing_of_a_long_call_that_gets_on) {
+    watch(WaitAnswer::End);
+    const EngineCall running;
+    for (int row = 0; row < 100; ++row, std::this_thread::sleep_for(2ms))
+        EngineCall::Goes();
+    EXPECT_EQ(asked_, 0);
+}
+
+TEST_F(EngineWatchTest, ends_a_silent_call_when_the_user_wants_it) {
+    watch(WaitAnswer::End);
+    const EngineCall running;
+    EXPECT_TRUE(comes([&] { return ended_.load(); }));
+    EXPECT_EQ(asked_, 1);
+}
+
+TEST_F(EngineWatchTest, asks_again_about_a_call_that_was_waited_for) {
+    watch(WaitAnswer::Wait);
+    const EngineCall running;
+    EXPECT_TRUE(comes([&] { return asked_ >= 3; }));
+    EXPECT_FALSE(ended_);
+}
+
+TEST_F(EngineWatchTest, tells_the_question_that_the_call_has_come_back) {
+    watch(WaitAnswer::Wait);
+    {
+        const EngineCall running;
+        ASSERT_TRUE(comes([&] { return asked_ == 1; }));
+    }
+    EXPECT_TRUE(comes([&] { return cameBack_.load(); }));
+    EXPECT_FALSE(ended_);
+}
+
+TEST_F(EngineWatchTest, ends_a_silent_call_when_the_system_wants_it) {
+    watch(WaitAnswer::Wait);
+    const EngineCall running;
+    EngineWatch::WantEnd();
+    EXPECT_TRUE(comes([&] { return ended_.load(); }));
+}
+
+TEST_F(EngineWatchTest, leaves_the_system_s_wish_to_a_program_that_is_in_no_call) {
+    watch(WaitAnswer::Wait);
+    EngineWatch::WantEnd();
+    std::this_thread::sleep_for(120ms);
+    EXPECT_FALSE(ended_);
+}
+
+TEST_F(EngineWatchTest, counts_a_call_inside_a_call_as_one) {
+    watch(WaitAnswer::End);
+    const EngineCall outer;
+    { const EngineCall inner; }
+    EXPECT_TRUE(comes([&] { return ended_.load(); }));
+}
+
+TEST(TellAndWait, ends_what_rests_and_waits_for_what_works) {
+    EXPECT_EQ(TellAndWait(
+                  5, [] { return false; }, 300ms),
+              WaitAnswer::End);
+    int looks = 0;
+    EXPECT_EQ(TellAndWait(
+                  5, [&] { return ++looks == 2; }, 10s),
+              WaitAnswer::Wait);
+    std::atomic<bool> working = true;
+    std::thread work([&] {
+        while (working) {
+        }
+    });
+    const auto until = std::chrono::steady_clock::now() + 1500ms;
+    EXPECT_EQ(TellAndWait(
+                  5, [&] { return std::chrono::steady_clock::now() > until; }, 600ms),
+              WaitAnswer::Wait);
+    working = false;
+    work.join();
+}
+
+} // namespace vorta
