@@ -77,7 +77,8 @@ void WriteConfigFiles(const Layout& layout) {
 
 std::optional<QStringList> LinesOf(const QString& path) {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    // Reading a pipe or a device may never end.
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
         return std::nullopt;
     return DecodedText(file.readAll()).remove(u'\r').split(u'\n');
 }

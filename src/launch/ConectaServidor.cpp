@@ -1,6 +1,7 @@
 #include "launch/ConectaServidor.h"
 
 #include "base/CampoDelimitado.h"
+#include "base/Journal.h"
 #include "base/Literals.h"
 #include "base/ServerLine.h"
 #include "base/Text.h"
@@ -69,6 +70,12 @@ void abre(ContextoExecucao& contexto, const EngineTag& tag, const ServerLine& li
     conexao->Open(tag.engine, ConnectionStringOf(tag, linha));
 }
 
+/// The boxes say the same whatever the reason, or nothing at all; who looks after the program finds it in the journal.
+void anota(const ContextoExecucao& contexto, const QString& arquivo, const RuntimeError& error) {
+    Journal(
+        u"%1 (servidor %2, base %3): %4"_s.arg(arquivo, contexto.Servidor, contexto.BaseDados, error.description()));
+}
+
 [[noreturn]] void encerraSemConteudo(ContextoExecucao& contexto) {
     contexto.program().MsgBox({u"Conteúdo do Arquivo NÃO Encontrado!\nContate o seu Desenvolvedor para "
                                "posicionar a falha de Conexão!"_s,
@@ -125,6 +132,7 @@ void ConectaServidor(ContextoExecucao& contexto) {
     try {
         abrePrincipal(contexto);
     } catch (const RuntimeError& error) {
+        anota(contexto, u"server.ini"_s, error);
         if (error.number() == errorNumber::ConnectionFailed)
             encerraSemResposta(contexto, u"O Servidor de dados não está respondendo.\n\nVerifique se o "
                                          "servidor NT/SQL/LINUX (%1) está ligado.\nO Ambiente "
@@ -137,6 +145,7 @@ void ConectaServidorCEP(ContextoExecucao& contexto) {
     try {
         abreCep(contexto);
     } catch (const RuntimeError& error) {
+        anota(contexto, u"server_cep.ini"_s, error);
         if (error.number() == errorNumber::ConnectionFailed)
             encerraSemResposta(contexto, u"O Servidor CEP de dados não está respondendo.\n\nVerifique se "
                                          "o servidor NT/SQL/Linux (%1) está ligado."_s.arg(contexto.Servidor));
@@ -168,6 +177,7 @@ void LeServerAplic(ContextoExecucao& contexto) {
         contexto.RaizAplicacao = linha.isEmpty() ? QString() : Trim(CampoDaLinha(linha, 1));
         contexto.PastaAplicacao = linha.isEmpty() ? QString() : Trim(CampoDaLinha(linha, 2));
     } catch (const RuntimeError& error) {
+        Journal(u"server_aplic.ini: %1"_s.arg(error.description()));
         if (error.number() != errorNumber::BadFileName)
             return;
         contexto.RaizAplicacao.clear();
@@ -194,8 +204,9 @@ void LePaths(ContextoExecucao& contexto) {
         contexto.CaminhoDanfe = LeCaminhoDanfe(contexto, codigo);
         if (Trim(contexto.CaminhoDanfe).isEmpty())
             contexto.CaminhoDanfe = u"C:\\Vorta\\DANFE\\"_s;
-    } catch (const RuntimeError&) {
+    } catch (const RuntimeError& error) {
         // Whatever could not be read stays unset; the launch goes on without it.
+        Journal(u"paths.ini: %1"_s.arg(error.description()));
     }
 }
 

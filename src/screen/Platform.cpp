@@ -9,6 +9,12 @@
 
 namespace vorta::screen {
 
+namespace {
+
+/// No file of a few lines is longer; reading one that is could take the machine's memory.
+constexpr qint64 mostBytes = 1 << 20;
+
+} // namespace
 std::optional<Answer> EscapeAnswer(Buttons buttons) {
     switch (buttons) {
     case Buttons::OK:
@@ -45,8 +51,14 @@ QStringList Platform::readLines(const QString& path, int most) const {
     if (path.isEmpty() || info.isDir())
         throw RuntimeError(errorNumber::BadFileName);
     QFile file(info.filePath());
-    if (!file.open(QIODevice::ReadOnly))
+    if (!info.exists())
         throw RuntimeError(errorNumber::FileNotFound, u"Arquivo não encontrado: %1"_s.arg(path));
+    // Reading a pipe or a device may never end.
+    if (!info.isFile() || info.size() > mostBytes)
+        throw RuntimeError(errorNumber::FileNotFound, u"%1 não é um arquivo comum de texto"_s.arg(path));
+    if (!file.open(QIODevice::ReadOnly))
+        throw RuntimeError(errorNumber::FileNotFound,
+                           u"O arquivo %1 não pode ser lido: %2"_s.arg(path, file.errorString()));
     QStringList lines;
     while (lines.size() < most && !file.atEnd()) {
         QByteArray line = file.readLine();

@@ -51,7 +51,8 @@ class Platform {
     // Files. Paths may carry back slashes, as configured ones do.
     virtual bool fileExists(const QString& path) const;
     /// The first `most` lines, without their ends, from UTF-8 or Windows-1252 with LF or CRLF. Raises 52 for a path
-    /// that names no file (empty, or a folder) and 53 for a file that is not there or cannot be read.
+    /// that names no file (empty, or a folder) and 53 for a file that is not there, cannot be read or is no plain file
+    /// of a few lines.
     virtual QStringList readLines(const QString& path, int most) const;
     virtual void removeFile(const QString& path);
 
