@@ -1,6 +1,6 @@
 #pragma once
 
-#include "firebird/Client.h"
+#include "firebird/EmbeddedEngine.h"
 
 #include <QByteArray>
 
@@ -35,7 +35,7 @@ class BareClient {
     template <typename Row>
     void fetch(Firebird::IStatement& statement, Row row);
 
-    firebird::Handle<Firebird::IAttachment> attachment_;
+    firebird::Attachment attachment_;
     Transaction reading_;
     Transaction writing_;
 };

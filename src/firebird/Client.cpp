@@ -1,6 +1,9 @@
 #include "firebird/Client.h"
 
+#include "base/Journal.h"
+#include "base/Literals.h"
 #include "firebird/EmbeddedEngine.h"
+#include "firebird/EngineReasons.h"
 #include "firebird/OpenFailure.h"
 
 #include <algorithm>
@@ -51,14 +54,18 @@ Firebird::IMaster& Master() {
 
 RuntimeError ToRuntimeError(const Firebird::FbException& failure, const QString& statement) {
     const Failure told = read(failure);
-    return {numberOf(told), told.words, told.code, QString::fromLatin1(told.sqlState), statement};
+    const QString reason = ReasonOf(failure.getStatus()->getErrors());
+    return {numberOf(told), reason.isEmpty() ? told.words : reason, told.code, QString::fromLatin1(told.sqlState),
+            statement};
 }
 
 RuntimeError ToOpenError(const Firebird::FbException& failure) {
     const Failure told = read(failure);
+    Journal(u"motor do banco de dados: %1"_s.arg(told.words));
     if (const std::optional<QString> words = OpenFailureWords(*failure.getStatus()))
         return RuntimeError(errorNumber::ConnectionFailed, *words);
-    return {errorNumber::ConnectionFailed, told.words, told.code, QString::fromLatin1(told.sqlState), {}};
+    const QString reason = OpeningReasonOf(failure.getStatus()->getErrors());
+    return {errorNumber::ConnectionFailed, reason, told.code, QString::fromLatin1(told.sqlState), {}};
 }
 
 } // namespace vorta::firebird

@@ -31,10 +31,11 @@ using Owned = std::unique_ptr<Interface, Dispose>;
 
 /// Ends what an interface stands for (`detach`, `commit`, `close`, `free`): done, the engine has let go of it as well;
 /// failed, it is still ours.
-template <typename Interface, typename Ending>
-void EndWith(Handle<Interface>& handle, Ending ending) {
+template <typename Interface, typename LettingGo, typename Ending>
+void EndWith(std::unique_ptr<Interface, LettingGo>& handle, Ending ending) {
     ending(handle.get());
     (void)handle.release();
+    handle = {};
 }
 
 /// The client library, once the embedded engine's root is prepared (the library reads its configuration on its first
@@ -55,10 +56,12 @@ class Status {
 };
 
 /// The engine's failure in the register's terms: -2147217873 for a constraint, -2147467259 for a connection that is
-/// lost, -2147217900 for any other, with the engine's own words, code and SQLSTATE.
+/// lost, -2147217900 for any other, with the engine's code and SQLSTATE; in its own words, but for what has words of
+/// ours (see EngineReasons.h).
 RuntimeError ToRuntimeError(const Firebird::FbException& failure, const QString& statement);
-/// The same for a connection that could not be opened, whatever its reason: always -2147467259; in the program's own
-/// words, and without the engine's code, for what `OpenFailureWords` knows.
+/// The same for a connection that could not be opened, whatever its reason: always -2147467259, the reason in the
+/// program's words, without the engine's code for what `OpenFailureWords` knows. The engine's own words go to the
+/// journal.
 RuntimeError ToOpenError(const Firebird::FbException& failure);
 
 /// Does `work`, its engine failures told as `RuntimeError` of that statement.

@@ -1,58 +1,26 @@
 #include "firebird/EmbeddedEngine.h"
 
+#include "base/Journal.h"
 #include "base/Literals.h"
 #include "firebird/ConnectionText.h"
-#include "firebird/EngineFiles.h"
+#include "firebird/EngineRoot.h"
+#include "firebird/RobustMutexes.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <mutex>
+
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
 
 namespace vorta::firebird {
 
 namespace {
-
-/// Classic lets several processes share a database file. Without the loopback provider a file that cannot be opened
-/// here is not tried once more through a server that happens to run on this machine.
-QByteArray configuration() {
-    return QByteArray("ServerMode = Classic\nDefaultDbCachePages = 2048\nProviders = Remote,") +
-           EngineInUse().provider + '\n';
-}
-
-#ifdef Q_OS_WIN
-constexpr char standardHome[] = "c:/vorta";
-#else
-constexpr char standardHome[] = "/opt/vorta";
-#endif
-
-QByteArray contentOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-/// Writes a file whole or not at all, since another program may start at the same moment. What cannot be written shows
-/// when a database is opened.
-void writeFile(const QString& path, const QByteArray& content) {
-    QSaveFile saved(path);
-    if (saved.open(QIODevice::WriteOnly) && saved.write(content) == content.size())
-        saved.commit();
-}
-
-/// The engine's parts change with its version, so what the folder holds of them is looked at each time.
-void keep(const QDir& root, const RootFile& file) {
-    const QFileInfo there(root.filePath(file.name));
-    root.mkpath(QFileInfo(file.name).path());
-    if (file.copyOf.isEmpty()) {
-        if (contentOf(there.filePath()) != file.text)
-            writeFile(there.filePath(), file.text);
-        return;
-    }
-    const QFileInfo original(file.copyOf);
-    if (!there.exists() || there.size() != original.size() || there.lastModified() < original.lastModified())
-        writeFile(there.filePath(), contentOf(file.copyOf));
-}
 
 /// The colleagues of the folder's group open the same databases, so its lock files are theirs too.
 void shareWithGroup(const QString& folder) {
@@ -63,17 +31,65 @@ void shareWithGroup(const QString& folder) {
         perms::owner_all | perms::group_all | perms::others_read | perms::others_exec | perms::set_gid, notOurs);
 }
 
-void prepare(const QString& givenHome) {
-    const QString home = !givenHome.isEmpty() ? givenHome : qEnvironmentVariable("VORTA_HOME", standardHome);
-    const QDir root(QDir(home).absoluteFilePath(u"firebird"_s));
-    const QString lock = root.filePath(u"lock"_s);
-    if (!QFile::exists(lock) && root.mkpath(lock))
-        shareWithGroup(lock);
-    keep(root, {u"firebird.conf"_s, configuration(), {}});
-    for (const RootFile& file : EngineRootFiles())
-        keep(root, file);
-    qputenv("FIREBIRD", QFile::encodeName(root.path()));
-    qputenv("FIREBIRD_LOCK", QFile::encodeName(lock));
+/// The engine's configuration as installations used to hold it, where all could write it. Nothing reads it any more but
+/// the engine's own tools, and these would then open a base beside the programs without sharing their locks; without it
+/// they are refused while a program has the base open.
+void retireConfiguration(const QString& lockFolder) {
+    QFile file(QDir(lockFolder).filePath(u"../firebird.conf"_s));
+    if (!file.open(QIODevice::ReadOnly))
+        return;
+    QByteArrayList lines = file.read(1000).trimmed().split('\n');
+    std::sort(lines.begin(), lines.end());
+    if (lines.size() == 3 && lines[0] == "DefaultDbCachePages = 2048" &&
+        lines[1].startsWith("Providers = Remote,Engine") && lines[2] == "ServerMode = Classic")
+        file.remove();
+}
+
+void makeLockFolder(const QString& folder) {
+    if (!QFileInfo(folder).isDir() && QDir().mkpath(folder))
+        shareWithGroup(folder);
+}
+
+/// The lock folder in force; empty before the first base.
+QString& locksInForce() {
+    static QString folder;
+    return folder;
+}
+
+const QString& useLocks(const QString& chosen) {
+    static std::once_flag once;
+    std::call_once(once, [&] {
+        makeLockFolder(chosen);
+        retireConfiguration(chosen);
+        qputenv("FIREBIRD_LOCK", QFile::encodeName(chosen));
+        locksInForce() = chosen;
+    });
+    return locksInForce();
+}
+
+/// With its lock folder gone the engine would abort at the end of the process. Has to be asked for when the engine is
+/// loaded, so that it comes before the engine's own end.
+void endWithoutEngineWhenLocksAreGone() {
+#ifdef __GLIBC__
+    static std::once_flag once;
+    std::call_once(once, [] {
+        ::on_exit(
+            [](int status, void*) {
+                if (!LocksAreGone())
+                    return;
+                std::fflush(nullptr);
+                ::_exit(status);
+            },
+            nullptr);
+    });
+#endif
+}
+
+/// The lock folder of this process: that of the first base it opens. The engine knows one for a process.
+const QString& locksFor(const QString& database) {
+    const QString& folder = useLocks(LockFolderOf(database));
+    makeLockFolder(folder); // again, should it have gone
+    return folder;
 }
 
 /// Version 4 gives sums and the clock in types that version 3 does not have: wider numbers, and moments with a time
@@ -122,30 +138,59 @@ Handle<Firebird::IProvider> provider() {
     return Handle<Firebird::IProvider>(Master().getDispatcher());
 }
 
-Handle<Firebird::IAttachment> attach(const ConnectionText& text, Parameters& parameters) {
+Attachment attach(const ConnectionText& text, Parameters& parameters) {
     Status status;
-    return Handle<Firebird::IAttachment>(provider()->attachDatabase(&status, text.database.toUtf8().constData(),
-                                                                    parameters.length(), parameters.bytes()));
+    return Attachment(provider()->attachDatabase(&status, text.database.toUtf8().constData(), parameters.length(),
+                                                 parameters.bytes()));
 }
 
 } // namespace
 
-void PrepareEmbeddedEngine(const QString& home) {
+void PrepareEmbeddedEngine(const QString& lockHome) {
     static std::once_flag once;
-    std::call_once(once, prepare, home);
+    std::call_once(once, [] {
+        qputenv("FIREBIRD", QFile::encodeName(PrepareEngineRoot()));
+#ifdef Q_OS_LINUX
+        if (!SharedMutexesAreRobust())
+            Journal(u"Um programa que termina no meio de uma gravação pode parar os outros neste sistema"_s);
+#endif
+    });
+    if (!lockHome.isEmpty())
+        useLocks(QDir::cleanPath(QDir(lockHome).absoluteFilePath(u"firebird/lock"_s)));
 }
 
-Handle<Firebird::IAttachment> Attach(const QString& connectionString, int timeoutSeconds) {
+void PrepareOpening(const QString& connectionString) {
+    PrepareEmbeddedEngine();
+    if (const ConnectionText text = ReadConnectionText(connectionString); text.embedded)
+        locksFor(text.database);
+}
+
+bool LocksAreGone() {
+    return !locksInForce().isEmpty() && !QFileInfo(locksInForce()).isDir();
+}
+
+BaseGuard GuardOf(const ConnectionText& base) {
+    PrepareEmbeddedEngine();
+    return base.embedded ? BaseGuard(base.database, locksFor(base.database)) : BaseGuard();
+}
+
+Attachment Attach(const QString& connectionString, int timeoutSeconds) {
     const ConnectionText text = ReadConnectionText(connectionString);
+    BaseGuard guard = GuardOf(text);
     return opening([&] {
         Parameters parameters(text);
         if (!text.embedded)
             parameters.add(isc_dpb_connect_timeout, timeoutSeconds);
-        return attach(text, parameters);
+        Attachment attachment = attach(text, parameters);
+        attachment.get_deleter().guard = std::move(guard);
+        if (text.embedded)
+            endWithoutEngineWhenLocksAreGone();
+        return attachment;
     });
 }
 
 void CreateDatabase(const QString& connectionString, const DatabaseOptions& options) {
+    PrepareOpening(connectionString);
     const ConnectionText text = ReadConnectionText(connectionString);
     opening([&] {
         Parameters parameters(text);
@@ -169,11 +214,12 @@ void CreateDatabase(const QString& connectionString, const DatabaseOptions& opti
 
 void SetForcedWrites(const QString& connectionString, bool on) {
     const ConnectionText text = ReadConnectionText(connectionString);
+    const BaseGuard guard = GuardOf(text);
     opening([&] {
         Parameters parameters(text);
         parameters.add(isc_dpb_force_write, on ? 1 : 0);
         Status status;
-        Handle<Firebird::IAttachment> database = attach(text, parameters);
+        Attachment database = attach(text, parameters);
         EndWith(database, [&](auto* open) { open->detach(&status); });
     });
 }

@@ -4,9 +4,11 @@
 #include "firebird/Bridge.h"
 #include "firebird/Client.h"
 #include "firebird/EmbeddedEngine.h"
+#include "firebird/EngineReasons.h"
 #include "firebird/StatementCache.h"
 
 #include <QDeadlineTimer>
+#include <QElapsedTimer>
 #include <QHash>
 #include <QSet>
 #include <future>
@@ -21,28 +23,29 @@ using data::Statement;
 /// Reads cost nothing while this one stays open, and see what others commit.
 constexpr unsigned char readBlock[] = {isc_tpb_version3, isc_tpb_read, isc_tpb_read_committed, isc_tpb_rec_version};
 /// A row that somebody else is writing is waited for, but not for ever.
-constexpr unsigned char lockSeconds = 4;
 constexpr unsigned char writeBlock[] = {
     isc_tpb_version3, isc_tpb_write, isc_tpb_read_committed, isc_tpb_rec_version, isc_tpb_wait, isc_tpb_lock_timeout, 1,
     lockSeconds};
 
 /// True when a row was changed by somebody else between a statement's reading and its writing of it.
 bool ChangedMeanwhile(const Firebird::FbException& failure) {
-    for (const intptr_t* item = failure.getStatus()->getErrors(); *item != isc_arg_end;
-         item += *item == isc_arg_cstring ? 3 : 2)
-        if (item[0] == isc_arg_gds && item[1] == isc_update_conflict)
-            return true;
-    return false;
+    return Tells(failure.getStatus()->getErrors(), isc_update_conflict);
 }
 
 /// Runs a writing statement. The engine undoes one that meets a row changed meanwhile; said again, it meets the row as
-/// it stands now, so that of two saves at once both succeed and the last one stands.
+/// it stands now, so that of two saves at once both succeed and the last one stands. A wait that was in vain is told by
+/// the engine in the same codes, and is not repeated.
 std::optional<qint64> Write(PreparedStatement& prepared, Firebird::ITransaction& transaction, RowSink* rows) {
-    for (const QDeadlineTimer patience(std::chrono::seconds{lockSeconds});;) {
+    constexpr std::chrono::seconds patience{lockSeconds};
+    constexpr std::chrono::milliseconds waited = patience - std::chrono::seconds{1};
+    const QDeadlineTimer end(patience);
+    while (true) {
+        QElapsedTimer attempt;
+        attempt.start();
         try {
             return prepared.execute(transaction, rows);
         } catch (const Firebird::FbException& failure) {
-            if (!ChangedMeanwhile(failure) || patience.hasExpired())
+            if (!ChangedMeanwhile(failure) || end.hasExpired() || attempt.hasExpired(waited.count()))
                 throw;
         }
     }
@@ -66,7 +69,7 @@ class FirebirdAdapter : public data::Adapter {
             return;
         }
         // It sets environment variables, which no other thread may be reading then.
-        PrepareEmbeddedEngine();
+        PrepareOpening(connectionString);
         auto attaching = std::async(std::launch::async, Attach, connectionString, timeoutSeconds);
         std::exchange(meanwhile_, {})();
         attachment_ = attaching.get();
@@ -116,7 +119,7 @@ class FirebirdAdapter : public data::Adapter {
     void giveIdentity(const QString& column, RowSink& rows) const;
 
     std::function<void()> meanwhile_;
-    Handle<Firebird::IAttachment> attachment_;
+    Attachment attachment_;
     Transaction readTransaction_;
     Transaction transaction_;
     StatementCache cache_;
@@ -132,6 +135,15 @@ void FirebirdAdapter::close() {
     identity_.reset();
     dates_.clear();
     keyless_.clear();
+    if (LocksAreGone()) {
+        // The engine could not even close any more. What is not committed never will be.
+        (void)transaction_.release();
+        (void)readTransaction_.release();
+        (void)attachment_.release();
+        attachment_ = {};
+        throw RuntimeError(errorNumber::ConnectionFailed,
+                           u"A instalação foi removida ou movida enquanto o programa trabalhava"_s);
+    }
     try {
         Status status;
         if (transaction_)
@@ -149,12 +161,14 @@ void FirebirdAdapter::close() {
 void FirebirdAdapter::begin() {
     if (transaction_)
         throw RuntimeError(errorNumber::StatementRefused, u"Já existe uma transação aberta nesta conexão"_s);
+    attachment_.get_deleter().guard.requireBase();
     Translated({}, [&] { transaction_ = start(writeBlock); });
 }
 
 void FirebirdAdapter::commit() {
     if (!transaction_)
         throw RuntimeError(errorNumber::StatementRefused, u"Não há transação aberta nesta conexão"_s);
+    attachment_.get_deleter().guard.requireBase();
     Translated({}, [&] {
         EndWith(transaction_, [](auto* open) {
             Status status;
@@ -258,6 +272,7 @@ std::optional<qint64> FirebirdAdapter::write(PreparedStatement& prepared, RowSin
     }
     if (transaction_)
         return Write(prepared, *transaction_, rows);
+    attachment_.get_deleter().guard.requireBase();
     Transaction own = start(writeBlock);
     try {
         const std::optional<qint64> given = Write(prepared, *own, rows);

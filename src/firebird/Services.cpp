@@ -156,7 +156,7 @@ class ServiceThread {
 
 class Service {
   public:
-    explicit Service(const ConnectionText& base) {
+    explicit Service(const ConnectionText& base) : guard_(GuardOf(base)) {
         Block block(Firebird::IXpbBuilder::SPB_ATTACH);
         block.text(isc_spb_user_name, base.user)
             .text(isc_spb_password, base.password)
@@ -222,6 +222,7 @@ class Service {
     }
 
   private:
+    BaseGuard guard_;
     Handle<Firebird::IService> service_;
     ServiceThread thread_;
 };
@@ -334,7 +335,7 @@ void ShutDown(const ConnectionText& base) {
 
 void Drop(const ConnectionText& base) {
     constexpr int secondsToOpen = 15;
-    Handle<Firebird::IAttachment> attachment = Attach(base.of(base.path), secondsToOpen);
+    Attachment attachment = Attach(base.of(base.path), secondsToOpen);
     told([&] {
         Status status;
         EndWith(attachment, [&](auto* open) { open->dropDatabase(&status); });

@@ -133,15 +133,38 @@ void createPostalCodeBase(const Layout& layout) {
     finish(file, Base::PostalCode);
 }
 
-/// Everybody of the folder's group may work with the installation: the engine writes bases and its locks. What else a
-/// folder's rights say, such as handing its group on to new files, stays.
-void openToGroup(const Layout& layout) {
-    namespace fs = std::filesystem;
-    for (const char* folder : {"base", "paginas", "firebird", "firebird/lock"}) {
-        std::error_code ignored; // the engine's own folder may stand elsewhere
-        fs::permissions(fs::path(layout.home.toStdString()) / folder, fs::perms::group_write, fs::perm_options::add,
-                        ignored);
-    }
+namespace fs = std::filesystem;
+
+void grant(const fs::path& place, fs::perms rights) {
+    std::error_code refused;
+    fs::permissions(place, rights, fs::perm_options::add, refused);
+    if (refused)
+        throw RuntimeError(errorNumber::PathRefused, u"Não foi possível dar ao grupo o direito sobre %1: %2"_s.arg(
+                                                         QString::fromStdString(place.string()),
+                                                         QString::fromLocal8Bit(refused.message().c_str())));
+}
+
+/// Everybody of the folder's group may work with the installation, whatever the mask of the user who makes it: the
+/// engine writes bases and its locks, the screens write pages. What else a folder's rights say, such as handing its
+/// group on to new files, stays. Configuration files have their rights already.
+void openToGroup(const Layout& layout, bool ownHome) {
+    constexpr fs::perms look = fs::perms::group_read | fs::perms::group_exec;
+    constexpr fs::perms work = fs::perms::group_all;
+    const fs::path home(layout.home.toStdString());
+    if (ownHome)
+        grant(home, look);
+    for (const char* folder : {"config", "imagens", "imagens/detalhe"})
+        grant(home / folder, look);
+    for (const char* folder : {"base", "paginas", "firebird"})
+        grant(home / folder, work);
+    // Whoever locks, the lock belongs to the group.
+    grant(home / "firebird" / "lock", work | fs::perms::set_gid);
+    for (const fs::directory_entry& file : fs::directory_iterator(home / "base"))
+        if (file.is_regular_file())
+            grant(file.path(), fs::perms::group_read | fs::perms::group_write);
+    for (const fs::directory_entry& file : fs::directory_iterator(home / "imagens"))
+        if (file.is_regular_file())
+            grant(file.path(), fs::perms::group_read);
 }
 
 } // namespace
@@ -149,9 +172,10 @@ void openToGroup(const Layout& layout) {
 void CreateInstallation(const QString& home, const Contents& contents, const Progress& progress) {
     const Layout layout(home);
     refuseExisting(layout);
+    const bool ownHome = !QFile::exists(layout.home);
     Undo undo(layout);
-    for (const QString& folder :
-         {layout.config({}), layout.bases(), layout.images(), layout.largeImages(), layout.pages()})
+    for (const QString& folder : {layout.config({}), layout.bases(), layout.images(), layout.largeImages(),
+                                  layout.pages(), layout.home + u"/firebird/lock"_s})
         makeFolder(folder);
     writePicture(layout.images() + LinkedPicture(), LinkedBitmap());
     writePicture(layout.images() + UnlinkedPicture(), UnlinkedBitmap());
@@ -159,7 +183,7 @@ void CreateInstallation(const QString& home, const Contents& contents, const Pro
     createMainBases(layout, contents, progress);
     createPostalCodeBase(layout);
     WriteConfigFiles(layout); // last: an installation is one from the moment that it can be opened
-    openToGroup(layout);
+    openToGroup(layout, ownHome);
     undo.done();
 }
 

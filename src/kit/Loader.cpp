@@ -71,6 +71,12 @@ Loader::Loader(const QString& connectionString, Part part)
     : part_(std::move(part)), attachment_(firebird::Attach(connectionString, secondsToOpen)) {}
 
 Loader::~Loader() {
+    if (firebird::LocksAreGone()) {
+        // The engine could not even close any more.
+        (void)transaction_.release();
+        (void)attachment_.release();
+        return;
+    }
     try {
         Status status;
         if (transaction_)

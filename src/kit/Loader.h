@@ -1,6 +1,6 @@
 #pragma once
 
-#include "firebird/Client.h"
+#include "firebird/EmbeddedEngine.h"
 #include "kit/Schema.h"
 
 #include <QDate>
@@ -45,7 +45,7 @@ class Loader {
     Firebird::ITransaction& transaction();
 
     Part part_;
-    firebird::Handle<Firebird::IAttachment> attachment_;
+    firebird::Attachment attachment_;
     firebird::Handle<Firebird::ITransaction> transaction_;
 };
 

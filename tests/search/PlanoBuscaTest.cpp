@@ -86,7 +86,7 @@ class PlanoBusca : public BuscaTest {
 
     static QString planOf(const QString& comando) {
         firebird::Status status;
-        firebird::Handle<Firebird::IAttachment> base = firebird::Attach(baseFile(), 10);
+        firebird::Attachment base = firebird::Attach(baseFile(), 10);
         firebird::Handle<Firebird::ITransaction> leitura(base->startTransaction(&status, 0, nullptr));
         const QByteArray bytes = comando.toUtf8();
         firebird::Handle<Firebird::IStatement> preparado(

@@ -7,7 +7,7 @@ std::optional<Outcome> Backup(const QStringList& words) {
     const Arguments arguments(words, {u"--home"_s, u"--base"_s});
     if (!arguments.right(1))
         return std::nullopt;
-    PrepareInstallation(arguments.home());
+    RequireInstallation(arguments.home());
     ProgressLine progress;
     const qint64 size =
         kit::BackUpBase(arguments.home(), arguments.base(), arguments.rest().front(), std::ref(progress));

@@ -7,7 +7,7 @@ std::optional<Outcome> Cep(const QStringList& words) {
     const Arguments arguments(words, {u"--home"_s});
     if (!arguments.right(1))
         return std::nullopt;
-    PrepareInstallation(arguments.home());
+    RequireInstallation(arguments.home());
     kit::ListMistakes mistakes;
     const qint64 loaded = kit::LoadPostalCodeFile(arguments.home(), arguments.rest().front(), mistakes);
     if (mistakes.all == 0) {

@@ -1,7 +1,6 @@
 #include "kit/program/Command.h"
 
 #include "base/RuntimeError.h"
-#include "firebird/EmbeddedEngine.h"
 #include "kit/Bases.h"
 
 #include <QFile>
@@ -52,11 +51,10 @@ Outcome Report(const std::vector<kit::Finding>& findings) {
     return faults == 0 ? succeeded : failed;
 }
 
-void PrepareInstallation(const QString& home) {
+void RequireInstallation(const QString& home) {
     const kit::Layout layout(home);
     if (!QFile::exists(layout.config(u"server_aplic.ini"_s)) && !QFile::exists(layout.config(u"server.ini"_s)))
         throw RuntimeError(errorNumber::FileNotFound, u"%1 não contém uma instalação"_s.arg(layout.home));
-    firebird::PrepareEmbeddedEngine(layout.home);
 }
 
 void ProgressLine::operator()(const QString& what, qint64 done, qint64 all) {

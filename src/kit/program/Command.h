@@ -52,9 +52,8 @@ std::optional<Outcome> Verify(const QStringList& words);
 void Say(FILE* where, const QString& line);
 /// One line for each finding, and a last one that counts the faults.
 Outcome Report(const std::vector<kit::Finding>& findings);
-/// Wakes the engine for an installation; it leaves its own folder in a home, so it is not woken for one that holds
-/// nothing (53).
-void PrepareInstallation(const QString& home);
+/// Refuses a folder that holds no installation (53).
+void RequireInstallation(const QString& home);
 
 /// Shows how far a long work is, on a terminal only and not more often than one can read.
 class ProgressLine {

@@ -1,6 +1,5 @@
 #include "kit/Create.h"
 
-#include "firebird/EmbeddedEngine.h"
 #include "kit/program/Command.h"
 
 namespace vorta::program {
@@ -17,7 +16,6 @@ std::optional<Outcome> Create(const QStringList& words) {
     const bool inRange = contents.people >= 0 && contents.people <= kit::mostPeople;
     if (!arguments.right(0) || !peopleRight || !seedRight || !inRange)
         return std::nullopt;
-    firebird::PrepareEmbeddedEngine(arguments.home());
     ProgressLine progress;
     kit::CreateInstallation(arguments.home(), contents, std::ref(progress));
     Say(stdout, u"Instalação criada em %1"_s.arg(arguments.home()));

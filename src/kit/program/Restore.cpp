@@ -7,7 +7,7 @@ std::optional<Outcome> Restore(const QStringList& words) {
     const Arguments arguments(words, {u"--home"_s, u"--base"_s}, {u"--replace"_s});
     if (!arguments.right(1))
         return std::nullopt;
-    PrepareInstallation(arguments.home());
+    RequireInstallation(arguments.home());
     ProgressLine progress;
     const kit::Restored restored = kit::RestoreBase(arguments.home(), arguments.base(), arguments.rest().front(),
                                                     arguments.has(u"--replace"_s), std::ref(progress));

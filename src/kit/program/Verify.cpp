@@ -8,7 +8,7 @@ std::optional<Outcome> Verify(const QStringList& words) {
     const Arguments arguments(words, {u"--home"_s, u"--base"_s});
     if (!arguments.right(0))
         return std::nullopt;
-    PrepareInstallation(arguments.home());
+    RequireInstallation(arguments.home());
     return Report(kit::VerifyBase(arguments.home(), arguments.base()));
 }
 
