@@ -98,6 +98,14 @@ void FirebirdServer::kill() {
     process_.waitForFinished();
 }
 
+void FirebirdServer::pause() {
+    ::kill(static_cast<pid_t>(process_.processId()), SIGSTOP);
+}
+
+void FirebirdServer::resume() {
+    ::kill(static_cast<pid_t>(process_.processId()), SIGCONT);
+}
+
 void FirebirdServer::prepareRoot() {
     write(folder_.filePath(u"firebird.conf"_s),
           u"ServerMode = Super\nRemoteServicePort = %1\nRemoteServiceName =\nRemoteBindAddress = 127.0.0.1\n"

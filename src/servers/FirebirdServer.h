@@ -18,6 +18,9 @@ class FirebirdServer {
     QString connectionString(const QString& file) const;
     /// Ends the server as a power cut would.
     void kill();
+    /// Lets the server answer nothing, as a machine that hangs; and again.
+    void pause();
+    void resume();
 
   private:
     QString securityDatabase() const;

@@ -4,6 +4,8 @@
 #include "kit/Documents.h"
 #include "search/frmBROWSE_PESSOAS.h"
 
+#include <csignal>
+
 namespace vorta::test {
 
 namespace {
@@ -19,7 +21,12 @@ std::pair<qsizetype, qsizetype> branchesOf(const QString& mark, qsizetype branch
 } // namespace
 
 OfficeWork::OfficeWork(const QString& home, const std::function<void(const QString&)>& tell)
-    : home_(home), tell_(tell), register_(*this) {}
+    : home_(home), tell_(tell), register_(*this, [this](const QString&) { live(); }) {}
+
+void OfficeWork::live() {
+    if (toDeath_ > 0 && --toDeath_ == 0)
+        ::raise(SIGKILL);
+}
 
 frmPessoas& OfficeWork::person() {
     return static_cast<frmPessoas&>(register_.context().Tela(Register::startScreen()));

@@ -14,6 +14,11 @@ class OfficeWork : public screen::Platform {
   public:
     OfficeWork(const QString& home, const std::function<void(const QString&)>& tell);
 
+    /// Dies in front of the n-th statement from now, as a crash would.
+    void dieAt(int statement) { toDeath_ = statement; }
+
+    bool hasEnded() { return register_.program().hasEnded(); }
+
     /// Starts the register, runs the day in front of its start screen and gives true when it ended without an error.
     bool spend(const std::function<void()>& day);
 
@@ -31,6 +36,7 @@ class OfficeWork : public screen::Platform {
     QString home() const override { return home_; }
 
   private:
+    void live();
     void search(screen::Screen& screen);
     void pick(screen::ListField& list, const QString& item);
     void fillLists(const QString& mark);
@@ -44,6 +50,7 @@ class OfficeWork : public screen::Platform {
     QString wanted_;
     QStringList branches_;
     int saved_ = 0;
+    int toDeath_ = 0;
     bool flawless_ = true;
 };
 

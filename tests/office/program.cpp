@@ -1,12 +1,15 @@
-// A user of the office: office_user HOME. Commands come on the standard input, one a line with tabs between the words,
-// and are answered by one line each; "work" tells every deed on a line of its own before its answer.
+// A user of the office: office_user HOME [LOCK-HOME]. Commands come on the standard input, one a line with tabs between
+// the words, and are answered by one line each; "work" tells every deed on a line of its own before its answer.
 
+#include "base/EngineWatch.h"
 #include "base/Literals.h"
+#include "firebird/EmbeddedEngine.h"
 #include "office/OfficeWork.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <cstdio>
+#include <cstdlib>
 #include <iostream>
 #include <string>
 
@@ -52,7 +55,7 @@ void workFor(OfficeWork& work, int seconds, int number, const QStringList& share
     constexpr quint64 documentsOfAUser = 100'000;
     QElapsedTimer time;
     time.start();
-    for (int round = 1; !time.hasExpired(seconds * 1000LL); ++round) {
+    for (int round = 1; !time.hasExpired(seconds * 1000LL) && !work.hasEnded(); ++round) {
         const QString mark = u"U%1 N%2"_s.arg(number, 2, 10, QChar(u'0')).arg(round);
         const QString name = u"CARGA "_s + mark;
         include(work, name, mark, static_cast<quint64>(number) * documentsOfAUser + static_cast<quint64>(round));
@@ -72,6 +75,8 @@ void obey(OfficeWork& work) {
             alter(work, words[1], words[2]);
         else if (words[0] == u"find")
             find(work, words[1]);
+        else if (words[0] == u"die")
+            work.dieAt(words[1].toInt());
         else if (words[0] == u"work")
             workFor(work, words[1].toInt(), words[2].toInt(), words.mid(3));
     }
@@ -81,9 +86,13 @@ void obey(OfficeWork& work) {
 
 int main(int count, char** arguments) {
     QCoreApplication application(count, arguments);
-    if (count != 2)
+    if (count < 2 || count > 3)
         return 2;
+    if (count == 3)
+        vorta::firebird::PrepareEmbeddedEngine(QString::fromLocal8Bit(arguments[2]));
     qputenv("VORTA_HOME", arguments[1]);
+    const vorta::EngineWatch watch([](int seconds, const auto& over) { return vorta::TellAndWait(seconds, over); },
+                                   [] { std::_Exit(1); });
     OfficeWork work(QString::fromLocal8Bit(arguments[1]), tell);
     return work.spend([&] { obey(work); }) ? 0 : 1;
 }

@@ -1,0 +1,191 @@
+// The disk is full, the server falls.
+
+#include "base/Literals.h"
+#include "faults/Faults.h"
+#include "kit/Loader.h"
+#include "servers/FirebirdServer.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <sys/mount.h>
+#include <unistd.h>
+
+using namespace vorta;
+using namespace vorta::test;
+
+namespace {
+
+/// A small file system of its own, gone with the object.
+class SmallDisk {
+  public:
+    explicit SmallDisk(const char* options) {
+        mounted_ = folder_.isValid() && ::mount("tmpfs", folder_.path().toUtf8().constData(), "tmpfs", 0, options) == 0;
+    }
+    ~SmallDisk() {
+        if (mounted_)
+            ::umount2(folder_.path().toUtf8().constData(), MNT_DETACH);
+    }
+    bool mounted() const { return mounted_; }
+    QString path() const { return folder_.path(); }
+
+  private:
+    QTemporaryDir folder_;
+    bool mounted_ = false;
+};
+
+/// Lets production be opened by the server, which opens the very file.
+void writeServerLine(const Installed& installed, const servers::FirebirdServer& server, const QStringList& before) {
+    installed.write(u"config/server.ini"_s,
+                    u"127.0.0.1^pessoas^^^FIREBIRD^%1^False^\n%2\n%3\n"_s
+                        .arg(server.connectionString(installed.production()), before[1], before[2])
+                        .toUtf8());
+}
+
+} // namespace
+
+TEST(FullDisk, ends_saves_with_an_error_and_loses_none_that_was_told) {
+    const SmallDisk disk("size=40m,mode=0755");
+    if (!disk.mounted())
+        GTEST_SKIP() << "only root can mount a small disk";
+    for (int round = 0; round < Times(1, 5); ++round) {
+        const Installed installed = Installed::copyOf(Installed::demonstration());
+        const QString base = disk.path() + u"/pessoas.fdb"_s;
+        QFile::remove(base);
+        QFile::remove(disk.path() + u"/enchimento"_s);
+        ASSERT_TRUE(QFile::copy(installed.production(), base));
+        ASSERT_TRUE(QFile::remove(installed.production()));
+        ASSERT_TRUE(QFile::link(base, installed.production()));
+        QFile fill(disk.path() + u"/enchimento"_s);
+        ASSERT_TRUE(fill.open(QIODevice::WriteOnly));
+        Told told;
+        QStringList answer;
+        {
+            Colleague colleague(installed.home());
+            ExpectHere(colleague);
+            ASSERT_TRUE(Include(colleague, u"ANTES"_s, 5'000'000, told));
+            while (fill.write(QByteArray(1 << 16, 'x')) == 1 << 16 && fill.flush()) {
+            }
+            for (int person = 1; person < 2000; ++person) {
+                answer = colleague.ask({u"include"_s, u"CHEIO %1"_s.arg(person), u"U CHEIO %1"_s.arg(person),
+                                        QString::number(5'000'000 + person)});
+                if (answer[0] != u"included")
+                    break;
+                told[answer[1]] = answer[2];
+            }
+            EXPECT_EQ(answer[0], u"error") << "the disk never was full";
+            EXPECT_TRUE(answer.join(u' ').contains(u"o disco está cheio")) << qPrintable(answer.join(u' '));
+            colleague.leave();
+        }
+        fill.close();
+        fill.remove();
+        std::printf("%lld persons told before the disk was full\n", static_cast<long long>(told.size()));
+        ExpectWhole(installed, told);
+        Colleague after(installed.home());
+        ExpectHere(after);
+        EXPECT_TRUE(Include(after, u"DEPOIS"_s, 5'900'000, told));
+        EXPECT_EQ(after.leave(), 0);
+    }
+}
+
+TEST(KilledServer, ends_the_programs_in_order_and_loses_nothing_that_was_told) {
+    const int falls = Times(2, 25);
+    constexpr int users = 3;
+    const Installed installed = Installed::copyOf(Installed::demonstration());
+    const QStringList before = *kit::LinesOf(installed.layout().config(u"server.ini"_s));
+    Told told;
+    for (int fall = 0; fall < falls; ++fall) {
+        servers::FirebirdServer server;
+        writeServerLine(installed, server, before);
+        std::vector<std::unique_ptr<Colleague>> all;
+        for (int user = 0; user < users; ++user)
+            all.push_back(std::make_unique<Colleague>(installed.home()));
+        for (const auto& colleague : all)
+            ExpectHere(*colleague);
+        ASSERT_TRUE(Include(*all[0], u"QUEDA %1"_s.arg(fall), 6'000'000 + static_cast<quint64>(fall), told));
+        const QString shared = told.lastKey();
+        for (int user = 0; user < users; ++user)
+            all[user]->begin({u"work"_s, u"30"_s, QString::number(10 * fall + user + 10), shared});
+        QElapsedTimer time;
+        time.start();
+        const int moment = 300 + 97 * fall % 700;
+        const auto note = [&](int milliseconds) {
+            for (const auto& colleague : all)
+                while (const std::optional<QStringList> line = colleague->hearWithin(milliseconds))
+                    if (line->at(0) == u"included")
+                        told[line->at(1)] = line->at(2);
+        };
+        while (time.elapsed() < moment)
+            note(5);
+        server.kill();
+        for (const auto& colleague : all) {
+            EXPECT_TRUE(colleague->endsWithin(0) || (note(1000), colleague->endsWithin(20'000)));
+            EXPECT_EQ(colleague->leave(), 1);
+        }
+        note(0);
+    }
+    installed.write(u"config/server.ini"_s, before.join(u'\n').toUtf8());
+    std::printf("%d falls, %lld inclusions told\n", falls, static_cast<long long>(told.size()));
+    ExpectWhole(installed, told);
+}
+
+TEST(StoppedServer, is_told_in_the_journal_and_the_program_goes_on_when_it_answers) {
+    const Installed installed = Installed::copyOf(Installed::demonstration());
+    servers::FirebirdServer server;
+    const QStringList before = *kit::LinesOf(installed.layout().config(u"server.ini"_s));
+    writeServerLine(installed, server, before);
+    Colleague colleague(installed.home());
+    ExpectHere(colleague);
+    server.pause();
+    colleague.begin({u"include"_s, u"ESPERA"_s, u"U ESPERA"_s, u"6500001"_s});
+    EXPECT_FALSE(colleague.hearWithin(7'500));
+    server.resume();
+    EXPECT_EQ(colleague.hear()[0], u"included");
+    EXPECT_TRUE(colleague.journal().contains(u"O banco de dados não responde há 5 segundos"))
+        << qPrintable(colleague.journal());
+    server.pause();
+    colleague.begin({u"find"_s, u"ESPERA"_s});
+    EXPECT_TRUE(colleague.endsWithin(45'000)) << "a program without windows waits for ever";
+    EXPECT_EQ(colleague.leave(), 1);
+    server.resume();
+}
+
+TEST(StoppedServer, brings_the_window_s_user_a_box_and_lets_the_system_end_the_program) {
+    const Installed installed = Installed::copyOf(Installed::demonstration());
+    servers::FirebirdServer server;
+    const QStringList before = *kit::LinesOf(installed.layout().config(u"server.ini"_s));
+    writeServerLine(installed, server, before);
+    server.pause();
+    QProcess program;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"VORTA_HOME"_s, installed.home());
+    environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+    program.setProcessEnvironment(environment);
+    program.start(QString::fromUtf8(PESSOAS), {u"1^1^PRD^False^"_s});
+    ASSERT_TRUE(program.waitForStarted());
+    const auto boxes = [&] {
+        int found = 0;
+        for (const QString& number : QDir(u"/proc"_s).entryList({u"[0-9]*"_s})) {
+            QFile words(u"/proc/%1/cmdline"_s.arg(number));
+            QFile about(u"/proc/%1/stat"_s.arg(number));
+            if (words.open(QIODevice::ReadOnly) && about.open(QIODevice::ReadOnly))
+                found += words.readAll().contains("--aguardar") &&
+                         about.readAll().contains(") S " + QByteArray::number(program.processId()) + ' ');
+        }
+        return found;
+    };
+    QElapsedTimer time;
+    for (time.start(); boxes() == 0 && time.elapsed() < 15'000;)
+        program.waitForFinished(100);
+    EXPECT_EQ(boxes(), 1);
+    EXPECT_LT(time.elapsed(), 10'000);
+    program.terminate();
+    EXPECT_TRUE(program.waitForFinished(10'000)) << "the system cannot end it";
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(program.exitCode(), 1);
+    EXPECT_TRUE(QString::fromUtf8(program.readAllStandardError()).contains(u"não responde há"));
+    server.resume();
+}
