@@ -69,7 +69,6 @@ class ConsultaPessoasTest : public BuscaTest, public testing::WithParamInterface
             if (desativadas)
                 tela.chkVisualiza.setChecked(true);
             forget();
-            (void)platform.boxes.news(); // a remembered search runs at the opening, and the check box searches too
             user.click(tela.cmdPesquisa);
             enviada = database.sent.value(0);
             EXPECT_EQ(database.sent.size(), 1);
