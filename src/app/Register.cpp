@@ -21,6 +21,10 @@ Register::Register(screen::Platform& platform, data::StatementTrace trace)
     RegistraTelasManutencao(contexto_);
 }
 
+QString Register::launchStringOf(const QStringList& arguments) {
+    return arguments.mid(1).join(u' ');
+}
+
 QString Register::startScreen() {
     return u"frmPessoas"_s;
 }

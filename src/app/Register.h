@@ -19,6 +19,10 @@ class Register {
     ContextoExecucao& context() { return contexto_; }
     screen::User& user() { return user_; }
 
+    /// The launch string in the arguments of the process, the program's name first. It is the whole command line: a
+    /// blank that no quotes hold together has made two arguments of it.
+    static QString launchStringOf(const QStringList& arguments);
+
     /// The name of the screen that a start shows.
     static QString startScreen();
 

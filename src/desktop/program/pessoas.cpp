@@ -51,10 +51,6 @@ int main(int argc, char** argv) {
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() == 3 && arguments[1] == QLatin1StringView(vorta::desktop::waitBoxWord))
         return vorta::desktop::RunWaitBox(arguments[2].toInt());
-    if (arguments.size() > 2) {
-        std::fputs("Uso: pessoas \"usuario^empresa^ambiente^somente_consulta^\"\n", stderr);
-        return exitUnusable;
-    }
     const vorta::EngineWatch watch(vorta::desktop::AskWhetherToWait, vorta::desktop::EndAtOnce);
     vorta::desktop::DesktopPlatform platform;
     vorta::Register registro(platform);
@@ -62,6 +58,6 @@ int main(int argc, char** argv) {
         registro.program().dispatch([&] { raiseAsRuntimeError(raise); });
         platform.leaveIfEnded();
     };
-    registro.start(arguments.value(1));
+    registro.start(vorta::Register::launchStringOf(QCoreApplication::arguments()));
     return registro.program().exitCode();
 }
