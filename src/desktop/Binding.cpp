@@ -230,6 +230,7 @@ std::unique_ptr<Binding> made(Binder& binder, screen::Field& field, QWidget& wid
 std::unique_ptr<Binding> bindingFor(Binder& binder, screen::Field& field, QWidget& widget) {
     const bool notes = qobject_cast<QPlainTextEdit*>(&widget);
     const bool open = qobject_cast<QListView*>(&widget);
+    const bool frame = qobject_cast<QGroupBox*>(&widget);
     switch (field.kind()) {
     case FieldKind::Text:
         return notes ? made<NotesBinding, screen::Field, QPlainTextEdit>(binder, field, widget)
@@ -240,7 +241,8 @@ std::unique_ptr<Binding> bindingFor(Binder& binder, screen::Field& field, QWidge
         return open ? made<OpenListBinding, screen::ListField, QListView>(binder, field, widget)
                     : made<ListBinding, screen::ListField, QComboBox>(binder, field, widget);
     case FieldKind::Label:
-        return made<LabelBinding, screen::Field, QLabel>(binder, field, widget);
+        return frame ? made<FrameBinding, screen::Field, QGroupBox>(binder, field, widget)
+                     : made<LabelBinding, screen::Field, QLabel>(binder, field, widget);
     case FieldKind::Button:
         return made<ButtonBinding, screen::Field, QAbstractButton>(binder, field, widget);
     case FieldKind::Option:

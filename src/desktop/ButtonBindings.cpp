@@ -27,6 +27,14 @@ bool LabelBinding::eventFilter(QObject* watched, QEvent* event) {
     return Binding::eventFilter(watched, event);
 }
 
+FrameBinding::FrameBinding(Binder& binder, screen::Field& field, QGroupBox& frame)
+    : Binding(binder, field, frame), frame_(frame) {}
+
+void FrameBinding::refresh() {
+    Binding::refresh();
+    frame_.setTitle(field().text());
+}
+
 PictureBinding::PictureBinding(Binder& binder, screen::Field& field, QLabel& label)
     : Binding(binder, field, label), label_(label) {}
 

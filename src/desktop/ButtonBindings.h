@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QCheckBox>
+#include <QGroupBox>
 #include <QLabel>
 #include <QRadioButton>
 
@@ -18,6 +19,16 @@ class LabelBinding : public Binding {
   private:
     QLabel& label_;
     bool second_ = false; ///< the press of a double click is the second one
+};
+
+/// A frame around other fields: a label that is its title.
+class FrameBinding : public Binding {
+  public:
+    FrameBinding(Binder& binder, screen::Field& field, QGroupBox& frame);
+    void refresh() override;
+
+  private:
+    QGroupBox& frame_;
 };
 
 /// A picture keeps its proportions in whatever room the window gives it.

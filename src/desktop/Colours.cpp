@@ -72,6 +72,10 @@ void ApplyColours(QWidget& widget, FieldKind kind, screen::Colour background, sc
         widget.setAutoFillBackground(ownColour);
     if (foreground != screen::colour::WindowText)
         palette.setColor(roles.text, ColourOf(foreground));
+    else if (roles.text == QPalette::WindowText)
+        // Said outright, else it would be that of the frame around the widget.
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
+            palette.setColor(group, roles.text, palette.color(group, roles.text));
     else if (roles.text == QPalette::Text)
         // A field that is only locked stays as readable as a free one.
         palette.setColor(roles.text, palette.color(QPalette::Active, QPalette::Text));

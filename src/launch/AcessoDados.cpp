@@ -64,8 +64,10 @@ void LeCoresSistema(ContextoExecucao& contexto, const QString& esquema) {
             << "DESC_COR_SIST = '" << Trim(esquema) << "'";
     Recordset registros = AbreLeitura(contexto, comando);
     const bool achou = !registros.Eof();
+    // A scheme may leave a colour open; read as a number, nothing would be black.
     const auto cor = [&](const char* coluna, const QString& padrao) {
-        return achou ? registros.Fields(coluna).textOr({}) : padrao;
+        const QString guardada = achou ? registros.Fields(coluna).textOr({}) : QString();
+        return Trim(guardada).isEmpty() ? padrao : guardada;
     };
     contexto.CorFundo1 = cor("CODI_BACK_0001", fundoDoSistema);
     contexto.CorFrente1 = cor("CODI_FORE_0001", frenteDoSistema);

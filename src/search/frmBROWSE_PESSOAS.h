@@ -26,7 +26,8 @@ class frmBROWSE_PESSOAS : public screen::Screen {
     screen::Button cmdPesquisa{this, "cmdPesquisa", u"&Pesquisar"_s};
     screen::Button cmdLimpar{this, "cmdLimpar", u"&Limpar"_s};
 
-    // Where to look.
+    // Where to look. The frames are labels of their groups, so that they take the colours of the scheme.
+    screen::Label grupoFormaDeBusca{this, "grupoFormaDeBusca", u"Forma de Busca"_s};
     screen::Option opNome{this, "opNome", u"Nome"_s, "forma", true};
     screen::Option opFantasia{this, "opFantasia", u"Nome Fantasia"_s, "forma"};
     screen::Option opCPFCNPJ{this, "opCPFCNPJ", u"CPF/CNPJ"_s, "forma"};
@@ -38,6 +39,7 @@ class frmBROWSE_PESSOAS : public screen::Screen {
     screen::Option opCodExterno{this, "opCodExterno", u"Cód.Externo"_s, "forma"};
 
     // How to compare.
+    screen::Label grupoConteudoDaBusca{this, "grupoConteudoDaBusca", u"Conteúdo da Busca"_s};
     screen::Option opQualquerParte{this, "opQualquerParte", u"Pesquisa Qualquer Posição"_s, "conteudo", true};
     screen::Option opCampoInteiro{this, "opCampoInteiro", u"Pesquisa Exata"_s, "conteudo"};
     screen::Option opInicialCom{this, "opInicialCom", u"Pesquisa Inicia com..."_s, "conteudo"};
@@ -45,6 +47,7 @@ class frmBROWSE_PESSOAS : public screen::Screen {
     screen::Check chkVisualiza{this, "chkVisualiza", u"Visualiza os Desativados"_s};
 
     // Which role the person must play.
+    screen::Label grupoVinculo{this, "grupoVinculo", u"Vínculo"_s};
     screen::Option opTodos{this, "opTodos", u"Todos"_s, "papel", true};
     screen::Option opCliente{this, "opCliente", u"Cliente"_s, "papel"};
     screen::Option opFornecedor{this, "opFornecedor", u"Fornecedor"_s, "papel"};
