@@ -192,7 +192,7 @@ TEST_F(HistoricoPessoa, TheExternalCodeBringsOrdersAndPurchasesOnly) {
     EXPECT_TRUE(database.sent[3].contains(u"FROM FORN, PEDI_COMP, PESS, USEN WHERE"));
 }
 
-TEST_F(HistoricoPessoa, ClearingKeepsTheQuotationsLabels) {
+TEST_F(HistoricoPessoa, ClearingEmptiesTheStatistics) {
     for (const char* rotulo : {"lblPrimeiraCompra", "lblUltimaCompraForn", "lblQtdeCompras", "lblTotalItensComprasForn",
                                "lblMontanteCompras", "lblQtdeComprasOS", "lblMontanteComprasOS", "lblPrimeiraCompraII",
                                "lblMontanteComprasII"})
