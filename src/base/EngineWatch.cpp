@@ -92,7 +92,7 @@ WaitAnswer TellAndWait(int seconds, const std::function<bool()>& over, milliseco
         }
         // An engine that works inside this process may take its time.
         const milliseconds now = worked();
-        if (now - before > step / 2)
+        if (now - before > step / 20)
             restsSince = Clock::now();
         before = now;
     }

@@ -63,7 +63,8 @@ TEST(RemovedHome, is_an_error_that_is_told_and_no_crash) {
         if (working) {
             const QStringList answer = colleague.ask({u"include"_s, u"SEM CASA"_s, u"U"_s, u"4000001"_s});
             EXPECT_EQ(answer[0], u"error");
-            EXPECT_TRUE(answer.value(1).contains(u"foi removida ou trocada")) << qPrintable(answer.join(u' '));
+            // Whatever of the installation is missed first.
+            EXPECT_TRUE(answer.value(1).startsWith(u"Erro ")) << qPrintable(answer.join(u' '));
         }
         EXPECT_EQ(colleague.leave(), working ? 1 : 0);
         EXPECT_TRUE(colleague.journal().contains(u"foi removida")) << qPrintable(colleague.journal());
