@@ -216,7 +216,7 @@ TEST(User, TwoQuickPressesAreAClickAndADoubleClick) {
             world.program.MsgBox(u"Pronto"_s);
         };
         world.user.doubleClick(world.tela.cmdSalvar);
-        EXPECT_EQ(clicks, 2) << "the second press meets the box";
+        EXPECT_EQ(world.platform.boxes.news(), QStringList{u"Pronto"_s}) << "the second press meets the box";
     });
     world.program.dispatch([&] { world.program.ShowModal(world.tela); });
     EXPECT_EQ(clicks, 2);
