@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-using vorta::Register;
+using namespace vorta;
 
 TEST(Register, the_launch_string_is_the_whole_command_line) {
     EXPECT_EQ(Register::launchStringOf({u"pessoas"_s}), u"");
