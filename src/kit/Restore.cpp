@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/Windows1252.h"
+#include "firebird/BaseGuard.h"
 #include "firebird/Services.h"
 #include "kit/Bases.h"
 #include "kit/FaultWords.h"
@@ -105,7 +106,7 @@ class Alone {
     int file_;
 };
 
-/// A file of work that goes unless it has been kept.
+/// A file of work that goes unless it has been kept, under another name.
 class WorkFile {
   public:
     explicit WorkFile(const QString& path) : path_(path) {
@@ -118,6 +119,7 @@ class WorkFile {
     ~WorkFile() {
         if (!kept_)
             QFile::remove(path_);
+        QFile::remove(firebird::BaseGuard::fileOf(path_)); // nobody opens a base by this name any more
     }
     void keep() { kept_ = true; }
 

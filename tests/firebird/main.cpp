@@ -37,6 +37,7 @@ int main(int count, char** arguments) {
     // Not the home of whoever runs the tests: the engine's root goes with the run.
     const QTemporaryDir home;
     qputenv("VORTA_HOME", home.path().toUtf8());
+    firebird::PrepareEmbeddedEngine(home.path()); // bases come and go with the tests, the lock place stays
     testing::InitGoogleTest(&count, arguments);
     return RUN_ALL_TESTS();
 }
