@@ -44,7 +44,7 @@ TEST(HeldRow, is_waited_for_once_and_told_in_portuguese) {
             EXPECT_EQ(error.description(), u"O registro está sendo gravado por outro usuário e não foi liberado em 4 "
                                            "segundos. Tente novamente."_s);
         }
-        EXPECT_GE(time.elapsed(), 3'500);
+        EXPECT_GE(time.elapsed(), 3'000);
         EXPECT_LE(time.elapsed(), 5'500);
         holder->CommitTrans();
         if (inTransaction)
