@@ -16,8 +16,8 @@ ScreenBench::ScreenBench(int persons) {
     bare = std::make_unique<BareClient>(contexto.StringConexaoFirebird);
 }
 
-Case ScreenBench::work(const QString& name, const QString& unit, int steps, std::function<void()> ours, double limit,
-                       int rounds) {
+Case ScreenBench::work(const QString& name, const QString& unit, int steps, const std::function<void()>& ours,
+                       double limit, int rounds) {
     const auto statements = std::make_shared<QList<QByteArray>>();
     return {name,
             unit,

@@ -39,7 +39,7 @@ class ScreenBench : public std::enable_shared_from_this<ScreenBench> {
     explicit ScreenBench(int persons);
 
     /// A screen's work against the very statements that it sends, `steps` times the unit in one round.
-    Case work(const QString& name, const QString& unit, int steps, std::function<void()> ours, double limit,
+    Case work(const QString& name, const QString& unit, int steps, const std::function<void()>& ours, double limit,
               int rounds);
 
     std::unique_ptr<BareClient> bare;

@@ -163,7 +163,7 @@ class Recordset::Arena : public RowSink {
     void overwrite(int row, int column, const Value& value) { overwritten_[{row, column}] = value; }
 
   private:
-    static constexpr std::size_t blockSize = 256 * 1024;
+    static constexpr std::size_t blockSize = 256UL * 1024;
 
     char* place(std::size_t size) {
         if (blocks_.empty() || used_ + size > capacity_) {

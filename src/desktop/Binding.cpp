@@ -200,7 +200,7 @@ bool Binding::characterTyped(QChar typed) {
 
 /// Composed characters ("´" and "a") come as a ready text instead of keys.
 bool Binding::inputMethod(QInputMethodEvent& input) {
-    const QString text = input.commitString();
+    const QString& text = input.commitString();
     if (text.isEmpty())
         return false;
     for (const QChar typed : text) {

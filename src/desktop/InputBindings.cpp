@@ -170,12 +170,13 @@ bool MaskedBinding::keyPressed(QKeyEvent& key) {
     return LineBinding::keyPressed(key);
 }
 
+// The mask is edited in the model, so these pass over what lines do.
 bool MaskedBinding::specialPressed(Key key) {
-    return Binding::specialPressed(key);
+    return Binding::specialPressed(key); // NOLINT(bugprone-parent-virtual-call)
 }
 
 bool MaskedBinding::characterTyped(QChar typed) {
-    return Binding::characterTyped(typed);
+    return Binding::characterTyped(typed); // NOLINT(bugprone-parent-virtual-call)
 }
 
 NotesBinding::NotesBinding(Binder& binder, screen::Field& field, QPlainTextEdit& edit)

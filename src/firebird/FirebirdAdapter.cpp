@@ -259,7 +259,8 @@ FirebirdAdapter::Runnable FirebirdAdapter::prepare(const Statement& statement, b
             return {cached, nullptr};
     }
     auto own = std::make_unique<PreparedStatement>(*attachment_, reading(), bridged.text());
-    return {own.get(), std::move(own)};
+    PreparedStatement* const prepared = own.get();
+    return {prepared, std::move(own)};
 }
 
 std::optional<qint64> FirebirdAdapter::write(PreparedStatement& prepared, RowSink* rows) {

@@ -295,7 +295,8 @@ void LimpaHistorico(frmPessoas& tela) {
         estatistica.montante.setText(FormatAmount(0));
     }
     for (const Estatistica& estatistica : {EstatisticaOrcamentos(tela), EstatisticaOS(tela)})
-        for (Label* rotulo : {&estatistica.primeira, &estatistica.ultima, &estatistica.documentos, &estatistica.montante})
+        for (Label* rotulo :
+             {&estatistica.primeira, &estatistica.ultima, &estatistica.documentos, &estatistica.montante})
             rotulo->setText({});
 }
 

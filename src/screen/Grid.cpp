@@ -90,7 +90,8 @@ void Grid::RemoveItem(int row) {
 }
 
 qint64 Grid::bytesUsed() const {
-    return static_cast<qint64>(rows_.capacity() * sizeof(Slice) + arena_.capacity());
+    const std::size_t bytes = rows_.capacity() * sizeof(Slice) + arena_.capacity();
+    return static_cast<qint64>(bytes);
 }
 
 } // namespace vorta::screen

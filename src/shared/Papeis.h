@@ -2,6 +2,7 @@
 
 #include "data/Statement.h"
 
+#include <algorithm>
 #include <array>
 #include <initializer_list>
 #include <optional>
@@ -12,6 +13,22 @@ namespace vorta {
 
 enum class TipoPapel { Cliente, Transportadora, Vendedor, Motorista, Fornecedor, Decorador, Arquiteto };
 
+/// At most three values, kept in the row itself.
+template <typename T>
+class AteTres {
+  public:
+    constexpr AteTres() = default;
+    constexpr AteTres(std::initializer_list<T> valores) : quantos_(valores.size()) {
+        std::copy_n(valores.begin(), valores.size(), valores_.begin());
+    }
+    constexpr const T* begin() const { return valores_.data(); }
+    constexpr const T* end() const { return valores_.data() + quantos_; }
+
+  private:
+    std::array<T, 3> valores_ = {};
+    std::size_t quantos_ = 0;
+};
+
 /// A table of contact people. Its columns are named after the table.
 struct TabelaContatos {
     data::Piece tabela;
@@ -20,8 +37,8 @@ struct TabelaContatos {
 
 /// A column that a link made at once fills besides the common ones.
 struct ColunaInicial {
-    data::Piece coluna;
-    const char* valor;
+    data::Piece coluna = "";
+    const char* valor = "";
 };
 
 /// What the person search does with a role's option between two openings.
@@ -36,13 +53,13 @@ struct Papel {
     const char* nome;    ///< in the questions of the direct link
     QStringView palavra; ///< asks the search for a document for persons of this role
     /// The words with which another screen asks the person search for this role alone.
-    std::initializer_list<QStringView> pedidos = {};
+    AteTres<QStringView> pedidos = {};
 
     data::Piece tabela;
     data::Piece chave;                       ///< of the table; the back-reference in `PESS` bears the same name
     std::optional<data::Piece> gerador = {}; ///< none where the database fills the key
     std::optional<TabelaContatos> contatos = {};
-    std::initializer_list<ColunaInicial> iniciais = {};
+    AteTres<ColunaInicial> iniciais = {};
 
     const char* tela;
     const char* botao;                   ///< on the person screen

@@ -18,7 +18,7 @@ using test::Installed;
 namespace {
 
 QStringList linesOf(const QString& document) {
-    return kit::LinesOf(QStringLiteral(DOCUMENTS) + u'/' + document).value_or(QStringList());
+    return kit::LinesOf(QString::fromUtf8(DOCUMENTS) + u'/' + document).value_or(QStringList());
 }
 
 /// The lines of a document that call the program, in their order.
@@ -38,7 +38,7 @@ std::pair<int, QString> run(QString command, const Installed& installed, const Q
         .replace(u"2026-11-20"_s, QDate::currentDate().toString(Qt::ISODate));
     QProcess shell;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    const QString programs = QFileInfo(QStringLiteral(PESSOAS_BASE)).path();
+    const QString programs = QFileInfo(QString::fromUtf8(PESSOAS_BASE)).path();
     environment.insert(u"PATH"_s, programs + u':' + environment.value(u"PATH"_s));
     shell.setProcessEnvironment(environment);
     shell.setProcessChannelMode(QProcess::MergedChannels);
@@ -88,7 +88,7 @@ TEST(DocumentedCommands, keep_copies_of_an_installation) {
 }
 
 TEST(DocumentedCommands, name_no_tool_of_the_engine_for_copies) {
-    const QDir documents(QStringLiteral(DOCUMENTS));
+    const QDir documents(QString::fromUtf8(DOCUMENTS));
     for (const QString& name : documents.entryList({u"*.md"_s}))
         for (const QString& line : linesOf(name))
             EXPECT_FALSE(line.contains(u"gbak"_s) || line.contains(u"FIREBIRD_LOCK"_s)) << name << ": " << line;

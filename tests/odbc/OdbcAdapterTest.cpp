@@ -97,7 +97,8 @@ const Statement renameThird("UPDATE PESS SET NOME_CONH = 'NOVO' WHERE idPESS = 3
 
 TEST(ConnectionKeys, EveryFormSaysTheSame) {
     const QString expected =
-        u"DRIVER={FreeTDS};TDS_VERSION=7.4;CLIENTCHARSET=UTF-8;SERVER={srv};PORT={1433};UID={me};PWD={p=w}d};DATABASE={erp};"_s;
+        u"DRIVER={FreeTDS};TDS_VERSION=7.4;CLIENTCHARSET=UTF-8;SERVER={srv};PORT={1433};UID={me};PWD={p=w}d};"
+        "DATABASE={erp};"_s;
     int forms = 0;
     for (const EngineTag& tag : EngineTags()) {
         if (tag.engine != data::Engine::SqlServer)

@@ -193,7 +193,7 @@ class Keeper {
     QString copyOf(int number) const { return u"%1/%2.fbk"_s.arg(copies_).arg(number); }
     void run(const QStringList& arguments) const {
         QProcess program;
-        program.start(QStringLiteral(PESSOAS_BASE), arguments);
+        program.start(QString::fromUtf8(PESSOAS_BASE), arguments);
         EXPECT_TRUE(program.waitForFinished(120'000));
         EXPECT_EQ(program.exitCode(), 0) << arguments.join(u' ') << "\n"
                                          << program.readAllStandardOutput().constData()

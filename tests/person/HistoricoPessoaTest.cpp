@@ -201,7 +201,7 @@ TEST_F(HistoricoPessoa, ClearingEmptiesTheStatistics) {
     const std::pair<const char*, const char16_t*> rotulos[] = {
         {"lblPrimeiraCompra", u""},         {"lblUltimaCompraForn", u""},    {"lblQtdeCompras", u"0"},
         {"lblTotalItensComprasForn", u"0"}, {"lblMontanteCompras", u"0,00"}, {"lblQtdeComprasOS", u""},
-        {"lblMontanteComprasOS", u""},      {"lblPrimeiraCompraII", u""},   {"lblMontanteComprasII", u""}};
+        {"lblMontanteComprasOS", u""},      {"lblPrimeiraCompraII", u""},    {"lblMontanteComprasII", u""}};
     for (const auto& [rotulo, esperado] : rotulos)
         EXPECT_EQ(textOf(rotulo), QString::fromUtf16(esperado)) << rotulo;
 }

@@ -153,9 +153,8 @@ TEST_F(BuscaCepTest, AMissingBaseEndsTheProcessWithItsBox) {
     EXPECT_TRUE(program.hasEnded());
     EXPECT_EQ(failure(), 0);
     ASSERT_EQ(platform.boxes.size(), 1u);
-    EXPECT_EQ(
-        platform.boxes[0].text,
-        u"O Servidor CEP de dados não está respondendo.\n\nVerifique se o servidor NT/SQL/Linux (servidor) está ligado."_s);
+    EXPECT_EQ(platform.boxes[0].text, u"O Servidor CEP de dados não está respondendo.\n\n"
+                                      "Verifique se o servidor NT/SQL/Linux (servidor) está ligado."_s);
     EXPECT_EQ(platform.boxes[0].icon, screen::Icon::Critical);
 }
 

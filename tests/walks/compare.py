@@ -76,7 +76,8 @@ def main():
     arguments = parser.parse_args()
     folder = pathlib.Path(tempfile.mkdtemp(prefix="walks-"))
     start = time.monotonic()
-    seeds = arguments.seeds or itertools.takewhile(lambda _: time.monotonic() - start < arguments.seconds, itertools.count(int(time.time()) % 1000000))
+    drawn = itertools.count(int(time.time()) % 1000000)
+    seeds = arguments.seeds or itertools.takewhile(lambda _: time.monotonic() - start < arguments.seconds, drawn)
     failed = [seed for seed in seeds if not compared(arguments, folder, seed)]
     if failed:
         print(f"differences with the seeds {failed}; logs in {folder}")

@@ -53,7 +53,7 @@ QString literal(const QJsonValue& value) {
 
 QString rowLiteral(const QJsonArray& row) {
     QStringList values;
-    for (const QJsonValue& value : row)
+    for (const QJsonValue value : row)
         values += literal(value);
     return u'(' + values.join(u',') + u')';
 }
@@ -108,7 +108,7 @@ void GivenSqlServer::take(Base base, const TableRows& taken) {
         makeTables(kind->first);
     const QString& table = taken.table.name;
     QStringList columns;
-    for (const QJsonValue& column : taken.columns)
+    for (const QJsonValue column : taken.columns)
         columns += column.toString();
     const QString insert = u"INSERT INTO %1 (%2) VALUES "_s.arg(table, columns.join(u','));
     const bool keyed = taken.table.hasKey() && !taken.rows.isEmpty();

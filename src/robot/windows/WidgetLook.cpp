@@ -143,7 +143,7 @@ Seen background(W widget, F field, Q) {
 
 /// The text of a field that takes input stays as readable when it takes none; any other is meant as it is when enabled.
 Seen foreground(W widget, F field, Q) {
-    const W content = contentOf(widget);
+    W content = contentOf(widget);
     const bool input = lineOf(widget) || qobject_cast<const QAbstractScrollArea*>(&widget);
     const QPalette& palette = content.palette();
     return numberOf(input ? palette.color(QPalette::Text) : palette.color(QPalette::Active, content.foregroundRole()),

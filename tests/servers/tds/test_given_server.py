@@ -16,7 +16,8 @@ from here import HERE
 from server_process import ServerProcess
 from test_clients import run
 
-PLAYED = "^(launch/(title|history_environment|started_again)|person/(inclusion|inclusion_of_everything|alteration|branches)|roles/(customer|supplier)|search/postal_code_into_the_block)$"
+PLAYED = ("^(launch/(title|history_environment|started_again)|person/(inclusion|inclusion_of_everything|alteration|branches)|"
+          "roles/(customer|supplier)|search/postal_code_into_the_block)$")
 FAILING = """sql "INSERT INTO PESS (IDPESS, NOME_PESS) VALUES (7, 'FICA')"
 launch "1^1^PRD^False^"
 expect query "SELECT NOME_PESS FROM PESS WHERE IDPESS = 7" "OUTRO"
