@@ -67,7 +67,7 @@ struct People::Roles {
 };
 
 People::People(Loader& loader, Keys& keys, const std::vector<Product>& products, const Density& density, quint64 seed)
-    : loader_(loader), keys_(keys), seed_(seed), words_(ReadVocabulary()), histories_(loader, keys, products, density),
+    : keys_(keys), seed_(seed), words_(ReadVocabulary()), histories_(loader, keys, products, density),
       persons_(loader, tableOf("PESS")), contacts_(loader, tableOf("PESS_CONT")),
       branches_(loader, tableOf("PESS_ATIV")), customers_(loader, tableOf("CLIE")), suppliers_(loader, tableOf("FORN")),
       carriersRows_(loader, tableOf("TRPT")), drivers_(loader, tableOf("MOTO")), sellersRows_(loader, tableOf("VEND")),

@@ -37,7 +37,6 @@ class People {
     }
     QByteArray phone(Random& random, const Person& person, bool mobile);
 
-    Loader& loader_;
     Keys& keys_;
     quint64 seed_;
     Vocabulary words_;
