@@ -90,9 +90,9 @@ WaitAnswer TellAndWait(int seconds, const std::function<bool()>& over, milliseco
             Journal(u"O banco de dados respondeu"_s);
             return WaitAnswer::Wait;
         }
-        // An engine that works inside this process may take its time.
+        // An engine that works inside this process may take its time, also where it gets little of the machine.
         const milliseconds now = worked();
-        if (now - before > step / 20)
+        if (now - before >= milliseconds(2))
             restsSince = Clock::now();
         before = now;
     }

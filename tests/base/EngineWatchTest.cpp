@@ -11,7 +11,8 @@ using namespace std::chrono_literals;
 /// A watch in a hurry, with an answer given beforehand.
 class EngineWatchTest : public testing::Test {
   protected:
-    void watch(WaitAnswer answer) {
+    /// `silence` is long where a busy machine must not make one.
+    void watch(WaitAnswer answer, std::chrono::milliseconds silence = 40ms) {
         watch_ = std::make_unique<EngineWatch>(
             [this, answer](int, const std::function<bool()>& over) {
                 ++asked_;
@@ -20,7 +21,7 @@ class EngineWatchTest : public testing::Test {
                 cameBack_ = over();
                 return answer;
             },
-            [this] { ended_ = true; }, EngineWatch::Times{.look = 2ms, .silence = 40ms, .again = 40ms, .end = 20ms});
+            [this] { ended_ = true; }, EngineWatch::Times{.look = 2ms, .silence = silence, .again = 40ms, .end = 20ms});
     }
     template <typename Condition>
     bool comes(Condition condition) {
@@ -39,20 +40,20 @@ class EngineWatchTest : public testing::Test {
 } // namespace
 
 TEST_F(EngineWatchTest, says_nothing_while_calls_come_back) {
-    watch(WaitAnswer::End);
-    for (int call = 0; call < 60; ++call) {
+    watch(WaitAnswer::End, 600ms);
+    for (int call = 0; call < 200; ++call) {
         const EngineCall running;
-        std::this_thread::sleep_for(2ms);
+        std::this_thread::sleep_for(4ms);
     }
-    std::this_thread::sleep_for(100ms); // no call at all
+    std::this_thread::sleep_for(800ms); // no call at all
     EXPECT_EQ(asked_, 0);
     EXPECT_FALSE(ended_);
 }
 
 TEST_F(EngineWatchTest, says_nothing_of_a_long_call_that_gets_on) {
-    watch(WaitAnswer::End);
+    watch(WaitAnswer::End, 600ms);
     const EngineCall running;
-    for (int row = 0; row < 100; ++row, std::this_thread::sleep_for(2ms))
+    for (int row = 0; row < 200; ++row, std::this_thread::sleep_for(4ms))
         EngineCall::Goes();
     EXPECT_EQ(asked_, 0);
 }
@@ -115,9 +116,9 @@ TEST(TellAndWait, ends_what_rests_and_waits_for_what_works) {
         while (working) {
         }
     });
-    const auto until = std::chrono::steady_clock::now() + 1500ms;
+    const auto until = std::chrono::steady_clock::now() + 3000ms;
     EXPECT_EQ(TellAndWait(
-                  5, [&] { return std::chrono::steady_clock::now() > until; }, 600ms),
+                  5, [&] { return std::chrono::steady_clock::now() > until; }, 1500ms),
               WaitAnswer::Wait);
     working = false;
     work.join();
