@@ -21,6 +21,8 @@ constexpr std::array standardWords{
     StandardWords{errorNumber::BadFileName, "Nome de arquivo inválido"},
     StandardWords{errorNumber::FileNotFound, "Arquivo não encontrado"},
     StandardWords{errorNumber::FileAlreadyExists, "O arquivo já existe"},
+    StandardWords{errorNumber::DiskFull, "O disco está cheio"},
+    StandardWords{errorNumber::PermissionDenied, "Permissão negada"},
     StandardWords{errorNumber::PathRefused, "O caminho não pode ser gravado"},
     StandardWords{errorNumber::ObjectNotSet, "Objeto não disponível"},
     StandardWords{errorNumber::InvalidNull, "Uso inválido de nulo"},

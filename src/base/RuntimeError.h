@@ -23,6 +23,10 @@ inline constexpr int BadFileName = 52;
 inline constexpr int FileNotFound = 53;
 /// What is to be made is there already: the kit's creation of an installation.
 inline constexpr int FileAlreadyExists = 58;
+/// There is no room left for what is to be written: the engine's services, the kit.
+inline constexpr int DiskFull = 61;
+/// A base that others are working with: the kit's restoration.
+inline constexpr int PermissionDenied = 70;
 /// A path that cannot be written: the kit.
 inline constexpr int PathRefused = 75;
 /// An object that is not there: a connection never made, a screen or window that the program does not have.

@@ -120,12 +120,11 @@ bool IsDiskFull(const Firebird::IStatus& failure) {
 /// Does `work`; what has words of its own is told in them.
 template <typename Work>
 auto told(Work work) {
-    constexpr int diskFull = 61;
     try {
         return work();
     } catch (const Firebird::FbException& failure) {
         if (IsDiskFull(*failure.getStatus()))
-            throw RuntimeError(diskFull, u"O disco está cheio"_s);
+            throw RuntimeError(errorNumber::DiskFull);
         throw OpenFailureWords(*failure.getStatus()) ? ToOpenError(failure) : ToRuntimeError(failure, {});
     }
 }

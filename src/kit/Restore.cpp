@@ -25,8 +25,6 @@ namespace {
 
 using firebird::ConnectionText;
 
-constexpr int inUse = 70;
-
 [[noreturn]] void refuseExisting(const QString& base) {
     throw RuntimeError(
         errorNumber::FileAlreadyExists,
@@ -34,7 +32,7 @@ constexpr int inUse = 70;
 }
 
 [[noreturn]] void refuseUsed(const QString& base) {
-    throw RuntimeError(inUse,
+    throw RuntimeError(errorNumber::PermissionDenied,
                        u"A base %1 está em uso; feche o programa em todas as sessões. Nada foi alterado"_s.arg(base));
 }
 

@@ -65,10 +65,8 @@ void RemoveVinculo(frmPessoas& tela, const Papel& papel) {
     const QString id = Vinculo(contexto, papel, tela.txtRowID.text());
     Statement& comando = contexto.SqlComando;
     comando.clear();
-    comando << "UPDATE " << papel.tabela << " SET "
-            << "user_desa='" << contexto.CodigoUsuario << "', "
-            << "data_desa='" << FormatDateSql(contexto.hoje()) << "' "
-            << "WHERE (" << papel.chave << "=" << id << ")";
+    comando << "UPDATE " << papel.tabela << " SET " << ColunasDesativacao(contexto) << "WHERE (" << papel.chave << "="
+            << id << ")";
     ExecutaSemAcentos(contexto, comando);
     LimpaVinculoPess(contexto, tela.txtRowID.text(), papel.chave);
     Informa(tela, u"Vínculo excluído com sucesso!"_s);

@@ -83,8 +83,7 @@ void TelaPapel::DataCredencial(screen::MaskedField& campo) {
     campo.LostFocus = [this, &campo] {
         if (IsDate(campo.text()) || campo.text() == campo.blank())
             return;
-        program().MsgBox(u"Data Inválida!"_s);
-        SetFocus(campo);
+        RecusaData(campo);
     };
 }
 

@@ -158,8 +158,7 @@ void BlocoContatos::mskDtNasc_LostFocus() {
         mskDtNasc.setText(FormatDate(dia->date()).left(5));
         return;
     }
-    tela_.program().MsgBox(u"Data Inválida!"_s);
-    tela_.SetFocus(mskDtNasc);
+    tela_.RecusaData(mskDtNasc);
 }
 
 } // namespace vorta

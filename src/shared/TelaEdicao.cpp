@@ -22,6 +22,11 @@ const QString campoCodigo = u"txtRowID"_s;
 
 } // namespace
 
+Statement ColunasDesativacao(const ContextoExecucao& contexto) {
+    return Statement("user_desa='") << contexto.CodigoUsuario << "', "
+                                    << "data_desa='" << FormatDateSql(contexto.hoje()) << "' ";
+}
+
 TelaEdicao::TelaEdicao(ContextoExecucao& contexto, const QString& nome, const RegrasEdicao& regras)
     : Screen(contexto.program(), nome), contexto_(contexto), regras_(regras) {}
 
@@ -159,8 +164,7 @@ void TelaEdicao::cmdEXCLUIR_Click() {
     if (Confirma(u"Deseja realmente Desativar?"_s)) {
         if (!PodeDesativar())
             return BotoesOcioso();
-        MudaSituacao(Statement("user_desa='") << contexto_.CodigoUsuario << "', "
-                                              << "data_desa='" << FormatDateSql(contexto_.hoje()) << "' ");
+        MudaSituacao(ColunasDesativacao(contexto_));
         AoDesativar();
     }
     BotoesOcioso();
@@ -209,6 +213,11 @@ void TelaEdicao::txtRowID_LostFocus() {
         return;
     program().MsgBox(u"O Cliente (%1) Já Existe! Tente outro código"_s.arg(codigo.text()));
     SetFocus(codigo);
+}
+
+void TelaEdicao::RecusaData(Field& campo) {
+    program().MsgBox(u"Data Inválida!"_s);
+    SetFocus(campo);
 }
 
 void TelaEdicao::ConfereEmail(Field& campo) {

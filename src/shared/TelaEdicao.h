@@ -16,6 +16,9 @@ struct RegrasEdicao {
     bool fechaRecordsetNoErro = false;                  ///< such an error closes the shared recordset
 };
 
+/// The columns of a deactivation: who did it, and on which day.
+data::Statement ColunasDesativacao(const ContextoExecucao& contexto);
+
 /// A screen that keeps one record: includes, alters, deactivates and reactivates it. Everything that such screens do
 /// alike stands here; each tells its `RegrasEdicao` and the steps that are its own. It works on fields that every such
 /// screen has under the same names, wherever they stand in its tab order: `txtRowID`, `txtDTDesativa`, the operations'
@@ -32,6 +35,8 @@ class TelaEdicao : public screen::Screen {
     /// The frame does what the way out does: during an operation it asks.
     void CloseByFrame() override { cmdSAIR_Click(); }
 
+    /// For leaving a date with a text that is none: tells so and holds the user in the field.
+    void RecusaData(screen::Field& campo);
     /// For leaving a field with an e-mail address: a doubtful one is asked about, and "Sim" goes back to the field.
     void ConfereEmail(screen::Field& campo);
 

@@ -5,7 +5,7 @@
 
 using namespace vorta;
 
-TEST(Register, the_launch_string_is_the_whole_command_line) {
+TEST(Register, TheLaunchStringIsTheWholeCommandLine) {
     EXPECT_EQ(Register::launchStringOf({u"pessoas"_s}), u"");
     EXPECT_EQ(Register::launchStringOf({u"pessoas"_s, u"1^1^PRD^False^"_s}), u"1^1^PRD^False^");
     EXPECT_EQ(Register::launchStringOf({u"pessoas"_s, u"1 ^1^PRD^False^"_s}), u"1 ^1^PRD^False^");

@@ -39,7 +39,7 @@ class EngineWatchTest : public testing::Test {
 
 } // namespace
 
-TEST_F(EngineWatchTest, says_nothing_while_calls_come_back) {
+TEST_F(EngineWatchTest, SaysNothingWhileCallsComeBack) {
     watch(WaitAnswer::End, 600ms);
     for (int call = 0; call < 200; ++call) {
         const EngineCall running;
@@ -50,7 +50,7 @@ TEST_F(EngineWatchTest, says_nothing_while_calls_come_back) {
     EXPECT_FALSE(ended_);
 }
 
-TEST_F(EngineWatchTest, says_nothing_of_a_long_call_that_gets_on) {
+TEST_F(EngineWatchTest, SaysNothingOfALongCallThatGetsOn) {
     watch(WaitAnswer::End, 600ms);
     const EngineCall running;
     for (int row = 0; row < 200; ++row, std::this_thread::sleep_for(4ms))
@@ -58,21 +58,21 @@ TEST_F(EngineWatchTest, says_nothing_of_a_long_call_that_gets_on) {
     EXPECT_EQ(asked_, 0);
 }
 
-TEST_F(EngineWatchTest, ends_a_silent_call_when_the_user_wants_it) {
+TEST_F(EngineWatchTest, EndsASilentCallWhenTheUserWantsIt) {
     watch(WaitAnswer::End);
     const EngineCall running;
     EXPECT_TRUE(comes([&] { return ended_.load(); }));
     EXPECT_EQ(asked_, 1);
 }
 
-TEST_F(EngineWatchTest, asks_again_about_a_call_that_was_waited_for) {
+TEST_F(EngineWatchTest, AsksAgainAboutACallThatWasWaitedFor) {
     watch(WaitAnswer::Wait);
     const EngineCall running;
     EXPECT_TRUE(comes([&] { return asked_ >= 3; }));
     EXPECT_FALSE(ended_);
 }
 
-TEST_F(EngineWatchTest, tells_the_question_that_the_call_has_come_back) {
+TEST_F(EngineWatchTest, TellsTheQuestionThatTheCallHasComeBack) {
     watch(WaitAnswer::Wait);
     {
         const EngineCall running;
@@ -82,28 +82,28 @@ TEST_F(EngineWatchTest, tells_the_question_that_the_call_has_come_back) {
     EXPECT_FALSE(ended_);
 }
 
-TEST_F(EngineWatchTest, ends_a_silent_call_when_the_system_wants_it) {
+TEST_F(EngineWatchTest, EndsASilentCallWhenTheSystemWantsIt) {
     watch(WaitAnswer::Wait);
     const EngineCall running;
     EngineWatch::WantEnd();
     EXPECT_TRUE(comes([&] { return ended_.load(); }));
 }
 
-TEST_F(EngineWatchTest, leaves_the_system_s_wish_to_a_program_that_is_in_no_call) {
+TEST_F(EngineWatchTest, LeavesTheSystemsWishToAProgramThatIsInNoCall) {
     watch(WaitAnswer::Wait);
     EngineWatch::WantEnd();
     std::this_thread::sleep_for(120ms);
     EXPECT_FALSE(ended_);
 }
 
-TEST_F(EngineWatchTest, counts_a_call_inside_a_call_as_one) {
+TEST_F(EngineWatchTest, CountsACallInsideACallAsOne) {
     watch(WaitAnswer::End);
     const EngineCall outer;
     { const EngineCall inner; }
     EXPECT_TRUE(comes([&] { return ended_.load(); }));
 }
 
-TEST(TellAndWait, ends_what_rests_and_waits_for_what_works) {
+TEST(TellAndWait, EndsWhatRestsAndWaitsForWhatWorks) {
     EXPECT_EQ(TellAndWait(
                   5, [] { return false; }, 300ms),
               WaitAnswer::End);

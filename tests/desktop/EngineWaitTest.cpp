@@ -27,14 +27,14 @@ int statusAfter(const QString& caption) {
 
 } // namespace
 
-TEST(WaitBox, tells_the_silence_and_what_each_answer_means) {
+TEST(WaitBox, TellsTheSilenceAndWhatEachAnswerMeans) {
     const std::unique_ptr<QMessageBox> box = MakeWaitBox(7);
     EXPECT_EQ(box->text(), u"O banco de dados não responde há 7 segundos."_s);
     EXPECT_TRUE(box->informativeText().contains(u"o que já foi gravado fica"));
     EXPECT_TRUE(box->defaultButton() == buttonOf(*box, u"Aguardar"_s));
 }
 
-TEST(WaitBox, ends_only_by_its_own_button) {
+TEST(WaitBox, EndsOnlyByItsOwnButton) {
     EXPECT_NE(statusAfter(u"Encerrar o programa"_s), statusAfter(u"Aguardar"_s));
     const std::unique_ptr<QMessageBox> closed = MakeWaitBox(7);
     closed->show();

@@ -1,10 +1,9 @@
 #include "desktop/Forms.h"
-#include "app/Register.h"
 #include "base/Literals.h"
 #include "desktop/Binder.h"
 #include "desktop/Binding.h"
 #include "robot/windows/WidgetLook.h"
-#include "support/TestPlatform.h"
+#include "support/RegisterWorld.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -38,17 +37,15 @@ bool isNamedInput(const QWidget& widget) {
 
 } // namespace
 
-class FormTest : public testing::TestWithParam<std::string> {
+class FormTest : public testing::TestWithParam<std::string>, protected RegisterWorld {
   protected:
-    FormTest() : tela(registro.context().Tela(QString::fromStdString(GetParam()))) {
+    FormTest() : tela(telaDe(QString::fromStdString(GetParam()))) {
         desktop::SetUpForm(tela.name(), form);
         for (const QTabWidget* tabs : form.findChildren<QTabWidget*>())
             for (int page = 0; page < tabs->count(); ++page)
                 desktop::SetUpPage(*tabs->widget(page));
     }
 
-    TestPlatform platform;
-    Register registro{platform};
     screen::Screen& tela;
     QWidget form;
 };

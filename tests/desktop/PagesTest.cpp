@@ -1,8 +1,7 @@
-#include "app/Register.h"
 #include "base/Literals.h"
 #include "desktop/Binding.h"
 #include "desktop/ScreenWindow.h"
-#include "support/TestPlatform.h"
+#include "support/RegisterWorld.h"
 
 #include <QLineEdit>
 #include <QTabWidget>
@@ -13,9 +12,9 @@ namespace vorta::test {
 
 /// The person screen's window: what lies behind its front pages is made after the first painting, or when it is asked
 /// for.
-class Pages : public testing::Test {
+class Pages : public testing::Test, protected RegisterWorld {
   protected:
-    Pages() : tela(registro.context().Tela(registro.startScreen())), window(tela, nullptr) {}
+    Pages() : tela(telaDe(registro.startScreen())), window(tela, nullptr) {}
 
     screen::Field& field(const char* name) { return tela.field(QLatin1String(name)); }
     bool isMade(const char* name) { return window.binder().binding(field(name)); }
@@ -26,8 +25,6 @@ class Pages : public testing::Test {
         window.binder().flush();
     }
 
-    TestPlatform platform;
-    Register registro{platform};
     screen::Screen& tela;
     desktop::ScreenWindow window;
 };

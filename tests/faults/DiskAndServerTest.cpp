@@ -47,7 +47,7 @@ void writeServerLine(const Installed& installed, const servers::FirebirdServer& 
 
 } // namespace
 
-TEST(FullDisk, ends_saves_with_an_error_and_loses_none_that_was_told) {
+TEST(FullDisk, EndsSavesWithAnErrorAndLosesNoneThatWasTold) {
     const SmallDisk disk("size=40m,mode=0755");
     if (!disk.mounted())
         GTEST_SKIP() << "only root can mount a small disk";
@@ -91,7 +91,7 @@ TEST(FullDisk, ends_saves_with_an_error_and_loses_none_that_was_told) {
     }
 }
 
-TEST(KilledServer, ends_the_programs_in_order_and_loses_nothing_that_was_told) {
+TEST(KilledServer, EndsTheProgramsInOrderAndLosesNothingThatWasTold) {
     const int falls = Times(2, 25);
     constexpr int users = 3;
     const Installed installed = Installed::copyOf(Installed::demonstration());
@@ -132,7 +132,7 @@ TEST(KilledServer, ends_the_programs_in_order_and_loses_nothing_that_was_told) {
     ExpectWhole(installed, told);
 }
 
-TEST(StoppedServer, is_told_in_the_journal_and_the_program_goes_on_when_it_answers) {
+TEST(StoppedServer, IsToldInTheJournalAndTheProgramGoesOnWhenItAnswers) {
     const Installed installed = Installed::copyOf(Installed::demonstration());
     servers::FirebirdServer server;
     const QStringList before = *kit::LinesOf(installed.layout().config(u"server.ini"_s));
@@ -153,7 +153,7 @@ TEST(StoppedServer, is_told_in_the_journal_and_the_program_goes_on_when_it_answe
     server.resume();
 }
 
-TEST(StoppedServer, brings_the_window_s_user_a_box_and_lets_the_system_end_the_program) {
+TEST(StoppedServer, BringsTheWindowsUserABoxAndLetsTheSystemEndTheProgram) {
     const Installed installed = Installed::copyOf(Installed::demonstration());
     servers::FirebirdServer server;
     const QStringList before = *kit::LinesOf(installed.layout().config(u"server.ini"_s));

@@ -167,7 +167,7 @@ class Values {
 
 } // namespace
 
-TEST(GuardFuzz, no_value_changes_the_shape_of_a_statement_that_passes) {
+TEST(GuardFuzz, NoValueChangesTheShapeOfAStatementThatPasses) {
     const bool isLong = qEnvironmentVariableIntValue("VORTA_TEST_LONG") > 0;
     const int count = isLong ? 1'000'000 : 50'000;
     std::array<std::string, 4> harmless;

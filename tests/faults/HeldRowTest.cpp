@@ -25,7 +25,7 @@ const data::Statement alteration("UPDATE PESS SET OBSE_PESS_0001 = '1' WHERE IDP
 
 } // namespace
 
-TEST(HeldRow, is_waited_for_once_and_told_in_portuguese) {
+TEST(HeldRow, IsWaitedForOnceAndToldInPortuguese) {
     const Installed installed = Installed::copyOf(Installed::demonstration());
     const auto holder = open(installed.production());
     const auto other = open(installed.production());
@@ -53,7 +53,7 @@ TEST(HeldRow, is_waited_for_once_and_told_in_portuguese) {
     other->Execute(alteration);
 }
 
-TEST(RemovedHome, is_an_error_that_is_told_and_no_crash) {
+TEST(RemovedHome, IsAnErrorThatIsToldAndNoCrash) {
     const Installed installed = Installed::copyOf(Installed::demonstration());
     for (const bool working : {true, false}) {
         const Installed copy = Installed::copyOf(installed);

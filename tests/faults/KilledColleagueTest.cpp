@@ -41,11 +41,11 @@ bool takeDown(Colleague& colleague, int milliseconds, Told& told, qint64& longes
 
 } // namespace
 
-TEST(KilledColleague, the_engine_s_shared_mutexes_outlive_their_owners) {
+TEST(KilledColleague, TheEnginesSharedMutexesOutliveTheirOwners) {
     EXPECT_TRUE(firebird::SharedMutexesAreRobust());
 }
 
-TEST(KilledColleague, nobody_freezes_when_another_is_killed_at_any_moment) {
+TEST(KilledColleague, NobodyFreezesWhenAnotherIsKilledAtAnyMoment) {
     const int sessions = Times(1, 50);
     constexpr int kills = 40;
     int frozen = 0;
@@ -90,7 +90,7 @@ TEST(KilledColleague, nobody_freezes_when_another_is_killed_at_any_moment) {
     EXPECT_EQ(frozen, 0);
 }
 
-TEST(KilledColleague, a_save_that_dies_in_front_of_any_of_its_statements_leaves_nothing_half) {
+TEST(KilledColleague, ASaveThatDiesInFrontOfAnyOfItsStatementsLeavesNothingHalf) {
     const Installed installed = Installed::copyOf(Installed::demonstration());
     Told told;
     int deaths = 0;

@@ -43,7 +43,7 @@ int backUpByHand(const Installed& installed, const QString& file, QByteArray& wo
 
 } // namespace
 
-TEST(LockPlace, two_homes_that_name_one_base_share_its_locks_and_lose_nothing) {
+TEST(LockPlace, TwoHomesThatNameOneBaseShareItsLocksAndLoseNothing) {
     constexpr int persons = 200;
     for (int round = 0; round < Times(1, 10); ++round) {
         const Installed first = Installed::copyOf(Installed::demonstration());
@@ -74,7 +74,7 @@ TEST(LockPlace, two_homes_that_name_one_base_share_its_locks_and_lose_nothing) {
     }
 }
 
-TEST(LockPlace, a_program_with_another_place_is_refused_in_words_while_the_base_is_open) {
+TEST(LockPlace, AProgramWithAnotherPlaceIsRefusedInWordsWhileTheBaseIsOpen) {
     const Installed installed = Installed::copyOf(Installed::demonstration());
     const QTemporaryDir elsewhere;
     Told told;
@@ -103,7 +103,7 @@ TEST(LockPlace, a_program_with_another_place_is_refused_in_words_while_the_base_
     ExpectWhole(installed, told);
 }
 
-TEST(LockPlace, the_place_of_a_killed_program_is_free_at_once) {
+TEST(LockPlace, ThePlaceOfAKilledProgramIsFreeAtOnce) {
     const Installed installed = Installed::copyOf(Installed::demonstration());
     const QTemporaryDir elsewhere;
     for (int time = 0; time < 3; ++time) {
@@ -113,7 +113,7 @@ TEST(LockPlace, the_place_of_a_killed_program_is_free_at_once) {
     }
 }
 
-TEST(LockPlace, a_link_to_the_folder_is_the_same_place) {
+TEST(LockPlace, ALinkToTheFolderIsTheSamePlace) {
     const Installed installed = Installed::copyOf(Installed::demonstration());
     const QTemporaryDir elsewhere;
     const QString link = elsewhere.path() + u"/ligacao"_s;
@@ -123,7 +123,7 @@ TEST(LockPlace, a_link_to_the_folder_is_the_same_place) {
               firebird::BaseGuard::fileOf(installed.production()));
 }
 
-TEST(LockPlace, a_guard_file_that_is_no_file_is_refused_in_words) {
+TEST(LockPlace, AGuardFileThatIsNoFileIsRefusedInWords) {
     for (const char* kind : {"folder", "link"}) {
         const Installed installed = Installed::copyOf(Installed::demonstration());
         const QString guard = firebird::BaseGuard::fileOf(installed.production());
@@ -139,7 +139,7 @@ TEST(LockPlace, a_guard_file_that_is_no_file_is_refused_in_words) {
     }
 }
 
-TEST(LockPlace, the_engine_s_own_backup_tool_is_refused_beside_a_working_program) {
+TEST(LockPlace, TheEnginesOwnBackupToolIsRefusedBesideAWorkingProgram) {
     int refused = 0;
     const int runs = Times(3, 200);
     const Installed installed = Installed::copyOf(Installed::demonstration());

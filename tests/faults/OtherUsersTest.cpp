@@ -95,7 +95,7 @@ class OtherUsers : public testing::Test {
 
 } // namespace
 
-TEST_F(OtherUsers, share_an_installation_whatever_mask_its_maker_and_they_have) {
+TEST_F(OtherUsers, ShareAnInstallationWhateverMaskItsMakerAndTheyHave) {
     for (const mode_t mask : {0077, 0022, 0007}) {
         SCOPED_TRACE(mask);
         const Person maker(folder_, maria, office, mask);
@@ -121,7 +121,7 @@ TEST_F(OtherUsers, share_an_installation_whatever_mask_its_maker_and_they_have) 
     }
 }
 
-TEST_F(OtherUsers, load_nothing_that_a_colleague_can_write) {
+TEST_F(OtherUsers, LoadNothingThatAColleagueCanWrite) {
     const Person victim(folder_, maria, office, 0022);
     const Person colleague(folder_, joao, office, 0022);
     QString words;
@@ -165,7 +165,7 @@ TEST_F(OtherUsers, load_nothing_that_a_colleague_can_write) {
     process.waitForFinished(60'000);
 }
 
-TEST_F(OtherUsers, a_folder_that_others_can_write_is_no_place_for_the_engine) {
+TEST_F(OtherUsers, AFolderThatOthersCanWriteIsNoPlaceForTheEngine) {
     const QString open = folder_.filePath(u"aberta"_s);
     QDir().mkpath(open + u"/dentro"_s);
     EXPECT_FALSE(firebird::OthersCanWrite(open + u"/dentro"_s));

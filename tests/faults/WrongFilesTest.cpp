@@ -95,7 +95,7 @@ QStringList startOn(const Installed& installed, QString& journal, int* crashes =
 
 } // namespace
 
-TEST(WrongFiles, no_configuration_file_hangs_or_crashes_the_start) {
+TEST(WrongFiles, NoConfigurationFileHangsOrCrashesTheStart) {
     int starts = 0;
     for (const char* file : {"server_aplic.ini", "server.ini", "server_cep.ini", "paths.ini"})
         for (const Kind& kind : wrongFiles) {
@@ -110,7 +110,7 @@ TEST(WrongFiles, no_configuration_file_hangs_or_crashes_the_start) {
     std::printf("%d starts\n", starts);
 }
 
-TEST(WrongFiles, the_reason_of_a_silent_failure_stands_in_the_journal) {
+TEST(WrongFiles, TheReasonOfASilentFailureStandsInTheJournal) {
     const Installed installed = Installed::copyOf(Installed::plain());
     wrongFiles[1].make(installed.layout().config(u"server.ini"_s));
     QString journal;
@@ -119,7 +119,7 @@ TEST(WrongFiles, the_reason_of_a_silent_failure_stands_in_the_journal) {
     EXPECT_TRUE(journal.contains(u"não é um arquivo comum")) << qPrintable(journal);
 }
 
-TEST(WrongFiles, every_fault_of_a_base_says_the_same_box_and_its_own_reason) {
+TEST(WrongFiles, EveryFaultOfABaseSaysTheSameBoxAndItsOwnReason) {
     struct Fault {
         Kind kind;
         const char* reason;
@@ -147,7 +147,7 @@ TEST(WrongFiles, every_fault_of_a_base_says_the_same_box_and_its_own_reason) {
     }
 }
 
-TEST(WrongFiles, cut_bases_end_the_start_in_order_and_overwritten_ones_never_hang_it) {
+TEST(WrongFiles, CutBasesEndTheStartInOrderAndOverwrittenOnesNeverHangIt) {
     const Installed installed = Installed::copyOf(Installed::plain());
     QFile whole(installed.production());
     ASSERT_TRUE(whole.open(QIODevice::ReadOnly));

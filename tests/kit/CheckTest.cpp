@@ -33,18 +33,18 @@ class Check : public testing::Test {
 
 } // namespace
 
-TEST_F(Check, a_new_installation_is_right) {
+TEST_F(Check, ANewInstallationIsRight) {
     EXPECT_EQ(faults(installed_), "");
     EXPECT_EQ(faults(Installed::demonstration()), "");
 }
 
-TEST_F(Check, a_missing_file_ends_the_matter) {
+TEST_F(Check, AMissingFileEndsTheMatter) {
     QFile::remove(installed_.layout().config(u"server_aplic.ini"_s));
     EXPECT_EQ(faults(installed_),
               "o arquivo ~/config/server_aplic.ini não existe ou não pode ser lido; o programa não inicia sem ele");
 }
 
-TEST_F(Check, a_password_that_everybody_can_read) {
+TEST_F(Check, APasswordThatEverybodyCanRead) {
     QFile(installed_.layout().config(u"server.ini"_s))
         .setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther);
     EXPECT_EQ(faults(installed_),
@@ -52,14 +52,14 @@ TEST_F(Check, a_password_that_everybody_can_read) {
               "640 ~/config/server.ini");
 }
 
-TEST_F(Check, a_base_that_everybody_can_read) {
+TEST_F(Check, ABaseThatEverybodyCanRead) {
     QFile(installed_.production()).setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther);
     EXPECT_EQ(faults(installed_),
               "ambiente PRD (linha 1 de ~/config/server.ini): o arquivo ~/base/pessoas.fdb pode ser "
               "lido por qualquer usuário; use: chmod 660 ~/base/pessoas.fdb");
 }
 
-TEST_F(Check, the_age_of_the_last_copy) {
+TEST_F(Check, TheAgeOfTheLastCopy) {
     const QDateTime now = QDateTime::currentDateTime();
     const QString day = now.toString(u"dd/MM/yyyy"_s);
     const auto fault = [&](int days) {
@@ -76,13 +76,13 @@ TEST_F(Check, the_age_of_the_last_copy) {
     EXPECT_TRUE(fault(9).contains(u"há 9 dias"_s)) << fault(9);
 }
 
-TEST_F(Check, a_base_that_does_not_open) {
+TEST_F(Check, ABaseThatDoesNotOpen) {
     QFile::remove(installed_.production());
     const std::string begin = "ambiente PRD (linha 1 de ~/config/server.ini): a base não abre (";
     EXPECT_EQ(faults(installed_), begin + "um arquivo da base não existe ou não pode ser lido ou gravado)");
 }
 
-TEST_F(Check, a_table_and_a_column_that_are_not_there) {
+TEST_F(Check, ATableAndAColumnThatAreNotThere) {
     run("DROP TABLE COR_SIST");
     run("ALTER TABLE MOTO DROP REFE_MOTO");
     EXPECT_EQ(faults(installed_),
@@ -90,14 +90,14 @@ TEST_F(Check, a_table_and_a_column_that_are_not_there) {
               "ambiente PRD (linha 1 de ~/config/server.ini): falta a tabela cor_sist");
 }
 
-TEST_F(Check, a_generator_behind_its_table) {
+TEST_F(Check, AGeneratorBehindItsTable) {
     run("INSERT INTO PESS (IDPESS) VALUES (70)");
     EXPECT_EQ(faults(installed_),
               "ambiente PRD (linha 1 de ~/config/server.ini): o gerador GEN_PESS está em 0, mas a tabela PESS "
               "já chega a 70; use: SET GENERATOR GEN_PESS TO 70");
 }
 
-TEST_F(Check, lines_that_the_register_would_pass_over_in_silence) {
+TEST_F(Check, LinesThatTheRegisterWouldPassOverInSilence) {
     installed_.write(u"config/server.ini"_s, "a^b^c^d^FIREBIRD^x^^\n\nsrv^b^u^s^MS-SQL^^False^\n");
     EXPECT_EQ(faults(installed_),
               "ambiente PRD (linha 1 de ~/config/server.ini): o sétimo campo (preserva acentos) deve ser True ou "
@@ -105,7 +105,7 @@ TEST_F(Check, lines_that_the_register_would_pass_over_in_silence) {
               "ambiente HIST (linha 2 de ~/config/server.ini): a linha está vazia");
 }
 
-TEST_F(Check, pictures_and_folders) {
+TEST_F(Check, PicturesAndFolders) {
     QFile::remove(installed_.layout().images() + kit::LinkedPicture());
     installed_.write(u"imagens/semvinculo.bmp"_s, "texto");
     EXPECT_EQ(faults(installed_),

@@ -55,7 +55,7 @@ class Copies : public testing::Test {
 
 } // namespace
 
-TEST_F(Copies, bring_back_what_was_there) {
+TEST_F(Copies, BringBackWhatWasThere) {
     const qint64 before = persons();
     kit::BackUpBase(home(), production, copy());
     run("DELETE FROM PESS");
@@ -70,13 +70,13 @@ TEST_F(Copies, bring_back_what_was_there) {
                   .number(u"SELECT COUNT(*) FROM MUNI_IBGE WHERE DESC_MUNI_IBGE LIKE '%sao%'"_s));
 }
 
-TEST_F(Copies, are_readable_by_their_owner_alone) {
+TEST_F(Copies, AreReadableByTheirOwnerAlone) {
     kit::BackUpBase(home(), production, copy());
     EXPECT_EQ(QFile::permissions(copy()), QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser);
     EXPECT_EQ(QDir(home()).entryList({u"*.parcial"_s}), QStringList());
 }
 
-TEST_F(Copies, every_base_of_the_installation_can_be_chosen) {
+TEST_F(Copies, EveryBaseOfTheInstallationCanBeChosen) {
     for (const char* name : {"PRD", "HIST", "DEV", "CEP"}) {
         const QString base = QString::fromLatin1(name);
         const QString file = home() + u'/' + base;
@@ -87,14 +87,14 @@ TEST_F(Copies, every_base_of_the_installation_can_be_chosen) {
     }
 }
 
-TEST_F(Copies, a_copy_writes_over_nothing) {
+TEST_F(Copies, ACopyWritesOverNothing) {
     installed_.write(u"copia.fbk"_s, "texto");
     EXPECT_EQ(refusal(installed_, [&] { kit::BackUpBase(home(), production, copy()); }),
               "~/copia.fbk já existe; escolha outro nome para a cópia");
     EXPECT_EQ(QFile(copy()).size(), 5);
 }
 
-TEST_F(Copies, a_base_is_replaced_only_when_told_to) {
+TEST_F(Copies, ABaseIsReplacedOnlyWhenToldTo) {
     kit::BackUpBase(home(), production, copy());
     run("DELETE FROM PESS");
     EXPECT_EQ(refusal(installed_, [&] { kit::RestoreBase(home(), production, copy(), false); }),
@@ -102,7 +102,7 @@ TEST_F(Copies, a_base_is_replaced_only_when_told_to) {
     EXPECT_EQ(persons(), 0);
 }
 
-TEST_F(Copies, a_base_that_is_gone_comes_back_without_a_word) {
+TEST_F(Copies, ABaseThatIsGoneComesBackWithoutAWord) {
     kit::BackUpBase(home(), production, copy());
     const QStringList before = baseFiles();
     QFile::remove(installed_.production());
@@ -111,7 +111,7 @@ TEST_F(Copies, a_base_that_is_gone_comes_back_without_a_word) {
     EXPECT_EQ(baseFiles(), before);
 }
 
-TEST_F(Copies, a_base_in_use_is_left_alone) {
+TEST_F(Copies, ABaseInUseIsLeftAlone) {
     kit::BackUpBase(home(), production, copy());
     const QStringList before = baseFiles();
     {
@@ -123,7 +123,7 @@ TEST_F(Copies, a_base_in_use_is_left_alone) {
     EXPECT_EQ(baseFiles(), before);
 }
 
-TEST_F(Copies, a_broken_copy_changes_nothing) {
+TEST_F(Copies, ABrokenCopyChangesNothing) {
     kit::BackUpBase(home(), production, copy());
     const QStringList before = baseFiles();
     QFile file(copy());
@@ -135,7 +135,7 @@ TEST_F(Copies, a_broken_copy_changes_nothing) {
     EXPECT_EQ(faults(installed_), "");
 }
 
-TEST_F(Copies, verification_finds_rows_without_their_person) {
+TEST_F(Copies, VerificationFindsRowsWithoutTheirPerson) {
     EXPECT_EQ(faults(installed_), "");
     run("INSERT INTO PESS_CONT (IDPESS_CONT, IDPESS, NOME_PESS_CONT) VALUES (9001, 777777, 'SEM PESSOA')");
     run("INSERT INTO PESS_ATIV (IDPESS_ATIV, IDPESS, IDATIV) VALUES (9001, 777777, 1)");
@@ -147,7 +147,7 @@ TEST_F(Copies, verification_finds_rows_without_their_person) {
                                   "PESS: 1 linha(s) cujo IDFORN não existe em FORN para a mesma pessoa (idPESS 9001)");
 }
 
-TEST_F(Copies, verification_finds_a_damaged_page) {
+TEST_F(Copies, VerificationFindsADamagedPage) {
     QFile file(installed_.postalCodes());
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));
     constexpr qint64 page = 16384;
@@ -169,7 +169,7 @@ class ServerCopies : public Copies {
     servers::FirebirdServer server_;
 };
 
-TEST_F(ServerCopies, travel_to_this_machine_and_back) {
+TEST_F(ServerCopies, TravelToThisMachineAndBack) {
     const qint64 before = persons();
     const QString connection = test::MoveToServer(installed_, server_);
     kit::BackUpBase(home(), production, copy());
@@ -186,7 +186,7 @@ TEST_F(ServerCopies, travel_to_this_machine_and_back) {
     EXPECT_THROW(kit::Loader{connection}, RuntimeError);
 }
 
-TEST_F(ServerCopies, leave_a_base_in_use_alone) {
+TEST_F(ServerCopies, LeaveABaseInUseAlone) {
     const QString connection = test::MoveToServer(installed_, server_);
     const QByteArray before = kit::LinesOf(installed_.layout().config(u"server.ini"_s))->join(u'\n').toUtf8();
     kit::BackUpBase(home(), production, copy());

@@ -24,7 +24,7 @@ QStringList row(kit::Loader& loader, const char* query) {
 
 } // namespace
 
-TEST(Create, the_configuration_has_its_lines_and_its_rights) {
+TEST(Create, TheConfigurationHasItsLinesAndItsRights) {
     const kit::Layout layout = Installed::plain().layout();
     const auto servers = kit::LinesOf(layout.config(u"server.ini"_s));
     ASSERT_TRUE(servers);
@@ -42,7 +42,7 @@ TEST(Create, the_configuration_has_its_lines_and_its_rights) {
     EXPECT_EQ(kit::LinesOf(layout.config(u"paths.ini"_s))->front().count(u'^'), 12);
 }
 
-TEST(Create, the_bases_are_as_the_register_wants_them) {
+TEST(Create, TheBasesAreAsTheRegisterWantsThem) {
     for (const QString& file : {Installed::plain().production(), Installed::plain().postalCodes()}) {
         kit::Loader loader(file);
         EXPECT_EQ(row(loader, "SELECT MON$PAGE_SIZE, MON$FORCED_WRITES FROM MON$DATABASE"),
@@ -54,7 +54,7 @@ TEST(Create, the_bases_are_as_the_register_wants_them) {
     }
 }
 
-TEST(Create, only_keys_must_not_be_null) {
+TEST(Create, OnlyKeysMustNotBeNull) {
     kit::Loader loader(Installed::plain().production());
     EXPECT_EQ(count(loader, "SELECT COUNT(*) FROM RDB$RELATION_CONSTRAINTS WHERE RDB$CONSTRAINT_TYPE <> 'NOT NULL' "
                             "AND RDB$RELATION_NAME NOT STARTING WITH 'RDB$'"),
@@ -66,7 +66,7 @@ TEST(Create, only_keys_must_not_be_null) {
               0);
 }
 
-TEST(Create, reference_data_company_and_user_are_there_and_business_tables_empty) {
+TEST(Create, ReferenceDataCompanyAndUserAreThereAndBusinessTablesEmpty) {
     for (const kit::Environment& environment : kit::Environments()) {
         kit::Loader loader(Installed::plain().layout().base(environment.base));
         EXPECT_EQ(row(loader, "SELECT IDEMPR, CODI_EMPR, NOME_CONH_EMPR, UF00_COML_EMPR, STAT_CEP8 FROM EMPR"),
@@ -80,7 +80,7 @@ TEST(Create, reference_data_company_and_user_are_there_and_business_tables_empty
     }
 }
 
-TEST(Create, generators_stand_at_zero) {
+TEST(Create, GeneratorsStandAtZero) {
     kit::Loader loader(Installed::plain().production());
     for (const kit::Table& table : kit::Tables())
         if (!table.generator.isEmpty()) {
@@ -89,7 +89,7 @@ TEST(Create, generators_stand_at_zero) {
         }
 }
 
-TEST(Create, the_database_fills_the_keys_that_no_statement_carries) {
+TEST(Create, TheDatabaseFillsTheKeysThatNoStatementCarries) {
     kit::Loader loader(Installed::plain().production());
     loader.run(u"INSERT INTO ARQT (IDPESS) VALUES (7)"_s);
     loader.run(u"INSERT INTO DECO (IDDECO, IDPESS) VALUES (50, 7)"_s);
@@ -102,7 +102,7 @@ TEST(Create, the_database_fills_the_keys_that_no_statement_carries) {
     EXPECT_THROW(loader.run(u"INSERT INTO CLIE (IDPESS) VALUES (7)"_s), RuntimeError);
 } // nothing is committed
 
-TEST(Create, a_name_is_found_without_accents_and_capitals) {
+TEST(Create, ANameIsFoundWithoutAccentsAndCapitals) {
     kit::Loader loader(Installed::plain().production());
     EXPECT_EQ(row(loader,
                   "SELECT CODI_MUNI_IBGE FROM MUNI_IBGE WHERE DESC_MUNI_IBGE = 'SÃO PAULO' AND UF00_MUNI_IBGE = 'SP'"),
@@ -111,7 +111,7 @@ TEST(Create, a_name_is_found_without_accents_and_capitals) {
               QStringList(u"Florianópolis"_s));
 }
 
-TEST(Create, postal_codes_have_a_street_with_all_its_parts) {
+TEST(Create, PostalCodesHaveAStreetWithAllItsParts) {
     kit::Loader loader(Installed::plain().postalCodes());
     EXPECT_EQ(row(loader, "SELECT T.ABRV_TIPO, L.NOME_LOGR, B.NOME_BAIR, C.NOME_LOCA, L.UF00_LOGR FROM LOGR L "
                           "JOIN TIPO T ON T.CHAV_TIPO = L.CHAV_TIPO JOIN LOCA C ON C.CHAV_LOCA = L.CHAV_LOCA "
@@ -120,7 +120,7 @@ TEST(Create, postal_codes_have_a_street_with_all_its_parts) {
               QStringList({u"AV"_s, u"Paulista"_s, u"Bela Vista"_s, u"São Paulo"_s, u"SP"_s}));
 }
 
-TEST(Create, pictures_are_bitmaps) {
+TEST(Create, PicturesAreBitmaps) {
     for (const QString& name : {kit::LinkedPicture(), kit::UnlinkedPicture(), kit::NoPhotoPicture()}) {
         QFile picture(Installed::plain().layout().images() + name);
         ASSERT_TRUE(picture.open(QIODevice::ReadOnly)) << name;
@@ -132,7 +132,7 @@ TEST(Create, pictures_are_bitmaps) {
     }
 }
 
-TEST(Create, an_installation_that_is_there_stays_as_it_is) {
+TEST(Create, AnInstallationThatIsThereStaysAsItIs) {
     const Installed& installed = Installed::plain();
     const QDateTime before = QFileInfo(installed.layout().config(u"paths.ini"_s)).lastModified();
     try {
@@ -145,14 +145,14 @@ TEST(Create, an_installation_that_is_there_stays_as_it_is) {
     EXPECT_TRUE(QFile::exists(installed.production()));
 }
 
-TEST(Create, a_creation_that_fails_leaves_nothing_behind) {
+TEST(Create, ACreationThatFailsLeavesNothingBehind) {
     const QTemporaryDir folder;
     const QString home = folder.filePath(u"a;b"_s); // a connection string cannot hold this path
     EXPECT_THROW(kit::CreateInstallation(home, {}), RuntimeError);
     EXPECT_TRUE(QDir(home).isEmpty());
 }
 
-TEST(Demonstration, every_tab_of_the_register_has_something_to_show) {
+TEST(Demonstration, EveryTabOfTheRegisterHasSomethingToShow) {
     kit::Loader loader(Installed::demonstration().production());
     EXPECT_GE(count(loader, "SELECT COUNT(*) FROM PESS"), 200);
     for (const char* table :
@@ -179,7 +179,7 @@ TEST(Demonstration, every_tab_of_the_register_has_something_to_show) {
     EXPECT_TRUE(QFile::exists(Installed::demonstration().layout().images() + u"CD001.bmp"_s));
 }
 
-TEST(Demonstration, the_register_goes_on_behind_its_keys) {
+TEST(Demonstration, TheRegisterGoesOnBehindItsKeys) {
     kit::Loader loader(Installed::demonstration().production());
     for (const kit::Table& table : kit::Tables())
         if (!table.generator.isEmpty()) {
@@ -190,7 +190,7 @@ TEST(Demonstration, the_register_goes_on_behind_its_keys) {
         }
 }
 
-TEST(Demonstration, it_stays_out_of_history_and_development) {
+TEST(Demonstration, ItStaysOutOfHistoryAndDevelopment) {
     for (const kit::Environment& environment : kit::Environments().sliced(1)) {
         kit::Loader loader(Installed::demonstration().layout().base(environment.base));
         EXPECT_EQ(count(loader, "SELECT COUNT(*) FROM PESS"), 0) << environment.name;

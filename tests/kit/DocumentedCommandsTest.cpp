@@ -49,7 +49,7 @@ std::pair<int, QString> run(QString command, const Installed& installed, const Q
 
 } // namespace
 
-TEST(DocumentedCommands, bring_a_base_to_a_server_and_keep_copies_of_it) {
+TEST(DocumentedCommands, BringABaseToAServerAndKeepCopiesOfIt) {
     const Installed installed = Installed::copyOf(Installed::plain());
     const QTemporaryDir copies;
     const servers::FirebirdServer server;
@@ -77,7 +77,7 @@ TEST(DocumentedCommands, bring_a_base_to_a_server_and_keep_copies_of_it) {
     }
 }
 
-TEST(DocumentedCommands, keep_copies_of_an_installation) {
+TEST(DocumentedCommands, KeepCopiesOfAnInstallation) {
     const Installed installed = Installed::copyOf(Installed::plain());
     const QTemporaryDir copies;
     const QStringList commands = commandsOf("instalacao.md");
@@ -87,7 +87,7 @@ TEST(DocumentedCommands, keep_copies_of_an_installation) {
     EXPECT_EQ(QDir(copies.path()).entryList(QDir::Files).size(), 1);
 }
 
-TEST(DocumentedCommands, name_no_tool_of_the_engine_for_copies) {
+TEST(DocumentedCommands, NameNoToolOfTheEngineForCopies) {
     const QDir documents(QString::fromUtf8(DOCUMENTS));
     for (const QString& name : documents.entryList({u"*.md"_s}))
         for (const QString& line : linesOf(name))

@@ -7,7 +7,7 @@
 
 using namespace vorta;
 
-TEST(Documents, thousands_of_numbers_pass_the_checks_and_differ) {
+TEST(Documents, ThousandsOfNumbersPassTheChecksAndDiffer) {
     QSet<QByteArray> seen;
     for (quint64 number = 0; number < 5000; ++number) {
         QString cpf = QString::fromLatin1(kit::Cpf(number));
@@ -21,7 +21,7 @@ TEST(Documents, thousands_of_numbers_pass_the_checks_and_differ) {
     EXPECT_EQ(seen.size(), 10000);
 }
 
-TEST(Documents, state_registrations_follow_the_rules_of_their_states) {
+TEST(Documents, StateRegistrationsFollowTheRulesOfTheirStates) {
     for (const char* state : {"CE", "ES", "PE", "PR", "RJ", "RS", "SC", "SP", "BA"})
         for (quint64 number = 1; number < 500; ++number) {
             const QByteArray registration = kit::StateRegistration(state, number);

@@ -35,13 +35,13 @@ QByteArray digest(const Installed& installed) {
 
 } // namespace
 
-TEST(People, the_same_seed_makes_the_same_persons_and_another_one_others) {
+TEST(People, TheSameSeedMakesTheSamePersonsAndAnotherOneOthers) {
     const Installed first(people(400, 9)), second(people(400, 9)), other(people(400, 10));
     EXPECT_EQ(digest(first), digest(second));
     EXPECT_NE(digest(first), digest(other));
 }
 
-TEST(People, they_are_as_many_as_asked_with_documents_that_pass_and_differ) {
+TEST(People, TheyAreAsManyAsAskedWithDocumentsThatPassAndDiffer) {
     const Installed installed(people(1500, 3));
     kit::Loader loader(installed.production());
     const auto rows = loader.rows(u"SELECT PSFI_PSJU, CPF0_CNPJ, RG00_IE00, UF00_COML_PESS FROM PESS"_s);
@@ -64,7 +64,7 @@ TEST(People, they_are_as_many_as_asked_with_documents_that_pass_and_differ) {
     EXPECT_GT(loader.number(u"SELECT COUNT(*) FROM PEDI_VEDS"_s), 0);
 }
 
-TEST(People, they_join_the_demonstration_without_meeting_it) {
+TEST(People, TheyJoinTheDemonstrationWithoutMeetingIt) {
     kit::Contents contents = people(300, 2015);
     contents.demo = true;
     const Installed installed(contents);

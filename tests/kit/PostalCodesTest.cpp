@@ -30,7 +30,7 @@ class PostalCodes : public testing::Test {
 
 } // namespace
 
-TEST_F(PostalCodes, a_list_takes_the_place_of_what_was_there) {
+TEST_F(PostalCodes, AListTakesThePlaceOfWhatWasThere) {
     EXPECT_EQ(load(titles + "04000-000\tRua\tR\tAlegre\tCentro\tCampinas\tSP\r\n"
                             "04000001\tRua\tR\tTriste\tCentro\tCampinas\tsp\n\n"),
               2);
@@ -41,19 +41,19 @@ TEST_F(PostalCodes, a_list_takes_the_place_of_what_was_there) {
     EXPECT_EQ(value("SELECT COUNT(*) FROM TIPO"), u"1"_s);
 }
 
-TEST_F(PostalCodes, towns_of_one_name_in_two_states_are_two) {
+TEST_F(PostalCodes, TownsOfOneNameInTwoStatesAreTwo) {
     load(titles + "59000000\tRua\tR\tUm\tCentro\tBom Jesus\tRN\n64900000\tRua\tR\tDois\tCentro\tBom Jesus\tPI\n");
     EXPECT_EQ(value("SELECT COUNT(*) FROM LOCA"), u"2"_s);
     EXPECT_EQ(value("SELECT COUNT(*) FROM BAIR"), u"2"_s);
 }
 
-TEST_F(PostalCodes, an_older_file_in_windows_1252_is_read_too) {
+TEST_F(PostalCodes, AnOlderFileInWindows1252IsReadToo) {
     load(titles + "01001000\tPra\xE7"
                   "a\tPC\tda S\xE9\tS\xE9\tS\xE3o Paulo\tSP\n");
     EXPECT_EQ(value("SELECT NOME_LOCA FROM LOCA"), u"São Paulo"_s);
 }
 
-TEST_F(PostalCodes, an_apostrophe_becomes_an_acute_accent) {
+TEST_F(PostalCodes, AnApostropheBecomesAnAcuteAccent) {
     load(titles + "13450000\tRua D'Água\tR D'\tSant'Ana\tPau d'Alho\tSanta Bárbara d'Oeste\tSP\n");
     EXPECT_EQ(value("SELECT NOME_TIPO || '|' || ABRV_TIPO FROM TIPO"), u"Rua D´Água|R D´"_s);
     EXPECT_EQ(value("SELECT NOME_LOGR FROM LOGR"), u"Sant´Ana"_s);
@@ -61,12 +61,12 @@ TEST_F(PostalCodes, an_apostrophe_becomes_an_acute_accent) {
     EXPECT_EQ(value("SELECT NOME_LOCA FROM LOCA"), u"Santa Bárbara d´Oeste"_s);
 }
 
-TEST_F(PostalCodes, a_byte_that_stands_for_nothing_is_a_mistake) {
+TEST_F(PostalCodes, AByteThatStandsForNothingIsAMistake) {
     EXPECT_EQ(load(titles + "01001000\tRua\tR\tDo \x81 P\xE1tio\tCentro\tCampinas\tSP\n"), 0);
     EXPECT_EQ(mistakes_.all, 1);
 }
 
-TEST_F(PostalCodes, mistakes_name_their_lines_and_nothing_is_loaded) {
+TEST_F(PostalCodes, MistakesNameTheirLinesAndNothingIsLoaded) {
     const qint64 before = streets();
     EXPECT_EQ(load(titles + "0400000\tRua\tR\tAlegre\tCentro\tCampinas\tSP\n"
                             "04000001\tRua\tR\tTriste\tCentro\tCampinas\tSP\n"
@@ -84,13 +84,13 @@ TEST_F(PostalCodes, mistakes_name_their_lines_and_nothing_is_loaded) {
     EXPECT_EQ(streets(), before);
 }
 
-TEST_F(PostalCodes, a_list_without_titles_is_refused) {
+TEST_F(PostalCodes, AListWithoutTitlesIsRefused) {
     load("04000000\tRua\tR\tAlegre\tCentro\tCampinas\tSP\n");
     EXPECT_EQ(mistakes_.all, 1);
     EXPECT_TRUE(mistakes_.lines.front().startsWith(u"linha 1: "_s));
 }
 
-TEST_F(PostalCodes, many_mistakes_are_counted_but_not_all_told) {
+TEST_F(PostalCodes, ManyMistakesAreCountedButNotAllTold) {
     QByteArray list = titles;
     for (int i = 0; i < 100; ++i)
         list += "x\n";
@@ -99,7 +99,7 @@ TEST_F(PostalCodes, many_mistakes_are_counted_but_not_all_told) {
     EXPECT_EQ(mistakes_.lines.size(), 20);
 }
 
-TEST_F(PostalCodes, a_load_that_breaks_off_keeps_the_old_streets) {
+TEST_F(PostalCodes, ALoadThatBreaksOffKeepsTheOldStreets) {
     const qint64 before = streets();
     {
         kit::Loader loader(installed_.postalCodes());
@@ -108,7 +108,7 @@ TEST_F(PostalCodes, a_load_that_breaks_off_keeps_the_old_streets) {
     EXPECT_EQ(streets(), before);
 }
 
-TEST_F(PostalCodes, a_missing_list_is_told_by_name) {
+TEST_F(PostalCodes, AMissingListIsToldByName) {
     try {
         kit::LoadPostalCodeFile(installed_.home(), u"/nenhum/lugar.tsv"_s, mistakes_);
         FAIL() << "it was loaded";

@@ -30,7 +30,7 @@ QStringList words(const char* line) {
 
 } // namespace
 
-TEST(Program, wrong_use_ends_in_2_and_tells_the_right_one) {
+TEST(Program, WrongUseEndsIn2AndTellsTheRightOne) {
     for (const char* line : {"",
                              "outro",
                              "create",
@@ -57,7 +57,7 @@ TEST(Program, wrong_use_ends_in_2_and_tells_the_right_one) {
     }
 }
 
-TEST(Program, creates_checks_and_refuses_a_second_time) {
+TEST(Program, CreatesChecksAndRefusesASecondTime) {
     const QTemporaryDir folder;
     const QString home = folder.filePath(u"vorta"_s);
     const Outcome created = run({u"create"_s, u"--home"_s, home, u"--people"_s, u"25"_s, u"--seed"_s, u"5"_s});
@@ -70,7 +70,7 @@ TEST(Program, creates_checks_and_refuses_a_second_time) {
     EXPECT_EQ(run({u"check"_s, u"--home"_s, home}).code, 0);
 }
 
-TEST(Program, copies_verifies_and_restores) {
+TEST(Program, CopiesVerifiesAndRestores) {
     const Installed installed = Installed::copyOf(Installed::plain());
     const QString home = installed.home(), file = home + u"/copia.fbk"_s;
     const Outcome copied = run({u"backup"_s, u"--home"_s, home, file});
@@ -89,7 +89,7 @@ TEST(Program, copies_verifies_and_restores) {
         << restored.out;
 }
 
-TEST(Program, a_failure_of_the_engine_is_told_in_the_programs_words) {
+TEST(Program, AFailureOfTheEngineIsToldInTheProgramsWords) {
     const Installed installed = Installed::copyOf(Installed::plain());
     installed.write(u"base/historico.fdb"_s, QByteArray(100'000, 'x'));
     QFile::remove(installed.production());
@@ -104,13 +104,13 @@ TEST(Program, a_failure_of_the_engine_is_told_in_the_programs_words) {
     EXPECT_TRUE(checked.out.endsWith(u"\n2 faltas encontradas\n"_s)) << checked.out;
 }
 
-TEST(Program, a_place_that_cannot_be_written_ends_in_1) {
+TEST(Program, APlaceThatCannotBeWrittenEndsIn1) {
     const Outcome outcome = run({u"create"_s, u"--home"_s, u"/proc/vorta"_s});
     EXPECT_EQ(outcome.code, 1);
     EXPECT_EQ(outcome.error, u"Não foi possível criar a pasta /proc/vorta/config/\n"_s);
 }
 
-TEST(Program, a_folder_without_installation_is_told_and_left_alone) {
+TEST(Program, AFolderWithoutInstallationIsToldAndLeftAlone) {
     const QTemporaryDir folder;
     const Outcome outcome = run({u"check"_s, u"--home"_s, folder.path()});
     EXPECT_EQ(outcome.code, 1);
@@ -118,7 +118,7 @@ TEST(Program, a_folder_without_installation_is_told_and_left_alone) {
     EXPECT_TRUE(QDir(folder.path()).isEmpty());
 }
 
-TEST(Program, prints_the_definitions_of_either_engine) {
+TEST(Program, PrintsTheDefinitionsOfEitherEngine) {
     for (const char* engine : {"firebird", "sqlserver"}) {
         const Outcome outcome = run({u"ddl"_s, QString::fromLatin1(engine)});
         EXPECT_EQ(outcome.code, 0);
@@ -126,7 +126,7 @@ TEST(Program, prints_the_definitions_of_either_engine) {
     }
 }
 
-TEST(Program, the_firebird_definitions_run_in_the_engines_own_tool) {
+TEST(Program, TheFirebirdDefinitionsRunInTheEnginesOwnTool) {
     const QTemporaryDir folder;
     QProcess tool;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -141,7 +141,7 @@ TEST(Program, the_firebird_definitions_run_in_the_engines_own_tool) {
     EXPECT_EQ(tool.exitCode(), 0) << tool.readAllStandardError().constData();
 }
 
-TEST(Program, a_list_of_postal_codes_with_mistakes_ends_in_1) {
+TEST(Program, AListOfPostalCodesWithMistakesEndsIn1) {
     const Installed installed = Installed::copyOf(Installed::plain());
     const QString list = installed.home() + u"/lista.tsv"_s;
     installed.write(u"lista.tsv"_s, "cep\ttipo\tabreviatura\tlogradouro\tbairro\tcidade\tuf\nx\n");

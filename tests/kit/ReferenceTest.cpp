@@ -26,14 +26,14 @@ int ibgeCheckDigit(const QString& code) {
 
 } // namespace
 
-TEST(Reference, the_tables_have_the_rows_that_the_country_has) {
+TEST(Reference, TheTablesHaveTheRowsThatTheCountryHas) {
     const QMap<QString, qsizetype> counts{
         {u"UF00"_s, 27}, {u"muni_ibge"_s, 5571}, {u"pais"_s, 249}, {u"Banc"_s, 463}, {u"tipo_clie"_s, 3}};
     for (auto count = counts.begin(); count != counts.end(); ++count)
         EXPECT_EQ(qsizetype(kit::ReadReference(count.key()).rows.size()), count.value()) << count.key();
 }
 
-TEST(Reference, municipal_codes_follow_their_check_digit_but_for_the_nine_known_exceptions) {
+TEST(Reference, MunicipalCodesFollowTheirCheckDigitButForTheNineKnownExceptions) {
     QSet<QString> codes;
     QStringList exceptions;
     for (const QStringList& row : rowsOf("muni_ibge")) {
@@ -46,7 +46,7 @@ TEST(Reference, municipal_codes_follow_their_check_digit_but_for_the_nine_known_
     EXPECT_EQ(exceptions.size(), 9) << exceptions.join(u' ');
 }
 
-TEST(Reference, every_state_has_municipalities_and_one_prefix) {
+TEST(Reference, EveryStateHasMunicipalitiesAndOnePrefix) {
     QMap<QString, QSet<QString>> prefixes;
     for (const QStringList& row : rowsOf("muni_ibge"))
         prefixes[row[2]].insert(row[0].first(2));
@@ -55,12 +55,12 @@ TEST(Reference, every_state_has_municipalities_and_one_prefix) {
         EXPECT_EQ(prefix.size(), 1);
 }
 
-TEST(Reference, accents_are_kept) {
+TEST(Reference, AccentsAreKept) {
     const auto rows = rowsOf("muni_ibge");
     EXPECT_NE(std::find(rows.begin(), rows.end(), QStringList({u"3550308"_s, u"São Paulo"_s, u"SP"_s})), rows.end());
 }
 
-TEST(Reference, an_apostrophe_has_become_an_acute_accent) {
+TEST(Reference, AnApostropheHasBecomeAnAcuteAccent) {
     const auto rows = rowsOf("muni_ibge");
     const auto town =
         std::find_if(rows.begin(), rows.end(), [](const QStringList& row) { return row[0] == "3545803"; });
@@ -73,7 +73,7 @@ TEST(Reference, an_apostrophe_has_become_an_acute_accent) {
             EXPECT_FALSE(row.join(u'|').contains(u'\'')) << row.join(u'|');
 }
 
-TEST(Reference, every_text_fits_its_column_and_the_repertoire_of_the_data) {
+TEST(Reference, EveryTextFitsItsColumnAndTheRepertoireOfTheData) {
     for (const char* name : {"UF00", "muni_ibge", "pais", "Banc", "carg", "ativ", "tipo_clie", "regi_espe_icms", "cart",
                              "TIPO_PROD", "cole"}) {
         const kit::ReferenceTable data = kit::ReadReference(QString::fromLatin1(name));
@@ -90,7 +90,7 @@ TEST(Reference, every_text_fits_its_column_and_the_repertoire_of_the_data) {
     }
 }
 
-TEST(Reference, what_other_tables_point_at_is_there) {
+TEST(Reference, WhatOtherTablesPointAtIsThere) {
     QSet<QString> towns, activities, types, collections;
     for (const QStringList& row : rowsOf("muni_ibge"))
         towns.insert(row[1] + u'/' + row[2]);

@@ -18,7 +18,7 @@ QString content(const Installed& installed, const char* file) {
 
 } // namespace
 
-TEST(Relocate, a_copy_leads_to_itself_alone) {
+TEST(Relocate, ACopyLeadsToItselfAlone) {
     const Installed copy = Installed::copyOf(Installed::plain());
     for (const char* file : {"server_aplic.ini", "server.ini", "server_cep.ini", "paths.ini"}) {
         EXPECT_FALSE(content(copy, file).contains(Installed::plain().home())) << file;
@@ -28,26 +28,26 @@ TEST(Relocate, a_copy_leads_to_itself_alone) {
         EXPECT_TRUE(finding.right) << finding.words;
 }
 
-TEST(Relocate, rights_stay_as_they_were) {
+TEST(Relocate, RightsStayAsTheyWere) {
     const Installed copy = Installed::copyOf(Installed::plain());
     EXPECT_FALSE(QFileInfo(copy.layout().config(u"server.ini"_s)).permissions() & QFile::ReadOther);
 }
 
-TEST(Relocate, an_installation_at_its_place_stays_as_it_is) {
+TEST(Relocate, AnInstallationAtItsPlaceStaysAsItIs) {
     const Installed installed = Installed::copyOf(Installed::plain());
     const QString before = content(installed, "server.ini");
     kit::Relocate(installed.home());
     EXPECT_EQ(content(installed, "server.ini"), before);
 }
 
-TEST(Relocate, a_line_for_a_server_keeps_its_paths) {
+TEST(Relocate, ALineForAServerKeepsItsPaths) {
     const Installed first = Installed::copyOf(Installed::plain());
     const QByteArray server = "srv01^pessoas^u^s^FIREBIRD^server=srv01;database=/dados/pessoas.fdb^False^\n";
     first.write(u"config/server.ini"_s, server);
     EXPECT_EQ(content(Installed::copyOf(first), "server.ini"), QString::fromUtf8(server));
 }
 
-TEST(Relocate, a_folder_without_installation_is_told) {
+TEST(Relocate, AFolderWithoutInstallationIsTold) {
     const QTemporaryDir folder;
     EXPECT_THROW(kit::Relocate(folder.path()), RuntimeError);
 }

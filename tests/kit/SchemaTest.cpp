@@ -10,7 +10,7 @@ using namespace vorta;
 using kit::Base;
 using kit::Kind;
 
-TEST(Schema, a_main_table_begins_with_its_key_and_has_only_one) {
+TEST(Schema, AMainTableBeginsWithItsKeyAndHasOnlyOne) {
     for (const kit::Table& table : kit::Tables()) {
         qsizetype keys = 0;
         for (const kit::Column& column : table.columns)
@@ -23,7 +23,7 @@ TEST(Schema, a_main_table_begins_with_its_key_and_has_only_one) {
     }
 }
 
-TEST(Schema, no_name_appears_twice_and_every_name_fits_the_engine) {
+TEST(Schema, NoNameAppearsTwiceAndEveryNameFitsTheEngine) {
     constexpr qsizetype longestName = 31;
     QSet<QString> tables;
     for (const kit::Table& table : kit::Tables()) {
@@ -38,7 +38,7 @@ TEST(Schema, no_name_appears_twice_and_every_name_fits_the_engine) {
     }
 }
 
-TEST(Schema, every_index_names_columns_that_are_there) {
+TEST(Schema, EveryIndexNamesColumnsThatAreThere) {
     for (const kit::Index& index : kit::Indexes()) {
         const kit::Table* table = kit::FindTable(index.table);
         ASSERT_NE(table, nullptr) << index.table;
@@ -47,7 +47,7 @@ TEST(Schema, every_index_names_columns_that_are_there) {
     }
 }
 
-TEST(Schema, the_generators_of_the_register_are_there) {
+TEST(Schema, TheGeneratorsOfTheRegisterAreThere) {
     QStringList generators;
     for (const kit::Table& table : kit::Tables())
         if (!table.generator.isEmpty() && !table.filledByDatabase)
@@ -58,7 +58,7 @@ TEST(Schema, the_generators_of_the_register_are_there) {
               "GEN_TRPT_CONT GEN_VEND");
 }
 
-TEST(Schema, texts_hold_what_the_screens_let_in) {
+TEST(Schema, TextsHoldWhatTheScreensLetIn) {
     const struct {
         const char* table;
         const char* column;
@@ -73,7 +73,7 @@ TEST(Schema, texts_hold_what_the_screens_let_in) {
     EXPECT_EQ(kit::FindTable(u"pess"_s)->column(u"DATA_ANIV"_s)->length, 5);
 }
 
-TEST(Ddl, a_table_in_the_words_of_each_engine) {
+TEST(Ddl, ATableInTheWordsOfEachEngine) {
     const auto definition = [](data::Engine engine) {
         for (const QString& statement : kit::TableStatements(engine, Base::Main))
             if (statement.startsWith(u"CREATE TABLE PESS_ATIV "_s))
@@ -88,7 +88,7 @@ TEST(Ddl, a_table_in_the_words_of_each_engine) {
               "    idativ INTEGER,\n    data_incl DATE,\n    user_incl INTEGER\n)");
 }
 
-TEST(Ddl, nothing_is_quoted_and_only_the_keys_are_constrained) {
+TEST(Ddl, NothingIsQuotedAndOnlyTheKeysAreConstrained) {
     for (const data::Engine engine : {data::Engine::Firebird, data::Engine::SqlServer}) {
         const QString script = kit::Script(engine);
         EXPECT_FALSE(script.contains(u'"') || script.contains(u'['));
@@ -100,7 +100,7 @@ TEST(Ddl, nothing_is_quoted_and_only_the_keys_are_constrained) {
     }
 }
 
-TEST(Ddl, sql_server_numbers_its_rows_itself) {
+TEST(Ddl, SqlServerNumbersItsRowsItself) {
     const QString script = kit::Script(data::Engine::SqlServer);
     EXPECT_FALSE(script.contains(u"SEQUENCE"_s) || script.contains(u"TRIGGER"_s));
     EXPECT_TRUE(script.contains(u"idArqt INTEGER IDENTITY(1,1) NOT NULL"_s));

@@ -7,7 +7,7 @@
 using namespace vorta;
 using test::Installed;
 
-TEST(Server, an_embedded_base_moves_to_a_server_with_all_that_is_in_it) {
+TEST(Server, AnEmbeddedBaseMovesToAServerWithAllThatIsInIt) {
     const Installed installed = Installed::copyOf(Installed::demonstration());
     const servers::FirebirdServer server;
     const QString connection = test::MoveToServer(installed, server);

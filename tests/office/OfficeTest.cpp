@@ -140,7 +140,7 @@ void report(const Deeds& deeds, int users, int seconds) {
 
 } // namespace
 
-TEST(Office, twenty_users_of_a_server_lose_nothing) {
+TEST(Office, TwentyUsersOfAServerLoseNothing) {
     constexpr int users = 20;
     constexpr int sharedPersons = 10;
     const Installed installed = Installed::copyOf(Installed::demonstration());
@@ -157,7 +157,7 @@ TEST(Office, twenty_users_of_a_server_lose_nothing) {
     expectWhole(connection, deeds);
 }
 
-TEST(Office, three_windows_on_one_embedded_base_save_by_turns) {
+TEST(Office, ThreeWindowsOnOneEmbeddedBaseSaveByTurns) {
     const Installed installed = Installed::copyOf(Installed::demonstration());
     Office office = open(installed.home(), 3);
     const QString name = u"COMUM 1"_s;
@@ -204,7 +204,7 @@ class Keeper {
     QString home_, copies_;
 };
 
-TEST(Office, copies_beside_working_colleagues_are_whole_and_harm_nobody) {
+TEST(Office, CopiesBesideWorkingColleaguesAreWholeAndHarmNobody) {
     constexpr int users = 3;
     const Installed installed = Installed::copyOf(Installed::demonstration());
     const QTemporaryDir copies;
@@ -231,7 +231,7 @@ TEST(Office, copies_beside_working_colleagues_are_whole_and_harm_nobody) {
     }
 }
 
-TEST(Office, four_windows_on_one_embedded_base_work_at_once) {
+TEST(Office, FourWindowsOnOneEmbeddedBaseWorkAtOnce) {
     constexpr int users = 4;
     constexpr int seconds = 3;
     const Installed installed = Installed::copyOf(Installed::demonstration());

@@ -136,7 +136,7 @@ class Traveller : public screen::Platform {
 
 } // namespace
 
-TEST(Towns, each_is_chosen_saved_loaded_and_found_again) {
+TEST(Towns, EachIsChosenSavedLoadedAndFoundAgain) {
     const Installed installed = Installed::copyOf(Installed::plain());
     {
         kit::Loader loader(installed.production());

@@ -28,7 +28,7 @@ class AScenario : public testing::TestWithParam<Played> {};
 
 } // namespace
 
-TEST_P(AScenario, hasThisVerdict) {
+TEST_P(AScenario, HasThisVerdict) {
     const QByteArray text = QByteArray("launch \"1^1^PRD^False^\"\n") + GetParam().commands;
     EXPECT_EQ(Play(text.constData()), GetParam().verdict);
 }
@@ -196,28 +196,28 @@ constexpr Played failing[] = {
 INSTANTIATE_TEST_SUITE_P(Passes, AScenario, testing::ValuesIn(passing), nameOf);
 INSTANTIATE_TEST_SUITE_P(Fails, AScenario, testing::ValuesIn(failing), nameOf);
 
-TEST(APlayer, failsACommandInFrontOfTheLaunch) {
+TEST(APlayer, FailsACommandInFrontOfTheLaunch) {
     EXPECT_EQ(Play("click cmdSAIR"), "1: expected a running program, it has not been launched");
     EXPECT_EQ(Play("expect ended"), "1: expected an ended program, it has not been launched");
 }
 
-TEST(APlayer, passesWithNothingToPlay) {
+TEST(APlayer, PassesWithNothingToPlay) {
     EXPECT_EQ(Play("# nothing\n"), "");
 }
 
-TEST(APlayer, keepsAContextWrittenBeforeTheLaunch) {
+TEST(APlayer, KeepsAContextWrittenBeforeTheLaunch) {
     TestStage stage;
     EXPECT_EQ(Play(stage, "context VinculoAtual \"S\"\nlaunch \"1\"\nexpect context VinculoAtual \"S\""), "");
     EXPECT_EQ(stage.casts, 1);
 }
 
-TEST(APlayer, stopsEveryHandlerAtAFailureInsideAModalScreen) {
+TEST(APlayer, StopsEveryHandlerAtAFailureInsideAModalScreen) {
     TestStage stage;
     EXPECT_EQ(Play(stage, "launch \"1\"\nclick cmdAbre\nnada\nexpect running"),
               "3: expected a command, was the unknown word nada");
 }
 
-TEST(APlayer, sendsStatementsToTheBaseOfTheEnvironment) {
+TEST(APlayer, SendsStatementsToTheBaseOfTheEnvironment) {
     TestStage stage;
     EXPECT_EQ(Play(stage, "sql \"a\"\nlaunch \"1^1^HIST^False^\"\nsql \"b\"\nsqlcep \"c\"\nclose\nsql \"d\"\nlaunch "
                           "\"1^1^DEV^\"\nsql \"e\""),
@@ -225,14 +225,14 @@ TEST(APlayer, sendsStatementsToTheBaseOfTheEnvironment) {
     EXPECT_EQ(stage.executed, (QStringList{u"1:a"_s, u"1:b"_s, u"3:c"_s, u"2:d"_s, u"2:e"_s}));
 }
 
-TEST(APlayer, looksAtRowsOfBothDatabases) {
+TEST(APlayer, LooksAtRowsOfBothDatabases) {
     TestStage stage;
     stage.rows = u"1|<null>\n2|X"_s;
     EXPECT_EQ(Play(stage, "expect query \"q\" \"1|<null>\\n2|X\"\nexpect cepquery \"c\" \"1\\|<null>\\n2\\|X\""), "");
     EXPECT_EQ(stage.queried, (QStringList{u"0:q"_s, u"3:c"_s}));
 }
 
-TEST(APlayer, writesAndRemovesFilesOfTheInstallation) {
+TEST(APlayer, WritesAndRemovesFilesOfTheInstallation) {
     const QTemporaryDir home;
     TestStage stage;
     stage.setHome(home.path());
@@ -243,7 +243,7 @@ TEST(APlayer, writesAndRemovesFilesOfTheInstallation) {
     EXPECT_FALSE(QFile::exists(home.filePath(u"b"_s)));
 }
 
-TEST(APlayer, takesTheMainDatabaseOnAMachineWithTheMarkerFile) {
+TEST(APlayer, TakesTheMainDatabaseOnAMachineWithTheMarkerFile) {
     const QTemporaryDir home;
     TestStage stage;
     stage.setHome(home.path());

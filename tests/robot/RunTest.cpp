@@ -28,7 +28,7 @@ const QString b = u"b.roteiro"_s;
 
 } // namespace
 
-TEST(ARun, printsALineForEachFileAndTheirNumbers) {
+TEST(ARun, PrintsALineForEachFileAndTheirNumbers) {
     const PlayOne play = [](const Scenario& scenario, const QString&, const auto&) -> std::optional<Verdict> {
         if (scenario.file == a)
             return {};
@@ -38,7 +38,7 @@ TEST(ARun, printsALineForEachFileAndTheirNumbers) {
     EXPECT_EQ(Printed({a}, play), u"0\nok a.roteiro\n1 passed, 0 failed\n"_s);
 }
 
-TEST(ARun, givesEveryScenarioAFolderOfItsOwn) {
+TEST(ARun, GivesEveryScenarioAFolderOfItsOwn) {
     const PlayOne play = [](const Scenario&, const QString& copy, const auto&) -> std::optional<Verdict> {
         if (!QDir(copy).isEmpty() || !QDir(copy).mkdir(u"used"_s))
             return Verdict{1, u"not empty"_s};
@@ -47,7 +47,7 @@ TEST(ARun, givesEveryScenarioAFolderOfItsOwn) {
     EXPECT_EQ(Printed({a, b}, play), u"0\nok a.roteiro\nok b.roteiro\n2 passed, 0 failed\n"_s);
 }
 
-TEST(ARun, goesOnBehindAScenarioThatCrashes) {
+TEST(ARun, GoesOnBehindAScenarioThatCrashes) {
     const PlayOne play = [](const Scenario& scenario, const QString&, const auto& atLine) -> std::optional<Verdict> {
         atLine(3);
         if (scenario.file == a)
@@ -58,7 +58,7 @@ TEST(ARun, goesOnBehindAScenarioThatCrashes) {
                                      "signal 9\nok b.roteiro\n1 passed, 1 failed\n"_s);
 }
 
-TEST(ARun, clearsUpBehindEveryScenarioInItsOwnProcess) {
+TEST(ARun, ClearsUpBehindEveryScenarioInItsOwnProcess) {
     const PlayOne play = [](const Scenario& scenario, const QString&, const auto&) -> std::optional<Verdict> {
         if (scenario.file == a)
             std::raise(SIGKILL);
@@ -69,7 +69,7 @@ TEST(ARun, clearsUpBehindEveryScenarioInItsOwnProcess) {
     EXPECT_EQ(cleared, 2);
 }
 
-TEST(ARun, stopsBehindAScenarioWhenItIsToEnd) {
+TEST(ARun, StopsBehindAScenarioWhenItIsToEnd) {
     const auto passed = [](const Scenario&, const QString&, const auto&) { return std::optional<Verdict>(); };
     int cleared = 0;
     const auto run = [&] {
@@ -88,7 +88,7 @@ TEST(ARun, stopsBehindAScenarioWhenItIsToEnd) {
         testing::ExitedWithCode(0), "");
 }
 
-TEST(ARun, worksApart) {
+TEST(ARun, WorksApart) {
     int here = 0;
     WorkApart([&] { here = 1; });
     EXPECT_EQ(here, 0);
@@ -101,7 +101,7 @@ TEST(ARun, worksApart) {
     EXPECT_THROW(WorkApart([] { std::raise(SIGKILL); }), Failure);
 }
 
-TEST(ARun, endsACommandThatNeverEnds) {
+TEST(ARun, EndsACommandThatNeverEnds) {
     const PlayOne play = [](const Scenario&, const QString&, const auto& atLine) -> std::optional<Verdict> {
         atLine(5);
         std::raise(SIGALRM);
@@ -111,7 +111,7 @@ TEST(ARun, endsACommandThatNeverEnds) {
               u"1\nnot ok a.roteiro:5: expected the command to end, it ran for 450 seconds\n0 passed, 1 failed\n"_s);
 }
 
-TEST(ARun, failsAScenarioWhoseInstallationCannotBeUsed) {
+TEST(ARun, FailsAScenarioWhoseInstallationCannotBeUsed) {
     const PlayOne play = [](const Scenario&, const QString&, const auto&) -> std::optional<Verdict> {
         throw Failure{u"holds no installation"_s};
     };

@@ -21,48 +21,48 @@ QString refusal(const char* line) {
 
 } // namespace
 
-TEST(Words, standApartByBlanksAndTabs) {
+TEST(Words, StandApartByBlanksAndTabs) {
     EXPECT_EQ(SplitWords(u"  click \t Flex  1 2 "_s), (QStringList{u"click"_s, u"Flex"_s, u"1"_s, u"2"_s}));
 }
 
-TEST(Words, keepBlanksAndEscapesInsideQuotes) {
+TEST(Words, KeepBlanksAndEscapesInsideQuotes) {
     EXPECT_EQ(SplitWords(uR"(type F "a b\"c\\d\n\r\t")"_s).last(), u"a b\"c\\d\n\r\t"_s);
 }
 
-TEST(Words, takeTheEmptyTextForAWord) {
+TEST(Words, TakeTheEmptyTextForAWord) {
     EXPECT_EQ(SplitWords(u"type F \"\""_s).size(), 3);
 }
 
-TEST(Words, takeAHashForACommentAtTheStartOnly) {
+TEST(Words, TakeAHashForACommentAtTheStartOnly) {
     EXPECT_TRUE(SplitWords(u"  # type F"_s).isEmpty());
     EXPECT_EQ(SplitWords(u"press #"_s).last(), u"#"_s);
 }
 
-TEST(Words, refuseATextThatDoesNotEnd) {
+TEST(Words, RefuseATextThatDoesNotEnd) {
     EXPECT_TRUE(refusal("type F \"abc").contains(u"no closing quote"_s));
 }
 
-TEST(Words, refuseAnUnknownEscape) {
+TEST(Words, RefuseAnUnknownEscape) {
     EXPECT_EQ(refusal(R"(type F "\q")"), u"unknown escape \\q"_s);
 }
 
-TEST(Words, refuseAQuoteThatTouchesAWord) {
+TEST(Words, RefuseAQuoteThatTouchesAWord) {
     EXPECT_FALSE(refusal("type F \"a\"b").isEmpty());
     EXPECT_FALSE(refusal("type F a\"b").isEmpty());
 }
 
-TEST(ScenarioFile, countsEmptyLinesAndCommentsInItsLineNumbers) {
+TEST(ScenarioFile, CountsEmptyLinesAndCommentsInItsLineNumbers) {
     const Scenario scenario = Scenario::parse(u"f"_s, u"# one\r\n\r\nleave\r\n"_s);
     ASSERT_EQ(scenario.commands.size(), 1U);
     EXPECT_EQ(scenario.commands[0].line, 3);
     EXPECT_EQ(scenario.commands[0].words, QStringList{u"leave"_s});
 }
 
-TEST(ScenarioFile, thatIsNotThereIsUnusable) {
+TEST(ScenarioFile, ThatIsNotThereIsUnusable) {
     EXPECT_THROW(Scenario::read(u"/no/such.roteiro"_s), Failure);
 }
 
-TEST(ScenarioFile, mayBeginWithAByteOrderMark) {
+TEST(ScenarioFile, MayBeginWithAByteOrderMark) {
     QTemporaryFile file;
     ASSERT_TRUE(file.open());
     file.write("\xEF\xBB\xBFleave\n");
@@ -70,7 +70,7 @@ TEST(ScenarioFile, mayBeginWithAByteOrderMark) {
     EXPECT_EQ(Scenario::read(file.fileName()).commands.at(0).words, QStringList{u"leave"_s});
 }
 
-TEST(Arguments, areTakenApart) {
+TEST(Arguments, AreTakenApart) {
     const QStringList arguments =
         u"--home /h --desktop --trace t --engine sqlserver --tag MSSQL --server s --wire w a.roteiro "
         "b.roteiro"_s.split(u' ');
@@ -85,13 +85,13 @@ TEST(Arguments, areTakenApart) {
     EXPECT_EQ(options.files, (QStringList{u"a.roteiro"_s, u"b.roteiro"_s}));
 }
 
-TEST(Arguments, areUnusableWithoutAFileOrWithAnUnknownSwitch) {
+TEST(Arguments, AreUnusableWithoutAFileOrWithAnUnknownSwitch) {
     EXPECT_THROW(Options::parse({}, u"/opt/vorta"_s), Failure);
     EXPECT_THROW(Options::parse({u"--nada"_s, u"a"_s}, u"/opt/vorta"_s), Failure);
     EXPECT_THROW(Options::parse({u"a"_s, u"--home"_s}, u"/opt/vorta"_s), Failure);
 }
 
-TEST(Rows, areWrittenAsAScenarioComparesThem) {
+TEST(Rows, AreWrittenAsAScenarioComparesThem) {
     RowText rows;
     rows.beginRow();
     rows.integer(-7);

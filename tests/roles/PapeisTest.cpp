@@ -1,10 +1,9 @@
 #include "shared/Papeis.h"
 
-#include "app/Register.h"
 #include "base/Literals.h"
 #include "kit/Schema.h"
 #include "roles/TelaPapel.h"
-#include "support/TestPlatform.h"
+#include "support/RegisterWorld.h"
 
 #include <gtest/gtest.h>
 
@@ -13,16 +12,11 @@ namespace vorta::test {
 namespace {
 
 /// The whole register: a role is asked of every part that must know it.
-class PapeisTest : public ::testing::TestWithParam<Papel> {
+class PapeisTest : public ::testing::TestWithParam<Papel>, protected RegisterWorld {
   protected:
-    ContextoExecucao& contexto() { return registro_.context(); }
-    screen::Field* field(const char* tela, const char* nome) {
-        return contexto().Tela(QString::fromLatin1(tela)).findField(QString::fromLatin1(nome));
+    screen::Field* field(const char* nomeTela, const char* nome) {
+        return telaDe(QString::fromLatin1(nomeTela)).findField(QString::fromLatin1(nome));
     }
-
-  private:
-    TestPlatform platform_;
-    Register registro_{platform_};
 };
 
 const kit::Table* tableOf(data::Piece nome) {

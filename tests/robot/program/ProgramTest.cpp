@@ -93,7 +93,7 @@ const QString sqlServer = u"sqlserver"_s;
 
 } // namespace
 
-TEST_F(TheProgram, printsAResultLineForEachFileAndTheirNumbers) {
+TEST_F(TheProgram, PrintsAResultLineForEachFileAndTheirNumbers) {
     const QString good = write("bom.roteiro", "launch \"1^1^PRD^False^\"\nexpect screen frmPessoas\n");
     const QString bad = write("mau.roteiro", "# one\nlaunch \"1^1^PRD^False^\"\nexpect mode \"I\"\n");
     const Outcome run = RunProgram({homeSwitch, home(), good, bad});
@@ -101,20 +101,20 @@ TEST_F(TheProgram, printsAResultLineForEachFileAndTheirNumbers) {
     EXPECT_EQ(run.printed, u"ok %1\nnot ok %2:3: expected mode \"I\", was \"\"\n1 passed, 1 failed\n"_s.arg(good, bad));
 }
 
-TEST_F(TheProgram, endsWithZeroWhenAllPassed) {
+TEST_F(TheProgram, EndsWithZeroWhenAllPassed) {
     const Outcome run = RunProgram({write("açúcar.roteiro", "launch \"\"\nexpect ended\n")}, home());
     EXPECT_EQ(run.status, 0) << run.printed;
     EXPECT_EQ(run.complaint, QString());
 }
 
-TEST_F(TheProgram, playsEveryFileOnAFreshCopy) {
+TEST_F(TheProgram, PlaysEveryFileOnAFreshCopy) {
     const QString file = write("copia.roteiro", "sql \"INSERT INTO PESS (IDPESS, NOME_PESS) VALUES (1, 'A')\"\n"
                                                 "expect query \"SELECT COUNT(*) FROM PESS\" \"1\"\n");
     const Outcome run = RunProgram({homeSwitch, home(), file, file});
     EXPECT_EQ(run.status, 0) << run.printed;
 }
 
-TEST_F(TheProgram, tracesTheStatementsOfAllFiles) {
+TEST_F(TheProgram, TracesTheStatementsOfAllFiles) {
     const QString file = write("rastro.roteiro", "sql \"DELETE FROM PESS\"\nlaunch \"98^99^PRD^False^\"\n");
     const Outcome run = RunProgram({homeSwitch, home(), u"--trace"_s, path("rastro"), file, file});
     EXPECT_EQ(run.status, 0) << run.printed;
@@ -123,14 +123,14 @@ TEST_F(TheProgram, tracesTheStatementsOfAllFiles) {
     EXPECT_FALSE(trace.contains(u"DELETE"_s));
 }
 
-TEST_F(TheProgram, playsTheSameFileOnRealWindows) {
+TEST_F(TheProgram, PlaysTheSameFileOnRealWindows) {
     const QString file = write("janela.roteiro", "launch \"1^1^PRD^False^\"\nclick cmdINCLUIR\ntype txtNumero \"12\"\n"
                                                  "expect txtNumero text \"12\"\nexpect focus txtNumero\n");
     const Outcome run = RunProgram({homeSwitch, home(), u"--desktop"_s, file});
     EXPECT_EQ(run.status, 0) << run.printed;
 }
 
-TEST_F(TheProgram, playsOverTheWireOfAServer) {
+TEST_F(TheProgram, PlaysOverTheWireOfAServer) {
     const QString file = write(
         "servidor.roteiro", "expect query \"SELECT RDB$GET_CONTEXT('SYSTEM', 'NETWORK_PROTOCOL') FROM RDB$DATABASE\" "
                             "\"TCPv4\"\n"
@@ -146,7 +146,7 @@ TEST_F(TheProgram, playsOverTheWireOfAServer) {
     EXPECT_EQ(RunProgram({homeSwitch, home(), file}).status, 1) << "an embedded base has no wire";
 }
 
-TEST_F(TheProgram, playsLinesOfEachTagOfSqlServer) {
+TEST_F(TheProgram, PlaysLinesOfEachTagOfSqlServer) {
     constexpr struct {
         const char* given;
         const char* line;
@@ -171,7 +171,7 @@ TEST_F(TheProgram, playsLinesOfEachTagOfSqlServer) {
     }
 }
 
-TEST_F(TheProgram, takesItsServerAlongWhenItIsKilled) {
+TEST_F(TheProgram, TakesItsServerAlongWhenItIsKilled) {
     const QString file = write("longo.roteiro", "launch \"1^1^PRD^False^\"\n");
     const QTemporaryDir leftovers; // nobody is there any more to remove them
     QProcess process;
@@ -188,7 +188,7 @@ TEST_F(TheProgram, takesItsServerAlongWhenItIsKilled) {
     EXPECT_TRUE(EndsSoon(servers[0]));
 }
 
-TEST_F(TheProgram, refusesUnusableArguments) {
+TEST_F(TheProgram, RefusesUnusableArguments) {
     const QString good = write("bom.roteiro", "");
     const QString latin = write("latino.roteiro", "# \xE7\n");
     for (const QStringList& arguments :

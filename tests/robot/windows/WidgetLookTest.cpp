@@ -161,7 +161,7 @@ class AWidget : public testing::TestWithParam<Disagreement> {};
 } // namespace
 
 /// The same expectation holds, and does no more once the widget shows something else while the field is as it was.
-TEST_P(AWidget, isLookedAtByItself) {
+TEST_P(AWidget, IsLookedAtByItself) {
     const Disagreement& row = GetParam();
     OneScreenStage stage(row);
     const QString expectation = u"expect %1 %2\n"_s.arg(QLatin1String(row.field), row.expectation);
