@@ -2,6 +2,7 @@
 
 #include "base/Journal.h"
 #include "base/Literals.h"
+#include "firebird/ClientLibrary.h"
 #include "firebird/EmbeddedEngine.h"
 #include "firebird/EngineReasons.h"
 #include "firebird/OpenFailure.h"
@@ -32,7 +33,7 @@ Failure read(const Firebird::FbException& failure) {
     std::array<char, 2048> words{};
     Master().getUtilInterface()->formatStatus(words.data(), words.size(), status);
     std::array<char, 6> sqlState{};
-    fb_sqlstate(sqlState.data(), status->getErrors());
+    Client().sqlState(sqlState.data(), status->getErrors());
     return {QString::fromUtf8(words.data()), static_cast<int>(status->getErrors()[1]), QByteArray(sqlState.data())};
 }
 
@@ -48,7 +49,7 @@ int numberOf(const Failure& failure) {
 
 Firebird::IMaster& Master() {
     PrepareEmbeddedEngine();
-    static Firebird::IMaster* const master = Firebird::fb_get_master_interface();
+    static Firebird::IMaster* const master = Client().masterInterface();
     return *master;
 }
 

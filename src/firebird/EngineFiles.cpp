@@ -1,8 +1,7 @@
 #include "firebird/EngineFiles.h"
 
 #include "base/Literals.h"
-
-#include <firebird/Interface.h>
+#include "firebird/ClientLibrary.h"
 
 #include <QDir>
 #include <QFile>
@@ -11,10 +10,6 @@
 
 #include <algorithm>
 #include <array>
-
-#ifndef Q_OS_WIN
-#include <dlfcn.h>
-#endif
 
 namespace vorta::firebird {
 
@@ -31,21 +26,8 @@ constexpr char characterSets[] = "intl/libfbintl.so";
 
 /// "4.0" of the client library, whose version need not be in the table.
 QString clientName() {
-    static const unsigned version =
-        Firebird::fb_get_master_interface()->getUtilInterface()->getClientVersion(); // 0x0400
+    static const unsigned version = Client().masterInterface()->getUtilInterface()->getClientVersion(); // 0x0400
     return u"%1.%2"_s.arg(version >> 8).arg(version & 0xff);
-}
-
-/// The folder of the client library; empty where the library finds its parts by itself.
-QString libraryFolder() {
-#ifdef Q_OS_WIN
-    return {};
-#else
-    Dl_info library{};
-    if (dladdr(reinterpret_cast<const void*>(&Firebird::fb_get_master_interface), &library) == 0)
-        return {};
-    return QFileInfo(QFileInfo(QFile::decodeName(library.dli_fname)).canonicalFilePath()).path();
-#endif
 }
 
 QByteArray contentOf(const QString& path) {
@@ -96,7 +78,7 @@ std::optional<EngineVersion> EngineOf(DiskStructure structure) {
 
 QString EngineFolder() {
     static const QString folder = [] {
-        const QString library = libraryFolder();
+        const QString& library = Client().folder;
         // A distribution's layout, and that of the engine's own installation.
         for (const QString& place : {u"/firebird/"_s + clientName(), u"/.."_s})
             if (const QString found = QDir::cleanPath(library + place);
@@ -118,7 +100,7 @@ bool EngineIsInstalled() {
 QString EngineProgram(const QString& name) {
     // A distribution may put a script in front of its programs, which leads each of them to a root folder of its own
     // choice; so the program itself is looked for first.
-    const QString library = libraryFolder();
+    const QString& library = Client().folder;
     for (const QString& place : {u"/../firebird/%1/bin/"_s.arg(clientName()), u"/../bin/"_s})
         if (const QFileInfo program(library + place + name); program.isExecutable())
             return program.canonicalFilePath();

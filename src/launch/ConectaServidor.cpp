@@ -17,7 +17,6 @@ namespace {
 using data::ConnectionStringOf;
 using data::EngineTag;
 using data::FindEngineTag;
-using screen::Box;
 using screen::Buttons;
 using screen::Icon;
 

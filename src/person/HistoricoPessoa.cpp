@@ -20,7 +20,6 @@ using data::Recordset;
 using data::Statement;
 using screen::Align;
 using screen::Grid;
-using screen::GridColumn;
 using screen::Label;
 
 /// The labels below a grid; quotations and service orders count no items.
