@@ -56,7 +56,7 @@ QString& locksInForce() {
     return folder;
 }
 
-const QString& useLocks(const QString& chosen) {
+void useLocks(const QString& chosen) {
     static std::once_flag once;
     std::call_once(once, [&] {
         makeLockFolder(chosen);
@@ -64,7 +64,6 @@ const QString& useLocks(const QString& chosen) {
         qputenv("FIREBIRD_LOCK", QFile::encodeName(chosen));
         locksInForce() = chosen;
     });
-    return locksInForce();
 }
 
 /// With its lock folder gone the engine would abort at the end of the process. Has to be asked for when the engine is
@@ -87,9 +86,9 @@ void endWithoutEngineWhenLocksAreGone() {
 
 /// The lock folder of this process: that of the first base it opens. The engine knows one for a process.
 const QString& locksFor(const QString& database) {
-    const QString& folder = useLocks(LockFolderOf(database));
-    makeLockFolder(folder); // again, should it have gone
-    return folder;
+    useLocks(LockFolderOf(database));
+    makeLockFolder(locksInForce()); // again, should it have gone
+    return locksInForce();
 }
 
 /// Version 4 gives sums and the clock in types that version 3 does not have: wider numbers, and moments with a time
