@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -66,18 +67,21 @@ void useLocks(const QString& chosen) {
     });
 }
 
-/// With its lock folder gone the engine would abort at the end of the process. Has to be asked for when the engine is
-/// loaded, so that it comes before the engine's own end.
-void endWithoutEngineWhenLocksAreGone() {
+/// What the engine needs for its own end, whoever ends the process: with its lock folder gone it would abort, and with
+/// an interruption left over in `errno` (a display that has gone ends the process in the middle of a call) it would
+/// repeat a file operation for ever (see `Status`). Has to be asked for when the engine is loaded, so that it comes
+/// before the engine's own end.
+void letEngineEnd() {
 #ifdef __GLIBC__
     static std::once_flag once;
     std::call_once(once, [] {
         ::on_exit(
             [](int status, void*) {
-                if (!LocksAreGone())
-                    return;
-                std::fflush(nullptr);
-                ::_exit(status);
+                if (LocksAreGone()) {
+                    std::fflush(nullptr);
+                    ::_exit(status);
+                }
+                errno = 0;
             },
             nullptr);
     });
@@ -183,7 +187,7 @@ Attachment Attach(const QString& connectionString, int timeoutSeconds) {
         Attachment attachment = attach(text, parameters);
         attachment.get_deleter().guard = std::move(guard);
         if (text.embedded)
-            endWithoutEngineWhenLocksAreGone();
+            letEngineEnd();
         return attachment;
     });
 }

@@ -151,6 +151,16 @@ TEST_F(FirebirdOnly, TwoProgramsWorkOnOneFileAtOnce) {
     EXPECT_EQ(one(Statement("select nome from logr")), u"DO OUTRO PROGRAMA");
 }
 
+TEST_F(FirebirdOnly, AProgramEndsAlsoBehindACallThatWasBrokenOff) {
+    connection.Close(); // the last one puts the engine's files away
+    QProcess peer;
+    peer.start(QCoreApplication::applicationFilePath(), {peerCutOffWord, qEnvironmentVariable("VORTA_HOME"), path()});
+    ASSERT_TRUE(peer.waitForFinished(20000));
+    EXPECT_EQ(peer.exitCode(), 0) << peer.readAllStandardError().toStdString();
+    connection.Open(data::Engine::Firebird, path());
+    EXPECT_EQ(one(Statement("select nome from logr")), u"DO OUTRO PROGRAMA");
+}
+
 TEST_F(FirebirdOnly, OfTwoWritesOfOneRowAtOnceBothSucceedAndTheLastStands) {
     connection.Execute(Statement("insert into logr (nome) values ('ANTES')"));
     const Statement change("update logr set nome = nome || '+'");

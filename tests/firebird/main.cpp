@@ -6,18 +6,24 @@
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
+#include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 using namespace vorta;
 
 namespace {
 
-int actAsPeer(const QString& connectionString) {
+int actAsPeer(const QString& connectionString, bool cutOff) {
     try {
         data::Connection connection([](data::Engine) { return data::MakeFirebirdAdapter(); });
         connection.Open(data::Engine::Firebird, connectionString);
         connection.Execute(data::Statement("insert into logr (nome) values ('DO OUTRO PROGRAMA')"));
+        if (cutOff) {
+            std::atexit([] { errno = EINTR; }); // in front of everything else that the end of a process does
+            std::exit(0);
+        }
         return 0;
     } catch (const RuntimeError& failure) {
         std::fprintf(stderr, "%s\n", failure.what());
@@ -30,9 +36,9 @@ int actAsPeer(const QString& connectionString) {
 int main(int count, char** arguments) {
     QCoreApplication application(count, arguments);
     const QStringList words = application.arguments();
-    if (words.size() == 4 && words[1] == test::peerWord) {
+    if (words.size() == 4 && (words[1] == test::peerWord || words[1] == test::peerCutOffWord)) {
         firebird::PrepareEmbeddedEngine(words[2]);
-        return actAsPeer(words[3]);
+        return actAsPeer(words[3], words[1] == test::peerCutOffWord);
     }
     // Not the home of whoever runs the tests: the engine's root goes with the run.
     const QTemporaryDir home;
