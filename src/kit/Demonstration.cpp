@@ -4,6 +4,7 @@
 #include "kit/People.h"
 #include "kit/Trade.h"
 
+#include <array>
 #include <future>
 
 namespace vorta::kit {
@@ -14,6 +15,18 @@ namespace {
 constexpr quint64 demonstrationSeed = 2015;
 /// Persons in one transaction.
 constexpr qint64 personsToCommit = 20'000;
+
+/// Company switches that change nothing while they are off: the demonstration has them on.
+constexpr std::array switchesOn{"PESS_CNPJ_ALFANUMERICO"};
+
+void writeSwitches(Loader& loader, Keys& keys) {
+    const Table& table = *FindTable(u"EMPR_CNFG"_s);
+    RowLoader rows(loader, table);
+    for (const char* name : switchesOn) {
+        rows << keys.next(table) << name << "S";
+        rows.send();
+    }
+}
 
 /// Writes the persons of a load, as far as the loader's part goes; a transaction ends here and there.
 void writePeople(Loader& loader, Keys& keys, const std::vector<Product>& products, const Contents& contents,
@@ -56,7 +69,8 @@ void LoadDemonstration(const Layout& layout, const QString& base, const Contents
         Keys keys(loader);
         products = LoadProducts(loader);
         if (contents.demo) {
-            People(loader, keys, products, liveliness, demonstrationSeed).write(0, demonstrationPeople, progress);
+            writeSwitches(loader, keys);
+            People(loader, keys, products, liveliness, demonstrationSeed, true).write(0, demonstrationPeople, progress);
             DrawProducts(layout);
         }
         keys.setGenerators();

@@ -14,13 +14,23 @@ QByteArray spread(quint64 number, quint64 numbers, int digits) {
     return QByteArray::number(far).rightJustified(digits, '0');
 }
 
-/// The check digit of modulus 11: eleven minus the remainder, ten and eleven counting as zero.
+/// The check digit of modulus 11: eleven minus the remainder, ten and eleven counting as zero. A character, be it a
+/// digit or a letter, is worth its code minus that of "0".
 char checkDigit(const QByteArray& digits, std::string_view weights) {
     int sum = 0;
     for (size_t i = 0; i < weights.size(); ++i)
         sum += (digits[qsizetype(i)] - '0') * (weights[i] <= '9' ? weights[i] - '0' : weights[i] - 'A' + 10);
     const int digit = 11 - sum % 11;
     return static_cast<char>('0' + (digit > 9 ? 0 : digit));
+}
+
+/// A head office's number by the first eight characters of a company's.
+QByteArray closedCnpj(const QByteArray& root) {
+    QByteArray digits = root + "0001";
+    digits += checkDigit(digits, "543298765432");
+    digits += checkDigit(digits, "6543298765432");
+    return digits.first(2) + '.' + digits.sliced(2, 3) + '.' + digits.sliced(5, 3) + '/' + digits.sliced(8, 4) + '-' +
+           digits.last(2);
 }
 
 /// A registration of so many free digits behind its prefix, closed by one check digit for each row of weights.
@@ -63,11 +73,14 @@ QByteArray Cpf(quint64 number) {
 }
 
 QByteArray Cnpj(quint64 number) {
-    QByteArray digits = spread(number, 100'000'000, 8) + "0001";
-    digits += checkDigit(digits, "543298765432");
-    digits += checkDigit(digits, "6543298765432");
-    return digits.first(2) + '.' + digits.sliced(2, 3) + '.' + digits.sliced(5, 3) + '/' + digits.sliced(8, 4) + '-' +
-           digits.last(2);
+    return closedCnpj(spread(number, 100'000'000, 8));
+}
+
+QByteArray LetteredCnpj(quint64 number) {
+    QByteArray root = spread(number, 100'000'000, 8);
+    for (qsizetype at = 2; at < 5; ++at)
+        root[at] = static_cast<char>(root[at] - '0' + 'A' + at);
+    return closedCnpj(root);
 }
 
 QByteArray StateRegistration(const QByteArray& state, quint64 number) {

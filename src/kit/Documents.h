@@ -10,6 +10,8 @@ namespace vorta::kit {
 QByteArray Cpf(quint64 number);
 /// A CNPJ of a head office in its mask; different numbers below a hundred million give different documents.
 QByteArray Cnpj(quint64 number);
+/// The same in the form since July 2026, with letters among the first twelve characters.
+QByteArray LetteredCnpj(quint64 number);
 /// A state registration that follows the rule of its state, or "ISENTO" for a state whose rule is not known here.
 QByteArray StateRegistration(const QByteArray& state, quint64 number);
 

@@ -17,6 +17,7 @@ const Table& tableOf(const char* name) {
 
 const QDate firstInclusion(2016, 1, 4);
 constexpr int daysOfInclusion = 3700;
+constexpr qint64 companiesToLetters = 9;
 const QDate deactivation(2026, 5, 29);
 
 /// Who put a role in and, for a deactivated person, who took it out the day before.
@@ -66,12 +67,14 @@ struct People::Roles {
     qint64 customer = 0, supplier = 0, carrier = 0, driver = 0, seller = 0, architect = 0, decorator = 0;
 };
 
-People::People(Loader& loader, Keys& keys, const std::vector<Product>& products, const Density& density, quint64 seed)
-    : keys_(keys), seed_(seed), words_(ReadVocabulary()), histories_(loader, keys, products, density),
-      persons_(loader, tableOf("PESS")), contacts_(loader, tableOf("PESS_CONT")),
-      branches_(loader, tableOf("PESS_ATIV")), customers_(loader, tableOf("CLIE")), suppliers_(loader, tableOf("FORN")),
-      carriersRows_(loader, tableOf("TRPT")), drivers_(loader, tableOf("MOTO")), sellersRows_(loader, tableOf("VEND")),
-      architects_(loader, tableOf("ARQT")), decorators_(loader, tableOf("DECO")) {}
+People::People(Loader& loader, Keys& keys, const std::vector<Product>& products, const Density& density, quint64 seed,
+               bool lettered)
+    : keys_(keys), seed_(seed), lettered_(lettered), words_(ReadVocabulary()),
+      histories_(loader, keys, products, density), persons_(loader, tableOf("PESS")),
+      contacts_(loader, tableOf("PESS_CONT")), branches_(loader, tableOf("PESS_ATIV")),
+      customers_(loader, tableOf("CLIE")), suppliers_(loader, tableOf("FORN")), carriersRows_(loader, tableOf("TRPT")),
+      drivers_(loader, tableOf("MOTO")), sellersRows_(loader, tableOf("VEND")), architects_(loader, tableOf("ARQT")),
+      decorators_(loader, tableOf("DECO")) {}
 
 void People::write(qint64 first, qint64 count, const Progress& progress) {
     for (qint64 number = first; number < first + count; ++number) {
@@ -97,7 +100,8 @@ People::Person People::invent(Random& random, qint64 number) {
     const quint64 running = quint64(person.id) + seed_ % 1000 * 1'000'003;
     if (person.legal) {
         nameLegal(random, person);
-        person.document = Cnpj(running);
+        const bool letters = lettered_ && number % companiesToLetters == 0;
+        person.document = letters ? LetteredCnpj(running) : Cnpj(running);
     } else {
         nameNatural(random, person);
         person.document = Cpf(running);

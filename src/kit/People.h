@@ -10,7 +10,9 @@ namespace vorta::kit {
 /// the same persons.
 class People {
   public:
-    People(Loader& loader, Keys& keys, const std::vector<Product>& products, const Density& density, quint64 seed);
+    /// `lettered` persons have some companies among them whose document has letters.
+    People(Loader& loader, Keys& keys, const std::vector<Product>& products, const Density& density, quint64 seed,
+           bool lettered = false);
 
     /// Writes `count` persons, the `first`-th (from 0) of the seed and those behind it.
     void write(qint64 first, qint64 count, const Progress& progress);
@@ -39,6 +41,7 @@ class People {
 
     Keys& keys_;
     quint64 seed_;
+    bool lettered_;
     Vocabulary words_;
     Histories histories_;
     std::vector<qint64> sellers_, carriers_; ///< the first ones, for the customers' terms

@@ -2,6 +2,7 @@
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
 #include "person/frmPessoas.h"
+#include "shared/TipoDocumento.h"
 #include "shared/ValidaCampos.h"
 #include "shared/ValidaDocumentos.h"
 
@@ -46,45 +47,18 @@ bool vazio(const screen::Field& campo) {
     return campo.text().isEmpty() || (campo.kind() == screen::FieldKind::Masked && campo.text() == u"_____-___");
 }
 
-/// The two kinds of document: their mask, the places of their digits in the masked text, and the words of a wrong one.
-struct TipoDocumento {
-    const char* pessoa;
-    const char* mascara;
-    std::initializer_list<std::pair<int, int>> grupos; ///< 1-based start and length
-    bool (*valida)(QString&);
-    const char* incorreto;
-};
-
-const TipoDocumento tiposDocumento[]{
-    {"Jurídica",
-     "##.###.###/####-##",
-     {{1, 2}, {4, 3}, {8, 3}, {12, 4}, {17, 2}},
-     ValidaCNPJ,
-     "CGC Incorreto!\nContinua Verificação?"},
-    {"Física", "###.###.###-##", {{1, 3}, {5, 3}, {9, 3}, {13, 2}}, ValidaCPF, "CPF Incorreto!\nContinua Verificação?"},
-};
-
-const TipoDocumento* DocumentoDe(const QString& pessoa) {
-    for (const TipoDocumento& tipo : tiposDocumento)
-        if (pessoa == QString::fromUtf8(tipo.pessoa))
-            return &tipo;
-    return nullptr;
-}
-
 } // namespace
 
 void frmPessoas::mskCodigo_LostFocus() {
-    const TipoDocumento* tipo = DocumentoDe(cboFisJur.text());
-    if (!EmEdicao() || !tipo)
+    const TipoDocumento* tipo = EmEdicao() ? TipoDocumentoDe(contexto_, cboFisJur.text()) : nullptr;
+    if (!tipo)
         return;
     const QString digitado = mskCodigo.text();
     mskCodigo.setMask({});
-    QString digitos;
-    for (const auto& [inicio, tamanho] : tipo->grupos)
-        digitos += Mid(digitado, inicio, tamanho);
-    mskCodigo.setText(digitos);
+    QString numero = tipo->SemMarcas(digitado);
+    mskCodigo.setText(numero);
 
-    const bool valido = tipo->valida(digitos);
+    const bool valido = tipo->valida(numero);
     const bool corrige =
         !valido &&
         program().MsgBox({QString::fromUtf8(tipo->incorreto), {}, Icon::None, Buttons::YesNo}) == Answer::Yes;
@@ -92,7 +66,7 @@ void frmPessoas::mskCodigo_LostFocus() {
         AbandonaOperacao();
         return;
     }
-    mskCodigo.setMask(QString::fromLatin1(tipo->mascara));
+    mskCodigo.setMask(tipo->Mascara());
     mskCodigo.setText(digitado);
     if (corrige)
         SetFocus(mskCodigo);

@@ -11,6 +11,7 @@
 #include "shared/Consultas.h"
 #include "shared/Preenchimento.h"
 #include "shared/TextoEntrada.h"
+#include "shared/TipoDocumento.h"
 #include "shared/Vinculos.h"
 
 #include <algorithm>
@@ -170,7 +171,7 @@ void frmPessoas::cboFisJur_LostFocus() {
     lblIE_RG.setText(fisica ? u"RG:"_s : u"I.Estadual:"_s);
     if (!EmEdicao())
         return;
-    mskCodigo.setMask(fisica ? u"###.###.###-##"_s : u"##.###.###/####-##"_s);
+    mskCodigo.setMask(TipoDocumentoDe(contexto_, cboFisJur.text())->Mascara());
     SetFocus(mskCodigo);
 }
 

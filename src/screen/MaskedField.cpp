@@ -1,16 +1,45 @@
 #include "screen/MaskedField.h"
 
+#include "base/Literals.h"
+
+#include <QRegularExpression>
+
 #include <algorithm>
 
 namespace vorta::screen {
 
 namespace {
 
-constexpr QChar place = u'#';
+constexpr QChar digitPlace = u'#';
+constexpr QChar letterPlace = u'A'; ///< of a digit or a capital
 constexpr QChar prompt = u'_';
 
 bool isDigit(QChar character) {
     return character >= u'0' && character <= u'9';
+}
+
+bool isCapital(QChar character) {
+    return character >= u'A' && character <= u'Z';
+}
+
+bool isPlace(QChar sign) {
+    return sign == digitPlace || sign == letterPlace;
+}
+
+/// True for a character that fills a place of that sign.
+bool fills(QChar sign, QChar character) {
+    return isPlace(sign) && (isDigit(character) || (sign == letterPlace && isCapital(character)));
+}
+
+QString blankOf(QString mask) {
+    return mask.replace(digitPlace, prompt).replace(letterPlace, prompt);
+}
+
+template <typename Belongs>
+QString only(const QString& text, Belongs belongs) {
+    QString kept;
+    std::copy_if(text.begin(), text.end(), std::back_inserter(kept), belongs);
+    return kept;
 }
 
 } // namespace
@@ -20,13 +49,28 @@ MaskedField::MaskedField(Screen* screen, const char* name, const QString& mask)
     storeText(blank());
 }
 
-QString MaskedField::blankOf(const QString& mask) const {
-    QString form = mask;
-    return form.replace(place, prompt);
-}
-
 QString MaskedField::blank() const {
     return blankOf(mask_);
+}
+
+bool MaskedField::takesLetters() const {
+    return mask_.contains(letterPlace);
+}
+
+QChar MaskedField::folded(QChar character) const {
+    const bool small = character >= u'a' && character <= u'z';
+    return small && takesLetters() ? character.toUpper() : character;
+}
+
+QString MaskedField::folded(const QString& text) const {
+    QString result = text;
+    for (QChar& character : result)
+        character = folded(character);
+    return result;
+}
+
+bool MaskedField::hasPlace(QChar character) const {
+    return isDigit(character) || (takesLetters() && isCapital(character));
 }
 
 bool MaskedField::isBlank() const {
@@ -47,14 +91,16 @@ bool MaskedField::fits(const QString& text) const {
 
 bool MaskedField::follows(const QString& text) const {
     for (qsizetype at = 0; at < std::min(text.size(), mask_.size()); ++at) {
-        const bool matches = mask_[at] == place ? isDigit(text[at]) || text[at] == prompt : text[at] == mask_[at];
+        const QChar sign = mask_[at];
+        const bool matches = isPlace(sign) ? fills(sign, text[at]) || text[at] == prompt : text[at] == sign;
         if (!matches)
             return false;
     }
     return true;
 }
 
-void MaskedField::setText(const QString& text) {
+void MaskedField::setText(const QString& given) {
+    const QString text = folded(given);
     if (mask_.isEmpty() || fits(text)) {
         storeText(text);
         return;
@@ -63,24 +109,31 @@ void MaskedField::setText(const QString& text) {
         storeText(blank());
         return;
     }
-    QString digits;
-    std::copy_if(text.begin(), text.end(), std::back_inserter(digits), isDigit);
-    storeText(canPour(text, digits) ? poured(digits) : text);
+    const QString content = pourable(text);
+    storeText(content.isEmpty() ? given : poured(content));
 }
 
-bool MaskedField::canPour(const QString& text, const QString& digits) const {
-    const qsizetype places = mask_.count(place);
-    if (digits.isEmpty() || digits.size() >= places)
-        return digits.size() == places;
-    return digits.size() == text.size() || follows(text);
+QString MaskedField::pourable(const QString& text) const {
+    const qsizetype places = blank().count(prompt);
+    const QString content = only(text, [this](QChar character) { return hasPlace(character); });
+    const QString digits = only(text, isDigit);
+    const QString rest = only(text, [this](QChar character) { return !hasPlace(character); });
+    const bool marksOnly =
+        std::ranges::all_of(rest, [this](QChar mark) { return mark == u' ' || mask_.contains(mark); });
+    if (marksOnly && content.size() == places && fits(poured(content)))
+        return content;
+    if (content.size() < places && follows(text))
+        return content;
+    const bool bare = digits.size() < places && digits.size() == text.size();
+    return digits.size() == places || bare ? digits : QString();
 }
 
-QString MaskedField::poured(const QString& digits) const {
+QString MaskedField::poured(const QString& content) const {
     QString form = blank();
     qsizetype next = 0;
-    for (qsizetype at = 0; at < mask_.size() && next < digits.size(); ++at)
-        if (mask_[at] == place)
-            form[at] = digits[next++];
+    for (qsizetype at = 0; at < mask_.size() && next < content.size(); ++at)
+        if (isPlace(mask_[at]))
+            form[at] = content[next++];
     return form;
 }
 
@@ -101,7 +154,21 @@ void MaskedField::clearSelected() {
     select(start, 0);
 }
 
-void MaskedField::typeCharacter(QChar character) {
+QString MaskedField::lifted(const QString& text) const {
+    if (!takesLetters())
+        return text;
+    QString pattern;
+    for (const QChar sign : mask_)
+        pattern += sign == digitPlace    ? u"[0-9]"_s
+                   : sign == letterPlace ? u"[0-9A-Za-z]"_s
+                                         : QRegularExpression::escape(QString(sign)) + u'?';
+    const QRegularExpression whole(u"(?<![0-9A-Za-z])%1(?![0-9A-Za-z])"_s.arg(pattern));
+    const QRegularExpressionMatch found = whole.match(text);
+    return found.hasMatch() ? found.captured() : text;
+}
+
+void MaskedField::typeCharacter(QChar typed) {
+    const QChar character = folded(typed);
     const QString before = text();
     const int start = selectionStart();
     const int length = selectionLength();
@@ -113,22 +180,22 @@ void MaskedField::typeCharacter(QChar character) {
 }
 
 bool MaskedField::put(QChar character) {
-    const bool literal = character != place && mask_.contains(character);
-    if (!mask_.isEmpty() && !isDigit(character) && !literal)
+    const bool literal = !isPlace(character) && mask_.contains(character);
+    if (!mask_.isEmpty() && !hasPlace(character) && !literal)
         return false;
     return !mask_.isEmpty() && fits(text()) ? putIntoForm(character) : putRaw(character);
 }
 
 bool MaskedField::putIntoForm(QChar character) {
     int at = selectionStart();
-    if (!isDigit(character)) {
+    if (!hasPlace(character)) {
         const bool stands = at < mask_.size() && mask_[at] == character;
         select(stands ? at + 1 : at, 0);
         return stands;
     }
-    while (at < mask_.size() && mask_[at] != place)
+    while (at < mask_.size() && !isPlace(mask_[at]))
         ++at;
-    if (at >= mask_.size())
+    if (at >= mask_.size() || !fills(mask_[at], character))
         return false;
     QString edited = text();
     edited[at] = character;
@@ -137,7 +204,7 @@ bool MaskedField::putIntoForm(QChar character) {
     return true;
 }
 
-/// A raw text is edited as it stands, until its digits find room in the mask.
+/// A raw text is edited as it stands, until its content finds room in the mask.
 bool MaskedField::putRaw(QChar character) {
     const int limit = maxLength() > 0 ? maxLength() : static_cast<int>(mask_.size());
     if (limit > 0 && text().size() >= limit)
@@ -159,7 +226,7 @@ void MaskedField::backspace() {
         }
         return;
     }
-    while (at > 0 && mask_[at - 1] != place)
+    while (at > 0 && !isPlace(mask_[at - 1]))
         --at;
     if (at == 0)
         return;

@@ -57,6 +57,8 @@ QString admitted(const Field& field, QString text) {
     for (QString& line : lines)
         line = oneLine(line);
     text = OnlyRepertoire(lines.join(lineFeed));
+    if (const auto* masked = dynamic_cast<const MaskedField*>(&field))
+        text = masked->lifted(text);
     if (field.apostropheBecomesAcute)
         text.replace(QChar(apostropheCode), QChar(acuteCode));
     return text;

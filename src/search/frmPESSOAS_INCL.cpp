@@ -6,6 +6,7 @@
 #include "shared/Consultas.h"
 #include "shared/Preenchimento.h"
 #include "shared/TextoEntrada.h"
+#include "shared/TipoDocumento.h"
 #include "shared/Vinculos.h"
 
 #include <algorithm>
@@ -15,8 +16,8 @@ namespace vorta {
 
 namespace {
 
-const QString mascaraCNPJ = u"##.###.###/####-##"_s;
-const QString mascaraCPF = u"###.###.###-##"_s;
+const QString juridica = u"Jurídica"_s;
+const QString fisica = u"Física"_s;
 const QString brancoCNPJ = u"__.___.___/____-__"_s;
 const QString brancoCPF = u"___.___.___-__"_s;
 const QString zerosCNPJ = u"00.000.000/0000-00"_s;
@@ -58,9 +59,13 @@ void frmPESSOAS_INCL::Load() {
     Option2.setValue(true);
 }
 
+const QString& frmPESSOAS_INCL::TipoPessoa() const {
+    return Option1.value() ? juridica : fisica;
+}
+
 void frmPESSOAS_INCL::AjustaMascaraDocumento() {
     LimpaMascara(mskCodigo);
-    mskCodigo.setMask(Option1.value() ? mascaraCNPJ : mascaraCPF);
+    mskCodigo.setMask(TipoDocumentoDe(contexto_, TipoPessoa())->Mascara());
 }
 
 void frmPESSOAS_INCL::mskCodigo_LostFocus() {
@@ -149,10 +154,9 @@ void frmPESSOAS_INCL::TransportaDados() {
     destino.field(u"txtDescricao"_s).setText(cboCod.text());
     if (linha->temFantasia)
         destino.field(u"txtNomeFantasia"_s).setText(cboCod.text());
-    const bool juridica = Option1.value();
-    destino.field(u"cboFisJur"_s).setText(juridica ? u"Jurídica"_s : u"Física"_s);
-    if (mskCodigo.text() == (juridica ? brancoCNPJ : brancoCPF))
-        mskCodigo.setText(juridica ? zerosCNPJ : zerosCPF);
+    destino.field(u"cboFisJur"_s).setText(TipoPessoa());
+    if (mskCodigo.text() == (Option1.value() ? brancoCNPJ : brancoCPF))
+        mskCodigo.setText(Option1.value() ? zerosCNPJ : zerosCPF);
     destino.field(u"mskCodigo"_s).setText(mskCodigo.text());
     contexto_.RetornoPesquisa = u"[OK]"_s;
     Unload();

@@ -27,6 +27,8 @@ class frmPESSOAS_INCL : public screen::Screen {
     screen::Option opFantasia{this, "opFantasia", u"Nome Conhecido (Nome Fantasia)"_s, "nome"};
 
   private:
+    /// What the chosen kind of document makes of the person.
+    const QString& TipoPessoa() const;
     void AjustaMascaraDocumento();
     bool DocumentoInformado();
     void VerificaDocumento();

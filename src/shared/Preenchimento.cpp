@@ -4,6 +4,7 @@
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
 #include "shared/TextoEntrada.h"
+#include "shared/TipoDocumento.h"
 
 #include <array>
 
@@ -198,7 +199,7 @@ void PreencheListaClientes(ContextoExecucao& contexto, const QString& texto, Lis
             << "FROM CLIE, PESS "
             << "Where CLIE.IDPESS = PESS.IDPESS "
             << " And (CLIE.DATA_DESA Is Null) ";
-    if (comecaComAlgarismo(aparado))
+    if (comecaComAlgarismo(aparado) || ComecaComoCNPJ(contexto, aparado))
         comando << "AND (PESS.CPF0_CNPJ Like '%" << aparado << "%') ";
     else if (!aparado.isEmpty())
         comando << "AND (PESS.NOME_PESS Like '%" << aparado << "%') ";

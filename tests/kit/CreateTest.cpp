@@ -80,6 +80,14 @@ TEST(Create, ReferenceDataCompanyAndUserAreThereAndBusinessTablesEmpty) {
     }
 }
 
+TEST(Create, OnlyADemonstrationHasCompanySwitches) {
+    kit::Loader loader(Installed::demonstration().production());
+    EXPECT_EQ(row(loader, "SELECT NOME_PARA, VALO_PARA FROM EMPR_CNFG WHERE NOME_PARA = 'PESS_CNPJ_ALFANUMERICO'"),
+              QStringList({u"PESS_CNPJ_ALFANUMERICO"_s, u"S"_s}));
+    EXPECT_GT(count(loader, "SELECT COUNT(*) FROM PESS WHERE CPF0_CNPJ SIMILAR TO '%[A-Z]%'"), 0);
+    EXPECT_EQ(count(loader, "SELECT COUNT(*) FROM PESS WHERE PSFI_PSJU = 'F' AND CPF0_CNPJ SIMILAR TO '%[A-Z]%'"), 0);
+}
+
 TEST(Create, GeneratorsStandAtZero) {
     kit::Loader loader(Installed::plain().production());
     for (const kit::Table& table : kit::Tables())

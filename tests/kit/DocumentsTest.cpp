@@ -3,6 +3,7 @@
 #include "shared/inscricao/ConsisteInscricaoEstadual.h"
 
 #include <QSet>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace vorta;
@@ -14,11 +15,15 @@ TEST(Documents, ThousandsOfNumbersPassTheChecksAndDiffer) {
         QString cnpj = QString::fromLatin1(kit::Cnpj(number));
         EXPECT_EQ(cpf.size(), 14);
         EXPECT_EQ(cnpj.size(), 18);
-        seen << kit::Cpf(number) << kit::Cnpj(number);
+        QString lettered = QString::fromLatin1(kit::LetteredCnpj(number));
+        seen << kit::Cpf(number) << kit::Cnpj(number) << kit::LetteredCnpj(number);
+        EXPECT_TRUE(std::any_of(lettered.begin(), lettered.end(), [](QChar sign) { return sign.isLetter(); }));
+        EXPECT_TRUE(ValidaCNPJAlfanumerico(lettered)) << lettered;
+        EXPECT_TRUE(ValidaCNPJAlfanumerico(cnpj)) << cnpj;
         EXPECT_TRUE(ValidaCPF(cpf)) << cpf;
         EXPECT_TRUE(ValidaCNPJ(cnpj)) << cnpj;
     }
-    EXPECT_EQ(seen.size(), 10000);
+    EXPECT_EQ(seen.size(), 15000);
 }
 
 TEST(Documents, StateRegistrationsFollowTheRulesOfTheirStates) {

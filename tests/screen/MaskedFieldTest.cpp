@@ -161,3 +161,97 @@ TEST(MaskedField, ARawTextHoldsTheLimitOfItsField) {
     world.user.paste(campo, QString(10000, u'9'));
     EXPECT_EQ(campo.text(), u"110152001999"_s);
 }
+
+namespace {
+
+const QString comLetras = u"AA.AAA.AAA/AAAA-##"_s;
+
+/// A field whose mask takes letters, with the focus.
+MaskedField& campoComLetras(SampleWorld& world) {
+    MaskedField& campo = world.tela.mskCEP;
+    campo.setMask({});
+    campo.setText({});
+    campo.setMask(comLetras);
+    world.user.focus(campo);
+    return campo;
+}
+
+} // namespace
+
+TEST(MaskedFieldWithLetters, TextsThatFitPourOrStayRaw) {
+    const std::vector<std::pair<const char*, const char*>> casos{
+        {"", "__.___.___/____-__"},
+        {"12.ABC.345/01DE-35", "12.ABC.345/01DE-35"},
+        {"12.abc.345/01de-35", "12.ABC.345/01DE-35"},
+        {"12ABC34501DE35", "12.ABC.345/01DE-35"},
+        {"12abc34501de35", "12.ABC.345/01DE-35"},
+        {" 12ABC345/01DE-35 ", "12.ABC.345/01DE-35"},
+        {"12.AB_.___/____-__", "12.AB_.___/____-__"},
+        {"12.AB", "12.AB_.___/____-__"},
+        {"11222333000181", "11.222.333/0001-81"},
+        {"11x222x333x0001x81", "11.222.333/0001-81"},
+        {"112223330001", "11.222.333/0001-__"},
+        {"529.982.247-25", "529.982.247-25"},
+        {"12.ABC.345/01DE-3X", "12.ABC.345/01DE-3X"},
+        {"12ABC34501DE3X", "12ABC34501DE3X"},
+        {"ISENTO", "ISENTO"},
+        {"pessoa fisica", "pessoa fisica"},
+        {"12ABC34501DE351", "12ABC34501DE351"},
+    };
+    for (const auto& [texto, mostrado] : casos) {
+        SampleWorld world;
+        MaskedField& campo = campoComLetras(world);
+        campo.setText(QString::fromUtf8(texto));
+        EXPECT_EQ(campo.text(), QString::fromUtf8(mostrado)) << texto;
+    }
+}
+
+TEST(MaskedFieldWithLetters, LettersFillTheirPlacesAsCapitals) {
+    SampleWorld world;
+    MaskedField& campo = campoComLetras(world);
+    world.user.type(campo, u"12abc34501de35"_s);
+    EXPECT_EQ(campo.text(), u"12.ABC.345/01DE-35"_s);
+    world.user.type(campo, u"12.aBc.345/01dE-35"_s);
+    EXPECT_EQ(campo.text(), u"12.ABC.345/01DE-35"_s) << "a mark typed in its place is passed over";
+    world.user.type(campo, u"12abc34501dexy3z5"_s);
+    EXPECT_EQ(campo.text(), u"12.ABC.345/01DE-35"_s) << "the check digits are digits";
+    world.user.type(campo, u"1á2ç #_a"_s);
+    EXPECT_EQ(campo.text(), u"12.A__.___/____-__"_s) << "what is neither a digit nor one of A to Z is refused";
+    world.user.key(campo, Key::Backspace);
+    world.user.key(campo, Key::Backspace);
+    EXPECT_EQ(campo.text(), u"1_.___.___/____-__"_s);
+    world.user.type(campo, u"zz"_s);
+    campo.select(0, 2);
+    world.user.key(campo, Key::Delete);
+    EXPECT_TRUE(campo.isBlank());
+}
+
+TEST(MaskedFieldWithLetters, APastedValueIsLiftedOutOfItsWords) {
+    const std::vector<std::pair<const char*, const char*>> casos{
+        {"12.abc.345/01de-35", "12.ABC.345/01DE-35"},
+        {"CNPJ: 12.ABC.345/01DE-35, matriz", "12.ABC.345/01DE-35"},
+        {"CNPJ 12abc34501de35", "12.ABC.345/01DE-35"},
+        {"CNPJ:\t11.222.333/0001-81\r\n", "11.222.333/0001-81"},
+        {"12 abc 345 01de 35", "12.ABC.345/01DE-35"},
+        {"12ABC", "12.ABC.___/____-__"},
+        {"日本", "__.___.___/____-__"},
+    };
+    for (const auto& [texto, mostrado] : casos) {
+        SampleWorld world;
+        MaskedField& campo = campoComLetras(world);
+        world.user.paste(campo, QString::fromUtf8(texto));
+        EXPECT_EQ(campo.text(), QString::fromUtf8(mostrado)) << texto;
+    }
+}
+
+TEST(MaskedFieldWithLetters, AMaskOfDigitsTakesNoLetterAndLiftsNothing) {
+    SampleWorld world;
+    MaskedField& campo = world.tela.mskCEP;
+    campo.setMask(u"##.###.###/####-##"_s);
+    campo.setText({});
+    world.user.type(campo, u"12abc34501de35"_s);
+    EXPECT_EQ(campo.text(), u"12.345.013/5___-__"_s);
+    campo.setText(u"12abc34501de35"_s);
+    EXPECT_EQ(campo.text(), u"12abc34501de35"_s) << "raw, small letters and all";
+    EXPECT_EQ(campo.lifted(u"CNPJ 12.ABC.345/01DE-35"_s), u"CNPJ 12.ABC.345/01DE-35"_s);
+}

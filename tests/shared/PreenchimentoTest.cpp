@@ -202,6 +202,29 @@ TEST(Preenchimento, CustomersInColumns) {
               u"MARIA"_s + QString(45, u' ') + u'|' + QString(20, u' ') + u"|7         |12        "_s);
 }
 
+TEST(Preenchimento, CustomersByADocumentWithLettersNeedTheSwitch) {
+    const auto pedido = [](const char* valor, const QString& texto) {
+        World world;
+        world.connect();
+        world.database.answer(u"PESS_CNPJ_ALFANUMERICO"_s,
+                              {{u"nome_para"_s, u"valo_para"_s}, {{text("x"), text(valor)}}});
+        Tela tela(world.program);
+        PreencheListaClientes(world.contexto, texto, tela.lista);
+        return world.database.sent;
+    };
+    for (const char* texto : {"ab.c", "AB.CDE", "AB.CDE.", "AB.CDE.FG1", "AB.CDE.FG1/0001-2"}) {
+        const QString busca = QString::fromLatin1(texto);
+        const QString filtro = u"LIKE '%%1%'"_s.arg(busca.toUpper());
+        EXPECT_TRUE(pedido("S", busca).last().contains(u"PESS.CPF0_CNPJ "_s + filtro)) << texto;
+        EXPECT_TRUE(pedido("s", busca).last().contains(u"PESS.NOME_PESS "_s + filtro)) << texto;
+    }
+    for (const char* texto : {"AB", "AB.", "A.B", "ABC.D", "AB CD", "AB.CDEF", "AB.COMERCIAL", "AB.CD E"}) {
+        const QStringList enviados = pedido("S", QString::fromLatin1(texto));
+        ASSERT_EQ(enviados.size(), 1) << texto << ": the switch is not asked";
+        EXPECT_TRUE(enviados.first().contains(u"PESS.NOME_PESS LIKE"_s)) << texto;
+    }
+}
+
 TEST(Preenchimento, ProductsInColumns) {
     World world;
     world.connect();

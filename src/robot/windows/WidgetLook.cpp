@@ -86,20 +86,13 @@ Seen checked(W widget, F, Q) {
     return button ? Seen(told(button->isChecked())) : Seen();
 }
 
-/// A text in the form of a mask: every place, filled or not, is the mask's sign for one.
-QString formOf(QString text) {
-    for (QChar& character : text)
-        if (character.isDigit() || character == u'_')
-            character = u'#';
-    return text;
-}
-
 /// A mask shows by the form that it gives the text; one whose text is shown raw is not to be seen.
 Seen mask(W widget, F field, Q) {
     const auto* masked = dynamic_cast<const screen::MaskedField*>(&field);
     const QLineEdit* line = lineOf(widget);
-    const bool inForm = masked && line && formOf(field.text()) == masked->mask();
-    return inForm ? Seen(formOf(line->text())) : Seen();
+    if (!masked || !line || masked->mask().isEmpty() || !masked->fits(field.text()))
+        return {};
+    return masked->fits(line->text()) ? masked->mask() : line->text();
 }
 
 /// A line that shows a text longer than the field's limit has given way for that text and no further.
