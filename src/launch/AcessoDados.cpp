@@ -1,6 +1,8 @@
 #include "launch/AcessoDados.h"
 
+#include "base/Journal.h"
 #include "base/Literals.h"
+#include "base/RuntimeError.h"
 #include "base/Text.h"
 
 namespace vorta {
@@ -41,6 +43,18 @@ QString LeParametroEmpresa(ContextoExecucao& contexto, const QString& nome) {
     comando << "select * from empr_cnfg where nome_para='" << RTrim(nome) << "'";
     Recordset registros = AbreLeitura(contexto, comando);
     return registros.Eof() ? QString() : registros.Fields("valo_para").textOr({});
+}
+
+bool InterruptorLigado(ContextoExecucao& contexto, const QString& nome) {
+    bool ligado = false;
+    contexto.ForaDoRastro([&] {
+        try {
+            ligado = LeParametroEmpresa(contexto, nome) == u"S";
+        } catch (const RuntimeError& erro) {
+            Journal(u"%1: %2"_s.arg(nome, erro.description()));
+        }
+    });
+    return ligado;
 }
 
 qint32 ProximoGenerator(ContextoExecucao& contexto, data::Piece nome) {

@@ -13,6 +13,9 @@ data::Recordset AbreLeituraComoEscrita(ContextoExecucao& contexto, const data::S
 /// Executes a write statement in capitals on the main connection; accents stay.
 void Executa(ContextoExecucao& contexto, const data::Statement& comando);
 
+/// Whether a company switch of the register's own, one that no other program of the ERP knows, is on ("S"). Its reading
+/// is no step of a flow: it stays out of the trace, and a switch that cannot be read is off.
+bool InterruptorLigado(ContextoExecucao& contexto, const QString& nome);
 /// The value of a company switch of `empr_cnfg`, asked anew each time; empty when it is absent or null.
 QString LeParametroEmpresa(ContextoExecucao& contexto, const QString& nome);
 

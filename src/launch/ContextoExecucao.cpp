@@ -3,6 +3,7 @@
 #include "base/Literals.h"
 #include "base/Text.h"
 
+#include <QScopeGuard>
 #include <algorithm>
 #include <array>
 #include <variant>
@@ -154,7 +155,18 @@ data::Connection& ContextoExecucao::cep() const {
 }
 
 std::unique_ptr<data::Connection> ContextoExecucao::novaConexao() const {
-    return std::make_unique<data::Connection>(adapters_, trace_);
+    const auto rastro = [this](const QString& comando) {
+        if (rastreia_)
+            trace_(comando);
+    };
+    return std::make_unique<data::Connection>(adapters_,
+                                              trace_ ? data::StatementTrace(rastro) : data::StatementTrace());
+}
+
+void ContextoExecucao::ForaDoRastro(const std::function<void()>& leitura) {
+    rastreia_ = false;
+    const auto volta = qScopeGuard([this] { rastreia_ = true; });
+    leitura();
 }
 
 void ContextoExecucao::RegistraTela(const QString& nome, FabricaTela fabrica) {

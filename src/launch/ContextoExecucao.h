@@ -112,6 +112,8 @@ class ContextoExecucao {
     data::Connection& cep() const;
     /// A connection of the installed engines whose statements are traced.
     std::unique_ptr<data::Connection> novaConexao() const;
+    /// Does a reading that is no part of any flow: its statements stay out of the trace.
+    void ForaDoRastro(const std::function<void()>& leitura);
 
     using FabricaTela = std::function<std::unique_ptr<screen::Screen>(ContextoExecucao&)>;
     /// Makes a screen known by its name; its instance is made at its first use.
@@ -127,6 +129,7 @@ class ContextoExecucao {
     screen::Program& program_;
     data::AdapterFactory adapters_;
     data::StatementTrace trace_;
+    bool rastreia_ = true;
     struct SemCaixa {
         bool operator()(const QString& a, const QString& b) const { return a.compare(b, Qt::CaseInsensitive) < 0; }
     };

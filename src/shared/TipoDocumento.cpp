@@ -29,7 +29,7 @@ QString TipoDocumento::SemMarcas(const QString& texto) const {
 }
 
 bool CNPJAlfanumerico(ContextoExecucao& contexto) {
-    return LeParametroEmpresa(contexto, u"PESS_CNPJ_ALFANUMERICO"_s) == u"S";
+    return InterruptorLigado(contexto, u"PESS_CNPJ_ALFANUMERICO"_s);
 }
 
 const TipoDocumento* TipoDocumentoDe(ContextoExecucao& contexto, const QString& pessoa) {
