@@ -11,6 +11,7 @@
 #include "kit/Copies.h"
 #include "kit/FaultWords.h"
 #include "kit/Loader.h"
+#include "kit/Upgrade.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -152,6 +153,8 @@ class Checker {
             const qsizetype before = qsizetype(findings_.size());
             checkTables(loader, what, base);
             checkGenerators(loader, what, base);
+            if (qsizetype(findings_.size()) == before)
+                checkNames(loader, what, base);
             if (base == Base::Main)
                 checkContent(loader, what);
             if (qsizetype(findings_.size()) == before)
@@ -201,6 +204,16 @@ class Checker {
                         .arg(table.name)
                         .arg(last));
         }
+    }
+
+    /// Of tables that are there, as has been looked at before.
+    void checkNames(Loader& loader, const QString& what, Base base) {
+        for (const NameColumn& names : NameColumns(base))
+            if (const qint64 rows = names.withApostrophe(loader); rows > 0)
+                bad(u"%1: %2 nome(s) com apóstrofo em %3, e escolher um deles encerra o programa; "
+                    "use: pessoas-base upgrade --home %4"_s.arg(what)
+                        .arg(rows)
+                        .arg(QLatin1StringView(names.table), layout_.home));
     }
 
     void checkContent(Loader& loader, const QString& what) {

@@ -3,6 +3,7 @@
 #include "kit/Copies.h"
 #include "kit/Installed.h"
 #include "kit/Loader.h"
+#include "kit/Upgrade.h"
 
 #include <QFile>
 #include <gtest/gtest.h>
@@ -111,4 +112,25 @@ TEST_F(Check, PicturesAndFolders) {
     EXPECT_EQ(faults(installed_),
               "a imagem ~/imagens/comvinculo.bmp não existe ou não é um bitmap; as telas param sem ela\n"
               "a imagem ~/imagens/semvinculo.bmp não existe ou não é um bitmap; as telas param sem ela");
+}
+
+TEST_F(Check, names_with_an_apostrophe_are_told_and_mended) {
+    run("UPDATE muni_ibge SET desc_muni_ibge = 'Santa Bárbara d''Oeste' WHERE codi_muni_ibge = '3545803'");
+    {
+        kit::Loader loader(installed_.layout().base(kit::PostalCodeBase()));
+        loader.run(u"UPDATE LOCA SET NOME_LOCA = 'Olhos-d''Água' WHERE CHAV_LOCA = '1'"_s);
+        loader.commit();
+    }
+    const auto line = [](const char* what, const char* table) {
+        return std::string(what) + ": 1 nome(s) com apóstrofo em " + table +
+               ", e escolher um deles encerra o programa; use: pessoas-base upgrade --home ~";
+    };
+    EXPECT_EQ(faults(installed_), line("ambiente PRD (linha 1 de ~/config/server.ini)", "muni_ibge") + "\n" +
+                                      line("base de CEPs (~/config/server_cep.ini)", "LOCA"));
+    EXPECT_EQ(kit::UpgradeInstallation(installed_.home()), 2);
+    EXPECT_EQ(faults(installed_), "");
+    kit::Loader loader(installed_.production());
+    EXPECT_EQ(loader.rows(u"SELECT desc_muni_ibge FROM muni_ibge WHERE codi_muni_ibge = '3545803'"_s)[0][0],
+              u"Santa Bárbara d´Oeste");
+    EXPECT_EQ(kit::UpgradeInstallation(installed_.home()), 0);
 }

@@ -34,6 +34,8 @@ constexpr std::array commands{
             "refaz uma base a partir da cópia; com --replace, no lugar da que existe"},
     Command{"verify", Verify, "--home PASTA [--base NOME]",
             "verifica uma base inteira: páginas, índices e registros sem a sua pessoa"},
+    Command{"upgrade", Upgrade, "--home PASTA",
+            "traz os dados de uma instalação feita por uma versão anterior à forma de hoje"},
 };
 
 int misuse() {
