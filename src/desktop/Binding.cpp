@@ -169,11 +169,10 @@ bool Binding::keyPressed(QKeyEvent& key) {
         return false;
     if (binder_.switchPage(field_, key) || !takeFocus())
         return true;
-    // A key that is held down walks as far as the next button or grid, and does nothing there by itself.
-    const bool acts = field_.kind() == FieldKind::Button || field_.kind() == FieldKind::Grid;
+    const bool ignored = key.isAutoRepeat() && screen::User::ignoresHeldKeys(field_);
     const std::optional<Key> special = specialKey(key);
     if (special)
-        return (key.isAutoRepeat() && acts && *special == Key::Enter) || specialPressed(*special);
+        return (ignored && *special == Key::Enter) || specialPressed(*special);
     if (const std::optional<Key> cursor = cursorKey(key))
         return cursorPressed(*cursor);
     if (isIdleAccelerator(key))
@@ -181,7 +180,7 @@ bool Binding::keyPressed(QKeyEvent& key) {
     const QChar typed = characterOf(key);
     if (typed.isNull())
         return false;
-    return (key.isAutoRepeat() && acts) || characterTyped(typed);
+    return ignored || characterTyped(typed);
 }
 
 bool Binding::specialPressed(Key key) {

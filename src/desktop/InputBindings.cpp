@@ -4,6 +4,7 @@
 #include "desktop/Binder.h"
 
 #include <QCompleter>
+#include <QCoreApplication>
 #include <QFontDatabase>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -20,6 +21,22 @@ constexpr int backspaceCode = 8;
 constexpr int noLimit = 32767;
 constexpr int widestFixed = 22; ///< a longer limit says nothing about the room that a text wants
 constexpr int leastShown = 14;
+
+/// The keys that walk through the items of a list.
+std::optional<Key> walkingKey(int key) {
+    switch (key) {
+    case Qt::Key_Up:
+        return Key::Up;
+    case Qt::Key_Down:
+        return Key::Down;
+    case Qt::Key_PageUp:
+        return Key::PageUp;
+    case Qt::Key_PageDown:
+        return Key::PageDown;
+    default:
+        return {};
+    }
+}
 
 /// The characters that an input is drawn for: what the form says, else its mask or its maximum length; 0 for as wide as
 /// there is room.
@@ -309,7 +326,7 @@ bool ListBinding::keyPressed(QKeyEvent& key) {
         if (alt)
             dropDown();
         else if (takeFocus())
-            walk(key.key() == Qt::Key_Up || key.key() == Qt::Key_PageUp ? screen::Key::Up : screen::Key::Down);
+            walk(*walkingKey(key.key()));
         return true;
     default:
         return LineBinding::keyPressed(key);
@@ -337,19 +354,22 @@ void ListBinding::showPopup() {
     popup_->setCurrentIndex(items_.index(list_.highlighted()));
 }
 
-/// Keys of the part that is dropped down. Enter where nothing is highlighted closes it and goes to the field.
+/// Keys while the part below is dropped down. It closes itself and takes what is highlighted; what is typed meanwhile
+/// is the field's, as if nothing were open.
 bool ListBinding::popupKey(QKeyEvent& key) {
-    const bool up = key.key() == Qt::Key_Up;
-    if ((up || key.key() == Qt::Key_Down) && !key.modifiers().testFlag(Qt::AltModifier)) {
+    const bool alt = key.modifiers().testFlag(Qt::AltModifier);
+    if (const std::optional<Key> walking = walkingKey(key.key()); walking && !alt) {
         list_.highlight(popup_->currentIndex().row()); // the mouse may have moved it
-        walk(up ? screen::Key::Up : screen::Key::Down);
+        walk(*walking);
         return true;
     }
     const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-    if (!enter || popup_->currentIndex().isValid())
+    const bool closes = key.key() == Qt::Key_Escape || key.key() == Qt::Key_F4 || walkingKey(key.key());
+    if (closes || (enter && popup_->currentIndex().isValid()))
         return false;
-    combo_.hidePopup();
-    keyPressed(key);
+    if (enter)
+        combo_.hidePopup();
+    QCoreApplication::sendEvent(&combo_, &key);
     return true;
 }
 

@@ -138,13 +138,21 @@ struct NamedKey {
 };
 
 constexpr std::array namedKeys{
-    NamedKey{"Enter", u'\n', Key::Enter}, NamedKey{"Enter", u'\r', Key::Enter},
-    NamedKey{"Tab", u'\t', Key::Tab},     NamedKey{"Backspace", u'\b', Key::Backspace},
-    NamedKey{"Delete", {}, Key::Delete},  NamedKey{"Escape", u'\x1b', Key::Escape},
-    NamedKey{"Left", {}, Key::Left},      NamedKey{"Right", {}, Key::Right},
-    NamedKey{"Up", {}, Key::Up},          NamedKey{"Down", {}, Key::Down},
-    NamedKey{"Home", {}, Key::Home},      NamedKey{"End", {}, Key::End},
-    NamedKey{"PageUp", {}, Key::PageUp},  NamedKey{"PageDown", {}, Key::PageDown},
+    NamedKey{"Enter", u'\n', Key::Enter},
+    NamedKey{"Enter", u'\r', Key::Enter},
+    NamedKey{"Tab", u'\t', Key::Tab},
+    NamedKey{"Backspace", u'\b', Key::Backspace},
+    NamedKey{"BackTab", {}, Key::BackTab},
+    NamedKey{"Delete", {}, Key::Delete},
+    NamedKey{"Escape", u'\x1b', Key::Escape},
+    NamedKey{"Left", {}, Key::Left},
+    NamedKey{"Right", {}, Key::Right},
+    NamedKey{"Up", {}, Key::Up},
+    NamedKey{"Down", {}, Key::Down},
+    NamedKey{"Home", {}, Key::Home},
+    NamedKey{"End", {}, Key::End},
+    NamedKey{"PageUp", {}, Key::PageUp},
+    NamedKey{"PageDown", {}, Key::PageDown},
 };
 
 Field& focused(Player& player) {
@@ -204,6 +212,17 @@ void press(Player& player, Words words) {
     } else {
         player.hands().character(focused(player), word[0]);
     }
+}
+
+/// A named key goes down and comes again and again, wherever the focus has gone meanwhile.
+void hold(Player& player, Words words) {
+    const auto named = std::find_if(namedKeys.begin(), namedKeys.end(),
+                                    [&](const NamedKey& row) { return words[0] == QLatin1StringView(row.name); });
+    if (named == namedKeys.end())
+        throw Failure{u"expected the name of a key, was %1"_s.arg(words[0])};
+    player.hands().key(focused(player), named->key, 0);
+    for (int times = NumberWord(words[1]); times > 1 && player.isRunning(); --times)
+        player.hands().heldKey(focused(player), named->key);
 }
 
 struct WayName {
@@ -342,6 +361,14 @@ void only(Player& player, Words words) {
         RunCommand(player, command);
 }
 
+/// A command again and again, as long as the program runs.
+void times(Player& player, Words words) {
+    const QStringList command = words.mid(1);
+    rowOf(command);
+    for (int left = NumberWord(words[0]); left > 0 && player.isRunning(); --left)
+        RunCommand(player, command);
+}
+
 constexpr std::array commands{
     CommandRow{"today", 1, 2, "today yyyy-mm-dd [hh:mm]", Phase::Any, today},
     CommandRow{"sql", 1, 1, "sql \"statement\"", Phase::Any, sql},
@@ -356,6 +383,7 @@ constexpr std::array commands{
     CommandRow{"leave", 0, 0, "leave", Phase::Running, leave},
     CommandRow{"type", 2, 2, "type FIELD \"text\"", Phase::Running, type},
     CommandRow{"press", 1, 1, "press KEY", Phase::Running, press},
+    CommandRow{"hold", 2, 2, "hold KEY TIMES", Phase::Running, hold},
     CommandRow{"paste", 1, 2, "paste \"text\" [keys|menu|drop]", Phase::Running, paste},
     CommandRow{"click", 1, 3, "click FIELD [ROW [COL]]", Phase::Running, click},
     CommandRow{"dblclick", 1, 3, "dblclick GRID ROW [COL]", Phase::Running, dblclick},
@@ -369,6 +397,7 @@ constexpr std::array commands{
     CommandRow{"forget", 0, 0, "forget", Phase::Any, forget},
     CommandRow{"expect", 1, 99, "expect ...", Phase::Any, expect},
     CommandRow{"only", 2, 99, "only ENGINE COMMAND", Phase::Any, only},
+    CommandRow{"times", 2, 99, "times N COMMAND", Phase::Running, times},
 };
 
 const CommandRow& rowOf(const QStringList& words) {

@@ -47,6 +47,8 @@ class Hands {
     virtual void type(screen::Field& field, const QString& text) = 0;
     /// One key in the field with the focus; `function` is the number of a function key.
     virtual void key(screen::Field& focused, screen::Key key, int function) = 0;
+    /// The key is still down and comes again.
+    virtual void heldKey(screen::Field& focused, screen::Key key) = 0;
     virtual void character(screen::Field& focused, QChar character) = 0;
     /// Alt and a letter.
     virtual void accelerator(screen::Screen& screen, QChar letter) = 0;

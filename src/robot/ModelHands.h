@@ -19,6 +19,10 @@ class ModelHands : public Hands {
     void leave(screen::Screen& screen) override { user_.leave(screen); }
     void type(screen::Field& field, const QString& text) override { user_.type(field, text); }
     void key(screen::Field& focused, screen::Key key, int function) override { user_.key(focused, key, function); }
+    void heldKey(screen::Field& focused, screen::Key key) override {
+        if (key != screen::Key::Enter || !screen::User::ignoresHeldKeys(focused))
+            user_.key(focused, key);
+    }
     void character(screen::Field& focused, QChar character) override { user_.character(focused, character); }
     void accelerator(screen::Screen& screen, QChar letter) override { user_.accelerator(screen, letter); }
     void paste(screen::Field& focused, const QString& text, PasteWay) override { user_.paste(focused, text); }

@@ -31,15 +31,26 @@ QChar unescaped(QChar escape) {
     }
 }
 
+/// How often a text stands there: "*" and a number behind its closing quote, else once. `at` moves behind it.
+int repetitions(const QString& line, qsizetype& at) {
+    if (at >= line.size() || line[at] != u'*')
+        return 1;
+    const qsizetype start = ++at;
+    while (at < line.size() && line[at].isDigit())
+        ++at;
+    return line.sliced(start, at - start).toInt();
+}
+
 /// The text from its opening quote at `at`, which moves behind the closing one.
 QString quoted(const QString& line, qsizetype& at) {
     QString text;
     for (++at; at < line.size(); ++at) {
         if (line[at] == u'"') {
             ++at;
+            const int times = repetitions(line, at);
             if (at < line.size() && !isBlank(line[at]))
                 throw Failure{u"a blank is missing behind the text \"%1\""_s.arg(text)};
-            return text;
+            return text.repeated(times);
         }
         if (line[at] == u'\\' && at + 1 < line.size())
             text += unescaped(line[++at]);

@@ -105,7 +105,7 @@ QStringList Walk::onInput(const Field& field) {
     case 2:
         if (field.screen().focus() != &field)
             return {u"focus"_s, name};
-        return {u"paste"_s, word({"a\tb", "x\r\ny", "123-45", "d'Oeste", "日"}), word({"keys", "menu"})};
+        return {u"paste"_s, word({"a\tb", "x\r\ny", "123-45", "d'Oeste", "日"}), word({"keys", "menu", "drop"})};
     default:
         return {u"type"_s, name, text()};
     }
@@ -125,7 +125,7 @@ QStringList Walk::onList(const ListField& list) {
         return {u"drop"_s, name};
     case 3:
         if (list.screen().focus() == &list)
-            return {u"press"_s, word({"Up", "Down", "Escape", "Enter", "F4"})};
+            return {u"press"_s, word({"Up", "Down", "PageUp", "PageDown", "Escape", "Enter", "F4"})};
         return {u"focus"_s, name};
     default:
         return onInput(list);
@@ -134,7 +134,7 @@ QStringList Walk::onList(const ListField& list) {
 
 QStringList Walk::onGrid(const Grid& grid) {
     if (grid.screen().focus() == &grid && oneIn(2))
-        return {u"press"_s, word({"Up", "Down", "Home", "End", "Enter", " ", "x"})};
+        return {u"press"_s, word({"Up", "Down", "Home", "End", "PageUp", "PageDown", "Enter", " ", "x"})};
     return {oneIn(2) ? u"click"_s : u"dblclick"_s, grid.name(), QString::number(pick(grid.Rows()))};
 }
 
@@ -168,8 +168,8 @@ QStringList Walk::anywhere(const Screen& screen) {
         return {u"press"_s, u"Tab"_s};
     const bool note = screen.focus()->keepsLines;
     return {u"press"_s, note ? word({"Enter", "Tab", "Escape", "Home", "a", "9", "'"})
-                             : word({"Enter", "Enter", "Tab", "Tab", "Escape", "Backspace", "Delete", "Left", "Right",
-                                     "Up", "Down", "Home", "End", "a", "9", "'", " ", "F1"})};
+                             : word({"Enter", "Enter", "Tab", "Tab", "BackTab", "Escape", "Backspace", "Delete", "Left",
+                                     "Right", "Up", "Down", "Home", "End", "a", "9", "'", " ", "F1"})};
 }
 
 QStringList Walk::next(const Screen& screen) {

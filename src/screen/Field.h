@@ -83,7 +83,10 @@ class Field {
 
     // Rules of whole families of fields, as data.
     bool enterMovesOn = false; ///< Enter goes to the next field
-    bool keepsLines = false;   ///< a note: its text may have line breaks
+    /// The most characters that the data behind the field hold where the screen sets no limit; 0 for unknown. More
+    /// cannot be typed or pasted, as it could not be kept.
+    int capacity = 0;
+    bool keepsLines = false; ///< a note: its text may have line breaks
     bool apostropheBecomesAcute =
         false;                   ///< a typed apostrophe turns into an acute accent, so that it cannot break a statement
     bool selectsOnFocus = false; ///< entering the field selects all of its text

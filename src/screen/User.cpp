@@ -17,12 +17,18 @@ constexpr int escapeCode = 27;
 constexpr int apostropheCode = 39;
 constexpr int acuteCode = 180;
 constexpr int dropKey = 4; ///< F4 drops a list down
+constexpr int pageItems = 15;
 constexpr QChar lineFeed = u'\n';
 
 bool takesText(const Field& field) {
     if (const auto* list = dynamic_cast<const ListField*>(&field))
         return list->dropDown();
     return field.kind() == FieldKind::Text || field.kind() == FieldKind::Masked;
+}
+
+/// The characters that typing and pasting may make of a text: the screen's limit, else what the data behind it hold.
+int roomOf(const Field& field) {
+    return field.maxLength() > 0 ? field.maxLength() : field.capacity;
 }
 
 void run(const Field::Handler& handler) {
@@ -174,8 +180,8 @@ void User::replace(Field& field, int start, int length, const QString& text) {
         return;
     }
     const QString rest = field.text().left(start) + field.text().mid(start + length);
-    if (field.maxLength() > 0)
-        wanted.truncate(std::max<qsizetype>(0, field.maxLength() - rest.size()));
+    if (const int room = roomOf(field); room > 0)
+        wanted.truncate(std::max<qsizetype>(0, room - rest.size()));
     if (wanted.isEmpty())
         return;
     field.setText(rest.left(start) + wanted + rest.mid(start));
@@ -196,7 +202,7 @@ void User::insert(Field& field, QChar character) {
     }
     const int start = field.selectionStart();
     const QString rest = field.text().left(start) + field.text().mid(start + field.selectionLength());
-    if (field.maxLength() > 0 && rest.size() >= field.maxLength())
+    if (const int room = roomOf(field); room > 0 && rest.size() >= room)
         return;
     field.setText(rest.left(start) + character + rest.mid(start));
     field.select(start + 1, 0);
@@ -319,8 +325,10 @@ void User::cursorInList(ListField& list, Key key) {
     if (list.dropDown() && list.items().isEmpty())
         return dropDown(list);
     const int from = list.isOpen() ? list.highlighted() : list.place();
-    const int next = from + (isBackwards(key) ? -1 : 1);
-    if (next < 0 || next >= list.items().size())
+    const int step = key == Key::Up || key == Key::Down ? 1 : pageItems;
+    const int last = static_cast<int>(list.items().size()) - 1;
+    const int next = std::clamp(from + (isBackwards(key) ? -step : step), std::min(0, from), last);
+    if (next == from || next < 0)
         return;
     list.isOpen() ? list.highlight(next) : pick(list, next);
 }

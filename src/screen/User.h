@@ -46,6 +46,10 @@ class User {
 
     /// One character typed into the field with the focus.
     void character(Field& field, QChar character);
+    /// A key that is held down walks as far as the next button or grid, and does nothing there by itself.
+    static bool ignoresHeldKeys(const Field& field) {
+        return field.kind() == FieldKind::Button || field.kind() == FieldKind::Grid;
+    }
     /// One key pressed in the field with the focus; `function` is the number of a function key.
     void key(Field& field, Key key, int function = 0);
     /// Alt and a letter: clicks the button whose caption marks that letter, if it can be clicked.

@@ -280,6 +280,35 @@ TEST_F(SampleInput, AListDropsDownAndIsPickedFrom) {
     });
 }
 
+TEST_F(SampleInput, WhatIsTypedWhileAListIsOpenIsTheFields) {
+    for (int item = 1; item <= 40; ++item)
+        tela.cboCidade.addItem(u"CIDADE %1"_s.arg(item));
+    open([&] {
+        QTest::keyClick(cidade, Qt::Key_F4);
+        ASSERT_TRUE(cidade->view()->isVisible());
+        QTest::keyClicks(cidade->view(), "c");
+        EXPECT_EQ(tela.cboCidade.text(), u"c");
+        EXPECT_FALSE(cidade->view()->isVisible());
+        EXPECT_FALSE(tela.cboCidade.isOpen());
+        // A page walks by more than one item, and no further than the last.
+        QTest::keyClick(cidade, Qt::Key_F4);
+        QTest::keyClick(cidade->view(), Qt::Key_Down);
+        QTest::keyClick(cidade->view(), Qt::Key_PageDown);
+        QTest::keyClick(cidade->view(), Qt::Key_Return);
+        EXPECT_EQ(tela.cboCidade.text(), u"CIDADE 16");
+        QTest::keyClick(cidade, Qt::Key_PageDown);
+        QTest::keyClick(cidade, Qt::Key_PageDown);
+        EXPECT_EQ(tela.cboCidade.text(), u"CIDADE 40");
+        // Tab leaves, and nothing was chosen.
+        QTest::keyClick(cidade, Qt::Key_F4);
+        QTest::keyClick(cidade->view(), Qt::Key_Up);
+        QTest::keyClick(cidade->view(), Qt::Key_Tab);
+        EXPECT_NE(tela.focus(), &tela.cboCidade);
+        EXPECT_FALSE(cidade->view()->isVisible());
+        EXPECT_EQ(tela.cboCidade.text(), u"CIDADE 40");
+    });
+}
+
 TEST_F(SampleInput, CursorKeysWalkThroughAFilledList) {
     tela.cboCidade.addItem(u"CAMPINAS"_s);
     tela.cboCidade.addItem(u"SANTOS"_s);

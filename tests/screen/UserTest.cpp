@@ -31,6 +31,24 @@ TEST(User, LockedAndFullFieldsTakeNoMore) {
     EXPECT_EQ(world.tela.txtNome.text(), u"ABC"_s);
 }
 
+TEST(User, NothingIsTypedThatTheDataCannotHold) {
+    SampleWorld world;
+    world.tela.txtNome.capacity = 4;
+    world.user.type(world.tela.txtNome, u"ABCDEF"_s);
+    EXPECT_EQ(world.tela.txtNome.text(), u"ABCD"_s);
+    EXPECT_EQ(world.tela.txtNome.maxLength(), 0);
+    world.tela.txtNome.select(1, 1);
+    world.user.paste(world.tela.txtNome, u"xyz"_s);
+    EXPECT_EQ(world.tela.txtNome.text(), u"AxCD"_s);
+    // A limit of the screen's own goes first, and what comes from elsewhere stands whole.
+    world.tela.txtNome.setMaxLength(6);
+    world.user.type(world.tela.txtNome, u"ABCDEFGH"_s);
+    EXPECT_EQ(world.tela.txtNome.text(), u"ABCDEF"_s);
+    world.tela.txtNome.setMaxLength(0);
+    world.tela.txtNome.setText(u"MAIS DO QUE CABE"_s);
+    EXPECT_EQ(world.tela.txtNome.text(), u"MAIS DO QUE CABE"_s);
+}
+
 TEST(User, ErasesBeforeAndBehindTheCursor) {
     SampleWorld world;
     world.user.type(world.tela.txtNome, u"ABCD"_s);

@@ -119,11 +119,6 @@ int codeOf(Key key, int function) {
     return Qt::Key_F1 + function - 1;
 }
 
-/// Keys that belong to the part of a list that has dropped down.
-bool belongsToPopup(Key key) {
-    return key == Key::Up || key == Key::Down || key == Key::Enter || key == Key::Escape;
-}
-
 /// The line in which a widget takes text; none for another widget.
 QLineEdit* lineOf(QWidget& widget) {
     auto* combo = qobject_cast<QComboBox*>(&widget);
@@ -236,11 +231,16 @@ class DesktopHands : public Hands {
     }
 
     void key(Field& focused, Key key, int function) override {
-        QWidget* widget = widgetOf(focused);
-        if (auto* combo = qobject_cast<QComboBox*>(widget); combo && belongsToPopup(key) && combo->view()->isVisible())
-            widget = combo->view();
-        if (widget)
+        if (QWidget* widget = keyedOf(focused))
             stroke(*widget, codeOf(key, function));
+        settle();
+    }
+
+    void heldKey(Field& focused, Key key) override {
+        if (QWidget* widget = keyedOf(focused)) {
+            QKeyEvent again(QEvent::KeyPress, codeOf(key, 0), Qt::NoModifier, {}, true);
+            QCoreApplication::sendEvent(widget, &again);
+        }
         settle();
     }
 
@@ -276,7 +276,7 @@ class DesktopHands : public Hands {
     }
 
     void character(Field& focused, QChar character) override {
-        if (QWidget* widget = widgetOf(focused))
+        if (QWidget* widget = keyedOf(focused))
             stroke(*widget, character.toUpper().unicode(), QString(character));
         settle();
     }
@@ -433,11 +433,21 @@ class DesktopHands : public Hands {
         return widget && widget->isVisibleTo(window(field.screen()));
     }
 
-    /// What a hand that wants the field presses: of a list with an arrow the line beside it.
-    QWidget* touchedOf(const Field& field) const {
+    /// What the keyboard reaches: the part of a list that has dropped down, when there is one.
+    QWidget* keyedOf(const Field& field) const {
         QWidget* widget = widgetOf(field);
         auto* combo = qobject_cast<QComboBox*>(widget);
-        return combo ? combo->lineEdit() : widget;
+        return combo && combo->view()->isVisible() ? combo->view() : widget;
+    }
+
+    /// What a hand that wants the field presses: of a list with an arrow the line beside it. A hand that wants the
+    /// beginning of a long text brings it into sight first.
+    QWidget* touchedOf(const Field& field) const {
+        QWidget* widget = widgetOf(field);
+        QLineEdit* line = widget ? lineOf(*widget) : nullptr;
+        if (line && line->isEnabled() && field.screen().focus() == &field)
+            line->home(false);
+        return line ? line : widget;
     }
 
     static QPoint pointOn(const Field& field, const QWidget& widget) {
