@@ -4,6 +4,7 @@
 #include "base/Text.h"
 
 #include <QRegularExpression>
+#include <algorithm>
 #include <cmath>
 
 namespace vorta {
@@ -17,7 +18,9 @@ QString withComma(QString number) {
 } // namespace
 
 QString FormatAmount(double value) {
-    const double cents = std::round(std::abs(value) * 100 * (1 + 1e-15));
+    // A half cent may stand a hair below itself; no more than that is added, whatever the size of the amount.
+    const double exact = std::abs(value) * 100;
+    const double cents = std::round(exact + std::min(exact * 1e-15, 0.1));
     const QString text = QString::number(cents / 100, 'f', 2);
     return withComma(value < 0 && cents > 0 ? u'-' + text : text);
 }

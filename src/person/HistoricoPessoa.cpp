@@ -82,7 +82,7 @@ void CarregaDocumentos(ContextoExecucao& contexto, const Statement& comando, con
         if (++quantos == 1)
             estatistica.primeira.setText(data);
         estatistica.ultima.setText(data);
-        grade.AddItem(celulas.join(u'\t'));
+        grade.AddRow(celulas);
     }
     estatistica.documentos.setText(QString::number(quantos));
     if (estatistica.itens)
@@ -245,7 +245,7 @@ void CarregaHistFornecedorDetalhe(frmPessoas& tela, const QString& idforn, const
         comando << "and PROD.CODI_PROD = '" << codigoProduto << "' ";
     comando << "ORDER BY PEDI_COMP.DATA_PEDI_COMP";
     for (Recordset itens = AbreLeitura(tela.contexto(), comando); !itens.Eof(); itens.MoveNext())
-        tela.FlexHistFornDeta.AddItem(LinhaDetalhe(itens).join(u'\t'));
+        tela.FlexHistFornDeta.AddRow(LinhaDetalhe(itens));
 }
 
 void CarregaPedidosDaTela(frmPessoas& tela) {

@@ -7,6 +7,12 @@
 
 namespace vorta::screen {
 
+namespace {
+
+constexpr char cellEnd = '\xFF'; ///< no part of any text in UTF-8
+
+} // namespace
+
 void Grid::touched() {
     ++revision_;
     changed();
@@ -54,30 +60,41 @@ QString Grid::cell(int row, int col) const {
         return columns_[static_cast<size_t>(col)].header;
     QByteArrayView rest = bytesOf(row);
     for (int skipped = 0; skipped < col; ++skipped) {
-        const qsizetype tab = rest.indexOf('\t');
-        if (tab < 0)
+        const qsizetype end = rest.indexOf(cellEnd);
+        if (end < 0)
             return {};
-        rest = rest.sliced(tab + 1);
+        rest = rest.sliced(end + 1);
     }
-    const qsizetype end = rest.indexOf('\t');
+    const qsizetype end = rest.indexOf(cellEnd);
     return QString::fromUtf8(end < 0 ? rest : rest.first(end));
 }
 
-Grid::Slice Grid::append(const QString& tabbed) {
-    QByteArray bytes = tabbed.toUtf8();
+Grid::Slice Grid::append(const QByteArray& cells) {
+    qsizetype length = cells.size();
     // Empty cells at the end need no separator of their own.
-    while (bytes.endsWith('\t'))
-        bytes.chop(1);
-    const Slice slice{.start = arena_.size(), .length = static_cast<quint64>(bytes.size())};
-    arena_.insert(arena_.end(), bytes.begin(), bytes.end());
+    while (length > 0 && cells[length - 1] == cellEnd)
+        --length;
+    const Slice slice{.start = arena_.size(), .length = static_cast<quint64>(length)};
+    arena_.insert(arena_.end(), cells.begin(), cells.begin() + length);
     return slice;
 }
 
-void Grid::AddItem(const QString& tabbed) {
-    rows_.push_back(append(tabbed));
+void Grid::add(const QByteArray& cells) {
+    rows_.push_back(append(cells));
     if (Rows() == 2)
         row_ = 1;
     touched();
+}
+
+void Grid::AddItem(const QString& tabbed) {
+    add(tabbed.toUtf8().replace('\t', cellEnd));
+}
+
+void Grid::AddRow(const QStringList& cells) {
+    QByteArray row;
+    for (const QString& cell : cells)
+        row += cell.toUtf8() + cellEnd;
+    add(row);
 }
 
 void Grid::RemoveItem(int row) {

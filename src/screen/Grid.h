@@ -48,6 +48,8 @@ class Grid : public Field {
     /// Adds a row at the end; tabs part the cells, missing cells are empty, surplus ones dropped. The first data row
     /// becomes the current one when there is none.
     void AddItem(const QString& tabbed);
+    /// The same from its cells, each of which stays in its column whatever characters its text has.
+    void AddRow(const QStringList& cells);
     /// Removes a data row; raises 381 for the header row too.
     void RemoveItem(int row);
 
@@ -62,7 +64,8 @@ class Grid : public Field {
         quint64 length : 24;
     };
     QByteArrayView bytesOf(int row) const;
-    Slice append(const QString& tabbed);
+    Slice append(const QByteArray& cells);
+    void add(const QByteArray& cells);
     void touched();
 
     std::vector<GridColumn> columns_;

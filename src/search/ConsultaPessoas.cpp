@@ -131,7 +131,8 @@ FiltroPapel FiltroEscolhido(const frmBROWSE_PESSOAS& tela) {
     return {};
 }
 
-std::optional<QString> LinhaPessoa(ContextoExecucao& contexto, const Recordset& registros, const FiltroPapel& filtro) {
+std::optional<QStringList> LinhaPessoa(ContextoExecucao& contexto, const Recordset& registros,
+                                       const FiltroPapel& filtro) {
     QString idPapel;
     if (filtro.papel) {
         idPapel = Vinculo(contexto, *filtro.papel, registros.Fields("IDPESS").text());
@@ -142,12 +143,12 @@ std::optional<QString> LinhaPessoa(ContextoExecucao& contexto, const Recordset& 
             return {};
         idPapel = u"0"_s;
     }
-    QString linha;
+    QStringList linha;
     for (const char* coluna : colunasGrid)
-        linha += registros.Fields(coluna).textOr({}) + u'\t';
-    linha += idPapel + u'\t' + registros.Fields("pess_codi_exte").textOr({});
+        linha << registros.Fields(coluna).textOr({});
+    linha << idPapel << registros.Fields("pess_codi_exte").textOr({});
     if (const Papel* papel = papelDaColuna8(filtro))
-        linha += u'\t' + Vinculo(contexto, *papel, registros.Fields("IDPESS").text());
+        linha << Vinculo(contexto, *papel, registros.Fields("IDPESS").text());
     return linha;
 }
 

@@ -21,9 +21,9 @@ struct FiltroPapel {
 };
 FiltroPapel FiltroEscolhido(const frmBROWSE_PESSOAS& tela);
 
-/// The current row as the grid takes it, cells divided by tabs; nothing when the filter skips the row. Sends one or two
+/// The cells of the current row as the grid takes them; nothing when the filter skips the row. Sends one or two
 /// lookups for a row with a role filter. A result without one of the grid's columns raises 3265.
-std::optional<QString> LinhaPessoa(ContextoExecucao& contexto, const data::Recordset& registros,
-                                   const FiltroPapel& filtro);
+std::optional<QStringList> LinhaPessoa(ContextoExecucao& contexto, const data::Recordset& registros,
+                                       const FiltroPapel& filtro);
 
 } // namespace vorta

@@ -96,7 +96,7 @@ void frmBROWSE_CEPS::PreencheGrid(const QString& logradouros) {
     // The number of a field is a 16-bit value: a result with more fields ends in an overflow.
     const int ultimo = ToInt16(linhas * camposPorLinha);
     for (int campo = 1; campo <= ultimo; campo += camposPorLinha)
-        Flex.AddItem(u'\t' + campos.mid(campo, camposPorLinha).join(u'\t'));
+        Flex.AddRow(QStringList{QString()} + campos.mid(campo, camposPorLinha));
 }
 
 void frmBROWSE_CEPS::Flex_DblClick() {

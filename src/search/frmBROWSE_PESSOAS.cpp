@@ -188,8 +188,8 @@ void frmBROWSE_PESSOAS::PreencheGrid(data::Recordset& registros) {
     for (int lidos = 0; !registros.Eof(); registros.MoveNext(), ++lidos) {
         if (lidos % passoProgresso == 0)
             program().platform().progress(lidos, total);
-        if (const std::optional<QString> linha = LinhaPessoa(contexto_, registros, filtro))
-            Flex.AddItem(*linha);
+        if (const std::optional<QStringList> linha = LinhaPessoa(contexto_, registros, filtro))
+            Flex.AddRow(*linha);
     }
     program().platform().progress(0, 0);
 }

@@ -173,7 +173,7 @@ void frmBROWSE_PRODUTO::MontaConsulta() {
         comando << "ORDER BY prod.idprod";
 }
 
-QString frmBROWSE_PRODUTO::LinhaProduto(const Recordset& produto) {
+QStringList frmBROWSE_PRODUTO::LinhaProduto(const Recordset& produto) {
     const qint32 id = produto.Fields("idProd").toInt32();
     const QString empresa = lblCodiEmpresa.text();
     QStringList celulas{produto.Fields("idProd").text(),
@@ -189,7 +189,7 @@ QString frmBROWSE_PRODUTO::LinhaProduto(const Recordset& produto) {
          {"LOCA_FISI_ARMAZEM", "LOCA_FISI_PAVIMENTO", "LOCA_FISI_SETOR", "LOCA_FISI_CORREDOR", "LOCA_FISI_ESTANTE",
           "LOCA_FISI_PRATELEIRA", "DESC_TIPO_PROD", "CODI_REFE_PROD", "data_desa"})
         celulas << produto.Fields(coluna).textOr({});
-    return celulas.join(u'\t') + u'\t';
+    return celulas;
 }
 
 void frmBROWSE_PRODUTO::cmdPesquisa_Click() {
@@ -201,7 +201,7 @@ void frmBROWSE_PRODUTO::cmdPesquisa_Click() {
     if (produtos.Eof())
         program().MsgBox(u"Nenhum Registro Localizado com esses parâmetros..."_s);
     for (int linha = 1; !produtos.Eof(); produtos.MoveNext(), ++linha) {
-        Flex.AddItem(LinhaProduto(produtos));
+        Flex.AddRow(LinhaProduto(produtos));
         if (linha == std::numeric_limits<qint16>::max()) // the count of rows is 16 bits wide
             throw RuntimeError(errorNumber::Overflow);
         contexto_.platform().progress(linha, total);

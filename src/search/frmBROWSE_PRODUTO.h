@@ -50,7 +50,7 @@ class frmBROWSE_PRODUTO : public screen::Screen {
     void MontaGridProdutos();
     void MontaConsulta();
     data::Statement Comparacao() const;
-    QString LinhaProduto(const data::Recordset& produto);
+    QStringList LinhaProduto(const data::Recordset& produto);
     void AjustaTipoPelaChamadora();
     void RestauraUltimaBusca();
     void GuardaUltimaBusca();

@@ -3,6 +3,7 @@
 #include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/Lancamento.h"
+#include "shared/Capacidade.h"
 #include "shared/Consultas.h"
 #include "shared/Preenchimento.h"
 #include "shared/TextoEntrada.h"
@@ -44,6 +45,7 @@ frmPESSOAS_INCL::frmPESSOAS_INCL(ContextoExecucao& contexto)
     cboCod.enterMovesOn = true;
     cmdPesquisa.enterMovesOn = true;
     cboCod.selectsOnFocus = true;
+    cboCod.capacity = capacidade::texto; // it becomes a person's name
     cboCod.LostFocus = [this] { cboCod.setText(UCase(cboCod.text())); };
     cboCod.DropDown = [this] { cboCod_DropDown(); };
     Option1.Click = [this] { AjustaMascaraDocumento(); };

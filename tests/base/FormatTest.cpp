@@ -11,6 +11,9 @@ TEST(Format, AmountsHaveTwoDecimalsAndAComma) {
     EXPECT_EQ(FormatAmount(-2.345), u"-2,35"_s);
     EXPECT_EQ(FormatAmount(1.005), u"1,01"_s);
     EXPECT_EQ(FormatAmount(-0.001), u"0,00"_s);
+    EXPECT_EQ(FormatAmount(9999999999999), u"9999999999999,00"_s);
+    EXPECT_EQ(FormatAmount(99999999999.99), u"99999999999,99"_s);
+    EXPECT_EQ(FormatAmountText(u"9999999999999,99"_s), u"9999999999999,99"_s);
     EXPECT_EQ(FormatAmountText(u"12"_s), u"12,00"_s);
     EXPECT_EQ(FormatAmountText(u"abc"_s), u"abc"_s);
     EXPECT_EQ(FormatAmountText(QString()), QString());

@@ -66,6 +66,17 @@ TEST_F(GridTest, RemovingRowsKeepsTheOthersAndTheCurrentRowInside) {
     EXPECT_EQ(grade.Row(), 1);
 }
 
+TEST_F(GridTest, CellsKeepTheirColumnsWhateverTheyHold) {
+    grade.AddRow({u"1"_s, u"Ana\tMaria\n"_s, u"Tatuí"_s});
+    EXPECT_EQ(grade.cell(1, 1), u"Ana\tMaria\n"_s);
+    EXPECT_EQ(grade.cell(1, 2), u"Tatuí"_s);
+    grade.AddRow({{}, {}, u"3"_s});
+    EXPECT_EQ(grade.cell(2, 0), QString());
+    EXPECT_EQ(grade.cell(2, 2), u"3"_s);
+    grade.AddRow({u"4"_s, {}, {}, u"sobra"_s});
+    EXPECT_EQ(grade.cell(3, 2), QString());
+}
+
 TEST_F(GridTest, PlacesOutsideAreErrors) {
     grade.AddItem(u"1"_s);
     EXPECT_EQ(ErrorOf([&] { grade.cell(2, 0); }), foraDaGrade);
