@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/Statement.h"
+#include "shared/Capacidade.h"
 
 #include <optional>
 #include <span>
@@ -60,6 +61,7 @@ struct CampoPessoa {
     std::optional<data::Piece> colunaInsert = {}; ///< where the insert spells it in its own way
     int tamanho = 0;                              ///< most characters; 0 for no limit
     const char* dica = "";
+    int capacidade = capacidade::texto; ///< what its column holds where there is no such limit
     Gravacao grava = Gravacao::Nunca;
     Forma forma = Forma::Texto;
     Vazio vazio = {};

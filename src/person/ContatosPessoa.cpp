@@ -16,10 +16,6 @@ using data::Statement;
 
 constexpr int colunaAtividade = 1;
 
-QString Linha(const QStringList& celulas) {
-    return u'\t' + celulas.join(u'\t') + u'\t';
-}
-
 void cboAtividades_LostFocus(frmPessoas& tela) {
     const QString ramo = Trim(tela.cboAtividades.text());
     if (ramo.isEmpty() || IdAtividade(tela.contexto(), ramo) != 0)
@@ -35,11 +31,12 @@ void cmdIncluirAtividades_Click(frmPessoas& tela) {
     if (ramo.isEmpty())
         return;
     if (IdAtividade(tela.contexto(), ramo) > 0)
-        tela.FlexAtividades.AddItem(Linha({tela.cboAtividades.text()}));
+        tela.FlexAtividades.AddRow({{}, ramo});
     else
         tela.program().MsgBox({u"Este Ramo de Atividade não existe!"_s, ContextoExecucao::Titulo(),
                                screen::Icon::Critical, screen::Buttons::OK});
     tela.cboAtividades.setText({});
+    tela.lblRamoFora.setText({});
     tela.SetFocus(tela.cboAtividades);
 }
 
@@ -57,6 +54,7 @@ void FlexAtividades_Click(frmPessoas& tela) {
 } // namespace
 
 void LigaContatos(frmPessoas& tela) {
+    tela.lblRamoFora.setForeground(screen::colour::Red);
     tela.contatos.cboTipoContato.DropDown = [&tela] {
         PreencheCargosContem(tela.contexto(), tela.contatos.cboTipoContato.text(), tela.contatos.cboTipoContato);
     };
@@ -77,7 +75,7 @@ void CarregaAtividades(frmPessoas& tela) {
     comando << tela.txtRowID.text();
     data::Recordset registros = AbreLeitura(tela.contexto(), comando);
     for (; !registros.Eof(); registros.MoveNext())
-        tela.FlexAtividades.AddItem(Linha({DescricaoAtividade(tela.contexto(), registros.Fields("idAtiv").toInt16())}));
+        tela.FlexAtividades.AddRow({{}, DescricaoAtividade(tela.contexto(), registros.Fields("idAtiv").toInt16())});
 }
 
 Statement MontaInsertAtividade(const frmPessoas& tela, const QString& idpess, int linha) {

@@ -1,4 +1,5 @@
 #include "base/Literals.h"
+#include "base/Text.h"
 #include "launch/AcessoDados.h"
 #include "person/ComandosPessoa.h"
 #include "person/ContatosPessoa.h"
@@ -9,6 +10,8 @@
 namespace vorta {
 
 void frmPessoas::cmdSALVAR_Click() {
+    contatos.MarcaForaDaLista();
+    lblRamoFora.setText(MarcaForaDaLista(u"Ramo"_s, Trim(cboAtividades.text())));
     TrimCamposTexto(*this);
     if (!ValidaSalvar())
         return;

@@ -124,7 +124,13 @@ void frmPessoas::AplicaTipoClienteAutomatico() {
     cboTipoCli.setEnabled(false);
 }
 
+void frmPessoas::ApagaMarcas() {
+    contatos.ApagaMarca();
+    lblRamoFora.setText({});
+}
+
 void frmPessoas::LimpaTela() {
+    ApagaMarcas();
     SSTab2.setCurrent(0);
     SSTab1.setCurrent(0);
     contatos.PreparaGridContatos();

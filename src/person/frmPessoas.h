@@ -128,6 +128,7 @@ class frmPessoas : public TelaEdicao {
     screen::ListField cboAtividades{this, "cboAtividades"};
     screen::Button cmdIncluirAtividades{this, "cmdIncluirAtividades", u"Incluir"_s};
     screen::Grid FlexAtividades{this, "FlexAtividades"};
+    screen::Label lblRamoFora{this, "lblRamoFora"}; ///< empty, or the branch that is in no list
 
     // Notes.
     screen::TextField txtOBSE_PESS_0001{this, "txtOBSE_PESS_0001"};
@@ -213,6 +214,7 @@ class frmPessoas : public TelaEdicao {
     void EsvaziaCampos();
 
     void LimpaCampos() override { LimpaTela(); }
+    void ApagaMarcas() override;
     void cmdINCLUIR_Click() override;
     bool PodeDesativar() override;
     void cboFisJur_LostFocus();

@@ -90,6 +90,7 @@ void frmPessoas::LigaFamilias() {
         campo->enterMovesOn = recebeTexto(*campo) && !linha->e(SemEnter);
         campo->apostropheBecomesAcute = linha->e(Acento);
         campo->selectsOnFocus = linha->e(Seleciona);
+        campo->capacity = linha->capacidade;
     }
     contatos.cmdIncluirContato.enterMovesOn = true;
     for (Field* nota : {&txtOBSE_PESS_0001, &txtOBSE_PESS_0002, &txtOBSE_PESS_0003})

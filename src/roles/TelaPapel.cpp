@@ -5,6 +5,7 @@
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
 #include "launch/Lancamento.h"
+#include "shared/Capacidade.h"
 #include "shared/Consultas.h"
 #include "shared/Preenchimento.h"
 #include "shared/TextoEntrada.h"
@@ -63,12 +64,15 @@ void TelaPapel::Registro(std::initializer_list<Field*> campos, std::initializer_
     numericos_ = numericos;
     for (Field* campo : registro_)
         campo->enterMovesOn = true;
-    for (Field* campo : numericos_)
+    for (Field* campo : numericos_) {
         campo->enterMovesOn = true;
+        campo->capacity = capacidade::valor;
+    }
 }
 
 void TelaPapel::CampoValor(Field& campo) {
     campo.selectsOnFocus = true;
+    campo.capacity = capacidade::valor;
     campo.LostFocus = [&campo] { campo.setText(FormatAmountText(campo.text())); };
 }
 
@@ -88,11 +92,15 @@ void TelaPapel::DataCredencial(screen::MaskedField& campo) {
 }
 
 void TelaPapel::Load() {
+    for (Field* campo : fields())
+        if (campo->capacity == 0)
+            campo->capacity = capacidade::texto;
     CentralizaForm(*this);
     setCaption(TituloTela(contexto_, QString::fromLatin1(regras_.sufixo)));
     BotoesOcioso();
     BloqueiaCampos();
     LimpaCampos();
+    ApagaMarcas();
     txtRowID.setText(contexto_.IdPessoaVinculo);
     lblPessoa.setText(NomePessoa(contexto_, contexto_.IdPessoaVinculo));
     if (contatos_)
@@ -117,6 +125,11 @@ RegrasContatos TelaPapel::regrasContatos() const {
 
 void TelaPapel::MostraModo(Modo modo) {
     lblAviso.setText(Aviso(modo));
+}
+
+void TelaPapel::ApagaMarcas() {
+    if (contatos_)
+        contatos_->ApagaMarca();
 }
 
 void TelaPapel::BloqueiaCampos() {
@@ -236,6 +249,8 @@ void TelaPapel::AoReativar() {
 }
 
 void TelaPapel::cmdSALVAR_Click() {
+    if (contatos_)
+        contatos_->MarcaForaDaLista();
     CompletaCampos();
     if (regras_.grupo.exigePessoa && Trim(txtRowID.text()).isEmpty()) {
         program().MsgBox(u"Falta Vinculo com a Tabela de Pessoas!!!"_s);
@@ -318,11 +333,9 @@ void TelaPapel::chkVisualiza_Click() {
     for (Recordset linhas = AbreLeitura(contexto_, contexto_.SqlConsulta); !linhas.Eof(); linhas.MoveNext()) {
         if (!contatos_)
             throw RuntimeError(errorNumber::ObjectNotSet, u"A tela %1 não tem grade"_s.arg(name()));
-        contatos_->Flex.AddItem(QStringList{linhas.Fields("idVendedor").textOr({}),
-                                            linhas.Fields("NOME_CONH").textOr({}), linhas.Fields("nome").textOr({}),
-                                            DataDaLinha(linhas.Fields("dtinclusao")),
-                                            DataDaLinha(linhas.Fields("dtdesativa"))}
-                                    .join(u'\t'));
+        contatos_->Flex.AddRow({linhas.Fields("idVendedor").textOr({}), linhas.Fields("NOME_CONH").textOr({}),
+                                linhas.Fields("nome").textOr({}), DataDaLinha(linhas.Fields("dtinclusao")),
+                                DataDaLinha(linhas.Fields("dtdesativa"))});
     }
 }
 

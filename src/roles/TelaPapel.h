@@ -79,6 +79,7 @@ class TelaPapel : public TelaEdicao {
     bool Selecionado() const override;
     QString IdRegistro() const override;
     void MostraModo(Modo modo) override;
+    void ApagaMarcas() override;
     bool PodeReativar() override;
     void AoDesativar() override;
     void AoReativar() override;

@@ -3,9 +3,11 @@
 #include "base/Literals.h"
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
+#include "shared/Capacidade.h"
 #include "shared/Consultas.h"
 #include "shared/Preenchimento.h"
 #include "shared/TextoEntrada.h"
+#include "shared/ValidaCampos.h"
 
 namespace vorta {
 
@@ -45,6 +47,7 @@ frmCliente::frmCliente(ContextoExecucao& contexto) : TelaPapel(contexto, TipoPap
     CampoValor(txtLimiCred);
     DataCredencial(mskDtCredencial);
     txtLimeMaxiConh.selectsOnFocus = true;
+    txtLimeMaxiConh.capacity = capacidade::valor;
     cboRevenda.addItem(sim);
     cboRevenda.addItem(nao);
     cboRevenda.completes = true;
@@ -80,8 +83,11 @@ void frmCliente::MostraLimite() {
         MostraValor(txtLimiCred, registro.Fields("limi_cred"), {});
 }
 
-/// No engine takes an empty text for an amount, and an inclusion states one.
+/// No engine takes an empty text for an amount, and an inclusion states one; nor a comma in a number, and the limit of
+/// bills of lading is stated as it stands on the screen.
 void frmCliente::CompletaCampos() {
+    QString conhecimentos = txtLimeMaxiConh.text();
+    txtLimeMaxiConh.setText(VirgulaParaPonto(conhecimentos));
     if (modo() == Modo::Inclusao)
         ZeraVazios({&txtLimiCred});
 }

@@ -1,5 +1,6 @@
 #include "roles/frmMotorista.h"
 
+#include "shared/Capacidade.h"
 #include "shared/Preenchimento.h"
 #include "shared/ValidaCampos.h"
 
@@ -44,6 +45,8 @@ frmMotorista::frmMotorista(ContextoExecucao& contexto) : TelaPapel(contexto, Tip
         mskDtAdmissao.setText(FormataDataDigitada(TelaPapel::contexto(), mskDtAdmissao.text(), mskDtAdmissao));
     };
     cboUF_Emitente.completes = true;
+    cboUF_Emitente.capacity = capacidade::codigo;
+    txtRefeMoto.capacity = capacidade::nota;
     cboUF_Emitente.DropDown = [this] { PreencheUFs(TelaPapel::contexto(), cboUF_Emitente); };
 }
 

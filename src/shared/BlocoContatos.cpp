@@ -27,12 +27,18 @@ QString NomeColuna(const char* assunto, const TabelaContatos& tabela) {
 
 } // namespace
 
+QString MarcaForaDaLista(const QString& tipo, const QString& digitado) {
+    return digitado.isEmpty() ? QString()
+                              : u"%1 fora da lista: %2. Só o que está na lista é gravado."_s.arg(tipo, digitado);
+}
+
 BlocoContatos::BlocoContatos(TelaEdicao& tela, const RegrasContatos& regras)
     : cboTipoContato(&tela, "cboTipoContato"), txtNomeContato(&tela, "txtNomeContato"),
       txtFoneContato(&tela, "txtFoneContato"), txtEmailContato(&tela, "txtEmailContato"),
       mskDtNasc(&tela, regras.campoAniversario, u"##/##"_s),
-      cmdIncluirContato(&tela, "cmdIncluirContato", u"Incluir"_s), Flex(&tela, "Flex"), tela_(tela),
-      contexto_(tela.contexto()), regras_(regras) {
+      cmdIncluirContato(&tela, "cmdIncluirContato", u"Incluir"_s), Flex(&tela, "Flex"),
+      lblContatoFora(&tela, "lblContatoFora"), tela_(tela), contexto_(tela.contexto()), regras_(regras) {
+    lblContatoFora.setForeground(screen::colour::Red);
     PreparaGridContatos();
     for (Field* campo :
          std::initializer_list<Field*>{&cboTipoContato, &txtNomeContato, &txtFoneContato, &txtEmailContato})
@@ -59,6 +65,21 @@ void BlocoContatos::LimpaEntrada() {
     LimpaMascara(mskDtNasc);
 }
 
+void BlocoContatos::MarcaForaDaLista() {
+    QString digitado;
+    for (const Field* campo :
+         std::initializer_list<Field*>{&txtNomeContato, &txtFoneContato, &txtEmailContato, &cboTipoContato})
+        if (digitado.isEmpty())
+            digitado = Trim(campo->text());
+    if (digitado.isEmpty() && mskDtNasc.text() != semAniversario)
+        digitado = mskDtNasc.text();
+    lblContatoFora.setText(vorta::MarcaForaDaLista(u"Contato"_s, digitado));
+}
+
+void BlocoContatos::ApagaMarca() {
+    lblContatoFora.setText({});
+}
+
 void BlocoContatos::Bloqueia() {
     for (Field* campo :
          std::initializer_list<Field*>{&cboTipoContato, &txtNomeContato, &txtFoneContato, &txtEmailContato, &mskDtNasc})
@@ -76,10 +97,10 @@ void BlocoContatos::Carrega(const QString& idDono) {
     Statement consulta("SELECT * From ");
     consulta << regras_.tabela.tabela << " Where " << regras_.chaveDono << "=" << idDono;
     for (Recordset registros = AbreLeitura(contexto_, consulta); !registros.Eof(); registros.MoveNext()) {
-        QString linha(u'\t');
+        QStringList celulas{QString()};
         for (const char* assunto : {"carg_", "nome_", "tele_", "emai_"})
-            linha += registros.Fields(NomeColuna(assunto, regras_.tabela)).textOr({}) + u'\t';
-        Flex.AddItem(linha + FormatDayMonthText(registros.Fields("DATA_NASC").textOr({})) + u'\t');
+            celulas << registros.Fields(NomeColuna(assunto, regras_.tabela)).textOr({});
+        Flex.AddRow(celulas << FormatDayMonthText(registros.Fields("DATA_NASC").textOr({})));
     }
 }
 
@@ -119,10 +140,14 @@ void BlocoContatos::cmdIncluirContato_Click() {
     if (cboTipoContato.text().isEmpty() || txtNomeContato.text().isEmpty() || !AniversarioAceito())
         return;
     const QString aniversario = mskDtNasc.text();
-    Flex.AddItem(u'\t' + QStringList{cboTipoContato.text(), txtNomeContato.text(), txtFoneContato.text(),
-                                     txtEmailContato.text(), aniversario == semAniversario ? QString() : aniversario}
-                             .join(u'\t'));
+    Flex.AddRow({{},
+                 cboTipoContato.text(),
+                 txtNomeContato.text(),
+                 txtFoneContato.text(),
+                 txtEmailContato.text(),
+                 aniversario == semAniversario ? QString() : aniversario});
     LimpaEntrada();
+    ApagaMarca();
     tela_.SetFocus(cboTipoContato);
 }
 

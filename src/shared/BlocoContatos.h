@@ -25,6 +25,9 @@ struct RegrasContatos {
     QString (*dataComando)(const QDate&) = FormatDateSql; ///< form of the day of inclusion
 };
 
+/// The mark on the line of an entry that is not in its list; empty for an entry without a text.
+QString MarcaForaDaLista(const QString& tipo, const QString& digitado);
+
 /// The contact people of a record: entry fields and a grid that is the working copy of the table between load and save.
 /// A save deletes all contacts of the record and inserts the rows of the grid anew.
 class BlocoContatos {
@@ -37,6 +40,11 @@ class BlocoContatos {
     void LimpaEntrada();
     void Bloqueia();
     void Libera();
+
+    /// For the beginning of a save: a contact that stands in the entry fields alone is named on its line, as only the
+    /// grid is written.
+    void MarcaForaDaLista();
+    void ApagaMarca();
 
     /// Fills the grid with the stored contacts of a record.
     void Carrega(const QString& idDono);
@@ -52,6 +60,7 @@ class BlocoContatos {
     screen::MaskedField mskDtNasc; ///< each screen names it its own way
     screen::Button cmdIncluirContato;
     screen::Grid Flex;
+    screen::Label lblContatoFora; ///< empty, or the name of a contact that is in no list
 
   private:
     bool AniversarioAceito();

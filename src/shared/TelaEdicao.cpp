@@ -107,6 +107,7 @@ void TelaEdicao::ComArmadilha(const QString& mensagem, const std::function<void(
 void TelaEdicao::Inicia(Modo modo) {
     MudaModo(contexto_, modo);
     MostraModo(modo);
+    ApagaMarcas();
     LiberaCampos();
     BloqueiaCampo(field(campoCodigo));
 }
@@ -125,6 +126,7 @@ void TelaEdicao::AbandonaOperacao() {
     BotoesOcioso();
     BloqueiaCampos();
     LimpaCampos();
+    ApagaMarcas();
     MudaModo(contexto_, Modo::Ocioso);
     MostraModo(Modo::Ocioso);
 }

@@ -50,6 +50,7 @@ class TelaEdicao : public screen::Screen {
     virtual bool Selecionado() const; ///< a record stands on the screen
     virtual QString IdRegistro() const;
     virtual void MostraModo(Modo) {}
+    virtual void ApagaMarcas() {} ///< takes away what a save has left on the screen about entries that it did not write
     /// False, after its own message, keeps the record as it is.
     virtual bool PodeDesativar() { return true; }
     virtual bool PodeReativar() { return true; }

@@ -50,9 +50,12 @@ TEST_F(CamposDaPessoa, EveryColumnStandsInTheTable) {
             continue;
         const kit::Column* coluna = pess->column(linha.coluna->toString());
         ASSERT_TRUE(coluna) << linha.nome;
-        if (coluna->kind == kit::Kind::Text) {
-            EXPECT_GE(coluna->length, linha.tamanho) << linha.nome;
-        }
+        if (coluna->kind != kit::Kind::Text)
+            continue;
+        const screen::FieldKind tipo = tela.field(QString::fromLatin1(linha.nome)).kind();
+        const bool digitado =
+            linha.grava != Gravacao::Nunca && (tipo == screen::FieldKind::Text || tipo == screen::FieldKind::List);
+        EXPECT_GE(coluna->length, linha.tamanho > 0 || !digitado ? linha.tamanho : linha.capacidade) << linha.nome;
     }
 }
 
