@@ -190,8 +190,9 @@ bool MaskedField::putIntoForm(QChar character) {
     int at = selectionStart();
     if (!hasPlace(character)) {
         const bool stands = at < mask_.size() && mask_[at] == character;
-        select(stands ? at + 1 : at, 0);
-        return stands;
+        if (stands)
+            select(at + 1, 0);
+        return stands || closesDay(character);
     }
     while (at < mask_.size() && !isPlace(mask_[at]))
         ++at;
@@ -201,6 +202,21 @@ bool MaskedField::putIntoForm(QChar character) {
     edited[at] = character;
     storeText(edited);
     select(at + 1, 0);
+    return true;
+}
+
+/// "1/" where two digits have their places is "01/": the day or month that was meant, instead of one whose second digit
+/// is the next number's first.
+bool MaskedField::closesDay(QChar character) {
+    const int at = selectionStart();
+    const bool begun = character == u'/' && at >= 1 && text()[at - 1].isDigit() && (at < 2 || !isPlace(mask_[at - 2]));
+    if (!begun || mask_.mid(at - 1, 3) != u"##/" || text()[at] != prompt)
+        return false;
+    QString edited = text();
+    edited[at] = edited[at - 1];
+    edited[at - 1] = u'0';
+    storeText(edited);
+    select(at + 2, 0);
     return true;
 }
 

@@ -114,7 +114,7 @@ TEST_F(Check, PicturesAndFolders) {
               "a imagem ~/imagens/semvinculo.bmp não existe ou não é um bitmap; as telas param sem ela");
 }
 
-TEST_F(Check, names_with_an_apostrophe_are_told_and_mended) {
+TEST_F(Check, NamesWithAnApostropheAreToldAndMended) {
     run("UPDATE muni_ibge SET desc_muni_ibge = 'Santa Bárbara d''Oeste' WHERE codi_muni_ibge = '3545803'");
     {
         kit::Loader loader(installed_.layout().base(kit::PostalCodeBase()));

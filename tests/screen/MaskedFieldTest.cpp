@@ -88,6 +88,24 @@ TEST(MaskedField, DigitsFillThePlacesAndPassTheMarks) {
     EXPECT_EQ(campo.text(), u"12345-678"_s) << "no place is left for the last two";
 }
 
+TEST(MaskedField, ADayOfOneDigitIsClosedByItsMark) {
+    SampleWorld world;
+    MaskedField& campo = world.tela.mskCEP;
+    campo.setMask(u"##/##/####"_s);
+    world.user.type(campo, u"1/2/2026"_s);
+    EXPECT_EQ(campo.text(), u"01/02/2026"_s);
+    world.user.type(campo, u"11/2/"_s);
+    EXPECT_EQ(campo.text(), u"11/02/____"_s);
+    world.user.type(campo, u"/3"_s);
+    EXPECT_EQ(campo.text(), u"3_/__/____"_s) << "a mark that closes nothing is refused";
+    world.user.type(campo, {});
+    world.user.paste(campo, u"5/11/2026"_s);
+    EXPECT_EQ(campo.text(), u"05/11/2026"_s);
+    campo.setMask(u"##.###.###/####-##"_s);
+    world.user.type(campo, u"1.2/3-4"_s);
+    EXPECT_EQ(campo.text(), u"12.34_.___/____-__"_s) << "numbers have no days";
+}
+
 TEST(MaskedField, BackspaceAndDeleteLeaveTheMarks) {
     SampleWorld world;
     MaskedField& campo = world.tela.mskCEP;
