@@ -222,7 +222,8 @@ bool MaskedField::closesDay(QChar character) {
 
 /// A raw text is edited as it stands, until its content finds room in the mask.
 bool MaskedField::putRaw(QChar character) {
-    const int limit = maxLength() > 0 ? maxLength() : static_cast<int>(mask_.size());
+    const int form = mask_.isEmpty() ? capacity : static_cast<int>(mask_.size());
+    const int limit = maxLength() > 0 ? maxLength() : form;
     if (limit > 0 && text().size() >= limit)
         return false;
     const int at = selectionStart();

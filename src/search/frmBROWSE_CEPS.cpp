@@ -6,6 +6,7 @@
 #include "launch/ConectaServidor.h"
 #include "launch/Lancamento.h"
 #include "search/ModuleCEP.h"
+#include "shared/Capacidade.h"
 
 #include <algorithm>
 #include <array>
@@ -40,6 +41,9 @@ frmBROWSE_CEPS::frmBROWSE_CEPS(ContextoExecucao& contexto)
     : Screen(contexto.program(), u"frmBROWSE_CEPS"_s), contexto_(contexto) {
     for (screen::Field* campo : std::initializer_list<screen::Field*>{&txtCEP, &txtEndereco, &cmdPesquisa})
         campo->enterMovesOn = true;
+    // No engine compares a text of any length with a key, and the person behind this screen may be half typed.
+    for (screen::Field* campo : {&txtCEP, &txtEndereco})
+        campo->capacity = capacidade::texto;
     cmdPesquisa.Click = [this] { cmdPesquisa_Click(); };
     Flex.keysChoose = true;
     Flex.DblClick = [this] { Flex_DblClick(); };

@@ -46,6 +46,7 @@ frmPESSOAS_INCL::frmPESSOAS_INCL(ContextoExecucao& contexto)
     cmdPesquisa.enterMovesOn = true;
     cboCod.selectsOnFocus = true;
     cboCod.capacity = capacidade::texto; // it becomes a person's name
+    mskCodigo.capacity = capacidade::codigo;
     cboCod.LostFocus = [this] { cboCod.setText(UCase(cboCod.text())); };
     cboCod.DropDown = [this] { cboCod_DropDown(); };
     Option1.Click = [this] { AjustaMascaraDocumento(); };
