@@ -167,7 +167,7 @@ bool Binding::mousePressed(QObject*, QMouseEvent&) {
 bool Binding::keyPressed(QKeyEvent& key) {
     if (isModifier(key.key()))
         return false;
-    if (binder_.switchPage(field_, key) || !takeFocus())
+    if (binder_.switchPage(field_, key) || isIdleAccelerator(key) || !takeFocus())
         return true;
     const bool ignored = key.isAutoRepeat() && screen::User::ignoresHeldKeys(field_);
     const std::optional<Key> special = specialKey(key);
@@ -175,8 +175,6 @@ bool Binding::keyPressed(QKeyEvent& key) {
         return (ignored && *special == Key::Enter) || specialPressed(*special);
     if (const std::optional<Key> cursor = cursorKey(key))
         return cursorPressed(*cursor);
-    if (isIdleAccelerator(key))
-        return true;
     const QChar typed = characterOf(key);
     if (typed.isNull())
         return false;
