@@ -42,6 +42,13 @@ QString only(const QString& text, Belongs belongs) {
     return kept;
 }
 
+/// "1/" where two digits have their places is "01/": the day or month that was meant, instead of one whose second digit
+/// is the next number's first.
+bool isBegunDay(const QString& mask, const QString& text, int at) {
+    return at >= 1 && mask.mid(at - 1, 3) == u"##/" && (at < 2 || !isPlace(mask[at - 2])) && isDigit(text[at - 1]) &&
+           text[at] == prompt;
+}
+
 } // namespace
 
 MaskedField::MaskedField(Screen* screen, const char* name, const QString& mask)
@@ -192,7 +199,14 @@ bool MaskedField::putIntoForm(QChar character) {
         const bool stands = at < mask_.size() && mask_[at] == character;
         if (stands)
             select(at + 1, 0);
-        return stands || closesDay(character);
+        if (stands || character != u'/' || !isBegunDay(mask_, text(), at))
+            return stands;
+        QString closed = text();
+        closed[at] = closed[at - 1];
+        closed[at - 1] = u'0';
+        storeText(closed);
+        select(at + 2, 0);
+        return true;
     }
     while (at < mask_.size() && !isPlace(mask_[at]))
         ++at;
@@ -202,21 +216,6 @@ bool MaskedField::putIntoForm(QChar character) {
     edited[at] = character;
     storeText(edited);
     select(at + 1, 0);
-    return true;
-}
-
-/// "1/" where two digits have their places is "01/": the day or month that was meant, instead of one whose second digit
-/// is the next number's first.
-bool MaskedField::closesDay(QChar character) {
-    const int at = selectionStart();
-    const bool begun = character == u'/' && at >= 1 && text()[at - 1].isDigit() && (at < 2 || !isPlace(mask_[at - 2]));
-    if (!begun || mask_.mid(at - 1, 3) != u"##/" || text()[at] != prompt)
-        return false;
-    QString edited = text();
-    edited[at] = edited[at - 1];
-    edited[at - 1] = u'0';
-    storeText(edited);
-    select(at + 2, 0);
     return true;
 }
 

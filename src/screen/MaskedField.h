@@ -56,7 +56,6 @@ class MaskedField : public Field {
     /// Puts a character where the cursor is; false when it is refused.
     bool put(QChar character);
     bool putIntoForm(QChar character);
-    bool closesDay(QChar character);
     bool putRaw(QChar character);
 
     QString mask_;
