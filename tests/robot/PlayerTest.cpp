@@ -45,6 +45,9 @@ constexpr Played passing[] = {
      "focus txtNome\npress a\npress \" \"\npress b\npress Backspace\npress Tab\nexpect focus txtCurto\nexpect txtNome "
      "text \"a \"",
      ""},
+    {"walksBack", "focus txtCurto\npress BackTab\nexpect focus txtNome", ""},
+    {"holdsAKeyDown", "type txtNome \"abcdef\"\nhold Backspace 4\nexpect txtNome text \"ab\"", ""},
+    {"doesACommandAgainAndAgain", "focus txtNome\ntimes 3 press x\nexpect txtNome text \"x\"*3", ""},
     {"startsWithTheFirstField", "expect focus txtNome\nleave\npress Tab\nexpect focus txtNome", ""},
     {"fillsAMask", "type mskCep \"01310100\"\nexpect mskCep text \"01310-100\"\nexpect mskCep mask \"#####-###\"", ""},
     {"choosesFromAList",
@@ -124,6 +127,8 @@ constexpr Played failing[] = {
     {"propertyOfAnotherKind", "expect txtNome items 1", "2: error 438: txtNome has no property items"},
     {"unknownContextField", "context Nada \"1\"", "2: error 438: O contexto não tem o campo Nada"},
     {"unknownScreen", "open frmTres", "2: expected a screen frmTres, the program has none"},
+    {"heldCharacter", "focus txtNome\nhold a 3", "3: expected the name of a key, was a"},
+    {"commandTimesNothing", "times x press a", "2: expected a number, was x"},
     {"unknownKey", "focus txtNome\npress F13", "3: expected a key, was F13"},
     {"unknownAnswer", "answer \"Talvez\"", "2: expected the answer Sim, Não, Cancela, OK or Escape, was Talvez"},
     {"unknownTab", "tab SSTab \"Terceira\"",

@@ -29,6 +29,12 @@ TEST(Words, KeepBlanksAndEscapesInsideQuotes) {
     EXPECT_EQ(SplitWords(uR"(type F "a b\"c\\d\n\r\t")"_s).last(), u"a b\"c\\d\n\r\t"_s);
 }
 
+TEST(Words, RepeatATextThatSaysHowOften) {
+    EXPECT_EQ(SplitWords(u"type F \"ab\"*3 x"_s), (QStringList{u"type"_s, u"F"_s, u"ababab"_s, u"x"_s}));
+    EXPECT_EQ(SplitWords(u"type F \"*\""_s).last(), u"*"_s);
+    EXPECT_FALSE(refusal("type F \"a\"*2b").isEmpty());
+}
+
 TEST(Words, TakeTheEmptyTextForAWord) {
     EXPECT_EQ(SplitWords(u"type F \"\""_s).size(), 3);
 }
