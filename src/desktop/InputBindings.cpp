@@ -223,7 +223,8 @@ void NotesBinding::selected() {
     tellSelection(cursor.selectionStart(), cursor.selectionEnd() - cursor.selectionStart());
 }
 
-/// Only what differs is changed, so that the widget can still take back what came before.
+/// Only what differs is changed, so that the widget can still take back what came before; what is written while the
+/// user is elsewhere may be another record's and takes nothing back.
 void NotesBinding::showText() {
     const QString shown = edit_.toPlainText();
     const QString& text = field().text();
@@ -234,6 +235,8 @@ void NotesBinding::showText() {
     cursor.setPosition(start);
     cursor.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
     cursor.insertText(text.mid(start));
+    if (!hasFocus())
+        edit_.document()->clearUndoRedoStacks();
 }
 
 namespace {

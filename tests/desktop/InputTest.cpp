@@ -181,6 +181,22 @@ TEST_F(SampleInput, UndoIsTheWidgetsOwn) {
     });
 }
 
+TEST_F(SampleInput, UndoBringsBackNothingOfAnotherRecord) {
+    open([&] {
+        put(tela.txtNota);
+        QTest::keyClicks(nota, "DA ANA");
+        QTest::keyClick(nota, Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_NE(tela.txtNota.text(), u"DA ANA");
+        put(tela.txtNome);
+        tela.txtNota.setText(u"DA BIA"_s);
+        settle();
+        put(tela.txtNota);
+        QTest::keyClick(nota, Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(tela.txtNota.text(), u"DA BIA");
+        EXPECT_EQ(nota->toPlainText(), u"DA BIA");
+    });
+}
+
 TEST_F(SampleInput, MaskedKeysAreTheFieldsOwn) {
     open([&] {
         put(tela.mskCEP);
