@@ -26,7 +26,13 @@ QString FormatAmount(double value) {
 }
 
 QString FormatAmountText(const QString& text) {
-    return IsNumeric(text) ? FormatAmount(ToNumber(text)) : text;
+    // A lone point that parts no thousands stands for the comma: "2.5" is no 25.
+    static const QRegularExpression pointed(u"^\\s*[+-]?\\d*\\.\\d*\\s*$"_s);
+    static const QRegularExpression thousands(u"^\\s*[+-]?\\d{1,3}\\.\\d{3}\\s*$"_s);
+    QString number = text;
+    if (pointed.match(text).hasMatch() && !thousands.match(text).hasMatch())
+        number.replace(u'.', u',');
+    return IsNumeric(number) ? FormatAmount(ToNumber(number)) : text;
 }
 
 QString FormatNumber(double value) {

@@ -15,6 +15,11 @@ TEST(Format, AmountsHaveTwoDecimalsAndAComma) {
     EXPECT_EQ(FormatAmount(99999999999.99), u"99999999999,99"_s);
     EXPECT_EQ(FormatAmountText(u"9999999999999,99"_s), u"9999999999999,99"_s);
     EXPECT_EQ(FormatAmountText(u"12"_s), u"12,00"_s);
+    EXPECT_EQ(FormatAmountText(u"2.5"_s), u"2,50"_s);
+    EXPECT_EQ(FormatAmountText(u"-1234.567"_s), u"-1234,57"_s);
+    EXPECT_EQ(FormatAmountText(u"1.234"_s), u"1234,00"_s);
+    EXPECT_EQ(FormatAmountText(u"1.234,5"_s), u"1234,50"_s);
+    EXPECT_EQ(FormatAmountText(u"."_s), u"."_s);
     EXPECT_EQ(FormatAmountText(u"abc"_s), u"abc"_s);
     EXPECT_EQ(FormatAmountText(QString()), QString());
 }
