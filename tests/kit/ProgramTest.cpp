@@ -1,5 +1,6 @@
 #include "base/Literals.h"
 #include "kit/Installed.h"
+#include "kit/Loader.h"
 
 #include <QDir>
 #include <QFile>
@@ -50,7 +51,9 @@ TEST(Program, WrongUseEndsIn2AndTellsTheRightOne) {
                              "restore --home /x",
                              "restore --home /x --replace",
                              "verify",
-                             "verify --home /x y"}) {
+                             "verify --home /x y",
+                             "upgrade",
+                             "upgrade --home /x y"}) {
         const Outcome outcome = run(words(line));
         EXPECT_EQ(outcome.code, 2) << line;
         EXPECT_TRUE(outcome.error.startsWith(u"uso: pessoas-base create"_s)) << line;
@@ -87,6 +90,20 @@ TEST(Program, CopiesVerifiesAndRestores) {
     EXPECT_EQ(restored.code, 0) << restored.error;
     EXPECT_TRUE(restored.out.startsWith(u"Base PRD restaurada e verificada: "_s + installed.production()))
         << restored.out;
+}
+
+TEST(Program, UpgradesWhatAnOlderVersionHasLeft) {
+    const Installed installed = Installed::copyOf(Installed::plain());
+    const QStringList upgrade{u"upgrade"_s, u"--home"_s, installed.home()};
+    {
+        kit::Loader loader(installed.production());
+        loader.run(
+            u"UPDATE muni_ibge SET desc_muni_ibge = 'Santa Bárbara d''Oeste' WHERE codi_muni_ibge = '3545803'"_s);
+        loader.commit();
+    }
+    EXPECT_EQ(run(upgrade).out, u"1 nome(s) com apóstrofo corrigido(s)\n"_s);
+    EXPECT_EQ(run(upgrade).out, u"Nada a mudar\n"_s);
+    EXPECT_EQ(run({u"upgrade"_s, u"--home"_s, u"/nao_ha"_s}).code, 1);
 }
 
 TEST(Program, AFailureOfTheEngineIsToldInTheProgramsWords) {
