@@ -31,7 +31,7 @@ void cmdIncluirAtividades_Click(frmPessoas& tela) {
     if (ramo.isEmpty())
         return;
     if (IdAtividade(tela.contexto(), ramo) > 0)
-        tela.FlexAtividades.AddRow({{}, ramo});
+        tela.FlexAtividades.AddRow({{}, tela.cboAtividades.text()});
     else
         tela.program().MsgBox({u"Este Ramo de Atividade não existe!"_s, ContextoExecucao::Titulo(),
                                screen::Icon::Critical, screen::Buttons::OK});
@@ -82,7 +82,7 @@ Statement MontaInsertAtividade(const frmPessoas& tela, const QString& idpess, in
     Insercao insercao("pess_ativ");
     insercao.incluiChave(Statement("idpess_ativ"), ChaveDoGerador(tela.contexto(), data::Piece("GEN_PESS_ATIV")));
     insercao.inclui("idpess", idpess);
-    const QString ramo = tela.FlexAtividades.cell(linha, colunaAtividade);
+    const QString ramo = Trim(tela.FlexAtividades.cell(linha, colunaAtividade));
     insercao.inclui("idativ", QString::number(IdAtividade(tela.contexto(), ramo)));
     return insercao.encerra(tela.contexto());
 }
