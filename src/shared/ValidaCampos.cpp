@@ -47,13 +47,17 @@ constexpr std::array regrasEmail{
 
 } // namespace
 
+QString FalhaEmail(const QString& email) {
+    const auto* falha = std::find_if(regrasEmail.begin(), regrasEmail.end(),
+                                     [&](const RegraEmail& regra) { return !regra.aceita(email); });
+    return falha == regrasEmail.end() ? QString() : QString::fromUtf8(falha->mensagem);
+}
+
 bool ValidaEmail(ContextoExecucao& contexto, const QString& email) {
-    for (const RegraEmail& regra : regrasEmail)
-        if (!regra.aceita(email)) {
-            contexto.program().MsgBox(QString::fromUtf8(regra.mensagem));
-            return false;
-        }
-    return true;
+    const QString falha = FalhaEmail(email);
+    if (!falha.isEmpty())
+        contexto.program().MsgBox(falha);
+    return falha.isEmpty();
 }
 
 bool ValidaDiaMes(const ContextoExecucao& contexto, QString& data) {

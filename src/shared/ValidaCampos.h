@@ -5,7 +5,9 @@
 /// Checks of e-mail, date and number fields.
 namespace vorta {
 
-/// Ten rules in their order; the first that fails shows its message.
+/// Ten rules in their order: the message of the first that fails; empty for an accepted address.
+QString FalhaEmail(const QString& email);
+/// The same, and shows the message.
 bool ValidaEmail(ContextoExecucao& contexto, const QString& email);
 
 /// A day and month "dd/mm" of the current year; the blank mask "__/__" passes. Any other text gets "/" and the current

@@ -23,6 +23,7 @@ LAYERS = {
     "search": ["shared", "launch", "data", "screen", "base"],
     "roles": ["shared", "launch", "data", "screen", "base"],
     "maintenance": ["shared", "launch", "data", "screen", "base"],
+    "audit": ["shared", "shared/inscricao", "launch", "kit", "data", "screen", "base"],
     "app": ["person", "search", "roles", "maintenance", "firebird", "odbc", "launch", "data", "screen", "base"],
     "kit": ["firebird", "data", "base"],
     "robot": ["launch", "data", "screen", "base"],

@@ -36,6 +36,11 @@ constexpr std::array commands{
             "verifica uma base inteira: páginas, índices e registros sem a sua pessoa"},
     Command{"upgrade", Upgrade, "--home PASTA",
             "traz os dados de uma instalação feita por uma versão anterior à forma de hoje"},
+    Command{"conferir", Conferir, "--home PASTA [--base NOME] [--csv ARQUIVO] [--html ARQUIVO]",
+            "confere o cadastro inteiro, sem gravar nada: documentos, inscrições, pessoas repetidas,\n"
+            "cidades, CEPs, e-mails e vínculos (veja docs/conferencia.md)"},
+    Command{"conferir", Conferir, "--home PASTA [--base NOME] --corrige-municipios [--grava] [--csv ARQUIVO]",
+            "preenche os códigos de município vazios; sem --grava é um ensaio, que só diz quais"},
 };
 
 int misuse() {
@@ -49,7 +54,7 @@ int misuse() {
     for (const Command& command : commands) {
         const char* name = command.name;
         for (const QByteArray& line : QByteArray(command.help).split('\n')) {
-            std::fprintf(stderr, "%-9s%s\n", name, line.constData());
+            std::fprintf(stderr, "%-10s%s\n", name, line.constData());
             name = "";
         }
     }
