@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <functional>
 #include <memory>
+#include <span>
 
 namespace vorta::data {
 
@@ -14,6 +15,9 @@ namespace vorta::data {
 class RowSink {
   public:
     virtual ~RowSink() = default;
+    /// The columns that will be looked at; none for all. An adapter may give others as well, not fewer of those that
+    /// there are.
+    virtual std::span<const Piece> wanted() const { return {}; }
     virtual void columns(const QStringList& names) = 0;
     virtual void beginRow() = 0;
     virtual void null() = 0;

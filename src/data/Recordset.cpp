@@ -1,9 +1,11 @@
 #include "data/Recordset.h"
 
+#include "base/ByteBlocks.h"
 #include "base/Moment.h"
 #include "base/RuntimeError.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <map>
 
@@ -98,23 +100,42 @@ Value take(const char*& at) {
 
 } // namespace
 
-/// Packs the rows as they come and finds their values again. A row is a run of packed values; rows lie in blocks that
-/// never move.
+/// Packs the rows as they come and finds their values again. A row is the number of its bytes and a run of packed
+/// values; rows are walked forward only, and what has been walked over is given back block by block.
 class Recordset::Arena : public RowSink {
   public:
-    void columns(const QStringList& names) override { names_ = names; }
-    void beginRow() override { packed_.clear(); }
-    void null() override { packed_ += static_cast<char>(Null); }
+    explicit Arena(const Reading& reading) : reading_(reading) {}
+
+    std::span<const Piece> wanted() const override { return reading_.columns; }
+    void columns(const QStringList& names) override {
+        names_ = names;
+        if (!reading_.columns.empty())
+            keepOnly(reading_.columns);
+    }
+    void beginRow() override {
+        packed_.clear();
+        given_ = 0;
+    }
+    void null() override {
+        if (isKept())
+            packed_ += static_cast<char>(Null);
+    }
     void integer(qint64 value) override {
+        if (!isKept())
+            return;
         packed_ += static_cast<char>(Integer);
         putNumber(packed_, folded(value));
     }
     void decimal(Decimal value) override {
+        if (!isKept())
+            return;
         packed_ += static_cast<char>(DecimalNumber);
         putNumber(packed_, static_cast<quint64>(value.scale));
         putNumber(packed_, folded(value.unscaled));
     }
     void text(std::string_view utf8) override {
+        if (!isKept())
+            return;
         if (utf8.size() <= longestShortText) {
             packed_ += static_cast<char>(ShortText + utf8.size());
         } else {
@@ -124,6 +145,8 @@ class Recordset::Arena : public RowSink {
         packed_ += utf8;
     }
     void date(const QDateTime& value) override {
+        if (!isKept())
+            return;
         const int time = value.time().msecsSinceStartOfDay();
         packed_ += static_cast<char>(time == 0 ? Date : DateWithTime);
         putNumber(packed_, folded(value.date().toJulianDay()));
@@ -131,13 +154,37 @@ class Recordset::Arena : public RowSink {
             putNumber(packed_, static_cast<quint64>(time));
     }
     void endRow() override {
-        rows_.push_back(place(packed_.size()));
-        std::memcpy(rows_.back(), packed_.data(), packed_.size());
+        length_.clear();
+        putNumber(length_, packed_.size());
+        char* const place = rows_.add(length_.size() + packed_.size());
+        std::memcpy(place, length_.data(), length_.size());
+        std::memcpy(place + length_.size(), packed_.data(), packed_.size());
+        ++count_;
+        constexpr int rowsBetween = 64;
+        if (reading_.fetched && count_ % rowsBetween == 1)
+            reading_.fetched(count_);
+    }
+
+    /// Stands on the first row. Nothing is told to who heard of the fetching any more.
+    void start() {
+        reading_ = {};
+        packed_ = {};
+        if (left() > 0)
+            enter(rows_.front().begin());
+    }
+    int count() const { return count_; }
+    int left() const { return count_ - passed_; }
+    void next() {
+        ++passed_;
+        overwritten_.clear();
+        const bool blockIsOver = end_ == rows_.front().end();
+        if (blockIsOver)
+            rows_.dropFront();
+        if (left() > 0)
+            enter(blockIsOver ? rows_.front().begin() : end_);
     }
 
     const QStringList& names() const { return names_; }
-    int rowCount() const { return static_cast<int>(rows_.size()); }
-
     int indexOf(QStringView name) const {
         const auto found = std::find_if(names_.begin(), names_.end(), [name](const QString& column) {
             return column.size() == name.size() && name.compare(column, Qt::CaseInsensitive) == 0;
@@ -145,49 +192,65 @@ class Recordset::Arena : public RowSink {
         return found == names_.end() ? -1 : static_cast<int>(found - names_.begin());
     }
 
-    Value at(int row, int column) {
+    /// A value of the row that is stood on.
+    Value at(int column) {
         if (!overwritten_.empty())
-            if (const auto changed = overwritten_.find({row, column}); changed != overwritten_.end())
+            if (const auto changed = overwritten_.find(column); changed != overwritten_.end())
                 return changed->second;
-        if (row != readRow_ || column < readColumn_) {
-            readRow_ = row;
-            readColumn_ = 0;
-            reading_ = rows_[static_cast<std::size_t>(row)];
-        }
+        if (column < readColumn_)
+            readFrom(row_);
         for (; readColumn_ < column; ++readColumn_)
-            skip(reading_);
-        const char* at = reading_;
+            skip(read_);
+        const char* at = read_;
         return take(at);
     }
-
-    void overwrite(int row, int column, const Value& value) { overwritten_[{row, column}] = value; }
+    void overwrite(int column, const Value& value) { overwritten_[column] = value; }
 
   private:
-    static constexpr std::size_t blockSize = 256UL * 1024;
-
-    char* place(std::size_t size) {
-        if (blocks_.empty() || used_ + size > capacity_) {
-            // Small results, by far the most, take no more than they need.
-            capacity_ = std::max(size, blocks_.empty() ? std::size_t{1024} : std::min(blockSize, capacity_ * 2));
-            blocks_.push_back(std::make_unique_for_overwrite<char[]>(capacity_));
-            used_ = 0;
+    /// A result may have more columns than were asked for; these are not there.
+    void keepOnly(std::span<const Piece> wanted) {
+        std::vector<bool> kept;
+        QStringList names;
+        for (const QString& name : names_) {
+            kept.push_back(std::any_of(wanted.begin(), wanted.end(), [&](const Piece& piece) {
+                return name.compare(piece.toString(), Qt::CaseInsensitive) == 0;
+            }));
+            if (kept.back())
+                names += name;
         }
-        char* const found = blocks_.back().get() + used_;
-        used_ += size;
-        return found;
+        if (names.size() < names_.size())
+            kept_ = std::move(kept);
+        names_ = std::move(names);
+    }
+    /// Asked once for each value of a row, in the order in which they come.
+    bool isKept() { return kept_.empty() || kept_[given_++]; }
+
+    void enter(const char* place) {
+        const quint64 length = takeNumber(place);
+        row_ = place;
+        end_ = place + length;
+        readFrom(row_);
+    }
+    void readFrom(const char* place) {
+        read_ = place;
+        readColumn_ = 0;
     }
 
+    Reading reading_;
     QStringList names_;
+    std::vector<bool> kept_; ///< of the columns that come; none when all are kept
+    std::size_t given_ = 0;  ///< values of the coming row so far
     std::string packed_;
-    std::vector<std::unique_ptr<char[]>> blocks_;
-    std::size_t capacity_ = 0;
-    std::size_t used_ = 0;
-    std::vector<char*> rows_;
-    std::map<std::pair<int, int>, Value> overwritten_;
-    /// Where the last value was read: columns are mostly asked in their order.
-    int readRow_ = -1;
+    std::string length_;
+    ByteBlocks rows_;
+    int count_ = 0;
+    int passed_ = 0;
+    std::map<int, Value> overwritten_; ///< in the current row
+    // The current row, and where the last value was read: columns are mostly asked in their order.
+    const char* row_ = nullptr;
+    const char* end_ = nullptr;
+    const char* read_ = nullptr;
     int readColumn_ = 0;
-    const char* reading_ = nullptr;
 };
 
 namespace {
@@ -208,8 +271,8 @@ int column(const Arena& arena, QStringView name) {
 }
 
 template <typename Arena>
-void needRow(const Arena& arena, int row) {
-    if (row >= arena.rowCount())
+void needRow(const Arena& arena) {
+    if (arena.left() == 0)
         throw RuntimeError(errorNumber::NoCurrentRow);
 }
 
@@ -220,52 +283,63 @@ Recordset::~Recordset() = default;
 Recordset::Recordset(Recordset&&) noexcept = default;
 Recordset& Recordset::operator=(Recordset&&) noexcept = default;
 
-void Recordset::Open(const Statement& statement, Connection& connection) {
-    auto arena = std::make_unique<Arena>();
+void Recordset::Open(const Statement& statement, Connection& connection, const Reading& reading) {
+    auto arena = std::make_unique<Arena>(reading);
     connection.query(statement, *arena);
+    arena->start();
     arena_ = std::move(arena);
-    row_ = 0;
 }
 
 bool Recordset::Eof() const {
-    return row_ >= opened(arena_).rowCount();
+    return opened(arena_).left() == 0;
 }
 
 void Recordset::MoveNext() {
-    needRow(opened(arena_), row_);
-    ++row_;
+    Arena& arena = opened(arena_);
+    needRow(arena);
+    arena.next();
 }
 
 int Recordset::RecordCount() const {
-    return opened(arena_).rowCount();
+    return opened(arena_).count();
 }
 
 Value Recordset::Fields(QStringView name) const {
     Arena& arena = opened(arena_);
     const int index = column(arena, name);
-    needRow(arena, row_);
-    return arena.at(row_, index);
+    needRow(arena);
+    return arena.at(index);
+}
+
+Value Recordset::Fields(const char* name) const {
+    // Asked for each value of each row: a name of the usual length costs no allocation.
+    constexpr std::size_t usualName = 64;
+    const std::size_t length = std::strlen(name);
+    if (length > usualName)
+        return Fields(QString::fromLatin1(name));
+    std::array<char16_t, usualName> wide;
+    std::copy_n(name, length, wide.begin());
+    return Fields(QStringView(wide.data(), static_cast<qsizetype>(length)));
 }
 
 Value Recordset::Fields(int index) const {
     Arena& arena = opened(arena_);
     if (index < 0 || index >= arena.names().size())
         throw RuntimeError(errorNumber::NoSuchColumn);
-    needRow(arena, row_);
-    return arena.at(row_, index);
+    needRow(arena);
+    return arena.at(index);
 }
 
 void Recordset::Overwrite(QStringView name, const Value& value) {
     Arena& arena = opened(arena_);
     const int index = column(arena, name);
-    needRow(arena, row_);
-    arena.overwrite(row_, index, value);
+    needRow(arena);
+    arena.overwrite(index, value);
 }
 
 void Recordset::Close() {
     opened(arena_);
     arena_.reset();
-    row_ = 0;
 }
 
 } // namespace vorta::data

@@ -13,6 +13,7 @@ class Piece {
   public:
     consteval Piece(const char* text) : text_(text) {}
     QString toString() const { return QString::fromUtf8(text_); }
+    constexpr const char* utf8() const { return text_; }
 
   private:
     const char* text_;

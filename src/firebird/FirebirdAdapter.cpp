@@ -1,6 +1,7 @@
 #include "firebird/FirebirdAdapter.h"
 
 #include "base/Literals.h"
+#include "data/NamedColumns.h"
 #include "firebird/Bridge.h"
 #include "firebird/Client.h"
 #include "firebird/EmbeddedEngine.h"
@@ -112,8 +113,10 @@ class FirebirdAdapter : public data::Adapter {
 
     /// `isQuery`: asked for rows, so that its very text may come again.
     Runnable prepare(const Statement& statement, bool isQuery = false);
+    Runnable prepareQuery(const Statement& statement, const RowSink& rows);
     std::optional<std::vector<bool>> describeDates(const QString& text);
-    void run(const Statement& statement, RowSink* rows);
+    void run(const Statement& statement);
+    void run(const Runnable& runnable, RowSink* rows);
     void runInsert(const Statement& statement, const QString& table);
     std::optional<qint64> write(PreparedStatement& prepared, RowSink* rows);
     void giveIdentity(const QString& column, RowSink& rows) const;
@@ -183,7 +186,7 @@ void FirebirdAdapter::execute(const Statement& statement) {
         if (table)
             runInsert(statement, table->toUpper());
         else
-            run(statement, nullptr);
+            run(statement);
     });
 }
 
@@ -192,7 +195,7 @@ void FirebirdAdapter::query(const Statement& statement, RowSink& rows) {
         if (const std::optional<QString> column = IdentityColumn(statement))
             giveIdentity(*column, rows);
         else
-            run(BridgeSyntax(statement), &rows);
+            run(prepareQuery(BridgeSyntax(statement), rows), &rows);
     });
 }
 
@@ -221,13 +224,16 @@ void FirebirdAdapter::runInsert(const Statement& statement, const QString& table
             return;
         }
     }
-    run(statement, nullptr);
+    run(statement);
     identity_.reset();
     keyless_.insert(table);
 }
 
-void FirebirdAdapter::run(const Statement& statement, RowSink* rows) {
-    const Runnable runnable = prepare(statement, rows != nullptr);
+void FirebirdAdapter::run(const Statement& statement) {
+    run(prepare(statement), nullptr);
+}
+
+void FirebirdAdapter::run(const Runnable& runnable, RowSink* rows) {
     if (runnable.prepared->answer() == Answer::Rows)
         runnable.prepared->fetch(reading(), rows);
     else
@@ -261,6 +267,18 @@ FirebirdAdapter::Runnable FirebirdAdapter::prepare(const Statement& statement, b
     auto own = std::make_unique<PreparedStatement>(*attachment_, reading(), bridged.text());
     PreparedStatement* const prepared = own.get();
     return {prepared, std::move(own)};
+}
+
+/// With the wanted columns alone where that can be said. Where the engine refuses it, the text as the flow sent it
+/// tells its own failure, or brings what there is.
+FirebirdAdapter::Runnable FirebirdAdapter::prepareQuery(const Statement& statement, const RowSink& rows) {
+    if (const std::optional<Statement> narrow = data::OnlyColumns(statement, rows.wanted())) {
+        try {
+            return prepare(*narrow, true);
+        } catch (const Firebird::FbException&) {
+        }
+    }
+    return prepare(statement, true);
 }
 
 std::optional<qint64> FirebirdAdapter::write(PreparedStatement& prepared, RowSink* rows) {

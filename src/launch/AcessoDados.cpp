@@ -22,16 +22,29 @@ Colour corDe(const QString& texto) {
     return ToInt32(Val(texto));
 }
 
+Recordset Abre(ContextoExecucao& contexto, const Statement& comando, const data::Reading& leitura) {
+    Recordset registros;
+    registros.Open(comando, contexto.principal(), leitura);
+    return registros;
+}
+
 } // namespace
 
 Recordset AbreLeitura(ContextoExecucao& contexto, const Statement& comando) {
     return AbreLeituraComoEscrita(contexto, comando.upper());
 }
 
+Recordset AbreLeitura(ContextoExecucao& contexto, const Statement& comando, std::vector<data::Piece> colunas) {
+    return Abre(contexto, comando.upper(), {.columns = std::move(colunas)});
+}
+
+Recordset AbreLeituraLonga(ContextoExecucao& contexto, const Statement& comando, std::vector<data::Piece> colunas) {
+    const auto mostra = [&contexto](qint64 lidos) { contexto.platform().progress(lidos, screen::unknownTotal); };
+    return Abre(contexto, comando.upper(), {.columns = std::move(colunas), .fetched = mostra});
+}
+
 Recordset AbreLeituraComoEscrita(ContextoExecucao& contexto, const Statement& comando) {
-    Recordset registros;
-    registros.Open(comando, contexto.principal());
-    return registros;
+    return Abre(contexto, comando, {});
 }
 
 void Executa(ContextoExecucao& contexto, const Statement& comando) {

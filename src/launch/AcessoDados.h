@@ -8,6 +8,13 @@ namespace vorta {
 
 /// Opens a read statement in capitals on the main connection.
 data::Recordset AbreLeitura(ContextoExecucao& contexto, const data::Statement& comando);
+/// The same, of which these columns alone are read: no other one is fetched, and asking for it raises 3265. For reads
+/// that bring many rows of a wide table.
+data::Recordset AbreLeitura(ContextoExecucao& contexto, const data::Statement& comando,
+                            std::vector<data::Piece> colunas);
+/// The same, and the coming of the rows is shown as progress, whose end is the caller's. None for all columns.
+data::Recordset AbreLeituraLonga(ContextoExecucao& contexto, const data::Statement& comando,
+                                 std::vector<data::Piece> colunas = {});
 /// Opens a read statement as it is written.
 data::Recordset AbreLeituraComoEscrita(ContextoExecucao& contexto, const data::Statement& comando);
 /// Executes a write statement in capitals on the main connection; accents stay.

@@ -38,6 +38,11 @@ constexpr std::array contagens{
              &frmInfoPess::lblQt5},
 };
 
+/// The columns that the maintenance reads of a person.
+constexpr std::array<data::Piece, 7> colunasLidas{"IDPESS",         "CIDA_COML_PESS", "UF00_COML_PESS",
+                                                  "CIDA_ENTG_PESS", "UF00_ENTG_PESS", "CIDA_COBR_PESS",
+                                                  "UF00_COBR_PESS"};
+
 /// The municipal code of an address of the row; a null city or state raises 94.
 QString CodigoDoEndereco(ContextoExecucao& contexto, const Recordset& pessoa, const char* cidade, const char* uf) {
     QString nome = pessoa.Fields(cidade).text();
@@ -89,7 +94,8 @@ void frmInfoPess::CalculaSemVinculo() {
 }
 
 void frmInfoPess::cmdEspecialMun_Click() {
-    Recordset pessoas = AbreLeitura(contexto_, Statement("SELECT * FROM pess order by idpess"));
+    Recordset pessoas = AbreLeituraLonga(contexto_, Statement("SELECT * FROM pess order by idpess"),
+                                         {colunasLidas.begin(), colunasLidas.end()});
     setPointer(screen::Pointer::Hourglass);
     const int total = pessoas.RecordCount();
     int contador = 0;

@@ -1,6 +1,7 @@
 #include "odbc/OdbcAdapter.h"
 
 #include "base/Literals.h"
+#include "data/NamedColumns.h"
 #include "odbc/ConnectionKeys.h"
 #include "odbc/Diagnostics.h"
 #include "odbc/RowReader.h"
@@ -23,6 +24,8 @@ using data::Statement;
 /// What the register expects of every session: year-first dates with slashes, and a lock that ends in an error, not in
 /// a hanging window.
 const QString sessionSettings = u"SET DATEFORMAT ymd SET LOCK_TIMEOUT 5000"_s;
+
+const QString columnNotFound = u"42S22"_s;
 
 QString freshName() {
     static std::atomic<int> count = 0;
@@ -81,7 +84,7 @@ class OdbcAdapter final : public Adapter {
     }
 
     void query(const Statement& statement, RowSink& rows) override {
-        const Handle handle = run(statement.text());
+        const Handle handle = ask(statement, rows);
         RowReader reader(handle.get());
         rows.columns(reader.names());
         if (!reader.send(rows))
@@ -97,6 +100,21 @@ class OdbcAdapter final : public Adapter {
     }
 
     SQLHANDLE connection() const { return *static_cast<const SQLHANDLE*>(database_.driver()->handle().constData()); }
+
+    /// With the wanted columns alone where that can be said. A table without one of them is asked for all: what is not
+    /// there is then found missing where it is read.
+    Handle ask(const Statement& statement, const RowSink& rows) {
+        if (const std::optional<Statement> narrow = data::OnlyColumns(statement, rows.wanted())) {
+            try {
+                return run(narrow->text());
+            } catch (const RuntimeError& failure) {
+                if (failure.sqlState() != columnNotFound)
+                    throw RuntimeError(failure.number(), failure.description(), failure.engineCode(),
+                                       failure.sqlState(), statement.text());
+            }
+        }
+        return run(statement.text());
+    }
 
     /// Qt's own query would describe every column four times over and keep no SQLSTATE: statements go to the driver
     /// directly.

@@ -330,7 +330,9 @@ void TelaPapel::chkVisualiza_Click() {
         contexto_.SqlConsulta << " where dtdesativa is null";
     if (contatos_)
         contatos_->PreparaGridContatos();
-    for (Recordset linhas = AbreLeitura(contexto_, contexto_.SqlConsulta); !linhas.Eof(); linhas.MoveNext()) {
+    for (Recordset linhas = AbreLeitura(contexto_, contexto_.SqlConsulta,
+                                        {"idVendedor", "NOME_CONH", "nome", "dtinclusao", "dtdesativa"});
+         !linhas.Eof(); linhas.MoveNext()) {
         if (!contatos_)
             throw RuntimeError(errorNumber::ObjectNotSet, u"A tela %1 não tem grade"_s.arg(name()));
         contatos_->Flex.AddRow({linhas.Fields("idVendedor").textOr({}), linhas.Fields("NOME_CONH").textOr({}),

@@ -4,6 +4,7 @@
 #include "base/RuntimeError.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace vorta::screen {
 
@@ -22,8 +23,7 @@ void Grid::reset(const std::vector<GridColumn>& columns) {
     columns_ = columns;
     rows_.clear();
     rows_.shrink_to_fit();
-    arena_.clear();
-    arena_.shrink_to_fit();
+    bytes_.clear();
     row_ = 0;
     col_ = 0;
     topRow_ = 1;
@@ -49,8 +49,10 @@ void Grid::setTopRow(int row) {
 }
 
 QByteArrayView Grid::bytesOf(int row) const {
-    const Slice& slice = rows_[static_cast<size_t>(row - 1)];
-    return {arena_.data() + slice.start, static_cast<qsizetype>(slice.length)};
+    const char* const packed = rows_[static_cast<size_t>(row - 1)];
+    quint32 length = 0;
+    std::memcpy(&length, packed, sizeof length);
+    return {packed + sizeof length, static_cast<qsizetype>(length)};
 }
 
 QString Grid::cell(int row, int col) const {
@@ -69,18 +71,19 @@ QString Grid::cell(int row, int col) const {
     return QString::fromUtf8(end < 0 ? rest : rest.first(end));
 }
 
-Grid::Slice Grid::append(const QByteArray& cells) {
-    qsizetype length = cells.size();
+const char* Grid::pack(QByteArrayView cells) {
     // Empty cells at the end need no separator of their own.
-    while (length > 0 && cells[length - 1] == cellEnd)
-        --length;
-    const Slice slice{.start = arena_.size(), .length = static_cast<quint64>(length)};
-    arena_.insert(arena_.end(), cells.begin(), cells.begin() + length);
-    return slice;
+    while (!cells.isEmpty() && cells.back() == cellEnd)
+        cells.chop(1);
+    const auto length = static_cast<quint32>(cells.size());
+    char* const packed = bytes_.add(sizeof length + length);
+    std::memcpy(packed, &length, sizeof length);
+    std::memcpy(packed + sizeof length, cells.data(), length);
+    return packed;
 }
 
 void Grid::add(const QByteArray& cells) {
-    rows_.push_back(append(cells));
+    rows_.push_back(pack(cells));
     if (Rows() == 2)
         row_ = 1;
     touched();
@@ -107,7 +110,7 @@ void Grid::RemoveItem(int row) {
 }
 
 qint64 Grid::bytesUsed() const {
-    const std::size_t bytes = rows_.capacity() * sizeof(Slice) + arena_.capacity();
+    const std::size_t bytes = rows_.capacity() * sizeof(const char*) + bytes_.capacity();
     return static_cast<qint64>(bytes);
 }
 

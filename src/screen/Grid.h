@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/ByteBlocks.h"
 #include "screen/Field.h"
 
 #include <vector>
@@ -16,7 +17,7 @@ struct GridColumn {
     Align align = Align::Left;
 };
 
-/// Rows and columns of text with one fixed header row, row 0. Rows are packed as UTF-8 in one arena, so that a million
+/// Rows and columns of text with one fixed header row, row 0. Rows are packed as UTF-8 in blocks, so that a million
 /// rows fit; the window asks only for the cells that it shows. A row or column outside the grid raises 381.
 class Grid : public Field {
   public:
@@ -59,18 +60,15 @@ class Grid : public Field {
     quint64 revision() const { return revision_; }
 
   private:
-    struct Slice {
-        quint64 start : 40;
-        quint64 length : 24;
-    };
     QByteArrayView bytesOf(int row) const;
-    Slice append(const QByteArray& cells);
+    /// Packs a row behind the number of its bytes.
+    const char* pack(QByteArrayView cells);
     void add(const QByteArray& cells);
     void touched();
 
     std::vector<GridColumn> columns_;
-    std::vector<Slice> rows_;
-    std::vector<char> arena_;
+    std::vector<const char*> rows_;
+    ByteBlocks bytes_;
     int row_ = 0;
     int col_ = 0;
     int topRow_ = 1;

@@ -25,6 +25,9 @@ struct Box {
     Buttons buttons = Buttons::OK;
 };
 
+/// The total of work whose end nobody knows yet.
+inline constexpr qint64 unknownTotal = -1;
+
 /// The outside world of one running register. Given at the start; two of them can live in one process.
 class Platform {
   public:
@@ -40,7 +43,8 @@ class Platform {
     virtual void dropPrepared();
     /// Hands an address ("mailto:...") to the desktop; the answer is not looked at.
     virtual void openAddress(const QString& address) = 0;
-    /// Tells how far long work has come; `total` 0 means that the work is over.
+    /// Tells how far long work has come; `total` 0 means that the work is over. What is shown may be painted now, but
+    /// nothing that the user does is heard, and no handler may run: a read may be under way.
     virtual void progress(qint64 done, qint64 total);
 
     /// Root of the installation; its folder "config/" is the fixed place of the configuration files. Without a closing

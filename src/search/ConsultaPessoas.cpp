@@ -64,7 +64,9 @@ constexpr Piece consultaPorRamo =
     "AND (pess.DATA_DESA Is Null) ";
 
 /// The columns that the first grid columns show; column 6, between the date and the external code, belongs to the role.
-constexpr std::array colunasGrid{"IDPESS", "cpf0_cnpj", "NOME_PESS", "NOME_CONH", "TELE_0001_PESS", "data_desa"};
+constexpr std::array<Piece, 6> colunasGrid{"IDPESS",    "cpf0_cnpj",      "NOME_PESS",
+                                           "NOME_CONH", "TELE_0001_PESS", "data_desa"};
+constexpr Piece codigoExterno = "pess_codi_exte";
 
 bool escolhida(const Tela& tela, Opcao opcao) {
     return !opcao || (tela.*opcao).value();
@@ -86,7 +88,7 @@ void acrescentaFiltro(Statement& comando, std::initializer_list<Piece> filtro, c
 
 bool semVinculo(const Recordset& registros) {
     return std::none_of(papeis.begin(), papeis.end(), [&](const Papel& papel) {
-        const data::Value id = registros.Fields(papel.chave.toString());
+        const data::Value id = registros.Fields(papel.chave.utf8());
         return !id.isNull() && id.number() > 0;
     });
 }
@@ -131,6 +133,15 @@ FiltroPapel FiltroEscolhido(const frmBROWSE_PESSOAS& tela) {
     return {};
 }
 
+std::vector<Piece> ColunasLidas(const FiltroPapel& filtro) {
+    std::vector<Piece> colunas(colunasGrid.begin(), colunasGrid.end());
+    colunas.push_back(codigoExterno);
+    if (filtro.prospect)
+        for (const Papel& papel : papeis)
+            colunas.push_back(papel.chave);
+    return colunas;
+}
+
 std::optional<QStringList> LinhaPessoa(ContextoExecucao& contexto, const Recordset& registros,
                                        const FiltroPapel& filtro) {
     QString idPapel;
@@ -144,9 +155,9 @@ std::optional<QStringList> LinhaPessoa(ContextoExecucao& contexto, const Records
         idPapel = u"0"_s;
     }
     QStringList linha;
-    for (const char* coluna : colunasGrid)
-        linha << registros.Fields(coluna).textOr({});
-    linha << idPapel << registros.Fields("pess_codi_exte").textOr({});
+    for (const Piece& coluna : colunasGrid)
+        linha << registros.Fields(coluna.utf8()).textOr({});
+    linha << idPapel << registros.Fields(codigoExterno.utf8()).textOr({});
     if (const Papel* papel = papelDaColuna8(filtro))
         linha << Vinculo(contexto, *papel, registros.Fields("IDPESS").text());
     return linha;

@@ -4,6 +4,7 @@
 #include "shared/Papeis.h"
 
 #include <optional>
+#include <vector>
 
 /// The two halves of a person search: the statement that the options make, and the role filter that is applied to its
 /// rows one by one.
@@ -20,6 +21,9 @@ struct FiltroPapel {
     bool prospect = false;        ///< instead: the person must have no link at all
 };
 FiltroPapel FiltroEscolhido(const frmBROWSE_PESSOAS& tela);
+
+/// The columns that the rows of a search are read for.
+std::vector<data::Piece> ColunasLidas(const FiltroPapel& filtro);
 
 /// The cells of the current row as the grid takes them; nothing when the filter skips the row. Sends one or two
 /// lookups for a row with a role filter. A result without one of the grid's columns raises 3265.

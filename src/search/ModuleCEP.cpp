@@ -12,9 +12,9 @@ using data::Statement;
 /// How many rows pass between two reports of progress.
 constexpr int passoProgresso = 100;
 
-Recordset Abre(ContextoExecucao& contexto, const Statement& comando) {
+Recordset Abre(ContextoExecucao& contexto, const Statement& comando, const data::Reading& leitura = {}) {
     Recordset registros;
-    registros.Open(comando.upper(), contexto.cep());
+    registros.Open(comando.upper(), contexto.cep(), leitura);
     return registros;
 }
 
@@ -34,7 +34,8 @@ QString RetornaLogradouros(ContextoExecucao& contexto, const QString& tipo, cons
         comando << " WHERE CEP8_LOGR = '" << Trim(valor) << "'";
     else
         comando << " WHERE NOME_LOGR like '%" << Trim(valor) << "%'";
-    Recordset registros = Abre(contexto, comando);
+    const auto mostra = [&](qint64 lidos) { contexto.platform().progress(lidos, screen::unknownTotal); };
+    Recordset registros = Abre(contexto, comando, {.fetched = mostra});
     if (registros.Eof())
         return {};
     const int total = registros.RecordCount();

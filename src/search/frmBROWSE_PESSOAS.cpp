@@ -169,12 +169,13 @@ void frmBROWSE_PESSOAS::cmdPesquisa_Click() {
     MontaGridPessoas();
     contexto_.SqlConsulta = MontaConsultaPessoas(contexto_, *this);
     setPointer(screen::Pointer::Hourglass);
-    data::Recordset registros = AbreLeitura(contexto_, contexto_.SqlConsulta);
+    const FiltroPapel filtro = FiltroEscolhido(*this);
+    data::Recordset registros = AbreLeituraLonga(contexto_, contexto_.SqlConsulta, ColunasLidas(filtro));
     if (registros.Eof()) {
         program().MsgBox(u"Nenhum Registro Localizado com esses parâmetros..."_s);
         SetFocus(cboCod);
     } else {
-        PreencheGrid(registros);
+        PreencheGrid(registros, filtro);
     }
     setPointer(screen::Pointer::Default);
     // With several rows the user has to pick one before a double click reaches any.
@@ -182,8 +183,7 @@ void frmBROWSE_PESSOAS::cmdPesquisa_Click() {
         Flex.setRow(0);
 }
 
-void frmBROWSE_PESSOAS::PreencheGrid(data::Recordset& registros) {
-    const FiltroPapel filtro = FiltroEscolhido(*this);
+void frmBROWSE_PESSOAS::PreencheGrid(data::Recordset& registros, const FiltroPapel& filtro) {
     const int total = registros.RecordCount();
     for (int lidos = 0; !registros.Eof(); registros.MoveNext(), ++lidos) {
         if (lidos % passoProgresso == 0)

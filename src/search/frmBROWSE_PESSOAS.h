@@ -7,6 +7,8 @@
 
 namespace vorta {
 
+struct FiltroPapel;
+
 /// Finds a person by many criteria. Any screen of the ERP may show it: the caller says who it is in `TelaChamadora` and
 /// which role it wants in `TipoConsulta`; a double click on a row writes the choice into the caller's fields. The last
 /// search comes back at the next opening.
@@ -65,7 +67,7 @@ class frmBROWSE_PESSOAS : public screen::Screen {
     void PresetaPapel();
     bool RestauraBusca();
     void GuardaBusca();
-    void PreencheGrid(data::Recordset& registros);
+    void PreencheGrid(data::Recordset& registros, const FiltroPapel& filtro);
 
     void cmdPesquisa_Click();
     void cmdLimpar_Click();

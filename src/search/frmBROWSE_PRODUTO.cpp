@@ -196,7 +196,7 @@ void frmBROWSE_PRODUTO::cmdPesquisa_Click() {
     MontaGridProdutos();
     MontaConsulta();
     setPointer(screen::Pointer::Hourglass);
-    Recordset produtos = AbreLeitura(contexto_, contexto_.SqlConsulta);
+    Recordset produtos = AbreLeituraLonga(contexto_, contexto_.SqlConsulta);
     const int total = produtos.RecordCount();
     if (produtos.Eof())
         program().MsgBox(u"Nenhum Registro Localizado com esses parâmetros..."_s);

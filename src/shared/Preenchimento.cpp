@@ -17,10 +17,10 @@ using data::Statement;
 using screen::ListField;
 
 /// Empties the list and adds one column of each row; a null column is an error, as no list foresees one.
-void Preenche(ContextoExecucao& contexto, const Statement& comando, const char* coluna, ListField& lista) {
+void Preenche(ContextoExecucao& contexto, const Statement& comando, data::Piece coluna, ListField& lista) {
     lista.clear();
-    for (Recordset registros = AbreLeitura(contexto, comando); !registros.Eof(); registros.MoveNext())
-        lista.addItem(registros.Fields(coluna).text());
+    for (Recordset registros = AbreLeitura(contexto, comando, {coluna}); !registros.Eof(); registros.MoveNext())
+        lista.addItem(registros.Fields(coluna.utf8()).text());
 }
 
 ListField& ListaDa(screen::Screen& tela, const char* nome) {

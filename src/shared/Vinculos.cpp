@@ -78,7 +78,7 @@ QString Vinculo(ContextoExecucao& contexto, const Papel& papel, const QString& i
     if (contexto.VinculoAtual != u"S")
         contexto.SqlConsulta << " and data_desa is null";
     Recordset registros = AbreLeitura(contexto, contexto.SqlConsulta);
-    return registros.Eof() ? u"0"_s : registros.Fields(papel.chave.toString()).text();
+    return registros.Eof() ? u"0"_s : registros.Fields(papel.chave.utf8()).text();
 }
 
 QString VinculoCliente(ContextoExecucao& contexto, const QString& idpess) {

@@ -6,6 +6,7 @@
 #include "support/FakeDatabase.h"
 
 #include <gtest/gtest.h>
+#include <malloc.h>
 
 namespace vorta::data {
 
@@ -96,6 +97,60 @@ TEST_F(RecordsetTest, ColumnsByNameInAnyCaseAndByIndex) {
     EXPECT_EQ(ErrorOf([&] { (void)rows.Fields("nome"); }), errorNumber::NoSuchColumn);
     EXPECT_EQ(ErrorOf([&] { (void)rows.Fields(2); }), errorNumber::NoSuchColumn);
     EXPECT_EQ(ErrorOf([&] { (void)rows.Fields(-1); }), errorNumber::NoSuchColumn);
+}
+
+TEST_F(RecordsetTest, OnlyTheNamedColumnsAreThere) {
+    database.answer(u"select"_s, {{"a", "b", "c", "d"},
+                                  {{test::text("x"), test::number(1), test::null(), test::amount(250)},
+                                   {test::text("y"), test::number(2), test::date(2026, 1, 2), test::null()}}});
+    Recordset rows;
+    rows.Open(Statement("select"), connection, {.columns = {"C", "d"}});
+    EXPECT_TRUE(rows.Fields("c").isNull());
+    EXPECT_EQ(rows.Fields("D").number(), 2.5);
+    EXPECT_EQ(rows.Fields(1).number(), 2.5);
+    EXPECT_EQ(ErrorOf([&] { (void)rows.Fields("a"); }), errorNumber::NoSuchColumn);
+    EXPECT_EQ(ErrorOf([&] { (void)rows.Fields(2); }), errorNumber::NoSuchColumn);
+    rows.MoveNext();
+    EXPECT_EQ(rows.Fields("c").text(), u"02/01/2026");
+    EXPECT_TRUE(rows.Fields("d").isNull());
+    EXPECT_EQ(database.sent, QStringList{u"select"_s});
+}
+
+TEST_F(RecordsetTest, ANamedColumnThatTheTableLacksIsFoundMissingWhereItIsRead) {
+    database.answer(u"select"_s, {{"a"}, {{test::text("x")}}});
+    Recordset rows;
+    rows.Open(Statement("select"), connection, {.columns = {"a", "z"}});
+    EXPECT_EQ(rows.Fields("a").text(), u"x");
+    EXPECT_EQ(ErrorOf([&] { (void)rows.Fields("z"); }), errorNumber::NoSuchColumn);
+}
+
+TEST_F(RecordsetTest, TellsOfRowsFromTheFirstOneOn) {
+    test::FakeRows prepared{{"n"}, {}};
+    for (int i = 0; i < 200; ++i)
+        prepared.rows.push_back({test::number(i)});
+    database.answer(u"select"_s, prepared);
+    std::vector<qint64> told;
+    Recordset rows;
+    rows.Open(Statement("select"), connection, {.fetched = [&](qint64 count) { told.push_back(count); }});
+    EXPECT_EQ(told, (std::vector<qint64>{1, 65, 129, 193}));
+    EXPECT_EQ(rows.RecordCount(), 200);
+}
+
+TEST_F(RecordsetTest, RowsWalkedOverAreGivenBack) {
+    const QString wide(1000, u'x');
+    test::FakeRows prepared{{"n", "t"}, {}};
+    for (int i = 0; i < 5000; ++i)
+        prepared.rows.push_back({test::number(i), Value(wide)});
+    const auto allocated = [] {
+        const struct mallinfo2 heap = mallinfo2();
+        return heap.uordblks + heap.hblkhd;
+    };
+    Recordset rows = open(prepared);
+    const std::size_t full = allocated();
+    while (!rows.Eof())
+        rows.MoveNext();
+    EXPECT_GE(full - allocated(), 4900U * 1000);
+    EXPECT_EQ(rows.RecordCount(), 5000);
 }
 
 TEST_F(RecordsetTest, OverwriteChangesThisRowOfThisCopyOnly) {

@@ -53,6 +53,11 @@ TEST_F(BuscaCepTest, Load) {
     EXPECT_TRUE(database.sent.isEmpty());
 }
 
+TEST_F(BuscaCepTest, TheBarMovesFromTheFirstStreetThatComes) {
+    openSearch([&](Tela& tela) { searchStreet(tela, u"paulista"_s); });
+    EXPECT_EQ(platform.progressed, (std::vector<std::pair<qint64, qint64>>{{1, screen::unknownTotal}, {0, 2}, {0, 0}}));
+}
+
 TEST_F(BuscaCepTest, NothingGivenIsRefused) {
     openSearch([&](Tela& tela) {
         tela.txtCEP.setText(u"  "_s);

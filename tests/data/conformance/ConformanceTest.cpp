@@ -187,6 +187,69 @@ TEST_P(ConformanceTest, PlainNumbersAnswerAsTheirText) {
     }
 }
 
+TEST_P(ConformanceTest, OnlyTheNamedColumnsOfAWideTableCome) {
+    write(Statement("insert into pess (idpess, nome, cep, valor) values (2, 'BETA', '12', 2.50)"));
+    write(Statement("insert into pess (idpess, nome, data_incl) values (1, 'ALFA', '20260307')"));
+    for (int round = 0; round < 3; ++round) { // the same text comes again
+        Recordset rows;
+        rows.Open(Statement("SELECT * FROM PESS WHERE IDPESS > 0 ORDER BY NOME"), *connection,
+                  {.columns = {"idPess", "valor", "DATA_INCL"}});
+        ASSERT_EQ(rows.RecordCount(), 2);
+        EXPECT_EQ(rows.Fields("idpess").toInt32(), 1);
+        EXPECT_EQ(rows.Fields("data_incl").text(), u"07/03/2026");
+        EXPECT_TRUE(rows.Fields("valor").isNull());
+        EXPECT_EQ(ErrorOf([&] { (void)rows.Fields("nome"); }), errorNumber::NoSuchColumn);
+        EXPECT_EQ(ErrorOf([&] { (void)rows.Fields(3); }), errorNumber::NoSuchColumn);
+        rows.MoveNext();
+        EXPECT_EQ(rows.Fields("valor").number(), 2.5);
+    }
+}
+
+/// Nothing of what is named stands in another table's text, so a column that is not there is found where it is read.
+TEST_P(ConformanceTest, ANamedColumnThatIsNotThereIsMissedWhereItIsRead) {
+    write(person(1, u"ALFA"_s));
+    Recordset rows;
+    rows.Open(Statement("select * from pess"), *connection, {.columns = {"idpess", "nome", "fantasia"}});
+    ASSERT_EQ(rows.RecordCount(), 1);
+    EXPECT_EQ(rows.Fields("nome").text(), u"ALFA");
+    EXPECT_EQ(ErrorOf([&] { (void)rows.Fields("fantasia"); }), errorNumber::NoSuchColumn);
+}
+
+/// What the engine refuses is refused in the words that the flow's own text gets.
+TEST_P(ConformanceTest, NamedColumnsChangeNoError) {
+    const auto failureOf = [&](const Statement& statement, std::vector<data::Piece> columns) {
+        try {
+            Recordset rows;
+            rows.Open(statement, *connection, {.columns = std::move(columns)});
+        } catch (const RuntimeError& failure) {
+            return QStringList{QString::number(failure.number()), failure.description(), failure.sqlState(),
+                               QString::number(failure.engineCode()), failure.statement()};
+        }
+        return QStringList();
+    };
+    for (const Statement& statement :
+         {Statement("select * from pess where fantasia = 'x'"), Statement("select * from pess order by fantasia"),
+          Statement("select * from pess where idpess = 'x'"), Statement("select * from pess where idpess ="),
+          Statement("select * from nowhere")}) {
+        const QStringList plain = failureOf(statement, {});
+        EXPECT_FALSE(plain.isEmpty()) << statement.text().toStdString();
+        EXPECT_EQ(failureOf(statement, {"idpess", "nome"}), plain);
+    }
+}
+
+/// Joins are sent as they stand, whatever is named.
+TEST_P(ConformanceTest, NamedColumnsOfSeveralTablesComeAsTheTextAsks) {
+    write(person(1, u"ALFA"_s));
+    write(Statement("insert into clie (idclie, idpess) values (7, 1)"));
+    Recordset rows;
+    rows.Open(Statement("select * from clie, pess where clie.idpess = pess.idpess"), *connection,
+              {.columns = {"nome", "idpess"}});
+    ASSERT_EQ(rows.RecordCount(), 1);
+    EXPECT_EQ(rows.Fields("nome").text(), u"ALFA");
+    EXPECT_EQ(rows.Fields("idpess").toInt32(), 1);
+    EXPECT_EQ(ErrorOf([&] { (void)rows.Fields("cep"); }), errorNumber::NoSuchColumn);
+}
+
 INSTANTIATE_TEST_SUITE_P(Engines, ConformanceTest, testing::ValuesIn(EngineContexts()), NameOf);
 
 } // namespace vorta::test
