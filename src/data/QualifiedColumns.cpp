@@ -98,6 +98,9 @@ class Reader {
 } // namespace
 
 Statement QualifyRoleKeys(const Statement& statement) {
+    // Most statements read one table, and their tokens need not be read for that.
+    if (!statement.text().contains(u',') && !statement.text().contains(u"join", Qt::CaseInsensitive))
+        return statement;
     const std::vector<Edit> edits = Reader(statement).edits();
     return edits.empty() ? statement : statement.edited(edits);
 }

@@ -97,6 +97,36 @@ std::vector<bool> describeEach(const Statement& statement, const std::vector<Edi
     return dates;
 }
 
+/// True when the select list ends in front of the first apostrophe, seen without reading the tokens.
+bool listHasNoLiteral(QStringView text) {
+    const QStringView head = text.first(std::max(text.indexOf(u'\''), qsizetype{0}));
+    const bool plain = !head.contains(u'(') && !head.contains(u'"') && !head.contains(u'[') && !head.contains(u"--") &&
+                       !head.contains(u"/*");
+    return plain && head.contains(u" from ", Qt::CaseInsensitive);
+}
+
+/// True when some literal may be a date of eight digits, seen without reading the tokens.
+bool mayHoldDate(QStringView text) {
+    constexpr qsizetype digits = 8;
+    for (qsizetype at = text.indexOf(u'\''); at >= 0; at = text.indexOf(u'\'', at + 1)) {
+        const QStringView inside = text.sliced(at + 1).first(std::min(digits, text.size() - at - 1));
+        if (at + digits + 1 < text.size() && text[at + digits + 1] == u'\'' &&
+            std::all_of(inside.begin(), inside.end(), [](QChar c) { return c >= u'0' && c <= u'9'; }))
+            return true;
+    }
+    return false;
+}
+
+/// True when some value may be a plain whole number, seen without reading the tokens.
+bool mayHoldInteger(const Statement& statement) {
+    const QStringView text = statement.text();
+    const auto values = statement.values();
+    return std::any_of(values.begin(), values.end(), [text](const data::ValueSpan& span) {
+        return span.length > 0 && text[span.start] >= u'0' && text[span.start] <= u'9' && span.start > 0 &&
+               text[span.start - 1] != u'\'';
+    });
+}
+
 /// `SELECT TOP`, seen without reading the tokens of the rest.
 bool startsWithTop(QStringView text) {
     constexpr qsizetype select = 6;
@@ -106,7 +136,8 @@ bool startsWithTop(QStringView text) {
 } // namespace
 
 Statement BridgeSyntax(const Statement& statement) {
-    if (!statement.text().contains(u'\'') && !startsWithTop(statement.text()))
+    const bool plain = !statement.text().contains(u'\'') || listHasNoLiteral(statement.text());
+    if (plain && !startsWithTop(statement.text()))
         return statement;
     const Tokens tokens(statement);
     if (!tokens.isWord(0, "select"))
@@ -164,7 +195,7 @@ Statement ReturningKey(const Statement& statement, const QString& table) {
 }
 
 Statement BridgeDates(const Statement& statement, const DescribeDates& describe) {
-    if (!statement.text().contains(u'\''))
+    if (!mayHoldDate(statement.text()))
         return statement;
     const Tokens tokens(statement);
     std::vector<Edit> questions;
@@ -201,7 +232,7 @@ QString Shape(const QString& text) {
 }
 
 Parameterised TakeIntegers(const Statement& statement) {
-    if (statement.values().empty())
+    if (!mayHoldInteger(statement))
         return {};
     const Tokens tokens(statement);
     const QStringView text = statement.text();
