@@ -10,6 +10,7 @@
 #include "kit/Bases.h"
 #include "kit/Copies.h"
 #include "kit/FaultWords.h"
+#include "kit/Indexes.h"
 #include "kit/Loader.h"
 #include "kit/Upgrade.h"
 
@@ -75,7 +76,8 @@ class Checker {
             return bad(u"o arquivo %1 não existe ou não pode ser lido"_s.arg(path));
         checkRights(path);
         for (qsizetype i = 0; i < Environments().size(); ++i)
-            checkLine(u"ambiente %1 (linha %2 de %3)"_s.arg(Environments()[i].name).arg(i + 1).arg(path),
+            checkLine(Environments()[i].name,
+                      u"ambiente %1 (linha %2 de %3)"_s.arg(Environments()[i].name).arg(i + 1).arg(path),
                       lines->value(i), Base::Main);
         checkCopy(Environments().front().name, lines->value(0));
     }
@@ -127,10 +129,10 @@ class Checker {
         if (!lines)
             return bad(u"o arquivo %1 não existe ou não pode ser lido; a pesquisa de CEP não funciona"_s.arg(path));
         checkRights(path);
-        checkLine(u"base de CEPs (%1)"_s.arg(path), lines->value(0), Base::PostalCode);
+        checkLine(BaseNames().back(), u"base de CEPs (%1)"_s.arg(path), lines->value(0), Base::PostalCode);
     }
 
-    void checkLine(const QString& what, const QString& line, Base base) {
+    void checkLine(const QString& name, const QString& what, const QString& line, Base base) {
         if (line.trimmed().isEmpty())
             return bad(u"%1: a linha está vazia"_s.arg(what));
         const ServerLine server(line);
@@ -143,10 +145,10 @@ class Checker {
         if (!data::TagOpens(server.engine, data::Engine::Firebird))
             return good(
                 u"%1: motor %2; a conexão e as tabelas são verificadas no próprio servidor"_s.arg(what, server.tag()));
-        checkBase(what, server.firebirdConnection, base);
+        checkBase(name, what, server.firebirdConnection, base);
     }
 
-    void checkBase(const QString& what, const QString& connection, Base base) {
+    void checkBase(const QString& name, const QString& what, const QString& connection, Base base) {
         try {
             checkBaseRights(what, connection);
             Loader loader(connection);
@@ -155,10 +157,11 @@ class Checker {
             checkGenerators(loader, what, base);
             if (qsizetype(findings_.size()) == before)
                 checkNames(loader, what, base);
+            checkIndexes(loader, name, what, base);
             if (base == Base::Main)
                 checkContent(loader, what);
             if (qsizetype(findings_.size()) == before)
-                good(u"%1: conexão, tabelas, colunas e geradores"_s.arg(what));
+                good(u"%1: conexão, tabelas, colunas, índices e geradores"_s.arg(what));
         } catch (const RuntimeError& error) {
             bad(u"%1: a base não abre (%2)"_s.arg(what, FaultWords(error)));
         }
@@ -214,6 +217,22 @@ class Checker {
                     "use: pessoas-base upgrade --home %4"_s.arg(what)
                         .arg(rows)
                         .arg(QLatin1StringView(names.table), layout_.home));
+    }
+
+    void checkIndexes(Loader& loader, const QString& name, const QString& what, Base base) {
+        const IndexDifference difference = CompareIndexes(loader, base);
+        if (difference.empty())
+            return;
+        QStringList missing;
+        for (const Index& index : difference.missing)
+            missing << IndexWords(index);
+        QStringList words;
+        if (!missing.isEmpty())
+            words << u"faltam "_s + missing.join(u", "_s);
+        if (!difference.surplus.isEmpty())
+            words << u"sobram "_s + difference.surplus.join(u", "_s);
+        bad(u"%1: os índices não são os desta versão (%2); use: pessoas-base indexes --home %3 "
+            "--base %4"_s.arg(what, words.join(u"; "_s), layout_.home, name));
     }
 
     void checkContent(Loader& loader, const QString& what) {

@@ -17,17 +17,26 @@ struct Dialect {
     QString end;        ///< behind a statement of a script
     QString endOfIndex; ///< the same, of its indexes, which stand close together
     bool generators;    ///< keys come from generators, not from the table itself
+    QString descending; ///< between CREATE and INDEX; empty where an index is walked either way
 };
 
 const Dialect& dialectOf(Engine engine) {
     static const Dialect firebird{u"-- Firebird 3. Create each database with PAGE_SIZE 16384 and DEFAULT "
                                   "CHARACTER SET WIN1252 COLLATION WIN_PTBR,\n"
                                   "-- so that a search without accents or capitals finds.\n\n"_s,
-                                  u"INTEGER NOT NULL"_s, u";\n\n"_s, u";\n"_s, true};
+                                  u"INTEGER NOT NULL"_s,
+                                  u";\n\n"_s,
+                                  u";\n"_s,
+                                  true,
+                                  u"DESCENDING "_s};
     static const Dialect sqlServer{u"-- SQL Server. Create each database with COLLATE Latin1_General_CI_AI, "
                                    "so that a search without accents or\n"
                                    "-- capitals finds. Rows are numbered by the database.\n\n"_s,
-                                   u"INTEGER IDENTITY(1,1) NOT NULL"_s, u";\nGO\n\n"_s, u";\nGO\n"_s, false};
+                                   u"INTEGER IDENTITY(1,1) NOT NULL"_s,
+                                   u";\nGO\n\n"_s,
+                                   u";\nGO\n"_s,
+                                   false,
+                                   {}};
     switch (engine) {
     case Engine::Firebird:
         return firebird;
@@ -96,17 +105,44 @@ QStringList TableStatements(Engine engine, Base base) {
     return statements;
 }
 
-QStringList IndexStatements(Engine, Base base) {
+QString IndexStatement(Engine engine, const Index& index, int number) {
+    const QString kind = index.descending ? dialectOf(engine).descending : QString();
+    return u"CREATE %1INDEX %2 ON %3 (%4)"_s.arg(kind, IndexName(index.table, number), index.table, index.columns);
+}
+
+QString IndexName(const QString& table, int number) {
+    return u"%1_IX%2"_s.arg(table).arg(number);
+}
+
+QStringList IndexStatements(Engine engine, Base base) {
     QStringList statements;
     QMap<QString, int> numbers;
-    for (const Index& index : Indexes()) {
-        const Table* table = FindTable(index.table);
-        if (!table || table->base != base)
-            continue;
-        statements
-            << u"CREATE INDEX %1_IX%2 ON %1 (%3)"_s.arg(table->name).arg(++numbers[table->name]).arg(index.columns);
-    }
+    for (const Index& index : Indexes())
+        if (const Table* table = FindTable(index.table); table && table->base == base)
+            statements << IndexStatement(engine, index, ++numbers[table->name]);
     return statements;
+}
+
+QString SqlServerIndexScript() {
+    QStringList tables;
+    for (const Table& table : Tables())
+        if (table.base == Base::Main)
+            tables << u"N'"_s + table.name.toUpper() + u'\'';
+    QString text =
+        u"-- SQL Server. Removes the indexes that an earlier script of this program made and makes those of this "
+        "version.\n\n"
+        "DECLARE @drop nvarchar(max) = N'';\n"
+        "SELECT @drop = @drop + N'DROP INDEX ' + QUOTENAME(i.name) + N' ON ' + QUOTENAME(s.name) + N'.' + "
+        "QUOTENAME(t.name) + N'; '\n"
+        "FROM sys.indexes i JOIN sys.tables t ON t.object_id = i.object_id JOIN sys.schemas s ON s.schema_id "
+        "= t.schema_id\n"
+        "WHERE i.is_primary_key = 0 AND i.is_unique_constraint = 0\n"
+        "AND UPPER(i.name) LIKE REPLACE(UPPER(t.name), N'_', N'[_]') + N'[_]IX[0-9]%'\n"
+        "AND UPPER(t.name) IN (%1);\n"
+        "EXEC sys.sp_executesql @drop;\nGO\n\n"_s.arg(tables.join(u", "_s));
+    for (const QString& statement : IndexStatements(Engine::SqlServer, Base::Main))
+        text += statement + dialectOf(Engine::SqlServer).endOfIndex;
+    return text;
 }
 
 QString Script(Engine engine) {

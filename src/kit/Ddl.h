@@ -14,6 +14,11 @@ namespace vorta::kit {
 QStringList TableStatements(data::Engine engine, Base base);
 /// The statements that create its indexes; a large load runs before them.
 QStringList IndexStatements(data::Engine engine, Base base);
+/// One of them, and the name that it gets: the table's, and a number of its own.
+QString IndexStatement(data::Engine engine, const Index& index, int number);
+QString IndexName(const QString& table, int number);
+/// Brings the indexes of an existing main base on SQL Server to those of this version, for that engine's own tool.
+QString SqlServerIndexScript();
 /// The whole definition of both bases as a script that the engine's own tool takes, explained in comments.
 QString Script(data::Engine engine);
 

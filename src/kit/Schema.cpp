@@ -268,16 +268,17 @@ std::vector<Table> postalCodes() {
     return tables;
 }
 
-/// What the statements of the register ask for besides keys: table, then the columns of each index.
+/// What the statements of the register ask for besides keys: table, then the columns of each index, then those of each
+/// descending one.
 struct Asked {
     const char* table;
     std::vector<const char*> columns;
+    std::vector<const char*> descending = {};
 };
 
 const std::vector<Asked>& asked() {
     static const std::vector<Asked> list{
-        {"PESS",
-         {"NOME_PESS", "NOME_CONH", "CPF0_CNPJ", "pess_codi_exte", "CIDA_COML_PESS", "UF00_COML_PESS", "DATA_DESA"}},
+        {"PESS", {"CPF0_CNPJ", "UF00_COML_PESS"}, {"NOME_PESS", "NOME_CONH", "pess_codi_exte"}},
         {"PESS_CONT", {"idpess"}},
         {"PESS_ATIV", {"idpess", "idativ"}},
         {"CLIE", {"idpess"}},
@@ -350,9 +351,12 @@ const std::vector<Index>& Indexes() {
         for (const Table& table : Tables())
             if (table.hasKey())
                 indexes.push_back({table.name, table.columns.front().name});
-        for (const Asked& each : asked())
+        for (const Asked& each : asked()) {
             for (const char* columns : each.columns)
                 indexes.push_back({QString::fromLatin1(each.table), QString::fromLatin1(columns)});
+            for (const char* columns : each.descending)
+                indexes.push_back({QString::fromLatin1(each.table), QString::fromLatin1(columns), true});
+        }
         return indexes;
     }();
     return all;

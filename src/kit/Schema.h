@@ -36,6 +36,9 @@ struct Table {
 struct Index {
     QString table;
     QString columns; ///< divided by commas
+    /// Firebird would answer an order by an index that rises with it by walking that index, a page of the disk for each
+    /// row. One that falls finds just as well, and rows in such an order are read in their places and sorted.
+    bool descending = false;
 };
 
 const std::vector<Table>& Tables();

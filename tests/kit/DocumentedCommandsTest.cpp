@@ -62,7 +62,7 @@ TEST(DocumentedCommands, BringABaseToAServerAndKeepCopiesOfIt) {
         administrator.commit();
     }
     const QStringList commands = commandsOf("servidor.md");
-    ASSERT_EQ(commands.size(), 6);
+    ASSERT_EQ(commands.size(), 7);
     QStringList said;
     for (qsizetype at = 0; at < commands.size(); ++at) {
         const auto [code, words] = run(commands[at], installed, copies.path());

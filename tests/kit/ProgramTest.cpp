@@ -53,7 +53,10 @@ TEST(Program, WrongUseEndsIn2AndTellsTheRightOne) {
                              "verify",
                              "verify --home /x y",
                              "upgrade",
-                             "upgrade --home /x y"}) {
+                             "upgrade --home /x y",
+                             "indexes",
+                             "indexes firebird",
+                             "indexes sqlserver y"}) {
         const Outcome outcome = run(words(line));
         EXPECT_EQ(outcome.code, 2) << line;
         EXPECT_TRUE(outcome.error.startsWith(u"uso: pessoas-base create"_s)) << line;
@@ -104,6 +107,21 @@ TEST(Program, UpgradesWhatAnOlderVersionHasLeft) {
     EXPECT_EQ(run(upgrade).out, u"1 nome(s) com apóstrofo corrigido(s)\n"_s);
     EXPECT_EQ(run(upgrade).out, u"Nada a mudar\n"_s);
     EXPECT_EQ(run({u"upgrade"_s, u"--home"_s, u"/nao_ha"_s}).code, 1);
+}
+
+TEST(Program, BringsTheIndexesUpToDate) {
+    const Installed installed = Installed::copyOf(Installed::plain());
+    {
+        kit::Loader loader(installed.production());
+        loader.run(u"CREATE INDEX PESS_IX9 ON PESS (DATA_DESA)"_s);
+        loader.commit();
+    }
+    EXPECT_EQ(run({u"check"_s, u"--home"_s, installed.home()}).code, 1);
+    const Outcome done = run({u"indexes"_s, u"--home"_s, installed.home(), u"--base"_s, u"prd"_s});
+    EXPECT_EQ(done.code, 0) << done.error;
+    EXPECT_EQ(done.out, u"removido: PESS_IX9\nBase PRD: os índices estão em dia\n"_s);
+    EXPECT_EQ(run({u"check"_s, u"--home"_s, installed.home()}).code, 0);
+    EXPECT_TRUE(run({u"indexes"_s, u"sqlserver"_s}).out.contains(u"CREATE INDEX PESS_IX1 ON PESS (idPESS);\nGO\n"_s));
 }
 
 TEST(Program, AFailureOfTheEngineIsToldInTheProgramsWords) {

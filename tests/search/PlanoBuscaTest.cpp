@@ -6,6 +6,7 @@
 #include "search/BuscaTest.h"
 #include "search/ConsultaPessoas.h"
 
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 namespace vorta::test {
@@ -99,12 +100,13 @@ class PlanoBusca : public BuscaTest {
         return texto.trimmed();
     }
 
-    static QString indexOf(const char* coluna) {
+    static QString indexOf(const char* coluna) { return indexOf(u"PESS"_s, QLatin1StringView(coluna)); }
+    static QString indexOf(const QString& tabela, const QString& coluna) {
         Colunas achados;
         motor->query(
             asStatement(u"select s.rdb$index_name from rdb$index_segments s join rdb$indices i on i.rdb$index_name = "
-                        "s.rdb$index_name where i.rdb$relation_name = 'PESS' and s.rdb$field_name = '"_s +
-                        QString::fromLatin1(coluna) + u'\''),
+                        "s.rdb$index_name where i.rdb$relation_name = '%1' and s.rdb$field_name = '%2' and "
+                        "s.rdb$field_position = 0"_s.arg(tabela, coluna)),
             achados);
         return achados.textos.value(0);
     }
@@ -138,9 +140,51 @@ TEST_F(PlanoBusca, BeginningAndWholeFieldUseTheIndex) {
     }
 }
 
-TEST_F(PlanoBusca, ATextAnywhereWalksTheIndexOfItsOrder) {
-    const QString usado = planOf(statementOf(&Tela::opNome, &Tela::opQualquerParte, "nome"));
-    EXPECT_TRUE(usado.contains(u"ORDER "_s + indexOf("NOME_PESS"))) << usado;
+/// A person is read in its place and the result sorted: walking an index in its order would read a page for each.
+TEST_F(PlanoBusca, WhatLooksAtEveryoneReadsThemInTheirPlaces) {
+    const std::pair<Opcao, const char*> casos[]{
+        {&Tela::opNome, "nome"},  {&Tela::opNome, ""},       {&Tela::opFantasia, "conh"}, {&Tela::opFantasia, ""},
+        {&Tela::opCidade, "cid"}, {&Tela::opTelefone, "33"}, {&Tela::opCodExterno, "7"},  {&Tela::opCodExterno, ""}};
+    for (const auto& [forma, texto] : casos) {
+        const QString comando = statementOf(forma, &Tela::opQualquerParte, texto);
+        EXPECT_EQ(planOf(comando), u"PLAN SORT (PESS NATURAL)") << comando;
+    }
+}
+
+/// What loads, saves and counts ask. An index is told by its table and column.
+TEST_F(PlanoBusca, OtherStatementsFindTheirRowsByTheirIndexes) {
+    const std::pair<const char*, const char*> casos[]{
+        {"SELECT * FROM PESS WHERE IDPESS = 7", "PLAN (PESS INDEX (PESS.IDPESS))"},
+        {"SELECT * FROM PESS WHERE PESS_CODI_EXTE = '7'", "PLAN (PESS INDEX (PESS.PESS_CODI_EXTE))"},
+        {"SELECT IDPESS FROM PESS WHERE PESS.NOME_PESS='NOME 7'", "PLAN (PESS INDEX (PESS.NOME_PESS))"},
+        {"SELECT IDPESS FROM PESS WHERE PESS.NOME_CONH='CONH 7'", "PLAN (PESS INDEX (PESS.NOME_CONH))"},
+        {"SELECT * FROM PESS ORDER BY IDPESS", "PLAN (PESS ORDER PESS.IDPESS)"},
+        {"SELECT COUNT(*) FROM PESS WHERE DATA_DESA IS NULL", "PLAN (PESS NATURAL)"},
+        {"SELECT COUNT(*) FROM CLIE WHERE DATA_DESA IS NULL", "PLAN (CLIE NATURAL)"},
+        {"SELECT IDCLIE FROM CLIE WHERE IDPESS = 7 AND DATA_DESA IS NULL", "PLAN (CLIE INDEX (CLIE.IDPESS))"},
+        {"SELECT IDMOTO FROM MOTO WHERE IDPESS = 7 AND DATA_DESA IS NULL", "PLAN (MOTO INDEX (MOTO.IDPESS))"},
+        {"SELECT * FROM PESS_ATIV WHERE IDPESS=7", "PLAN (PESS_ATIV INDEX (PESS_ATIV.IDPESS))"},
+        {"SELECT * FROM PESS_CONT WHERE IDPESS=7", "PLAN (PESS_CONT INDEX (PESS_CONT.IDPESS))"},
+        {"SELECT * FROM FORN_CONT WHERE IDFORN=7", "PLAN (FORN_CONT INDEX (FORN_CONT.IDFORN))"},
+        {"SELECT IDPROD, QTDE FROM PEDI_VEDS_DETA WHERE IDPEDI_VEDS = 7",
+         "PLAN (PEDI_VEDS_DETA INDEX (PEDI_VEDS_DETA.IDPEDI_VEDS))"},
+        {"SELECT * FROM PROD_EMPR WHERE IDPROD = 7 AND CODI_EMPR='0001'", "PLAN (PROD_EMPR INDEX (PROD_EMPR.IDPROD))"},
+        {"SELECT IDPROD FROM PROD WHERE CODI_PROD='7'", "PLAN (PROD INDEX (PROD.CODI_PROD))"},
+        {"SELECT VALO_PARA FROM EMPR_CNFG WHERE NOME_PARA='X'", "PLAN (EMPR_CNFG INDEX (EMPR_CNFG.NOME_PARA))"},
+    };
+    static const QRegularExpression indice(u"(\\w+)\\.(\\w+)"_s);
+    for (const auto& [comando, plano] : casos) {
+        QString esperado = QString::fromLatin1(plano);
+        const QRegularExpressionMatch nome = indice.match(esperado);
+        if (nome.hasMatch())
+            esperado.replace(nome.captured(), indexOf(nome.captured(1), nome.captured(2)));
+        EXPECT_EQ(planOf(QString::fromLatin1(comando)), esperado) << comando;
+    }
+}
+
+TEST_F(PlanoBusca, TheInternalCodeWalksItsKey) {
+    const QString usado = planOf(statementOf(&Tela::opCodInterno, &Tela::opQualquerParte, "7"));
+    EXPECT_EQ(usado, u"PLAN (PESS ORDER "_s + indexOf("IDPESS") + u')');
 }
 
 } // namespace vorta::test

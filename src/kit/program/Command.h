@@ -50,6 +50,7 @@ std::optional<Outcome> Backup(const QStringList& words);
 std::optional<Outcome> Restore(const QStringList& words);
 std::optional<Outcome> Verify(const QStringList& words);
 std::optional<Outcome> Upgrade(const QStringList& words);
+std::optional<Outcome> Indexes(const QStringList& words);
 
 void Say(FILE* where, const QString& line);
 /// One line for each finding, and a last one that counts the faults.

@@ -41,6 +41,9 @@ constexpr std::array commands{
             "cidades, CEPs, e-mails e vínculos (veja docs/conferencia.md)"},
     Command{"conferir", Conferir, "--home PASTA [--base NOME] --corrige-municipios [--grava] [--csv ARQUIVO]",
             "preenche os códigos de município vazios; sem --grava é um ensaio, que só diz quais"},
+    Command{"indexes", Indexes, "--home PASTA [--base NOME] | sqlserver",
+            "põe em dia os índices de uma base feita por outra versão, com o programa fechado;\n"
+            "sqlserver mostra os comandos que fazem o mesmo lá"},
 };
 
 int misuse() {
