@@ -102,8 +102,20 @@ void Binder::screenChanged(screen::Screen&) {
     if (busy == (window_.cursor().shape() == Qt::WaitCursor))
         return;
     window_.setCursor(busy ? Qt::WaitCursor : Qt::ArrowCursor);
+    if (busy)
+        busyInput_.begin();
+    else
+        workIsOver();
     if (busy && window_.isVisible())
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
+}
+
+void Binder::workIsOver() {
+    busyInput_.end();
+    // A grid shows its first rows while others come.
+    for (const screen::Field* field : fields_)
+        if (field->kind() == screen::FieldKind::Grid)
+            dirty_ += field;
 }
 
 void Binder::schedule() {

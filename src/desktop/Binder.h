@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/BusyInput.h"
 #include "screen/User.h"
 
 #include <QHash>
@@ -47,6 +48,8 @@ class Binder : public QObject, public screen::ScreenObserver {
     void flush();
     /// Has a field shown anew at the next flush.
     void mark(const screen::Field& field);
+    /// What the user does during long work is dropped, which a box that comes up, and the end of the work, see to.
+    BusyInput& busyInput() { return busyInput_; }
     /// Carries out Ctrl+Tab and Ctrl+PageDown, which walk through the tab pages; false for any other key.
     bool switchPage(const screen::Field& from, const QKeyEvent& key);
 
@@ -61,6 +64,7 @@ class Binder : public QObject, public screen::ScreenObserver {
   private:
     void bind(const QWidget& part);
     void orderTabs();
+    void workIsOver();
     void schedule();
     void showScreen();
     void showFocus();
@@ -75,6 +79,7 @@ class Binder : public QObject, public screen::ScreenObserver {
     bool screenDirty_ = true;
     bool scheduled_ = false;
     bool refreshing_ = false;
+    BusyInput busyInput_;
     screen::Colour background_;
     int placings_ = 0;
     const screen::Field* focus_ = nullptr; ///< the field that was last seen with the focus

@@ -33,6 +33,8 @@ void DesktopPlatform::showAll() {
 
 screen::Answer DesktopPlatform::messageBox(const screen::Box& box) {
     showAll();
+    if (top())
+        top()->binder().busyInput().drop();
     const auto shown = MakeMessageBox(box, top());
     boxes_.push_back(shown.get());
     Termination::listen();
@@ -118,9 +120,13 @@ void DesktopPlatform::openAddress(const QString& address) {
 }
 
 void DesktopPlatform::progress(qint64 done, qint64 total) {
-    if (!top() || (total > 0 && lastProgress_.isValid() && !lastProgress_.hasExpired(progressInterval)))
+    if (!top() || (total != 0 && lastProgress_.isValid() && !lastProgress_.hasExpired(progressInterval)))
         return;
     lastProgress_.start();
+    if (total != 0)
+        top()->binder().busyInput().begin();
+    else
+        top()->binder().busyInput().drop();
     top()->showProgress(done, total);
     // Only what makes things visible: a handler is still at work.
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);

@@ -100,7 +100,10 @@ bool GridBinding::cursorPressed(screen::Key key) {
 
 void GridBinding::refresh() {
     Binding::refresh();
-    if (model_.update()) {
+    // While work goes on the first rows are enough: a view of a million rows need not hear of each handful that comes.
+    const bool fills =
+        binder_.busyInput().isBusy() && model_.rowCount() >= grid_.pageRows && grid_.Rows() > model_.rowCount();
+    if (!fills && model_.update()) {
         measureColumns();
         fitColumns();
     }

@@ -105,7 +105,9 @@ void ScreenWindow::paintEvent(QPaintEvent* event) {
 }
 
 void ScreenWindow::showProgress(qint64 done, qint64 total) {
-    bar_->setVisible(total > 0);
+    bar_->setVisible(total != 0);
+    // Without a total the bar moves to and fro.
+    bar_->setMaximum(total < 0 ? 0 : barSteps);
     if (total > 0)
         bar_->setValue(static_cast<int>(std::clamp<qint64>(done, 0, total) * barSteps / total));
 }

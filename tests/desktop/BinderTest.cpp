@@ -181,6 +181,29 @@ TEST_F(SampleBinder, KeysWalkAGridAndEnterChooses) {
     });
 }
 
+/// The first rows come up at once; the rest is shown when the work is over.
+TEST_F(SampleBinder, AGridThatFillsForLongShowsItsFirstRows) {
+    tela.Flex.reset({{"ID", 0}, {"Nome"}, {"Fone"}});
+    open([&] {
+        const auto add = [&](int rows) {
+            for (int row = 0; row < rows; ++row)
+                tela.Flex.AddItem(u"%1\tNOME %1\t"_s.arg(tela.Flex.Rows()));
+            settle();
+        };
+        tela.setPointer(screen::Pointer::Hourglass);
+        add(2);
+        EXPECT_EQ(grade->model()->rowCount(), 2);
+        add(1000);
+        EXPECT_EQ(grade->model()->rowCount(), 1002) << "a page may not have been full yet";
+        add(1000);
+        EXPECT_EQ(grade->model()->rowCount(), 1002);
+        tela.setPointer(screen::Pointer::Default);
+        settle();
+        EXPECT_EQ(grade->model()->rowCount(), 2002);
+        EXPECT_EQ(grade->model()->index(2001, 1).data().toString(), u"NOME 2002");
+    });
+}
+
 TEST_F(SampleBinder, AGridOfAMillionRowsIsAskedOnlyForWhatItShows) {
     tela.Flex.reset({{"ID", 0}, {"Nome"}, {"Fone"}});
     for (int row = 1; row <= 1'000'000; ++row)

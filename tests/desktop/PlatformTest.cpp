@@ -8,9 +8,11 @@
 
 #include <QAbstractButton>
 #include <QMessageBox>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
 #include <QTest>
+#include <QThread>
 #include <QTimer>
 #include <csignal>
 #include <cstdlib>
@@ -358,6 +360,111 @@ TEST(DesktopPlatform, LongWorkShowsHourglassAndBar) {
     EXPECT_TRUE(bar);
     EXPECT_EQ(shape, Qt::WaitCursor);
     EXPECT_EQ(after, Qt::ArrowCursor);
+}
+
+/// Enter pressed while a handler is at work, which then asks something: after long work it is no answer, after short
+/// work it is. Gives how many boxes were still there for the user to answer.
+namespace {
+
+struct TypedMeanwhile {
+    bool boxWaited = false;
+    int clicks = 0;
+};
+
+TypedMeanwhile typesEnterDuringWorkOf(int milliseconds) {
+    desktop::DesktopPlatform platform;
+    screen::Program program(platform);
+    Menu menu(program);
+    TypedMeanwhile outcome;
+    const auto enter = [] { QTest::keyClick(QApplication::activeWindow(), Qt::Key_Return); };
+    menu.cmdEspecialMun.Click = [&] {
+        if (++outcome.clicks > 1)
+            return;
+        menu.setPointer(screen::Pointer::Hourglass);
+        QThread::msleep(static_cast<unsigned long>(milliseconds));
+        QTimer::singleShot(0, qApp, enter); // comes at the next look at what the user does
+        QTimer::singleShot(100, qApp, [&] {
+            outcome.boxWaited = QApplication::activeModalWidget() != platform.top();
+            if (outcome.boxWaited)
+                enter();
+        });
+        program.MsgBox(u"Nada encontrado"_s);
+        menu.setPointer(screen::Pointer::Default);
+    };
+    later([&] {
+        click(platform, "cmdEspecialMun");
+        QTest::qWait(200);
+        platform.top()->close();
+    });
+    program.dispatch([&] { program.ShowModal(menu); });
+    return outcome;
+}
+
+} // namespace
+
+TEST(DesktopPlatform, WhatIsTypedDuringLongWorkIsNoAnswer) {
+    EXPECT_TRUE(typesEnterDuringWorkOf(600).boxWaited);
+}
+
+TEST(DesktopPlatform, WhatIsTypedDuringShortWorkIs) {
+    EXPECT_FALSE(typesEnterDuringWorkOf(10).boxWaited);
+}
+
+TEST(DesktopPlatform, WhatIsClickedDuringLongWorkActsNotBehindIt) {
+    desktop::DesktopPlatform platform;
+    screen::Program program(platform);
+    Menu menu(program);
+    int clicks = 0;
+    menu.cmdEspecialMun.Click = [&] {
+        ++clicks;
+        menu.setPointer(screen::Pointer::Hourglass);
+        QThread::msleep(600);
+        if (clicks == 1)
+            QTimer::singleShot(0, qApp, [&] { click(platform, "cmdEspecialMun"); });
+        menu.setPointer(screen::Pointer::Default);
+    };
+    later([&] {
+        click(platform, "cmdEspecialMun");
+        QTest::qWait(50);
+        platform.top()->close();
+    });
+    program.dispatch([&] { program.ShowModal(menu); });
+    EXPECT_EQ(clicks, 1);
+}
+
+/// Nobody knows yet how many rows there will be: the bar moves to and fro, and then from its beginning to its end.
+TEST(DesktopPlatform, WorkWithoutATotalMovesTheBarToAndFro) {
+    desktop::DesktopPlatform platform;
+    screen::Program program(platform);
+    Menu menu(program);
+    int painted = 0;
+    menu.cmdEspecialMun.Click = [&] {
+        auto* bar = platform.top()->findChild<QProgressBar*>(u"progresso"_s);
+        menu.setPointer(screen::Pointer::Hourglass);
+        platform.progress(1, screen::unknownTotal);
+        EXPECT_TRUE(bar->isVisible());
+        EXPECT_EQ(bar->maximum(), 0);
+        QImage before = bar->grab().toImage();
+        for (int rows = 2; rows < 40; ++rows) {
+            QThread::msleep(20);
+            platform.progress(rows, screen::unknownTotal);
+            const QImage now = bar->grab().toImage();
+            painted += now != before;
+            before = now;
+        }
+        QThread::msleep(50);
+        platform.progress(5, 10);
+        EXPECT_EQ(bar->maximum(), 2 * bar->value());
+        platform.progress(0, 0);
+        EXPECT_FALSE(bar->isVisible());
+        menu.setPointer(screen::Pointer::Default);
+    };
+    later([&] {
+        click(platform, "cmdEspecialMun");
+        platform.top()->close();
+    });
+    program.dispatch([&] { program.ShowModal(menu); });
+    EXPECT_GT(painted, 5);
 }
 
 TEST(DesktopApplication, LetsNoExceptionIntoTheEventLoop) {
