@@ -183,7 +183,7 @@ Case memory(const Bench& bench) {
 std::vector<Case> DataCases() {
     const Bench bench;
     return {reads(bench, "data: statement by key", byKey, 0.5),
-            reads(bench, "data: statement by text", byText, 1.5),
+            reads(bench, "data: statement by text", byText, 1.0),
             inserts(bench),
             fetch(bench),
             fetchAndRead(bench),

@@ -9,14 +9,18 @@ namespace vorta::bench {
 template <typename World>
 class Lazy {
   public:
+    using Maker = std::unique_ptr<World> (*)();
+    explicit Lazy(Maker make = [] { return std::make_unique<World>(); }) : make_(make) {}
+
     World& operator*() const {
         if (!*world_)
-            *world_ = std::make_unique<World>();
+            *world_ = make_();
         return **world_;
     }
     World* operator->() const { return &**this; }
 
   private:
+    Maker make_;
     std::shared_ptr<std::unique_ptr<World>> world_ = std::make_shared<std::unique_ptr<World>>();
 };
 

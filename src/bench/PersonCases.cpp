@@ -117,12 +117,12 @@ class PersonBench {
 using Bench = Lazy<PersonBench>;
 
 /// The register's start against a window, an attachment and the same statements with nothing of the register.
-Case start(const Bench& bench, const char* name, const char* window) {
+Case start(const Bench& bench, const char* name, const char* window, double limit) {
     return {QString::fromUtf8(name),
             u"ms"_s,
             [=] { return bench->startsBare(window); },
             [=] { return bench->startsRegister(); },
-            1.5,
+            limit,
             starts};
 }
 
@@ -133,8 +133,8 @@ std::vector<Case> PersonCases() {
     return {
         RecordedWork(bench, "person: loaded with 20 contacts and branches", "us/load", loads, &PersonBench::loads, 1.3),
         RecordedWork(bench, "person: saved with 20 contacts and branches", "us/save", saves, &PersonBench::saves, 1.2),
-        start(bench, "person: start, against an empty window", "bare"),
-        start(bench, "person: start, against its form alone", "form")};
+        start(bench, "person: start, against an empty window", "bare", 1.4),
+        start(bench, "person: start, against its form alone", "form", 1.5)};
 }
 
 } // namespace vorta::bench

@@ -114,7 +114,7 @@ std::vector<Case> RoleCases() {
     const Lazy<RoleBench> bench;
     return {
         RecordedWork(bench, "roles: screen with 20 contacts opened", "us/opening", openings, &RoleBench::opens, 1.3),
-        RecordedWork(bench, "roles: screen with 20 contacts saved", "us/save", saves, &RoleBench::saves, 1.2),
+        RecordedWork(bench, "roles: screen with 20 contacts saved", "us/save", saves, &RoleBench::saves, 0.9),
         RecordedWork(bench, "roles: seven indicators", "us/painting", paintings, &RoleBench::paints, 0.5)};
 }
 

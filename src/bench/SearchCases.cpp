@@ -18,7 +18,8 @@ namespace vorta::bench {
 
 namespace {
 
-constexpr int persons = 100000;
+constexpr int usualPersons = 100000;
+constexpr int million = 1000000;
 constexpr int shortStreets = 500;
 constexpr int longStreets = 5000;
 
@@ -34,14 +35,16 @@ class SearchBench {
     QTemporaryDir folder_; // goes last, when every connection is closed
 
   public:
-    SearchBench() {
+    /// With an installation that is there already, or a new one of so many persons.
+    explicit SearchBench(int persons, const QString& installed = {})
+        : home_(installed.isEmpty() ? folder_.path() : installed) {
         firebird::PrepareEmbeddedEngine(home());
-        kit::CreateInstallation(home(), {.people = persons});
+        if (installed.isEmpty())
+            kit::CreateInstallation(home(), {.people = persons});
         contexto.Ambiente = u"PRD"_s;
         ConectaServidor(contexto);
         bare = std::make_unique<BareClient>(contexto.StringConexaoFirebird);
         people = static_cast<int>(bare->volume(everyPerson).rows);
-        fillStreets();
     }
 
     /// A search for persons as a click starts it; gives its rows.
@@ -59,6 +62,8 @@ class SearchBench {
     }
 
     double microsecondsPerStreet(const char* name, int streets) {
+        if (!std::exchange(streetsFilled_, true))
+            fillStreets();
         ceps.txtEndereco.setText(QString::fromLatin1(name));
         return Microseconds(streets, [this] { ceps.cmdPesquisa.Click(); });
     }
@@ -68,7 +73,7 @@ class SearchBench {
     Recorder recorder;
 
   private:
-    QString home() const { return folder_.path(); }
+    QString home() const { return home_; }
 
     void fillStreets() {
         ConectaServidorCEP(contexto);
@@ -82,8 +87,11 @@ class SearchBench {
                 name + "', 'SP', '1', mod(:i, 90), mod(:i, 700)); i = i + 1; end end");
     }
 
+    QString home_;
+    bool streetsFilled_ = false;
+
   public:
-    QuietPlatform platform{folder_.path()};
+    QuietPlatform platform{home_};
     screen::Program program{platform};
     ContextoExecucao contexto{program, [](data::Engine) { return data::MakeFirebirdAdapter(); },
                               [this](const QString& text) { recorder.hear(text); }};
@@ -93,18 +101,20 @@ class SearchBench {
 
 using Bench = Lazy<SearchBench>;
 
-Case wholeRegister(const Bench& bench) {
-    return {u"search: whole register into the grid"_s, u"us/person"_s,
+Case wholeRegister(const Bench& bench, const QString& name, int rounds = 11) {
+    return {name,
+            u"us/person"_s,
             [bench] { return Microseconds(bench->people, [&] { bench->bare->send(everyPerson); }); },
             [bench] {
                 return Microseconds(bench->people,
                                     [&] { bench->find(bench->searched.opQualquerParte, {}, bench->searched.opTodos); });
             },
-            1.5};
+            0.4,
+            rounds};
 }
 
 /// The same texts, one after the other, as the role filter sends them.
-Case customers(const Bench& bench, const QString& name, const QString& beginning, int rounds = 11) {
+Case customers(const Bench& bench, const QString& name, const QString& beginning, double limit, int rounds = 11) {
     const auto texts = std::make_shared<Recorder::Statements>();
     return {name,
             u"us/statement"_s,
@@ -118,7 +128,7 @@ Case customers(const Bench& bench, const QString& name, const QString& beginning
                     bench->find(bench->searched.opInicialCom, beginning, bench->searched.opCliente);
                 });
             },
-            0.5,
+            limit,
             rounds};
 }
 
@@ -139,10 +149,28 @@ Case byBeginning(const Bench& bench) {
             3.0};
 }
 
+/// A part of a name that nobody has, against a scan that reads one column of every row.
+Case nobody(const Bench& bench, const QString& name, int rounds = 11) {
+    constexpr int thousand = 1000;
+    return {name,
+            u"ms"_s,
+            [bench] { return Microseconds(thousand, [&] { bench->bare->send("SELECT COUNT(NOME_PESS) FROM PESS"); }); },
+            [bench] {
+                return Microseconds(thousand, [&] {
+                    if (bench->find(bench->searched.opQualquerParte, u"ZZQXW"_s, bench->searched.opTodos) != 0)
+                        throw std::logic_error("somebody has this name");
+                });
+            },
+            1.3,
+            rounds};
+}
+
 /// Here the floor is what a person may take.
-Case memory(const Bench& bench) {
-    constexpr double allowed = 1024;
-    return {u"search: memory of a search"_s, u"bytes/person"_s, [] { return allowed; },
+Case memory(const Bench& bench, const QString& name, int rounds = 11) {
+    constexpr double allowed = 200;
+    return {name,
+            u"bytes/person"_s,
+            [] { return allowed; },
             [bench] {
                 bench->searched.MontaGridPessoas();
                 const double before = allocatedBytes();
@@ -152,7 +180,8 @@ Case memory(const Bench& bench) {
                 bench->platform.atEnd = {};
                 return (full - before) / found;
             },
-            1.0};
+            1.0,
+            rounds};
 }
 
 Case grid(const Bench& bench) {
@@ -175,15 +204,25 @@ Case streets(const Bench& bench) {
 } // namespace
 
 std::vector<Case> SearchCases() {
-    const Bench bench;
-    return {wholeRegister(bench),
-            customers(bench, u"search: customers that begin with \"A\""_s, u"A"_s),
-            customers(bench, u"search: customers that begin with \"MARIA\""_s, u"MARIA"_s),
-            customers(bench, u"search: customers of the whole register"_s, {}, 5),
+    const Bench bench([] { return std::make_unique<SearchBench>(usualPersons); });
+    return {wholeRegister(bench, u"search: whole register into the grid"_s),
+            nobody(bench, u"search: a part of a name nobody has"_s),
+            customers(bench, u"search: customers that begin with \"A\""_s, u"A"_s, 0.5),
+            customers(bench, u"search: customers that begin with \"MARIA\""_s, u"MARIA"_s, 0.5),
+            customers(bench, u"search: customers of the whole register"_s, {}, 0.3, 5),
             byBeginning(bench),
-            memory(bench),
+            memory(bench, u"search: memory of a search"_s),
             grid(bench),
             streets(bench)};
+}
+
+std::vector<Case> MillionCases() {
+    const Bench bench(
+        [] { return std::make_unique<SearchBench>(million, qEnvironmentVariable("PESSOAS_BENCH_HOME")); });
+    constexpr int rounds = 3;
+    return {nobody(bench, u"million: a part of a name nobody has"_s, rounds),
+            wholeRegister(bench, u"million: whole register into the grid"_s, rounds),
+            memory(bench, u"million: memory of a search"_s, 1)};
 }
 
 } // namespace vorta::bench

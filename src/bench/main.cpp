@@ -1,3 +1,4 @@
+#include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "bench/DataCases.h"
 #include "bench/MaintenanceCases.h"
@@ -28,6 +29,7 @@ constexpr Subject subjects[] = {{"data:", bench::DataCases},
                                 {"sql server:", bench::SqlServerCases},
                                 {"trade:", bench::TradeCases},
                                 {"maintenance:", bench::MaintenanceCases}};
+constexpr Subject million{"million:", bench::MillionCases};
 
 /// Whether one of the subject's cases may be meant. A filter that names a subject spares the others their long set-up.
 bool isMeant(const Subject& meant, const QString& filter) {
@@ -39,8 +41,9 @@ bool isMeant(const Subject& meant, const QString& filter) {
 
 } // namespace
 
-/// `pessoas-bench [PART-OF-NAME]`: exit code 0 when every limit holds, 1 when one is broken, 2 when nothing could be
-/// measured.
+/// `pessoas-bench [--million] [PART-OF-NAME]`, where `--million` measures a base of a million persons, a new one or
+/// that of the installation that PESSOAS_BENCH_HOME names: exit code 0 when every limit holds, 1 when one is broken, 2
+/// when nothing could be measured.
 int main(int count, char** arguments) {
     QCoreApplication application(count, arguments);
     // The engine's root of the measured databases goes with the run.
@@ -51,6 +54,8 @@ int main(int count, char** arguments) {
         bench::PrintHeader();
         bool allHold = true;
         const QString filter = application.arguments().value(1);
+        if (filter == u"--million"_s)
+            return bench::MeasureAll(million.cases(), application.arguments().value(2)) ? 0 : 1;
         for (const Subject& subject : subjects)
             if (isMeant(subject, filter))
                 allHold = bench::MeasureAll(subject.cases(), filter) && allHold;
