@@ -2,6 +2,7 @@
 
 #include "base/Literals.h"
 #include "base/RuntimeError.h"
+#include "firebird/EngineReasons.h"
 
 #include <QDeadlineTimer>
 #include <QDir>
@@ -11,7 +12,6 @@
 
 #ifdef Q_OS_LINUX
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -96,6 +96,13 @@ Place placeIn(int file) {
     return {lines.value(0), lines.value(1), lines.value(2)};
 }
 
+/// The system's last failure in words.
+QString why() {
+    const int number = errno;
+    const QString words = SystemReason(number);
+    return words.isEmpty() ? u"erro %1 do sistema"_s.arg(number) : words;
+}
+
 /// Without a word when the place is free in that mode.
 bool lock(int file, short mode) {
     struct flock whole {};
@@ -106,7 +113,7 @@ bool lock(int file, short mode) {
             return false;
         if (errno != EINTR)
             refuse(u"O sistema de arquivos da base não oferece travas (%1); a base não pode ser aberta com segurança"_s
-                       .arg(QString::fromLocal8Bit(std::strerror(errno))));
+                       .arg(why()));
     }
     return true;
 }
@@ -121,14 +128,15 @@ int openFile(const QFileInfo& base, const QString& path) {
         file = ::open(name.constData(), flags | O_CREAT | O_EXCL, 0600);
         // Whatever the user's mask takes away: who may write the base, guards it too.
         if (file >= 0) {
-            [[maybe_unused]] const int ofGroup = ::fchown(file, static_cast<uid_t>(-1), rights.st_gid);
+            // Only the administrator may give a file to somebody else.
+            const uid_t owner = ::geteuid() == 0 ? rights.st_uid : static_cast<uid_t>(-1);
+            [[maybe_unused]] const int given = ::fchown(file, owner, rights.st_gid);
             (void)::fchmod(file, rights.st_mode & 0666);
         } else if (errno == EEXIST)
             file = ::open(name.constData(), flags);
     }
     if (file < 0)
-        refuse(u"O arquivo %1, que guarda a base, não pode ser gravado (%2)"_s.arg(
-            path, QString::fromLocal8Bit(std::strerror(errno))));
+        refuse(u"O arquivo %1, que guarda a base, não pode ser gravado (%2)"_s.arg(path, why()));
     struct stat kind {};
     if (::fstat(file, &kind) != 0 || !S_ISREG(kind.st_mode)) {
         ::close(file);
@@ -137,11 +145,11 @@ int openFile(const QFileInfo& base, const QString& path) {
     return file;
 }
 
+/// Over what stands there, so that a full disk has the room already.
 void write(int file, const QByteArray& content, const QString& path) {
     const auto length = static_cast<std::size_t>(content.size());
-    if (::ftruncate(file, 0) != 0 || ::pwrite(file, content.constData(), length, 0) != content.size())
-        refuse(u"O arquivo %1, que guarda a base, não pode ser gravado (%2)"_s.arg(
-            path, QString::fromLocal8Bit(std::strerror(errno))));
+    if (::pwrite(file, content.constData(), length, 0) != content.size() || ::ftruncate(file, content.size()) != 0)
+        refuse(u"O arquivo %1, que guarda a base, não pode ser gravado (%2)"_s.arg(path, why()));
 }
 
 } // namespace
@@ -189,6 +197,24 @@ void BaseGuard::requireBase() const {
             QFile::decodeName(base_)));
 }
 
+std::optional<PlaceInForce> PlaceInForceOf(const QString& database) {
+    const int file = ::open(QFile::encodeName(BaseGuard::fileOf(database)).constData(),
+                            O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+    if (file < 0)
+        return std::nullopt;
+    struct flock whole {};
+    whole.l_type = F_WRLCK;
+    whole.l_whence = SEEK_SET;
+    std::optional<PlaceInForce> found;
+    if (::fcntl(file, F_OFD_GETLK, &whole) == 0 && whole.l_type != F_UNLCK) {
+        const Place place = placeIn(file);
+        found = PlaceInForce{QString::fromUtf8(place.machine), QFile::decodeName(place.folder),
+                             place.identity == identityOf(LockFolderOf(database))};
+    }
+    ::close(file);
+    return found;
+}
+
 void BaseGuard::release() {
     if (file_ != none)
         ::close(file_);
@@ -200,6 +226,9 @@ void BaseGuard::release() {
 // Elsewhere the engine keeps its locks in one place of the machine, and the system refuses a file to a second machine.
 BaseGuard::BaseGuard(const QString&, const QString&) {}
 void BaseGuard::requireBase() const {}
+std::optional<PlaceInForce> PlaceInForceOf(const QString&) {
+    return std::nullopt;
+}
 void BaseGuard::release() {}
 
 #endif

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <optional>
 #include <utility>
 
 /// The lock place of a base. All programs that have one base open in the embedded engine settle their writing in the
@@ -13,6 +14,15 @@ namespace vorta::firebird {
 /// The lock folder of a base: "firebird/lock" of the installation to which its folder belongs, for a base elsewhere a
 /// folder beside it.
 QString LockFolderOf(const QString& database);
+
+/// The lock place of programs that have a base open at this moment.
+struct PlaceInForce {
+    QString machine;
+    QString folder;
+    bool own; ///< it is the base's own, on this machine
+};
+/// Nothing when nobody has the base open.
+std::optional<PlaceInForce> PlaceInForceOf(const QString& database);
 
 /// Holds a base's lock place for as long as it lives. The file beside the base is locked by the operating system, which
 /// a shared folder passes on to other machines: the first who opens the base has it for himself for a moment and writes

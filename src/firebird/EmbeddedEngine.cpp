@@ -4,6 +4,7 @@
 #include "base/Literals.h"
 #include "firebird/ConnectionText.h"
 #include "firebird/EngineRoot.h"
+#include "firebird/LockFiles.h"
 #include "firebird/RobustMutexes.h"
 
 #include <QDir>
@@ -12,7 +13,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <mutex>
 
 #ifdef Q_OS_UNIX
@@ -22,15 +22,6 @@
 namespace vorta::firebird {
 
 namespace {
-
-/// The colleagues of the folder's group open the same databases, so its lock files are theirs too.
-void shareWithGroup(const QString& folder) {
-    using std::filesystem::perms;
-    std::error_code notOurs;
-    std::filesystem::permissions(
-        folder.toStdString(),
-        perms::owner_all | perms::group_all | perms::others_read | perms::others_exec | perms::set_gid, notOurs);
-}
 
 /// The engine's configuration as installations used to hold it, where all could write it. Nothing reads it any more but
 /// the engine's own tools, and these would then open a base beside the programs without sharing their locks; without it
@@ -46,11 +37,6 @@ void retireConfiguration(const QString& lockFolder) {
         file.remove();
 }
 
-void makeLockFolder(const QString& folder) {
-    if (!QFileInfo(folder).isDir() && QDir().mkpath(folder))
-        shareWithGroup(folder);
-}
-
 /// The lock folder in force; empty before the first base.
 QString& locksInForce() {
     static QString folder;
@@ -60,7 +46,7 @@ QString& locksInForce() {
 void useLocks(const QString& chosen) {
     static std::once_flag once;
     std::call_once(once, [&] {
-        makeLockFolder(chosen);
+        MakeLockFolder(chosen);
         retireConfiguration(chosen);
         qputenv("FIREBIRD_LOCK", QFile::encodeName(chosen));
         locksInForce() = chosen;
@@ -91,7 +77,7 @@ void letEngineEnd() {
 /// The lock folder of this process: that of the first base it opens. The engine knows one for a process.
 const QString& locksFor(const QString& database) {
     useLocks(LockFolderOf(database));
-    makeLockFolder(locksInForce()); // again, should it have gone
+    MakeLockFolder(locksInForce()); // again, should it have gone
     return locksInForce();
 }
 
@@ -143,8 +129,10 @@ Handle<Firebird::IProvider> provider() {
 
 Attachment attach(const ConnectionText& text, Parameters& parameters) {
     Status status;
-    return Attachment(provider()->attachDatabase(&status, text.database.toUtf8().constData(), parameters.length(),
-                                                 parameters.bytes()));
+    Attachment attachment(provider()->attachDatabase(&status, text.database.toUtf8().constData(), parameters.length(),
+                                                     parameters.bytes()));
+    SettleLocks(text);
+    return attachment;
 }
 
 } // namespace
@@ -174,7 +162,17 @@ bool LocksAreGone() {
 
 BaseGuard GuardOf(const ConnectionText& base) {
     PrepareEmbeddedEngine();
-    return base.embedded ? BaseGuard(base.database, locksFor(base.database)) : BaseGuard();
+    if (!base.embedded)
+        return {};
+    const QString& folder = locksFor(base.database);
+    BaseGuard guard(base.database, folder);
+    RequireRoomForLocks(folder);
+    return guard;
+}
+
+void SettleLocks(const ConnectionText& base) {
+    if (base.embedded)
+        SettleLockFiles(locksFor(base.database));
 }
 
 Attachment Attach(const QString& connectionString, int timeoutSeconds) {
@@ -202,6 +200,7 @@ void CreateDatabase(const QString& connectionString, const DatabaseOptions& opti
         Status status;
         Handle<Firebird::IAttachment> database(provider()->createDatabase(&status, text.database.toUtf8().constData(),
                                                                           parameters.length(), parameters.bytes()));
+        SettleLocks(text);
         // By statements: given as a parameter, the character set of a new database has not yet its new collation for
         // the first who makes tables in version 4.
         Handle<Firebird::ITransaction> transaction(database->startTransaction(&status, 0, nullptr));

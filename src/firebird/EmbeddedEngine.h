@@ -22,6 +22,9 @@ void PrepareOpening(const QString& connectionString);
 /// Takes part in the lock place of a base that the engine of this process is about to open; an empty guard for a base
 /// of a server. Raises what `BaseGuard` raises.
 BaseGuard GuardOf(const ConnectionText& base);
+/// Puts right how the engine of this process has made its lock files (see LockFiles.h), once it has opened a base.
+/// `Attach` does it by itself.
+void SettleLocks(const ConnectionText& base);
 
 /// How a new database is made: Windows-1252 with a collation that knows Portuguese letters, so that a search without
 /// accents finds.

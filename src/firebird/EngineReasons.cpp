@@ -66,20 +66,20 @@ constexpr std::array openingReasons{
     Reason{isc_page_type_err, "a base está danificada"},
 };
 
-struct SystemReason {
+struct NumberedReason {
     int number;
     const char* words;
 };
 
 constexpr std::array systemReasons{
-    SystemReason{ENOENT, "o arquivo da base não existe"},
-    SystemReason{EACCES, "este usuário não tem direito sobre o arquivo da base ou sua pasta"},
-    SystemReason{EPERM, "este usuário não tem direito sobre o arquivo da base ou sua pasta"},
-    SystemReason{EROFS, "a base está em um disco que não pode ser gravado"},
-    SystemReason{ENOSPC, "o disco está cheio"},
-    SystemReason{EDQUOT, "o espaço deste usuário no disco acabou"},
-    SystemReason{EIO, "o disco falhou"},
-    SystemReason{EMFILE, "há arquivos demais abertos"},
+    NumberedReason{ENOENT, "o arquivo da base não existe"},
+    NumberedReason{EACCES, "este usuário não tem direito sobre o arquivo da base ou sua pasta"},
+    NumberedReason{EPERM, "este usuário não tem direito sobre o arquivo da base ou sua pasta"},
+    NumberedReason{EROFS, "a base está em um disco que não pode ser gravado"},
+    NumberedReason{ENOSPC, "o disco está cheio"},
+    NumberedReason{EDQUOT, "o espaço deste usuário no disco acabou"},
+    NumberedReason{EIO, "o disco falhou"},
+    NumberedReason{EMFILE, "há arquivos demais abertos"},
 };
 
 template <std::size_t count>
@@ -90,15 +90,14 @@ QString firstOf(const std::array<Reason, count>& table, const intptr_t* errors) 
     return {};
 }
 
-QString systemReason(const intptr_t* errors) {
-    const int number = systemNumber(errors);
-    for (const SystemReason& reason : systemReasons)
+} // namespace
+
+QString SystemReason(int number) {
+    for (const NumberedReason& reason : systemReasons)
         if (reason.number == number)
             return QString::fromUtf8(reason.words);
     return {};
 }
-
-} // namespace
 
 bool Tells(const intptr_t* errors, intptr_t code) {
     return anyOf(errors, [&](intptr_t kind, intptr_t value) { return kind == isc_arg_gds && value == code; });
@@ -106,7 +105,7 @@ bool Tells(const intptr_t* errors, intptr_t code) {
 
 QString ReasonOf(const intptr_t* errors) {
     if (Tells(errors, isc_io_error))
-        if (const QString words = systemReason(errors); !words.isEmpty())
+        if (const QString words = SystemReason(systemNumber(errors)); !words.isEmpty())
             return u"O banco de dados não pôde gravar ou ler: %1"_s.arg(words);
     QString words = firstOf(reasons, errors);
     return words.replace(u"%1"_s, QString::number(lockSeconds));
@@ -115,7 +114,7 @@ QString ReasonOf(const intptr_t* errors) {
 QString OpeningReasonOf(const intptr_t* errors) {
     if (const QString words = firstOf(openingReasons, errors); !words.isEmpty())
         return words;
-    if (const QString words = systemReason(errors); !words.isEmpty())
+    if (const QString words = SystemReason(systemNumber(errors)); !words.isEmpty())
         return words;
     return u"o motor recusou a base (código %1)"_s.arg(errors[1]);
 }

@@ -16,6 +16,9 @@ QString ReasonOf(const intptr_t* errors);
 /// The same for a base that could not be opened; never empty.
 QString OpeningReasonOf(const intptr_t* errors);
 
+/// The system's own failure of that number, such as ENOSPC, on a file of a base; empty when there are no words for it.
+QString SystemReason(int number);
+
 /// True when that code stands anywhere in the vector.
 bool Tells(const intptr_t* errors, intptr_t code);
 

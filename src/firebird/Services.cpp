@@ -155,7 +155,7 @@ class ServiceThread {
 
 class Service {
   public:
-    explicit Service(const ConnectionText& base) : guard_(GuardOf(base)) {
+    explicit Service(const ConnectionText& base) : base_(base), guard_(GuardOf(base)) {
         Block block(Firebird::IXpbBuilder::SPB_ATTACH);
         block.text(isc_spb_user_name, base.user)
             .text(isc_spb_password, base.password)
@@ -196,6 +196,7 @@ class Service {
         service_->query(&status, static_cast<unsigned>(send.size()),
                         reinterpret_cast<const unsigned char*>(send.constData()), static_cast<unsigned>(items.size()),
                         items.data(), answerBytes, buffer.data());
+        SettleLocks(base_);
         return read(buffer);
     }
 
@@ -221,6 +222,7 @@ class Service {
     }
 
   private:
+    const ConnectionText base_;
     BaseGuard guard_;
     Handle<Firebird::IService> service_;
     ServiceThread thread_;
