@@ -28,6 +28,8 @@ class EngineCall {
     }
     EngineCall(const EngineCall&) = delete;
     EngineCall& operator=(const EngineCall&) = delete;
+    /// Also while a crash is told.
+    static bool IsUnderWay() { return steps_.load(std::memory_order_relaxed) % 2 == 1; }
     static void Goes() { steps_.store(steps_.load(std::memory_order_relaxed) + 2, std::memory_order_relaxed); }
 
   private:

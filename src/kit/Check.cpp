@@ -6,16 +6,20 @@
 #include "base/ServerLine.h"
 #include "base/Text.h"
 #include "data/EngineTags.h"
+#include "firebird/BaseGuard.h"
 #include "firebird/ConnectionText.h"
 #include "kit/Bases.h"
+#include "kit/CheckSharing.h"
 #include "kit/Copies.h"
 #include "kit/FaultWords.h"
 #include "kit/Indexes.h"
 #include "kit/Loader.h"
 #include "kit/Upgrade.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
 #include <QSet>
 
 namespace vorta::kit {
@@ -35,6 +39,12 @@ class Checker {
         checkServers();
         checkPostalCodes();
         checkPaths();
+        return findings_;
+    }
+
+    std::vector<Finding> runOn(const QString& base) {
+        const NamedBase named = FindBase(layout_.home, base);
+        examine(named.name, named.name, named.connection, named.kind);
         return findings_;
     }
 
@@ -76,9 +86,8 @@ class Checker {
             return bad(u"o arquivo %1 não existe ou não pode ser lido"_s.arg(path));
         checkRights(path);
         for (qsizetype i = 0; i < Environments().size(); ++i)
-            checkLine(Environments()[i].name,
-                      u"ambiente %1 (linha %2 de %3)"_s.arg(Environments()[i].name).arg(i + 1).arg(path),
-                      lines->value(i), Base::Main);
+            checkLine(u"ambiente %1 (linha %2 de %3)"_s.arg(Environments()[i].name).arg(i + 1).arg(path),
+                      Environments()[i].name, lines->value(i), Base::Main);
         checkCopy(Environments().front().name, lines->value(0));
     }
 
@@ -88,7 +97,9 @@ class Checker {
         if (!data::TagOpens(server.tag(), data::Engine::Firebird))
             return;
         const std::optional<Copy> last = LastCopy(layout_.home, name);
-        const QDateTime since = last ? last->when : creationOf(server.firebirdConnection);
+        const QDateTime since = last                      ? last->when
+                                : !fallen_.contains(name) ? creationOf(server.firebirdConnection)
+                                                          : QDateTime();
         if (!since.isValid())
             return; // it does not open, and that has been told
         const qint64 days = since.daysTo(now_);
@@ -114,13 +125,36 @@ class Checker {
     }
 
     /// Who can read a base file needs no password for anything in it.
-    void checkBaseRights(const QString& what, const QString& connection) {
-        const firebird::ConnectionText base = firebird::ReadConnectionText(connection);
-        if (base.embedded && QFileInfo(base.path).permissions() & (QFile::ReadOther | QFile::WriteOther))
+    void checkEmbedded(const QString& what, const firebird::ConnectionText& base) {
+        if (QFileInfo(base.path).permissions() & (QFile::ReadOther | QFile::WriteOther))
             bad(u"%1: o arquivo %2 pode ser lido por qualquer usuário; use: chmod 660 %2"_s.arg(what, base.path));
-        const QString folder = QFileInfo(base.path).path();
-        if (base.embedded && QFileInfo(folder).permissions() & QFile::WriteOther)
-            bad(u"%1: a pasta %2 pode ser gravada por qualquer usuário; use: chmod o-w %2"_s.arg(what, folder));
+        for (const Finding& finding : CheckSharing(what, base.path))
+            findings_.push_back(finding);
+        checkLockPlace(what, base.path);
+    }
+
+    /// A program knows one lock place, that of the first base it opens. Programs that begin with different ones of
+    /// these bases would refuse each other the rest.
+    void checkLockPlace(const QString& what, const QString& database) {
+        const QString place = firebird::LockFolderOf(database);
+        if (lockPlace_.isEmpty())
+            lockPlace_ = place;
+        if (place != lockPlace_)
+            bad(u"%1: a base %2 tem a sua própria pasta de travas (%3), e não a das demais (%4); quem a abre em outro "
+                "ambiente, ou por outra instalação, é recusado enquanto ela está aberta aqui; ponha as bases da "
+                "instalação "
+                "na mesma pasta, ou em um servidor"_s.arg(what, database, place, lockPlace_));
+    }
+
+    /// It would not open then, and that is not the base's fault.
+    bool isHeldElsewhere(const QString& what, const QString& database) {
+        const std::optional<firebird::PlaceInForce> place = firebird::PlaceInForceOf(database);
+        if (!place || place->own)
+            return false;
+        bad(u"%1: outro programa tem a base %2 aberta com outras travas (computador %3, pasta de travas %4), e não com "
+            "as dela (%5); daqui ela não abre enquanto ele não terminar, e não foi examinada"_s.arg(
+                what, database, place->machine, place->folder, firebird::LockFolderOf(database)));
+        return true;
     }
 
     void checkPostalCodes() {
@@ -129,10 +163,10 @@ class Checker {
         if (!lines)
             return bad(u"o arquivo %1 não existe ou não pode ser lido; a pesquisa de CEP não funciona"_s.arg(path));
         checkRights(path);
-        checkLine(BaseNames().back(), u"base de CEPs (%1)"_s.arg(path), lines->value(0), Base::PostalCode);
+        checkLine(u"base de CEPs (%1)"_s.arg(path), BaseNames().back(), lines->value(0), Base::PostalCode);
     }
 
-    void checkLine(const QString& name, const QString& what, const QString& line, Base base) {
+    void checkLine(const QString& what, const QString& name, const QString& line, Base base) {
         if (line.trimmed().isEmpty())
             return bad(u"%1: a linha está vazia"_s.arg(what));
         const ServerLine server(line);
@@ -145,12 +179,38 @@ class Checker {
         if (!data::TagOpens(server.engine, data::Engine::Firebird))
             return good(
                 u"%1: motor %2; a conexão e as tabelas são verificadas no próprio servidor"_s.arg(what, server.tag()));
-        checkBase(name, what, server.firebirdConnection, base);
+        try {
+            const firebird::ConnectionText text = firebird::ReadConnectionText(server.firebirdConnection);
+            if (text.embedded) {
+                checkEmbedded(what, text);
+                if (isHeldElsewhere(what, text.path) || fells(what, name, text.path))
+                    return;
+            }
+        } catch (const RuntimeError& error) {
+            return bad(u"%1: a base não abre (%2)"_s.arg(what, FaultWords(error)));
+        }
+        examine(what, name, server.firebirdConnection, base);
     }
 
-    void checkBase(const QString& name, const QString& what, const QString& connection, Base base) {
+    /// A base with pages of rubbish can fell the engine, and the process with it; so another one tries first.
+    bool fells(const QString& what, const QString& name, const QString& database) {
+        QProcess other;
+        other.setStandardOutputFile(QProcess::nullDevice());
+        other.setStandardErrorFile(QProcess::nullDevice());
+        other.start(QCoreApplication::applicationDirPath() + u"/pessoas-base"_s,
+                    {QLatin1StringView(TryBase), u"--home"_s, layout_.home, u"--base"_s, name});
+        constexpr int untilItEnds = -1;
+        if (!other.waitForStarted() || !other.waitForFinished(untilItEnds) ||
+            (other.exitStatus() == QProcess::NormalExit && other.exitCode() == 0))
+            return false;
+        fallen_ << name;
+        bad(u"%1: o motor falha ao ler a base %2; ela está danificada; refaça-a da última cópia: pessoas-base restore "
+            "--home %3 --base %4 --replace CÓPIA"_s.arg(what, database, layout_.home, name));
+        return true;
+    }
+
+    void examine(const QString& what, const QString& name, const QString& connection, Base base) {
         try {
-            checkBaseRights(what, connection);
             Loader loader(connection);
             const qsizetype before = qsizetype(findings_.size());
             checkTables(loader, what, base);
@@ -273,10 +333,16 @@ class Checker {
     Layout layout_;
     Places places_;
     QDateTime now_;
+    QString lockPlace_; ///< of the bases so far
+    QSet<QString> fallen_;
     std::vector<Finding> findings_;
 };
 
 } // namespace
+
+std::vector<Finding> CheckBase(const QString& home, const QString& name) {
+    return Checker(home, {}).runOn(name);
+}
 
 std::vector<Finding> CheckInstallation(const QString& home, const QDateTime& now) {
     return Checker(home, now).run();

@@ -18,4 +18,9 @@ struct Finding {
 /// The embedded engine must have been prepared for `home`.
 std::vector<Finding> CheckInstallation(const QString& home, const QDateTime& now = QDateTime::currentDateTime());
 
+/// The word with which `pessoas-base` looks at one base only and tells nothing but that it has come to the end.
+inline constexpr char TryBase[] = "try";
+/// The part of it that opens the base of that name.
+std::vector<Finding> CheckBase(const QString& home, const QString& name);
+
 } // namespace vorta::kit

@@ -1,5 +1,6 @@
 #include "desktop/EngineWait.h"
 #include "base/Literals.h"
+#include "desktop/CrashBox.h"
 
 #include <QAbstractButton>
 #include <QMessageBox>
@@ -40,6 +41,14 @@ TEST(WaitBox, EndsOnlyByItsOwnButton) {
     closed->show();
     QTest::keyClick(closed.get(), Qt::Key_Escape);
     EXPECT_EQ(WaitBoxStatus(*closed), statusAfter(u"Aguardar"_s));
+}
+
+TEST(CrashBox, SaysWhatHasFailedAndWhatToDo) {
+    const std::unique_ptr<QMessageBox> box = MakeCrashBox(CrashKind::Engine);
+    EXPECT_TRUE(box->text().startsWith(u"O motor do banco de dados falhou e o programa terminou"));
+    EXPECT_TRUE(box->text().contains(u"pessoas-base check"));
+    EXPECT_EQ(box->buttons().size(), 1);
+    EXPECT_TRUE(MakeCrashBox(CrashKind::EngineMemory)->text().contains(u"o disco da pasta de travas está cheio"));
 }
 
 } // namespace vorta::desktop

@@ -1,12 +1,18 @@
 #include "kit/Check.h"
 #include "base/Literals.h"
+#include "firebird/BaseGuard.h"
+#include "firebird/EngineFiles.h"
 #include "kit/Copies.h"
 #include "kit/Installed.h"
 #include "kit/Loader.h"
 #include "kit/Upgrade.h"
 
+#include <QDir>
 #include <QFile>
+#include <cstdlib>
+#include <filesystem>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 using namespace vorta;
 using test::Installed;
@@ -58,6 +64,80 @@ TEST_F(Check, ABaseThatEverybodyCanRead) {
     EXPECT_EQ(faults(installed_),
               "ambiente PRD (linha 1 de ~/config/server.ini): o arquivo ~/base/pessoas.fdb pode ser "
               "lido por qualquer usuário; use: chmod 660 ~/base/pessoas.fdb");
+}
+
+TEST_F(Check, RightsThatShutAColleagueOutOrLetEverybodyIn) {
+    const QString locks = installed_.home() + u"/firebird/lock"_s;
+    installed_.write(u"firebird/lock/fb_init"_s, "");
+    const auto permit = [&](const QString& path, const char* rights) {
+        ASSERT_EQ(::chmod(path.toUtf8().constData(), static_cast<mode_t>(std::strtol(rights, nullptr, 8))), 0);
+    };
+    permit(installed_.production(), "0660");
+    for (const char* base : {"historico", "desenvolvimento", "cep"})
+        permit(installed_.home() + u"/base/%1.fdb"_s.arg(QLatin1StringView(base)), "0600");
+    const QString guard = firebird::BaseGuard::fileOf(installed_.production());
+    permit(guard, "0660");
+    permit(locks + u"/fb_init"_s, "0660");
+    EXPECT_EQ(faults(installed_), "");
+
+    const std::string begin = "ambiente PRD (linha 1 de ~/config/server.ini): ";
+    const std::string words = begin + "quem pode gravar a base ~/base/pessoas.fdb nem sempre pode usar ";
+    permit(locks + u"/fb_init"_s, "0600");
+    permit(guard, "0640");
+    EXPECT_EQ(faults(installed_),
+              words + "~/base/pessoas.fdb.guarda ~/firebird/lock/fb_init, e então o programa não a abre; use: chown "
+                      "--reference=~/base/pessoas.fdb ~/base/pessoas.fdb.guarda ~/firebird/lock/fb_init && chmod "
+                      "--reference=~/base/pessoas.fdb ~/base/pessoas.fdb.guarda ~/firebird/lock/fb_init");
+    permit(locks + u"/fb_init"_s, "0660");
+    permit(guard, "0660");
+    permit(locks, "0755");
+    EXPECT_EQ(faults(installed_), words + "~/firebird/lock, e então o programa não a abre; use: chown "
+                                          "--reference=~/base/pessoas.fdb ~/firebird/lock && chmod 2775 "
+                                          "~/firebird/lock");
+    permit(locks, "02775");
+    permit(installed_.home() + u"/firebird"_s, "0777");
+    const QString everybody = QString::fromStdString(faults(installed_));
+    EXPECT_EQ(everybody.count(u"a pasta ~/firebird pode ser gravada por qualquer usuário; use: chmod o-w ~/firebird"),
+              4)
+        << qPrintable(everybody);
+}
+
+TEST_F(Check, ASecondNameOfABase) {
+    std::filesystem::create_hard_link(installed_.production().toStdString(),
+                                      (installed_.home() + u"/outra.fdb"_s).toStdString());
+    EXPECT_EQ(faults(installed_), "ambiente PRD (linha 1 de ~/config/server.ini): o arquivo ~/base/pessoas.fdb tem 2 "
+                                  "nomes (hard links); aberta por outro deles, a base seria destruída; apague os "
+                                  "demais");
+}
+
+TEST_F(Check, BasesWithLockPlacesOfTheirOwn) {
+    const QString elsewhere = installed_.home() + u"/outra/antigas"_s;
+    QDir().mkpath(elsewhere);
+    ASSERT_TRUE(QFile::rename(installed_.home() + u"/base/historico.fdb"_s, elsewhere + u"/historico.fdb"_s));
+    QString lines = kit::LinesOf(installed_.layout().config(u"server.ini"_s))->join(u'\n');
+    installed_.write(u"config/server.ini"_s,
+                     lines.replace(u"base/historico.fdb"_s, u"outra/antigas/historico.fdb"_s).toUtf8());
+    const QString found = QString::fromStdString(faults(installed_));
+    EXPECT_TRUE(found.contains(
+        u"a base ~/outra/antigas/historico.fdb tem a sua própria pasta de travas (~/outra/antigas/travas), e "
+        "não a das demais (~/firebird/lock)"))
+        << qPrintable(found);
+}
+
+TEST_F(Check, AConfigurationOfTheEngineThatNobodyReadsAnyMore) {
+    installed_.write(u"firebird/firebird.conf"_s, "ServerMode = Classic\nDefaultDbCachePages = 9999\n");
+    const QString found = QString::fromStdString(faults(installed_));
+    EXPECT_TRUE(found.contains(u"o arquivo ~/firebird/firebird.conf não é mais lido pelo programa"))
+        << qPrintable(found);
+}
+
+TEST_F(Check, ABaseThatFellsTheEngine) {
+    if (firebird::EngineInUse().number != 3)
+        GTEST_SKIP() << "this version of the engine survives the rubbish";
+    installed_.ruinProduction();
+    EXPECT_EQ(faults(installed_), "ambiente PRD (linha 1 de ~/config/server.ini): o motor falha ao ler a base "
+                                  "~/base/pessoas.fdb; ela está danificada; refaça-a da última cópia: pessoas-base "
+                                  "restore --home ~ --base PRD --replace CÓPIA");
 }
 
 TEST_F(Check, TheAgeOfTheLastCopy) {

@@ -19,6 +19,9 @@ class Installed {
     QString production() const { return layout().base(kit::Environments().front().base); }
     QString postalCodes() const { return layout().base(kit::PostalCodeBase()); }
     void write(const QString& relative, const QByteArray& content) const;
+    /// Writes rubbish over the indexes of production, as some other program might, of a kind that fells version 3 of
+    /// the engine at the opening.
+    void ruinProduction() const;
 
     /// One with reference data alone and one with the demonstration, made once for all tests that change nothing.
     static const Installed& plain();

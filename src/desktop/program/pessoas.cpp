@@ -1,5 +1,7 @@
 #include "app/Register.h"
+#include "base/Crash.h"
 #include "base/Literals.h"
+#include "desktop/CrashBox.h"
 #include "desktop/DesktopApplication.h"
 #include "desktop/DesktopPlatform.h"
 #include "desktop/EngineWait.h"
@@ -51,6 +53,9 @@ int main(int argc, char** argv) {
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() == 3 && arguments[1] == QLatin1StringView(vorta::desktop::waitBoxWord))
         return vorta::desktop::RunWaitBox(arguments[2].toInt());
+    if (arguments.size() == 3 && arguments[1] == QLatin1StringView(vorta::desktop::crashBoxWord))
+        return vorta::desktop::RunCrashBox(arguments[2].toInt());
+    vorta::TellCrashes(vorta::desktop::BecomeCrashBox);
     const vorta::EngineWatch watch(vorta::desktop::AskWhetherToWait, vorta::desktop::EndAtOnce);
     vorta::desktop::DesktopPlatform platform;
     vorta::Register registro(platform);

@@ -1,5 +1,6 @@
 #include "kit/Check.h"
 
+#include "base/RuntimeError.h"
 #include "kit/program/Command.h"
 
 namespace vorta::program {
@@ -10,6 +11,18 @@ std::optional<Outcome> Check(const QStringList& words) {
         return std::nullopt;
     RequireInstallation(arguments.home());
     return Report(kit::CheckInstallation(arguments.home()));
+}
+
+std::optional<Outcome> Try(const QStringList& words) {
+    const Arguments arguments(words, {u"--home"_s, u"--base"_s});
+    if (!arguments.right(0))
+        return std::nullopt;
+    try {
+        kit::CheckBase(arguments.home(), arguments.base());
+    } catch (const RuntimeError&) {
+        // It is told by who looks for himself.
+    }
+    return succeeded;
 }
 
 } // namespace vorta::program

@@ -46,6 +46,7 @@ std::optional<Outcome> Ddl(const QStringList& words);
 std::optional<Outcome> Cep(const QStringList& words);
 std::optional<Outcome> Check(const QStringList& words);
 std::optional<Outcome> Conferir(const QStringList& words);
+std::optional<Outcome> Try(const QStringList& words);
 std::optional<Outcome> Backup(const QStringList& words);
 std::optional<Outcome> Restore(const QStringList& words);
 std::optional<Outcome> Verify(const QStringList& words);

@@ -1,3 +1,5 @@
+#include "base/Crash.h"
+#include "base/EngineWatch.h"
 #include "base/RuntimeError.h"
 #include "data/Engine.h"
 #include "kit/FaultWords.h"
@@ -16,7 +18,7 @@ using namespace vorta::program;
 struct Command {
     const char* name;
     Run run;
-    const char* words; ///< behind the name; %1 stands for the engines
+    const char* words; ///< behind the name; %1 stands for the engines; none for what is no user's
     const char* help;  ///< lines
 };
 
@@ -26,6 +28,7 @@ constexpr std::array commands{
             "de uma pequena empresa; com --people, mais N pessoas (as mesmas para a mesma semente)"},
     Command{"ddl", Ddl, "%1", "mostra as definições das tabelas"},
     Command{"cep", Cep, "--home PASTA ARQUIVO", "carrega uma lista de logradouros na base de CEPs (veja docs/cep.md)"},
+    Command{kit::TryBase, Try, nullptr, nullptr},
     Command{"check", Check, "--home PASTA", "verifica uma instalação e diz o que falta"},
     Command{"backup", Backup, "--home PASTA [--base NOME] ARQUIVO",
             "copia uma base para o ARQUIVO, com o programa em uso; NOME é PRD (o padrão), HIST,\n"
@@ -49,12 +52,16 @@ constexpr std::array commands{
 int misuse() {
     const char* lead = "uso: ";
     for (const Command& command : commands) {
+        if (!command.words)
+            continue;
         const QString words = QString::fromUtf8(command.words).replace(u"%1"_s, data::EngineNames(u"|"_s));
         std::fprintf(stderr, "%spessoas-base %s %s\n", lead, command.name, qUtf8Printable(words));
         lead = "     ";
     }
     std::fputc('\n', stderr);
     for (const Command& command : commands) {
+        if (!command.words)
+            continue;
         const char* name = command.name;
         for (const QByteArray& line : QByteArray(command.help).split('\n')) {
             std::fprintf(stderr, "%-10s%s\n", name, line.constData());
@@ -74,7 +81,9 @@ int main(int argc, char** argv) {
     });
     if (command == commands.end())
         return misuse();
+    TellCrashes();
     try {
+        const EngineCall engine; // next to nothing else is done here
         const std::optional<Outcome> outcome = command->run(words.sliced(1));
         return outcome ? *outcome : misuse();
     } catch (const RuntimeError& error) {
