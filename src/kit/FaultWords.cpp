@@ -18,6 +18,7 @@ constexpr int copyGbakFirst = 336330752;
 constexpr int databaseExists = copyGbakFirst + 14;
 constexpr int noBackupHeader = copyGbakFirst + 45;
 constexpr int copyEndsEarly = copyGbakFirst + 220;
+constexpr int newerCopy = copyGbakFirst + 344;
 
 struct Words {
     int code;
@@ -50,6 +51,9 @@ constexpr std::array all{
     Words{databaseExists, u"a base já existe"},
     Words{noBackupHeader, u"o arquivo não é uma cópia de segurança"},
     Words{copyEndsEarly, u"a cópia está incompleta"},
+    Words{newerCopy,
+          u"a cópia foi feita por um motor mais novo que este, que não a lê; restaure-a com o motor que a fez, "
+          "ou com um mais novo"},
 };
 
 } // namespace

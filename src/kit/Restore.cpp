@@ -8,6 +8,7 @@
 #include "kit/FaultWords.h"
 #include "kit/Loader.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
 
@@ -138,6 +139,21 @@ QString keepAside(const QString& path) {
     }
 }
 
+/// A restoration that was killed in its last steps leaves the base a second name, which is none of anybody's.
+void dropSecondNames(const QString& path) {
+    struct stat base {};
+    if (::stat(QFile::encodeName(path).constData(), &base) != 0 || base.st_nlink < 2)
+        return;
+    const QFileInfo file(path);
+    const QStringList marks{marked(file.fileName(), u"nova"_s), marked(file.fileName(), u"antes-*"_s)};
+    for (const QFileInfo& entry : file.dir().entryInfoList(marks, QDir::Files)) {
+        struct stat other {};
+        const QByteArray name = QFile::encodeName(entry.filePath());
+        if (::lstat(name.constData(), &other) == 0 && other.st_dev == base.st_dev && other.st_ino == base.st_ino)
+            ::unlink(name.constData());
+    }
+}
+
 void syncFolderOf(const QString& path) {
     const int folder =
         ::open(QFile::encodeName(QFileInfo(path).path()).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -155,6 +171,7 @@ Restored restoreHere(const ConnectionText& base, const QString& copy, bool repla
     std::optional<Alone> old;
     if (replaces)
         old.emplace(base.path);
+    dropSecondNames(base.path);
     const ConnectionText fresh = firebird::ReadConnectionText(base.of(marked(base.path, u"nova"_s)));
     WorkFile work(fresh.path);
     makeAnew(fresh, copy, progress);

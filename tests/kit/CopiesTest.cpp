@@ -2,6 +2,7 @@
 
 #include "base/Literals.h"
 #include "base/RuntimeError.h"
+#include "kit/FaultWords.h"
 #include "kit/Installed.h"
 #include "kit/Loader.h"
 #include "kit/MoveToServer.h"
@@ -131,6 +132,29 @@ TEST_F(Copies, ABrokenCopyChangesNothing) {
     EXPECT_NE(refusal(installed_, [&] { kit::RestoreBase(home(), production, copy(), true); }), "");
     installed_.write(u"copia.fbk"_s, "texto");
     EXPECT_NE(refusal(installed_, [&] { kit::RestoreBase(home(), production, copy(), true); }), "");
+    EXPECT_EQ(baseFiles(), before);
+    EXPECT_EQ(faults(installed_), "");
+}
+
+TEST_F(Copies, ACopyOfANewerEngineIsRefusedInWords) {
+    kit::BackUpBase(home(), production, copy());
+    const QStringList before = baseFiles();
+    QFile file(copy());
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    // A copy begins with its form's number: 10 is that of 3.0, 11 that of 4.0.
+    constexpr qint64 formAt = 3;
+    ASSERT_EQ(file.peek(formAt), QByteArray("\0\2\4", formAt));
+    file.seek(formAt);
+    file.write("\x63");
+    file.close();
+    try {
+        kit::RestoreBase(home(), production, copy(), true);
+        ADD_FAILURE() << "it is restored";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(kit::FaultWords(error),
+                  u"a cópia foi feita por um motor mais novo que este, que não a lê; restaure-a "
+                  "com o motor que a fez, ou com um mais novo"_s);
+    }
     EXPECT_EQ(baseFiles(), before);
     EXPECT_EQ(faults(installed_), "");
 }
