@@ -4,6 +4,7 @@
 #include "bench/MaintenanceCases.h"
 #include "bench/PersonCases.h"
 #include "bench/RoleCases.h"
+#include "bench/SafetyCases.h"
 #include "bench/SearchCases.h"
 #include "bench/SqlServerCases.h"
 #include "bench/TradeCases.h"
@@ -22,13 +23,10 @@ struct Subject {
     const char* word;
     std::vector<bench::Case> (*cases)();
 };
-constexpr Subject subjects[] = {{"data:", bench::DataCases},
-                                {"person:", bench::PersonCases},
-                                {"roles:", bench::RoleCases},
-                                {"search:", bench::SearchCases},
-                                {"sql server:", bench::SqlServerCases},
-                                {"trade:", bench::TradeCases},
-                                {"maintenance:", bench::MaintenanceCases}};
+constexpr Subject subjects[] = {{"data:", bench::DataCases},     {"person:", bench::PersonCases},
+                                {"roles:", bench::RoleCases},    {"safety:", bench::SafetyCases},
+                                {"search:", bench::SearchCases}, {"sql server:", bench::SqlServerCases},
+                                {"trade:", bench::TradeCases},   {"maintenance:", bench::MaintenanceCases}};
 constexpr Subject million{"million:", bench::MillionCases};
 
 /// Whether one of the subject's cases may be meant. A filter that names a subject spares the others their long set-up.
