@@ -4,6 +4,8 @@
 #include "base/Literals.h"
 #include "faults/Faults.h"
 #include "firebird/RobustMutexes.h"
+#include "kit/Loader.h"
+#include "shared/Papeis.h"
 
 #include <QElapsedTimer>
 #include <QRandomGenerator>
@@ -39,6 +41,21 @@ bool takeDown(Colleague& colleague, int milliseconds, Told& told, qint64& longes
     return true;
 }
 
+enum class Arrival { Here, Frozen, Gone };
+
+/// How a start beside the others ends; tells what is known of one that comes to nothing.
+Arrival arrivalOf(Colleague& colleague) {
+    const std::optional<QStringList> words = colleague.hearWithin(2 * stillness);
+    if (words && words->at(0) == u"here")
+        return Arrival::Here;
+    const bool ended = colleague.endsWithin(words ? stillness : 0);
+    ADD_FAILURE() << (ended ? "ended at its start with " : "stands still at its start ")
+                  << (ended ? qPrintable(colleague.fate()) : "") << "\n"
+                  << qPrintable(words.value_or(QStringList()).join(u' ')) << "\n"
+                  << qPrintable(colleague.journal());
+    return ended ? Arrival::Gone : Arrival::Frozen;
+}
+
 } // namespace
 
 TEST(KilledColleague, TheEnginesSharedMutexesOutliveTheirOwners) {
@@ -49,6 +66,7 @@ TEST(KilledColleague, NobodyFreezesWhenAnotherIsKilledAtAnyMoment) {
     const int sessions = Times(1, 50);
     constexpr int kills = 40;
     int frozen = 0;
+    int gone = 0;
     int killed = 0;
     qint64 longest = 0;
     qsizetype deeds = 0;
@@ -66,8 +84,11 @@ TEST(KilledColleague, NobodyFreezesWhenAnotherIsKilledAtAnyMoment) {
             sinceDeed.start();
             for (int kill = 0; kill < kills && stands; ++kill) {
                 Colleague victim(installed.home());
-                const std::optional<QStringList> here = victim.hearWithin(2 * stillness);
-                stands = here.has_value();
+                const Arrival arrival = arrivalOf(victim);
+                gone += arrival == Arrival::Gone;
+                stands = arrival != Arrival::Frozen;
+                if (arrival != Arrival::Here)
+                    continue;
                 victim.begin({u"work"_s, u"9999"_s, QString::number(2 + kill), shared});
                 const int moment = QRandomGenerator::global()->bounded(10, 400);
                 stands = stands && takeDown(colleague, moment, told, longest, sinceDeed);
@@ -85,9 +106,10 @@ TEST(KilledColleague, NobodyFreezesWhenAnotherIsKilledAtAnyMoment) {
         deeds += told.size();
         ExpectWhole(installed, told);
     }
-    std::printf("%d sessions, %d kills, %lld inclusions told, %d frozen, longest pause %lld ms\n", sessions, killed,
-                static_cast<long long>(deeds), frozen, static_cast<long long>(longest));
+    std::printf("%d sessions, %d kills, %lld inclusions told, %d frozen, %d gone, longest pause %lld ms\n", sessions,
+                killed, static_cast<long long>(deeds), frozen, gone, static_cast<long long>(longest));
     EXPECT_EQ(frozen, 0);
+    EXPECT_EQ(gone, 0);
 }
 
 TEST(KilledColleague, ASaveThatDiesInFrontOfAnyOfItsStatementsLeavesNothingHalf) {
@@ -124,4 +146,72 @@ TEST(KilledColleague, ASaveThatDiesInFrontOfAnyOfItsStatementsLeavesNothingHalf)
     std::printf("%d deaths\n", deaths);
     EXPECT_GT(deaths, 15);
     ExpectWhole(installed, told);
+}
+
+namespace {
+
+/// The role rows of a person of this test whose contacts are neither the three of one save nor, before any save that
+/// was told, none.
+QString halfRoles(const Papel& role) {
+    const QString table = role.tabela.toString().toUpper(), key = role.chave.toString().toUpper();
+    const QString mine = u"SELECT R.%2 FROM %1 R JOIN PESS P ON P.IDPESS = R.IDPESS WHERE P.OBSE_PESS_0003 STARTING "
+                         "WITH 'U PAPEL' AND "_s.arg(table, key);
+    if (!role.contatos)
+        return mine + u"(SELECT COUNT(*) FROM %1 O WHERE O.IDPESS = R.IDPESS) <> 1"_s.arg(table);
+    const QString contacts = role.contatos->tabela.toString().toUpper();
+    return mine + u"((SELECT COUNT(*) FROM %1 C WHERE C.%2 = R.%2) <> 3 OR (SELECT COUNT(DISTINCT LEFT(C.NOME_%1, "
+                  "CHAR_LENGTH(C.NOME_%1) - 2)) FROM %1 C WHERE C.%2 = R.%2) <> 1)"_s.arg(contacts, key);
+}
+
+} // namespace
+
+TEST(KilledColleague, ARolesSaveThatDiesInFrontOfAnyOfItsStatementsLeavesNothingHalf) {
+    const Installed installed = Installed::copyOf(Installed::demonstration());
+    Told told;
+    int deaths = 0;
+    Colleague colleague(installed.home());
+    ExpectHere(colleague);
+    quint64 document = documents * 11;
+    const auto newPerson = [&] {
+        const QString name = u"PAPEL %1"_s.arg(++document);
+        EXPECT_TRUE(Include(colleague, name, document, told));
+        return told.key(name);
+    };
+    for (const Papel& role : papeis) {
+        const QString table = role.tabela.toString();
+        SCOPED_TRACE(qPrintable(table));
+        for (const bool altered : {false, true}) {
+            QString person = newPerson();
+            if (altered)
+                ASSERT_EQ(colleague.ask({u"role"_s, person, table, u"PRIMEIRO"_s})[0], u"role");
+            bool saved = false;
+            for (int statement = 1; !saved; statement += Times(4, 1)) {
+                ASSERT_LT(statement, 60);
+                Colleague victim(installed.home());
+                ExpectHere(victim);
+                victim.begin({u"die-in-role"_s, QString::number(statement)});
+                victim.begin({u"role"_s, person, table, u"MORTO %1"_s.arg(statement)});
+                const std::optional<QStringList> answer = victim.hearWithin(30'000);
+                EXPECT_TRUE(!answer || answer->at(0) == u"role") << qPrintable(answer->join(u' '));
+                saved = answer.has_value();
+                deaths += saved ? 0 : 1;
+                victim.kill();
+                if (!altered && !saved)
+                    person = newPerson();
+            }
+            // The colleague goes on where the dead one stopped.
+            ASSERT_EQ(colleague.ask({u"role"_s, person, table, u"DEPOIS"_s})[0], u"role");
+        }
+    }
+    EXPECT_EQ(colleague.leave(), 0);
+    std::printf("%d deaths\n", deaths);
+    EXPECT_GT(deaths, 15);
+    ExpectWhole(installed, told);
+    kit::Loader loader(installed.production());
+    for (const Papel& role : papeis)
+        for (const QStringList& row : loader.rows(halfRoles(role)))
+            ADD_FAILURE() << "half saved: " << qPrintable(role.tabela.toString() + u' ' + row.join(u' '));
+    EXPECT_GT(loader.number(u"SELECT COUNT(*) FROM CLIE R JOIN PESS P ON P.IDPESS = R.IDPESS WHERE P.OBSE_PESS_0003 "
+                            "STARTING WITH 'U PAPEL'"_s),
+              1);
 }

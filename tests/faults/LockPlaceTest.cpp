@@ -103,6 +103,34 @@ TEST(LockPlace, AProgramWithAnotherPlaceIsRefusedInWordsWhileTheBaseIsOpen) {
     ExpectWhole(installed, told);
 }
 
+TEST(LockPlace, AnotherPlaceIsAFaultToTheCheck) {
+    const Installed installed = Installed::copyOf(Installed::demonstration());
+    const QTemporaryDir elsewhere;
+    const auto check = [&](QString& words) {
+        QProcess program;
+        program.start(QString::fromUtf8(PESSOAS_BASE), {u"check"_s, u"--home"_s, installed.home()});
+        program.waitForFinished(60'000);
+        words = QString::fromUtf8(program.readAllStandardOutput());
+        return program.exitCode();
+    };
+    QString words;
+    {
+        Colleague owner(installed.home());
+        ExpectHere(owner);
+        EXPECT_EQ(check(words), 0) << qPrintable(words);
+        EXPECT_EQ(owner.leave(), 0);
+    }
+    Colleague stranger(installed.home(), elsewhere.path());
+    ExpectHere(stranger);
+    EXPECT_EQ(check(words), 1);
+    EXPECT_TRUE(words.contains(u"outro programa tem a base %1 aberta com outras travas"_s.arg(installed.production())))
+        << qPrintable(words);
+    EXPECT_TRUE(words.contains(u"pasta de travas %1/firebird/lock"_s.arg(elsewhere.path()))) << qPrintable(words);
+    EXPECT_TRUE(words.endsWith(u"\n1 falta encontrada\n")) << qPrintable(words);
+    EXPECT_EQ(stranger.leave(), 0);
+    EXPECT_EQ(check(words), 0) << qPrintable(words);
+}
+
 TEST(LockPlace, ThePlaceOfAKilledProgramIsFreeAtOnce) {
     const Installed installed = Installed::copyOf(Installed::demonstration());
     const QTemporaryDir elsewhere;

@@ -77,6 +77,34 @@ QString includeAs(const Person& person, const QString& installation, const QStri
     return QString::fromUtf8(process.readAll());
 }
 
+/// A user's program that stays open.
+class Session {
+  public:
+    Session(const Person& person, const QString& installation) {
+        person.become(process_);
+        process_.start(QString::fromUtf8(OFFICE_USER), {installation});
+    }
+    ~Session() { leave(); }
+    QString ask(const QString& command) {
+        process_.write(command.toUtf8() + '\n');
+        return hear();
+    }
+    QString hear() {
+        while (!process_.canReadLine())
+            if (!process_.waitForReadyRead(60'000))
+                return {};
+        return QString::fromUtf8(process_.readLine()).trimmed();
+    }
+    int leave() {
+        process_.closeWriteChannel();
+        process_.waitForFinished(60'000);
+        return process_.exitCode();
+    }
+
+  private:
+    QProcess process_;
+};
+
 class OtherUsers : public testing::Test {
   protected:
     void SetUp() override {
@@ -119,6 +147,68 @@ TEST_F(OtherUsers, ShareAnInstallationWhateverMaskItsMakerAndTheyHave) {
         for (const QFileInfo& entry : QDir(installation()).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot))
             ASSERT_TRUE(QDir(entry.filePath()).removeRecursively());
     }
+}
+
+TEST_F(OtherUsers, WorkOnOneBaseAtTheSameTime) {
+    const Person hers(folder_, maria, office, 0077);
+    const Person his(folder_, joao, office, 0077);
+    QString words;
+    ASSERT_EQ(hers.run(QString::fromUtf8(PESSOAS_BASE), {u"create"_s, u"--home"_s, installation(), u"--demo"_s}, words),
+              0)
+        << qPrintable(words);
+    Session one(hers, installation()), other(his, installation());
+    for (Session* session : {&one, &other})
+        ASSERT_EQ(session->hear(), u"here"_s);
+    for (int person = 1; person <= 30; ++person)
+        for (Session* session : {&one, &other}) {
+            const QString name = (session == &one ? u"MARIA %1"_s : u"JOAO %1"_s).arg(person);
+            const int document = (session == &one ? 6'100'000 : 6'200'000) + person;
+            const QString answer = session->ask(u"include\t%1\tU %1\t%2"_s.arg(name).arg(document));
+            EXPECT_TRUE(answer.startsWith(u"included")) << qPrintable(answer);
+        }
+    // A copy by one of them, which is his alone.
+    const QString copy = his.home() + u"/copia.fbk"_s, shared = installation() + u"/copia.fbk"_s;
+    for (const QString& file : {copy, shared}) {
+        EXPECT_EQ(his.run(QString::fromUtf8(PESSOAS_BASE), {u"backup"_s, u"--home"_s, installation(), file}, words), 0)
+            << qPrintable(words);
+        EXPECT_EQ(his.run(u"/bin/cat"_s, {file}, words), 0);
+        EXPECT_NE(hers.run(u"/bin/cat"_s, {file}, words), 0);
+    }
+    for (Session* session : {&one, &other})
+        EXPECT_EQ(session->leave(), 0);
+}
+
+TEST_F(OtherUsers, AreNotShutOutByTheAdministratorsCommands) {
+    const Person maker(folder_, maria, office, 0077);
+    const Person colleague(folder_, joao, office, 0077);
+    const Person root(folder_, 0, 0, 0077);
+    QString words;
+    ASSERT_EQ(maker.run(QString::fromUtf8(PESSOAS_BASE), {u"create"_s, u"--home"_s, installation()}, words), 0)
+        << qPrintable(words);
+    const QString copy = root.home() + u"/copia.fbk"_s;
+    for (const QStringList& command :
+         {QStringList{u"check"_s}, QStringList{u"backup"_s, copy}, QStringList{u"verify"_s},
+          QStringList{u"restore"_s, u"--replace"_s, copy}, QStringList{u"check"_s}}) {
+        SCOPED_TRACE(qPrintable(command.join(u' ')));
+        EXPECT_EQ(root.run(QString::fromUtf8(PESSOAS_BASE),
+                           QStringList{command[0], u"--home"_s, installation()} + command.sliced(1), words),
+                  0)
+            << qPrintable(words);
+        for (const Person* person : {&maker, &colleague})
+            EXPECT_EQ(person->run(QString::fromUtf8(PESSOAS_BASE), {u"check"_s, u"--home"_s, installation()}, words), 0)
+                << qPrintable(words);
+    }
+    // Beside a program of the administrator's that is open.
+    Session open(root, installation());
+    ASSERT_EQ(open.hear(), u"here"_s);
+    for (const Person* person : {&maker, &colleague}) {
+        const QString document = person == &maker ? u"6300001"_s : u"6300002"_s;
+        const QString answer = includeAs(*person, installation(), u"AO LADO"_s, document);
+        EXPECT_TRUE(answer.contains(u"included")) << qPrintable(answer);
+    }
+    const QString own = open.ask(u"include\tRAIZ\tU RAIZ\t6300003"_s);
+    EXPECT_TRUE(own.startsWith(u"included")) << qPrintable(own);
+    EXPECT_EQ(open.leave(), 0);
 }
 
 TEST_F(OtherUsers, LoadNothingThatAColleagueCanWrite) {

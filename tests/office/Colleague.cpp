@@ -1,5 +1,7 @@
 #include "office/Colleague.h"
 
+#include "base/Literals.h"
+
 #include <QDeadlineTimer>
 #include <csignal>
 #include <grp.h>
@@ -60,6 +62,11 @@ void Colleague::kill() {
 
 bool Colleague::endsWithin(int milliseconds) {
     return process_.state() == QProcess::NotRunning || process_.waitForFinished(milliseconds);
+}
+
+QString Colleague::fate() const {
+    // A crash's exit code is the number of its signal.
+    return (process_.exitStatus() == QProcess::CrashExit ? u"signal %1"_s : u"exit code %1"_s).arg(process_.exitCode());
 }
 
 QString Colleague::journal() {

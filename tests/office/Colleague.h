@@ -28,6 +28,8 @@ class Colleague {
     void kill();
     /// Waits for an end that comes from elsewhere.
     bool endsWithin(int milliseconds);
+    /// How it ended, in words.
+    QString fate() const;
     qint64 number() const { return process_.processId(); }
     /// What it has told the journal so far.
     QString journal();

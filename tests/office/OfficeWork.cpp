@@ -53,6 +53,8 @@ void OfficeWork::runModal(screen::Screen& screen) {
         register_.user().dropDown(person().cboAtividades);
         branches_ = person().cboAtividades.items();
         day_();
+    } else if (auto* role = dynamic_cast<TelaPapel*>(&screen)) {
+        workOn(*role);
     } else {
         search(screen);
     }
@@ -68,6 +70,33 @@ void OfficeWork::search(screen::Screen& screen) {
     for (int row = 1; row < search.Flex.Rows(); ++row)
         if (search.Flex.cell(row, 2) == wanted_)
             return user.doubleClickCell(search.Flex, row, 2);
+}
+
+bool OfficeWork::saveRole(const QString& id, const Papel& role, const QString& mark) {
+    screen::User& user = register_.user();
+    user.type(person().txtRowID, id);
+    user.click(person().cmdPesquisar_Cliente);
+    mark_ = mark;
+    const int before = saved_;
+    user.click(person().field(QString::fromLatin1(role.botao)));
+    return saved_ == before + 1;
+}
+
+void OfficeWork::workOn(TelaPapel& screen) {
+    screen::User& user = register_.user();
+    user.click(screen.lblRowId.text().isEmpty() ? screen.cmdINCLUIR : screen.cmdALTERAR);
+    if (screen.findField(u"txtNomeContato"_s)) {
+        auto& contacts = static_cast<screen::Grid&>(screen.field(u"Flex"_s));
+        while (contacts.Rows() > 1 && !register_.program().hasEnded())
+            user.clickCell(contacts, 1, 2);
+        for (const char* contact : {"A", "B", "C"}) {
+            user.type(screen.field(u"cboTipoContato"_s), u"Diretor"_s);
+            user.type(screen.field(u"txtNomeContato"_s), mark_ + u' ' + QString::fromLatin1(contact));
+            user.click(screen.field(u"cmdIncluirContato"_s));
+        }
+    }
+    toDeath_ = std::exchange(toDeathInRole_, 0);
+    user.click(screen.cmdSALVAR);
 }
 
 void OfficeWork::pick(screen::ListField& list, const QString& item) {

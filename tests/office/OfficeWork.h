@@ -2,6 +2,7 @@
 
 #include "app/Register.h"
 #include "person/frmPessoas.h"
+#include "roles/TelaPapel.h"
 
 #include <QStringList>
 
@@ -16,6 +17,8 @@ class OfficeWork : public screen::Platform {
 
     /// Dies in front of the n-th statement from now, as a crash would.
     void dieAt(int statement) { toDeath_ = statement; }
+    /// The same for the n-th statement of the next save of a role.
+    void dieInRoleAt(int statement) { toDeathInRole_ = statement; }
 
     bool hasEnded() { return register_.program().hasEnded(); }
 
@@ -26,6 +29,9 @@ class OfficeWork : public screen::Platform {
     QString include(const QString& name, const QString& mark, quint64 document);
     /// False when the person was not saved.
     bool alter(const QString& id, const QString& mark);
+    /// Includes the person's role or alters it, with three contacts that begin with the mark where the role has any.
+    /// False when it was not saved.
+    bool saveRole(const QString& id, const Papel& role, const QString& mark);
     /// Finds a person by the search screen and loads it: its key, its mark, and the numbers of its contacts and
     /// branches; empty when nobody is found.
     QStringList find(const QString& name);
@@ -38,6 +44,7 @@ class OfficeWork : public screen::Platform {
   private:
     void live();
     void search(screen::Screen& screen);
+    void workOn(TelaPapel& screen);
     void pick(screen::ListField& list, const QString& item);
     void fillLists(const QString& mark);
     bool save();
@@ -48,9 +55,11 @@ class OfficeWork : public screen::Platform {
     Register register_;
     std::function<void()> day_;
     QString wanted_;
+    QString mark_; ///< of the role that is being saved
     QStringList branches_;
     int saved_ = 0;
     int toDeath_ = 0;
+    int toDeathInRole_ = 0;
     bool flawless_ = true;
 };
 

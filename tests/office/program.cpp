@@ -1,6 +1,7 @@
 // A user of the office: office_user HOME [LOCK-HOME]. Commands come on the standard input, one a line with tabs between
 // the words, and are answered by one line each; "work" tells every deed on a line of its own before its answer.
 
+#include "base/Crash.h"
 #include "base/EngineWatch.h"
 #include "base/Literals.h"
 #include "firebird/EmbeddedEngine.h"
@@ -46,6 +47,13 @@ void include(OfficeWork& work, const QString& name, const QString& mark, quint64
         tell(u"included\t%1\t%2"_s.arg(id, name));
 }
 
+void saveRole(OfficeWork& work, const QString& id, const QString& table, const QString& mark) {
+    for (const vorta::Papel& role : vorta::papeis)
+        if (role.tabela.toString() == table)
+            tell((work.saveRole(id, role, mark) ? u"role\t%1\t%2"_s : u"error\tthe role %2 of %1 was not saved"_s)
+                     .arg(id, table));
+}
+
 void find(OfficeWork& work, const QString& name) {
     tell(QStringList{u"found"_s, work.find(name).join(u'\t')}.join(u'\t'));
 }
@@ -67,7 +75,7 @@ void workFor(OfficeWork& work, int seconds, int number, const QStringList& share
 
 void obey(OfficeWork& work) {
     tell(u"here"_s);
-    for (std::string line; std::getline(std::cin, line);) {
+    for (std::string line; !work.hasEnded() && std::getline(std::cin, line);) {
         const QStringList words = QString::fromStdString(line).split(u'\t');
         if (words[0] == u"include")
             include(work, words[1], words[2], words[3].toULongLong());
@@ -77,6 +85,10 @@ void obey(OfficeWork& work) {
             find(work, words[1]);
         else if (words[0] == u"die")
             work.dieAt(words[1].toInt());
+        else if (words[0] == u"die-in-role")
+            work.dieInRoleAt(words[1].toInt());
+        else if (words[0] == u"role")
+            saveRole(work, words[1], words[2], words[3]);
         else if (words[0] == u"work")
             workFor(work, words[1].toInt(), words[2].toInt(), words.mid(3));
     }
@@ -91,6 +103,7 @@ int main(int count, char** arguments) {
     if (count == 3)
         vorta::firebird::PrepareEmbeddedEngine(QString::fromLocal8Bit(arguments[2]));
     qputenv("VORTA_HOME", arguments[1]);
+    vorta::TellCrashes();
     const vorta::EngineWatch watch([](int seconds, const auto& over) { return vorta::TellAndWait(seconds, over); },
                                    [] { std::_Exit(1); });
     OfficeWork work(QString::fromLocal8Bit(arguments[1]), tell);
