@@ -10,9 +10,15 @@
 
 namespace vorta {
 
-Register::Register(screen::Platform& platform, data::StatementTrace trace)
-    : program_(platform), contexto_(
-                              program_, [this](data::Engine engine) { return makeAdapter(engine); }, std::move(trace)),
+Register::Register(screen::Platform& platform, data::StatementTrace trace, Between between)
+    : between_(std::move(between)), program_(platform),
+      contexto_(
+          program_,
+          [this](data::Engine engine) {
+              std::unique_ptr<data::Adapter> adapter = makeAdapter(engine);
+              return between_ && adapter ? between_(std::move(adapter)) : std::move(adapter);
+          },
+          std::move(trace)),
       user_(program_) {
     contexto_.RegistraTela(startScreen(),
                            [](ContextoExecucao& contexto) { return std::make_unique<frmPessoas>(contexto); });

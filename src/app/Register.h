@@ -8,8 +8,11 @@ namespace vorta {
 /// A whole register, ready to start: program, context and all screens. Two of them can live in one process.
 class Register {
   public:
-    /// `trace` hears every statement as the flows send it, on both connections.
-    explicit Register(screen::Platform& platform, data::StatementTrace trace = {});
+    /// Puts something between the register and the adapter of an engine.
+    using Between = std::function<std::unique_ptr<data::Adapter>(std::unique_ptr<data::Adapter>)>;
+
+    /// `trace` hears every statement as the flows send it, on both connections; `between` is asked for each of them.
+    explicit Register(screen::Platform& platform, data::StatementTrace trace = {}, Between between = {});
 
     /// Starts with a launch string and returns when the program has ended (it runs the start screen modally through the
     /// platform).
@@ -29,6 +32,7 @@ class Register {
   private:
     std::unique_ptr<data::Adapter> makeAdapter(data::Engine engine);
 
+    Between between_;
     screen::Program program_;
     ContextoExecucao contexto_;
     screen::User user_;

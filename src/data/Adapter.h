@@ -41,6 +41,8 @@ class Adapter {
     virtual bool isOpen() const = 0;
     virtual void begin() = 0;
     virtual void commit() = 0;
+    /// Undoes what stands behind `begin`; refused without it, as a commit is.
+    virtual void rollback() = 0;
     virtual void execute(const Statement& statement) = 0;
     virtual void query(const Statement& statement, RowSink& rows) = 0;
 };

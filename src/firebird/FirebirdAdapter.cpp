@@ -79,6 +79,7 @@ class FirebirdAdapter : public data::Adapter {
     bool isOpen() const override { return attachment_ != nullptr; }
     void begin() override;
     void commit() override;
+    void rollback() override;
     void execute(const Statement& statement) override;
     void query(const Statement& statement, RowSink& rows) override;
 
@@ -176,6 +177,17 @@ void FirebirdAdapter::commit() {
         EndWith(transaction_, [](auto* open) {
             Status status;
             open->commit(&status);
+        });
+    });
+}
+
+void FirebirdAdapter::rollback() {
+    if (!transaction_)
+        throw RuntimeError(errorNumber::StatementRefused, u"Não há transação aberta nesta conexão"_s);
+    Translated({}, [&] {
+        EndWith(transaction_, [](auto* open) {
+            Status status;
+            open->rollback(&status);
         });
     });
 }

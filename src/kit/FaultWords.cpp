@@ -2,9 +2,6 @@
 
 #include "base/Literals.h"
 
-#include <QFileInfo>
-#include <QStorageInfo>
-
 #include <algorithm>
 #include <array>
 #include <ibase.h>
@@ -65,18 +62,6 @@ QString FaultWords(const RuntimeError& error) {
         std::find_if(all.begin(), all.end(), [&](const Words& each) { return each.code == error.engineCode(); });
     return found != all.end() ? QString::fromUtf16(found->words)
                               : u"o motor recusou a operação (código %1)"_s.arg(error.engineCode());
-}
-
-QString WhyNotWritten(const QString& path) {
-    const QFileInfo folder(QFileInfo(path).path());
-    if (!folder.isDir())
-        return u"a pasta %1 não existe"_s.arg(folder.filePath());
-    if (!folder.isWritable())
-        return u"falta o direito de gravar na pasta %1"_s.arg(folder.filePath());
-    constexpr qint64 next = 4'000'000;
-    if (const QStorageInfo disk(folder.filePath()); disk.bytesTotal() > 0 && disk.bytesAvailable() < next)
-        return u"o disco está cheio"_s;
-    return u"o sistema de arquivos recusou"_s;
 }
 
 } // namespace vorta::kit

@@ -74,6 +74,13 @@ class OdbcAdapter final : public Adapter {
         inTransaction_ = false;
     }
 
+    void rollback() override {
+        requireTransaction(true);
+        if (!database_.rollback())
+            throw TransactionFailure(connection());
+        inTransaction_ = false;
+    }
+
     void execute(const Statement& statement) override {
         const Handle handle = run(statement.text());
         SQLRETURN answer = SQL_NO_DATA;

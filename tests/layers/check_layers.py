@@ -26,6 +26,7 @@ LAYERS = {
     "audit": ["shared", "shared/inscricao", "launch", "kit", "data", "screen", "base"],
     "app": ["person", "search", "roles", "maintenance", "firebird", "odbc", "launch", "data", "screen", "base"],
     "kit": ["firebird", "data", "base"],
+    "importer": ["app", "person", "search", "roles", "shared", "launch", "data", "screen", "kit", "base"],
     "robot": ["launch", "data", "screen", "base"],
     "desktop": ["screen", "base"],
     "robot/windows": ["robot", "desktop", "screen", "base"],

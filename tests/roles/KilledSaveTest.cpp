@@ -53,6 +53,7 @@ class KillingAdapter : public data::Adapter {
         engine_->commit();
         inside_ = false;
     }
+    void rollback() override { engine_->rollback(); }
     void execute(const data::Statement& statement) override {
         count();
         engine_->execute(statement);

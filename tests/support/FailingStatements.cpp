@@ -32,6 +32,7 @@ class FailingAdapter : public data::Adapter {
             throw RuntimeError(number, u"falha preparada"_s);
         engine_->commit();
     }
+    void rollback() override { engine_->rollback(); }
     void execute(const data::Statement& statement) override {
         state_->count(statement);
         engine_->execute(statement);

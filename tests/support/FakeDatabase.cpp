@@ -25,6 +25,7 @@ class FakeAdapter : public data::Adapter {
     bool isOpen() const override { return open_; }
     void begin() override { database_.sent += u"BEGIN"_s; }
     void commit() override { database_.sent += u"COMMIT"_s; }
+    void rollback() override { database_.sent += u"ROLLBACK"_s; }
     void execute(const data::Statement& statement) override {
         database_.sent += statement.text();
         database_.failIfAsked(statement);

@@ -47,6 +47,7 @@ std::optional<Outcome> Cep(const QStringList& words);
 std::optional<Outcome> Check(const QStringList& words);
 std::optional<Outcome> Conferir(const QStringList& words);
 std::optional<Outcome> Try(const QStringList& words);
+std::optional<Outcome> Importar(const QStringList& words);
 std::optional<Outcome> Backup(const QStringList& words);
 std::optional<Outcome> Restore(const QStringList& words);
 std::optional<Outcome> Verify(const QStringList& words);

@@ -29,6 +29,9 @@ constexpr std::array commands{
     Command{"ddl", Ddl, "%1", "mostra as definições das tabelas"},
     Command{"cep", Cep, "--home PASTA ARQUIVO", "carrega uma lista de logradouros na base de CEPs (veja docs/cep.md)"},
     Command{kit::TryBase, Try, nullptr, nullptr},
+    Command{"importar", Importar, "--home PASTA [--grava] [--colunas ARQUIVO] [--chamada TEXTO] ARQUIVO.csv",
+            "inclui as pessoas de uma planilha pelas telas do cadastro (veja docs/importacao.md); sem\n"
+            "--grava é um ensaio, que mostra o que seria recusado e não grava nada"},
     Command{"check", Check, "--home PASTA", "verifica uma instalação e diz o que falta"},
     Command{"backup", Backup, "--home PASTA [--base NOME] ARQUIVO",
             "copia uma base para o ARQUIVO, com o programa em uso; NOME é PRD (o padrão), HIST,\n"

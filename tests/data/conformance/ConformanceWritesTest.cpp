@@ -50,6 +50,22 @@ TEST_P(ConformanceWrites, TransactionDiesWithItsConnection) {
     EXPECT_EQ(one(countPersons), u"0");
 }
 
+TEST_P(ConformanceWrites, RollbackUndoesItsTransactionAndLeavesTheConnectionUsable) {
+    const auto adapter = bare();
+    EXPECT_EQ(ErrorOf([&] { adapter->rollback(); }), errorNumber::StatementRefused);
+    adapter->begin();
+    adapter->execute(Statement("insert into pess (idpess) values (1)"));
+    EXPECT_EQ(ErrorOf([&] { adapter->execute(Statement("insert into nowhere (a) values (1)")); }),
+              errorNumber::StatementRefused);
+    adapter->rollback();
+    EXPECT_EQ(one(countPersons), u"0");
+    adapter->begin();
+    adapter->execute(Statement("insert into pess (idpess) values (2)"));
+    adapter->commit();
+    EXPECT_EQ(one(countPersons), u"1");
+    EXPECT_EQ(ErrorOf([&] { adapter->rollback(); }), errorNumber::StatementRefused);
+}
+
 TEST_P(ConformanceWrites, OneTransactionAtATime) {
     EXPECT_NE(ErrorOf([&] { connection->CommitTrans(); }), 0);
     connection->BeginTrans();

@@ -175,6 +175,13 @@ std::unique_ptr<data::Connection> ConformanceTest::connect() const {
     return made;
 }
 
+std::unique_ptr<data::Adapter> ConformanceTest::bare() const {
+    std::unique_ptr<data::Adapter> adapter = GetParam().adapter();
+    constexpr int timeout = 15;
+    adapter->open(prepared(GetParam()), timeout);
+    return adapter;
+}
+
 QString ConformanceTest::one(data::Connection& connection, const Statement& statement) {
     data::Recordset rows;
     rows.Open(statement, connection);

@@ -50,6 +50,8 @@ class ConformanceTest : public testing::TestWithParam<EngineContext> {
     void SetUp() override;
 
     std::unique_ptr<data::Connection> connect() const;
+    /// The adapter alone, opened on that database.
+    std::unique_ptr<data::Adapter> bare() const;
     void write(const data::Statement& statement) { connection->Execute(statement); }
     /// The only value of a query's first row, as text; "(null)" for a null, "(none)" without a row.
     static QString one(data::Connection& connection, const data::Statement& statement);
