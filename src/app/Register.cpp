@@ -4,6 +4,7 @@
 #include "firebird/FirebirdAdapter.h"
 #include "maintenance/frmInfoPess.h"
 #include "odbc/OdbcAdapter.h"
+#include "person/FichaPessoa.h"
 #include "person/frmPessoas.h"
 #include "roles/RegistraTelasPapeis.h"
 #include "search/RegistraTelasBusca.h"
@@ -25,6 +26,7 @@ Register::Register(screen::Platform& platform, data::StatementTrace trace, Betwe
     RegistraTelasBusca(contexto_);
     RegistraTelasPapeis(contexto_);
     RegistraTelasManutencao(contexto_);
+    contexto_.FichaPessoa = [this](const QString& idpess) { return FichaPessoa(contexto_, idpess); };
 }
 
 QString Register::launchStringOf(const QStringList& arguments) {

@@ -1,15 +1,23 @@
 #include "desktop/DesktopPlatform.h"
 
+#include "base/Literals.h"
+#include "desktop/AskForFile.h"
 #include "desktop/MessageBox.h"
+#include "desktop/Pdf.h"
 #include "desktop/ScreenWindow.h"
 #include "screen/Program.h"
 
+#include <QClipboard>
 #include <QCoreApplication>
 #include <QDesktopServices>
 #include <QDir>
 #include <QEventLoop>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGuiApplication>
 #include <QImage>
 #include <QMessageBox>
+#include <QStandardPaths>
 #include <QUrl>
 
 namespace vorta::desktop {
@@ -17,6 +25,8 @@ namespace vorta::desktop {
 namespace {
 
 constexpr int progressInterval = 40;
+/// What can wait for a moment waits so long, in milliseconds.
+constexpr int moment = 300;
 #ifdef Q_OS_WIN
 constexpr char defaultHome[] = "c:/vorta";
 #else
@@ -44,7 +54,10 @@ screen::Answer DesktopPlatform::messageBox(const screen::Box& box) {
     return AnswerOf(*shown);
 }
 
-DesktopPlatform::DesktopPlatform() = default;
+DesktopPlatform::DesktopPlatform() {
+    waiting_.setSingleShot(true);
+    QObject::connect(&waiting_, &QTimer::timeout, &waiting_, [this] { later_(); });
+}
 DesktopPlatform::~DesktopPlatform() = default;
 
 void DesktopPlatform::prepare(screen::Screen& screen) {
@@ -117,6 +130,44 @@ void DesktopPlatform::end() {
 
 void DesktopPlatform::openAddress(const QString& address) {
     QDesktopServices::openUrl(QUrl(address));
+}
+
+void DesktopPlatform::putOnClipboard(const QString& text) {
+    QGuiApplication::clipboard()->setText(text);
+}
+
+QString DesktopPlatform::askForFile(const QString& suggested) {
+    showAll();
+    const auto dialog = MakeFileDialog(suggested, top());
+    while (!endWanted_) {
+        boxes_.push_back(dialog.get());
+        Termination::listen();
+        const bool chosen = dialog->exec() == QDialog::Accepted;
+        boxes_.pop_back();
+        const QString path = dialog->selectedFiles().value(0);
+        if (!chosen || path.isEmpty() || top()->binder().screen().program().hasEnded())
+            return {};
+        if (!QFileInfo::exists(path) || messageBox({u"O arquivo %1 já existe.\nDeseja substituí-lo?"_s.arg(path),
+                                                    {},
+                                                    screen::Icon::None,
+                                                    screen::Buttons::YesNo}) == screen::Answer::Yes)
+            return path;
+    }
+    return {};
+}
+
+void DesktopPlatform::writePdf(const QString& html, const QString& path) {
+    WritePdf(html, path);
+}
+
+QString DesktopPlatform::dataFolder() const {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/vorta"_s;
+}
+
+void DesktopPlatform::soon(const std::function<void()>& work) {
+    later_ = work;
+    if (!waiting_.isActive())
+        waiting_.start(moment);
 }
 
 void DesktopPlatform::progress(qint64 done, qint64 total) {

@@ -4,6 +4,7 @@
 #include "screen/Platform.h"
 
 #include <QElapsedTimer>
+#include <QTimer>
 #include <vector>
 
 class QDialog;
@@ -27,6 +28,11 @@ class DesktopPlatform : public screen::Platform {
     void dropPrepared() override;
     void openAddress(const QString& address) override;
     void progress(qint64 done, qint64 total) override;
+    void putOnClipboard(const QString& text) override;
+    QString askForFile(const QString& suggested) override;
+    void writePdf(const QString& html, const QString& path) override;
+    QString dataFolder() const override;
+    void soon(const std::function<void()>& work) override;
     /// `VORTA_HOME`, or the system's own place of the installation.
     QString home() const override;
 
@@ -46,6 +52,8 @@ class DesktopPlatform : public screen::Platform {
     std::vector<QEventLoop*> loops_;
     std::vector<QDialog*> boxes_;
     QElapsedTimer lastProgress_;
+    QTimer waiting_; ///< until `later_` runs
+    std::function<void()> later_;
     bool endWanted_ = false; ///< told to end before there was a window
     Termination termination_{[this] { end(); }};
 };

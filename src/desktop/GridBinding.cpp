@@ -1,10 +1,13 @@
 #include "desktop/GridBinding.h"
 
 #include "desktop/Binder.h"
+#include "desktop/GridMenu.h"
 #include "screen/Program.h"
 
+#include <QContextMenuEvent>
 #include <QEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <algorithm>
@@ -59,6 +62,10 @@ bool GridBinding::eventFilter(QObject* watched, QEvent* event) {
     // With the focus the view takes a row to itself; the grid says which one it is, if any.
     if (event->type() == QEvent::FocusIn)
         binder_.mark(grid_);
+    if (event->type() == QEvent::ContextMenu) {
+        OpenGridMenu(binder_, grid_, view_, static_cast<const QContextMenuEvent&>(*event));
+        return true;
+    }
     if (watched != view_.viewport())
         return Binding::eventFilter(watched, event);
     if (event->type() == QEvent::Resize) {
@@ -86,6 +93,19 @@ bool GridBinding::mouseOnRows(QEvent& event) {
     default:
         return false;
     }
+}
+
+/// Ctrl+C takes the row along; Shift+F10 opens the menu, as the Menu key does by itself.
+bool GridBinding::keyPressed(QKeyEvent& key) {
+    if (key.matches(QKeySequence::Copy)) {
+        binder_.act([&] { binder_.user().copyRow(grid_); });
+        return true;
+    }
+    if (key.key() == Qt::Key_F10 && key.modifiers() == Qt::ShiftModifier) {
+        OpenGridMenu(binder_, grid_, view_, QContextMenuEvent(QContextMenuEvent::Keyboard, {}, {}));
+        return true;
+    }
+    return Binding::keyPressed(key);
 }
 
 /// Left and Right look at columns that are out of sight.

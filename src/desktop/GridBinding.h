@@ -17,6 +17,7 @@ class GridBinding : public Binding {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   protected:
+    bool keyPressed(QKeyEvent& key) override;
     bool cursorPressed(screen::Key key) override;
 
   private:

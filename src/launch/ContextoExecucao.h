@@ -100,6 +100,9 @@ class ContextoExecucao {
     QString Campo(const QString& nome) const;
     void GravaCampo(const QString& nome, const QString& texto);
 
+    /// A person's sheet as a page of HTML. Set by the register, which alone knows all screens.
+    std::function<QString(const QString& idpess)> FichaPessoa;
+
     screen::Program& program() const { return program_; }
     screen::Platform& platform() const { return program_.platform(); }
     /// Today on the client machine.

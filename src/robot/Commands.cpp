@@ -198,6 +198,8 @@ void press(Player& player, Words words) {
                                     [&](const NamedKey& row) { return word == QLatin1StringView(row.name); });
     const bool isNamed = named != namedKeys.end();
     const int function = functionKey(word);
+    if (word == u"Ctrl+C")
+        return player.hands().copy(focused(player));
     if (word.startsWith(altPrefix) && word.size() == altPrefix.size() + 1)
         return player.hands().accelerator(screen, word.back());
     if (!isNamed && function == 0 && word.size() != 1)
@@ -280,6 +282,33 @@ void click(Player& player, Words words) {
 
 void dblclick(Player& player, Words words) {
     clickOn(player, words, true);
+}
+
+/// Opens the menu of a grid and chooses an item by its caption.
+void menu(Player& player, Words words) {
+    auto& grid = need<Grid>(player.reach(words[0]), "a grid");
+    QStringList captions = User::gridMenu(grid);
+    captions.replaceInStrings(u"&"_s, QString());
+    const auto item = static_cast<int>(captions.indexOf(words[1]));
+    if (item < 0)
+        throw Failure{u"expected an item %1 in the menu of %2, its items are %3"_s.arg(Quoted(words[1]), grid.name(),
+                                                                                       Quoted(captions.join(u'|')))};
+    std::optional<int> row;
+    if (words.size() > 2)
+        row = cellPlace(grid, {words[0], words[2]}).row;
+    if (row && *row == 0)
+        throw Failure{u"expected a row of %1, the header has no menu"_s.arg(grid.name())};
+    player.hands().chooseFromMenu(grid, row, item);
+}
+
+void savein(Player& player, Words words) {
+    player.files() += words[0].isEmpty() ? QString() : installed(player, words[0]);
+}
+
+/// The system ends the program, as at the end of a session.
+void endprogram(Player& player, Words) {
+    Program& program = player.cast().program();
+    program.dispatch([&] { program.End(); });
 }
 
 void drop(Player& player, Words words) {
@@ -387,6 +416,9 @@ constexpr std::array commands{
     CommandRow{"paste", 1, 2, "paste \"text\" [keys|menu|drop]", Phase::Running, paste},
     CommandRow{"click", 1, 3, "click FIELD [ROW [COL]]", Phase::Running, click},
     CommandRow{"dblclick", 1, 3, "dblclick GRID ROW [COL]", Phase::Running, dblclick},
+    CommandRow{"menu", 2, 3, "menu GRID \"item\" [ROW]", Phase::Running, menu},
+    CommandRow{"savein", 1, 1, "savein PATH", Phase::Any, savein},
+    CommandRow{"endprogram", 0, 0, "endprogram", Phase::Running, endprogram},
     CommandRow{"drop", 1, 1, "drop LIST", Phase::Running, drop},
     CommandRow{"choose", 2, 2, "choose LIST \"item\"", Phase::Running, choose},
     CommandRow{"tab", 2, 2, "tab STRIP \"caption\"", Phase::Running, tab},

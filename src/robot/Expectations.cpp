@@ -2,6 +2,7 @@
 #include "robot/Commands.h"
 #include "robot/Player.h"
 
+#include <QFile>
 #include <algorithm>
 #include <array>
 
@@ -145,7 +146,8 @@ void box(Player& player, Words words) {
     if (journal.looked == journal.boxes.size())
         throw Failure{u"expected box %1, there was none"_s.arg(Quoted(words[0]))};
     const Box& oldest = journal.boxes[journal.looked++];
-    compare(u"box"_s, OneLineBreak(words[0]), OneLineBreak(oldest.text));
+    const QString wanted = QString(words[0]).replace(u"{home}"_s, player.home());
+    compare(u"box"_s, OneLineBreak(wanted), OneLineBreak(oldest.text));
     for (qsizetype at = 1; at < words.size(); at += 2)
         checkBoxOption(oldest, words[at], words[at + 1]);
 }
@@ -205,6 +207,29 @@ void mail(Player& player, Words words) {
     compare(u"address"_s, words[0], player.lastAddress());
 }
 
+void clipboard(Player& player, Words words) {
+    compare(u"clipboard"_s, words[0], player.clipboard());
+}
+
+/// The text of a file of the installation, without the mark of its encoding.
+void file(Player& player, Words words) {
+    QFile read(player.home() + u'/' + words[0]);
+    if (!read.open(QIODevice::ReadOnly))
+        throw Failure{u"expected a file %1, it cannot be read: %2"_s.arg(words[0], read.errorString())};
+    QString text = QString::fromUtf8(read.readAll());
+    compare(words[0], words[1], OneLineBreak(text.startsWith(QChar::ByteOrderMark) ? text.sliced(1) : text));
+}
+
+void nofile(Player& player, Words words) {
+    if (QFile::exists(player.home() + u'/' + words[0]))
+        throw Failure{u"expected no file %1, it is there"_s.arg(words[0])};
+}
+
+void page(Player& player, Words words) {
+    if (!player.lastPage().contains(words[0]))
+        throw Failure{u"expected a page with %1, was %2"_s.arg(Quoted(words[0]), Quoted(player.lastPage()))};
+}
+
 void running(Player& player, Words) {
     player.activeScreen();
 }
@@ -238,6 +263,10 @@ constexpr std::array expectations{
     ExpectationRow{"query", 2, 2, "expect query \"select\" \"rows\"", query},
     ExpectationRow{"cepquery", 2, 2, "expect cepquery \"select\" \"rows\"", cepquery},
     ExpectationRow{"mail", 1, 1, "expect mail \"address\"", mail},
+    ExpectationRow{"clipboard", 1, 1, "expect clipboard \"text\"", clipboard},
+    ExpectationRow{"file", 2, 2, "expect file PATH \"text\"", file},
+    ExpectationRow{"nofile", 1, 1, "expect nofile PATH", nofile},
+    ExpectationRow{"page", 1, 1, "expect page \"text\"", page},
     ExpectationRow{"running", 0, 0, "expect running", running},
     ExpectationRow{"ended", 0, 1, "expect ended [NUMBER]", ended},
 };

@@ -58,6 +58,12 @@ class Hands {
     virtual void doubleClick(screen::Field& field) = 0;
     virtual void clickCell(screen::Grid& grid, int row, int col) = 0;
     virtual void doubleClickCell(screen::Grid& grid, int row, int col) = 0;
+    /// Ctrl+C in the field with the focus.
+    virtual void copy(screen::Field& focused) = 0;
+    /// Opens the menu of a grid, by the mouse on a row or by the keyboard, and chooses an item.
+    virtual void chooseFromMenu(screen::Grid& grid, std::optional<int> row, int item) = 0;
+    /// Writes a page as the surface does.
+    virtual void writePdf(const QString& html, const QString& path) = 0;
     virtual void dropDown(screen::ListField& list) = 0;
     /// Picks an item of the list that has just been dropped down (or of one that is always open).
     virtual void pick(screen::ListField& list, int index) = 0;

@@ -30,6 +30,16 @@ class ModelHands : public Hands {
     void doubleClick(screen::Field& field) override { user_.doubleClick(field); }
     void clickCell(screen::Grid& grid, int row, int col) override { user_.clickCell(grid, row, col); }
     void doubleClickCell(screen::Grid& grid, int row, int col) override { user_.doubleClickCell(grid, row, col); }
+    void copy(screen::Field& focused) override {
+        if (auto* grid = dynamic_cast<screen::Grid*>(&focused))
+            user_.copyRow(*grid);
+    }
+    void chooseFromMenu(screen::Grid& grid, std::optional<int> row, int item) override {
+        if (row)
+            user_.pointAt(grid, *row);
+        user_.chooseFromMenu(grid, item);
+    }
+    void writePdf(const QString&, const QString&) override {}
     void dropDown(screen::ListField& list) override { user_.dropDown(list); }
     void pick(screen::ListField& list, int index) override { user_.pick(list, index); }
     void chooseTab(screen::TabStrip& strip, int page) override { user_.chooseTab(strip, page); }

@@ -103,6 +103,8 @@ void Player::fail(int line, const QString& message) {
 void Player::checkLeftovers() {
     if (!answers_.empty())
         fail(answers_.front().line, u"expected a box that asks for this answer, there was none"_s);
+    if (!files_.isEmpty())
+        fail(line_, u"expected a question for the file %1, there was none"_s.arg(files_.first()));
 }
 
 Cast& Player::cast() {
@@ -215,6 +217,19 @@ Answer Player::messageBox(const Box& box) {
         program.End();
     }
     return hands_->answer(box, {*prepared.answer, escapes});
+}
+
+QString Player::askForFile(const QString& suggested) {
+    if (files_.isEmpty()) {
+        fail(line_, u"expected no question for a file, there was one for %1 and no answer waiting"_s.arg(suggested));
+        cast_->program().End();
+    }
+    return files_.takeFirst();
+}
+
+void Player::writePdf(const QString& html, const QString& path) {
+    lastPage_ = html;
+    hands_->writePdf(html, path);
 }
 
 /// How often Escape is pressed before the next answer is given.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Literals.h"
 #include "robot/Hands.h"
 #include "robot/Scenario.h"
 #include "robot/Stage.h"
@@ -51,6 +52,10 @@ class Player : public screen::Platform {
     Journal& journal() { return journal_; }
     std::deque<PreparedAnswer>& answers() { return answers_; }
     const QString& lastAddress() const { return lastAddress_; }
+    const QString& clipboard() const { return clipboard_; }
+    const QString& lastPage() const { return lastPage_; } ///< the HTML of the last PDF
+    /// The answers, full paths, to the next questions for a file; empty gives up.
+    QStringList& files() { return files_; }
     int line() const { return line_; }
     void setClock(const QDateTime& clock) { clock_ = clock; }
 
@@ -77,6 +82,10 @@ class Player : public screen::Platform {
     screen::Answer messageBox(const screen::Box& box) override;
     void runModal(screen::Screen& screen) override;
     void openAddress(const QString& address) override { lastAddress_ = address; }
+    void putOnClipboard(const QString& text) override { clipboard_ = text; }
+    QString askForFile(const QString& suggested) override;
+    void writePdf(const QString& html, const QString& path) override;
+    QString dataFolder() const override { return stage_.home() + u"/dados"_s; }
     QString home() const override { return stage_.home(); }
     QDateTime now() const override;
 
@@ -104,6 +113,9 @@ class Player : public screen::Platform {
     Journal journal_;
     std::deque<PreparedAnswer> answers_;
     QString lastAddress_;
+    QString clipboard_;
+    QString lastPage_;
+    QStringList files_;
     std::optional<QDateTime> clock_;
 };
 

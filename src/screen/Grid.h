@@ -17,6 +17,12 @@ struct GridColumn {
     Align align = Align::Left;
 };
 
+/// What the menu of a grid offers besides the list itself. It works on the current row and needs one.
+struct GridCommand {
+    QString caption;
+    std::function<void()> run;
+};
+
 /// Rows and columns of text with one fixed header row, row 0. Rows are packed as UTF-8 in blocks, so that a million
 /// rows fit; the window asks only for the cells that it shows. A row or column outside the grid raises 381.
 class Grid : public Field {
@@ -27,6 +33,9 @@ class Grid : public Field {
     bool keysChoose = false;
     /// Rows by which PageUp and PageDown go; a window says how many it shows.
     int pageRows = 10;
+
+    /// Own commands of this grid's menu.
+    std::vector<GridCommand> commands;
 
     /// Empties the grid down to its header row and sets its columns.
     void reset(const std::vector<GridColumn>& columns);

@@ -33,6 +33,24 @@ void Platform::dropPrepared() {}
 
 void Platform::progress(qint64, qint64) {}
 
+void Platform::putOnClipboard(const QString&) {}
+
+QString Platform::askForFile(const QString&) {
+    return {};
+}
+
+void Platform::writePdf(const QString&, const QString& path) {
+    throw RuntimeError(errorNumber::PathRefused, u"%1 não pode ser gravado: não há onde desenhar a página"_s.arg(path));
+}
+
+QString Platform::dataFolder() const {
+    return {};
+}
+
+void Platform::soon(const std::function<void()>& work) {
+    work();
+}
+
 QDateTime Platform::now() const {
     return QDateTime::currentDateTime();
 }

@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <optional>
 
 namespace vorta::screen {
@@ -46,6 +47,20 @@ class Platform {
     /// Tells how far long work has come; `total` 0 means that the work is over. What is shown may be painted now, but
     /// nothing that the user does is heard, and no handler may run: a read may be under way.
     virtual void progress(qint64 done, qint64 total);
+
+    // What leaves the program. Without a desktop there is nowhere to put it.
+    virtual void putOnClipboard(const QString& text);
+    /// Asks where a file shall be written, beginning with that name; empty when the user gives up.
+    virtual QString askForFile(const QString& suggested);
+    /// Writes a page of HTML as a PDF in one go; raises 75 when it cannot be written.
+    virtual void writePdf(const QString& html, const QString& path);
+
+    /// The user's own folder for what the program keeps between two starts, without a closing separator; empty where
+    /// nothing is kept.
+    virtual QString dataFolder() const;
+    /// Runs work that can wait for a moment; several wishes in that moment may become one. At once, where nothing can
+    /// wait.
+    virtual void soon(const std::function<void()>& work);
 
     /// Root of the installation; its folder "config/" is the fixed place of the configuration files. Without a closing
     /// separator.

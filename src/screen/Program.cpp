@@ -50,6 +50,8 @@ void Program::finish() {
     if (ended_)
         return;
     ended_ = true;
+    if (onEvent)
+        onEvent(true);
     if (onEnd)
         onEnd();
 }
@@ -64,6 +66,8 @@ bool Program::dispatch(const std::function<void()>& event) {
         return false;
     try {
         event();
+        if (onEvent && !ended_)
+            onEvent(false);
     } catch (const ProgramEnded&) {
     } catch (const RuntimeError& error) {
         failure_ = error;

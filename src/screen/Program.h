@@ -49,6 +49,8 @@ class Program {
 
     /// Runs once when the program ends, before anything is shown.
     std::function<void()> onEnd;
+    /// Runs behind every event, and once more in front of `onEnd`, when the event may have broken off anywhere.
+    std::function<void(bool ending)> onEvent;
 
   private:
     void finish();

@@ -69,6 +69,17 @@ class User {
     void clickCell(Grid& grid, int row, int col);
     void doubleClickCell(Grid& grid, int row, int col);
 
+    // The menu of a grid: what takes the list out of the program, then the grid's own commands. It moves no focus.
+    /// The captions of the menu in their order.
+    static QStringList gridMenu(const Grid& grid);
+    /// True when the item can be chosen now.
+    static bool gridMenuOffers(const Grid& grid, int item);
+    /// Makes a row the current one without a click, as the press that opens a menu on it does.
+    void pointAt(Grid& grid, int row);
+    void chooseFromMenu(Grid& grid, int item);
+    /// Ctrl+C.
+    void copyRow(Grid& grid);
+
     /// Shows the items; a locked list keeps its text, whatever its handler fills.
     void dropDown(ListField& list);
     /// Picks an item of a list that has been dropped down.

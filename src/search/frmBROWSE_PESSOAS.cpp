@@ -4,6 +4,7 @@
 #include "base/Text.h"
 #include "launch/AcessoDados.h"
 #include "launch/Lancamento.h"
+#include "screen/AskAndWrite.h"
 #include "search/ConsultaPessoas.h"
 #include "search/RetornoPessoas.h"
 #include "shared/Preenchimento.h"
@@ -85,6 +86,7 @@ frmBROWSE_PESSOAS::frmBROWSE_PESSOAS(ContextoExecucao& contexto)
     chkVisualiza.Click = [this] { cmdPesquisa_Click(); };
     Flex.keysChoose = true;
     Flex.DblClick = [this] { Flex_DblClick(); };
+    Flex.commands = {{u"&Ficha da pessoa (PDF)..."_s, [this] { GravaFicha(); }}};
 }
 
 void frmBROWSE_PESSOAS::Load() {
@@ -207,6 +209,17 @@ void frmBROWSE_PESSOAS::cmdLimpar_Click() {
 void frmBROWSE_PESSOAS::cboCod_DropDown() {
     if (opRamoAtividade.value())
         PreencheAtividades(contexto_, Trim(cboCod.text()), cboCod);
+}
+
+void frmBROWSE_PESSOAS::GravaFicha() {
+    const QString idpess = Flex.cell(Flex.Row(), 0);
+    const QString ficha = contexto_.FichaPessoa(idpess);
+    if (ficha.isEmpty()) {
+        program().MsgBox(u"Pessoa não localizada!"_s);
+        return;
+    }
+    AskAndWrite(program(), u"ficha-%1.pdf"_s.arg(idpess),
+                [&](const QString& caminho) { program().platform().writePdf(ficha, caminho); });
 }
 
 void frmBROWSE_PESSOAS::Flex_DblClick() {

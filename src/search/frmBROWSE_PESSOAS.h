@@ -73,6 +73,7 @@ class frmBROWSE_PESSOAS : public screen::Screen {
     void cmdLimpar_Click();
     void cboCod_DropDown();
     void Flex_DblClick();
+    void GravaFicha();
 
     ContextoExecucao& contexto_;
 };

@@ -50,6 +50,8 @@ class Tour : public desktop::DesktopPlatform {
         return DesktopPlatform::messageBox(box);
     }
 
+    QString dataFolder() const override { return {}; }
+
     void runModal(screen::Screen& screen) override {
         QTimer::singleShot(0, qApp, [this, &screen] { station(screen); });
         DesktopPlatform::runModal(screen);

@@ -3,6 +3,7 @@
 #include "desktop/Binding.h"
 #include "desktop/DesktopApplication.h"
 #include "desktop/MessageBox.h"
+#include "desktop/Pdf.h"
 #include "desktop/ScreenWindow.h"
 #include "robot/windows/WidgetLook.h"
 #include "screen/Program.h"
@@ -11,6 +12,7 @@
 #include <QAction>
 #include <QClipboard>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -298,6 +300,34 @@ class DesktopHands : public Hands {
         onCell(grid, row, col, [this](QWidget& widget, QPoint at) { pressTwice(program_, widget, at); });
     }
 
+    void copy(Field& focused) override {
+        if (QWidget* widget = widgetOf(focused))
+            stroke(*widget, Qt::Key_C, {}, Qt::ControlModifier);
+        settle();
+    }
+
+    void chooseFromMenu(screen::Grid& grid, std::optional<int> row, int item) override {
+        settle();
+        auto* view = qobject_cast<QTableView*>(widgetOf(grid));
+        if (!view)
+            return;
+        const QPoint at = row ? shownCell(*view, *row) : QPoint();
+        QWidget& target = row ? *view->viewport() : static_cast<QWidget&>(*view);
+        QContextMenuEvent wish(row ? QContextMenuEvent::Mouse : QContextMenuEvent::Keyboard, at,
+                               target.mapToGlobal(at));
+        QCoreApplication::sendEvent(&target, &wish);
+        settle();
+        if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
+            const QRect place = menu->actionGeometry(menu->actions().at(item));
+            press(*menu, place.center());
+            if (menu->isVisible()) // an item that cannot be chosen now leaves it open
+                menu->close();
+        }
+        settle();
+    }
+
+    void writePdf(const QString& html, const QString& path) override { desktop::WritePdf(html, path); }
+
     void dropDown(screen::ListField& list) override {
         if (auto* combo = qobject_cast<QComboBox*>(widgetOf(list))) {
             QStyleOptionComboBox option;
@@ -480,6 +510,16 @@ class DesktopHands : public Hands {
             action(*view->viewport(), view->visualRect(cell).center());
         }
         settle();
+    }
+
+    /// The middle of the first column that a row shows, which comes into sight.
+    static QPoint shownCell(QTableView& view, int row) {
+        int col = 0;
+        while (col < view.model()->columnCount() - 1 && view.isColumnHidden(col))
+            ++col;
+        const QModelIndex cell = view.model()->index(row - 1, col);
+        view.scrollTo(cell);
+        return view.visualRect(cell).center();
     }
 
     screen::Program& program_;
