@@ -17,7 +17,7 @@ constexpr quint64 demonstrationSeed = 2015;
 constexpr qint64 personsToCommit = 20'000;
 
 /// Company switches that change nothing while they are off: the demonstration has them on.
-constexpr std::array switchesOn{"PESS_CNPJ_ALFANUMERICO"};
+constexpr std::array switchesOn{"PESS_CNPJ_ALFANUMERICO", "PESS_RASCUNHO"};
 
 void writeSwitches(Loader& loader, Keys& keys) {
     const Table& table = *FindTable(u"EMPR_CNFG"_s);

@@ -31,6 +31,7 @@ void frmPessoas::GravaInclusao() {
     EnviaComando(contexto_, MontaInsertPessoa(contexto_, *this, chave));
     txtRowID.setText(QString::number(chave ? *chave : UltimoIdentity(contexto_)));
     GravaListas(txtRowID.text());
+    rascunho_.VaiGravar(txtRowID.text());
     TerminaGravacao();
 }
 
@@ -53,6 +54,7 @@ void frmPessoas::GravaListas(const QString& idpess) {
 
 void frmPessoas::TerminaGravacao() {
     contexto_.principal().CommitTrans();
+    rascunho_.Descarta();
     setPointer(screen::Pointer::Default);
     ConcluiOperacao();
 }

@@ -92,6 +92,7 @@ void frmPessoas::Load() {
     PreencheVendedores(contexto_, {}, cboVendedor);
     PreencheCargos(contexto_, {}, contatos.cboTipoContato);
     PreencheTabelasPreco(*this);
+    rascunho_.Abre();
 }
 
 void frmPessoas::ExibeDataDesativacao() {
@@ -152,6 +153,15 @@ void frmPessoas::cmdINCLUIR_Click() {
         if (contexto_.RetornoPesquisa != u"[OK]")
             return;
     }
+    IniciaInclusao();
+}
+
+void frmPessoas::IniciaAlteracao() {
+    BotoesEdicao();
+    Edita(Modo::Alteracao);
+}
+
+void frmPessoas::IniciaInclusao() {
     BotoesEdicao();
     Inicia(Modo::Inclusao);
     BloqueiaCampo(mskCodigo);

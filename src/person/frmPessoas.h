@@ -3,6 +3,7 @@
 #include "base/Literals.h"
 #include "person/CamposPessoa.h"
 #include "person/ContatosPessoa.h"
+#include "person/RascunhoPessoa.h"
 
 namespace vorta {
 
@@ -23,12 +24,17 @@ class frmPessoas : public TelaEdicao {
     explicit frmPessoas(ContextoExecucao& contexto);
 
     void Load() override;
+    void QueryUnload() override { rascunho_.Encerra(); }
 
     // The four routines through which every change of state passes.
     void LimpaTela();                          ///< clears the screen
     void PosicionaBotoes() { BotoesOcioso(); } ///< buttons of the idle state
     void BloqueiaCampos() override;            ///< locks the data fields
     void LiberaCampos() override;              ///< frees them for inclusion or alteration
+
+    // Buttons, mode and fields of an operation.
+    void IniciaInclusao();
+    void IniciaAlteracao();
 
     /// Reads the person whose id stands in `txtRowID` into the fields; without a row the screen stays as it was.
     void CarregaPessoa();
@@ -242,6 +248,7 @@ class frmPessoas : public TelaEdicao {
     void GravaListas(const QString& idpess);
     void TerminaGravacao();
 
+    RascunhoPessoa rascunho_{*this};
     std::vector<CampoLigado> campos_; ///< all rows of the table with their fields
 };
 
