@@ -77,7 +77,7 @@ RascunhoPessoa::~RascunhoPessoa() {
 
 void RascunhoPessoa::Abre() {
     ContextoExecucao& contexto = tela_.contexto();
-    if (LeParametroEmpresa(contexto, u"PESS_RASCUNHO"_s) != u"S" || contexto.SomenteConsulta || !TomaLugar())
+    if (contexto.SomenteConsulta || !InterruptorLigado(contexto, u"PESS_RASCUNHO"_s) || !TomaLugar())
         return;
     if (const std::optional<QJsonObject> rascunho = lido(arquivo_))
         Oferece(*rascunho);
