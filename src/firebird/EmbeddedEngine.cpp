@@ -129,10 +129,15 @@ Handle<Firebird::IProvider> provider() {
 
 Attachment attach(const ConnectionText& text, Parameters& parameters) {
     Status status;
-    Attachment attachment(provider()->attachDatabase(&status, text.database.toUtf8().constData(), parameters.length(),
-                                                     parameters.bytes()));
-    SettleLocks(text);
-    return attachment;
+    try {
+        Attachment attachment(provider()->attachDatabase(&status, text.database.toUtf8().constData(),
+                                                         parameters.length(), parameters.bytes()));
+        SettleLocks(text);
+        return attachment;
+    } catch (const Firebird::FbException&) {
+        SettleLocks(text); // the files are there all the same
+        throw;
+    }
 }
 
 } // namespace
@@ -167,6 +172,7 @@ BaseGuard GuardOf(const ConnectionText& base) {
     const QString& folder = locksFor(base.database);
     BaseGuard guard(base.database, folder);
     RequireRoomForLocks(folder);
+    SettleLockFiles(folder); // what one has left that fell
     return guard;
 }
 

@@ -4,8 +4,6 @@
 #include "base/Literals.h"
 #include "faults/Faults.h"
 #include "firebird/RobustMutexes.h"
-#include "kit/Loader.h"
-#include "shared/Papeis.h"
 
 #include <QElapsedTimer>
 #include <QRandomGenerator>
@@ -146,72 +144,4 @@ TEST(KilledColleague, ASaveThatDiesInFrontOfAnyOfItsStatementsLeavesNothingHalf)
     std::printf("%d deaths\n", deaths);
     EXPECT_GT(deaths, 15);
     ExpectWhole(installed, told);
-}
-
-namespace {
-
-/// The role rows of a person of this test whose contacts are neither the three of one save nor, before any save that
-/// was told, none.
-QString halfRoles(const Papel& role) {
-    const QString table = role.tabela.toString().toUpper(), key = role.chave.toString().toUpper();
-    const QString mine = u"SELECT R.%2 FROM %1 R JOIN PESS P ON P.IDPESS = R.IDPESS WHERE P.OBSE_PESS_0003 STARTING "
-                         "WITH 'U PAPEL' AND "_s.arg(table, key);
-    if (!role.contatos)
-        return mine + u"(SELECT COUNT(*) FROM %1 O WHERE O.IDPESS = R.IDPESS) <> 1"_s.arg(table);
-    const QString contacts = role.contatos->tabela.toString().toUpper();
-    return mine + u"((SELECT COUNT(*) FROM %1 C WHERE C.%2 = R.%2) <> 3 OR (SELECT COUNT(DISTINCT LEFT(C.NOME_%1, "
-                  "CHAR_LENGTH(C.NOME_%1) - 2)) FROM %1 C WHERE C.%2 = R.%2) <> 1)"_s.arg(contacts, key);
-}
-
-} // namespace
-
-TEST(KilledColleague, ARolesSaveThatDiesInFrontOfAnyOfItsStatementsLeavesNothingHalf) {
-    const Installed installed = Installed::copyOf(Installed::demonstration());
-    Told told;
-    int deaths = 0;
-    Colleague colleague(installed.home());
-    ExpectHere(colleague);
-    quint64 document = documents * 11;
-    const auto newPerson = [&] {
-        const QString name = u"PAPEL %1"_s.arg(++document);
-        EXPECT_TRUE(Include(colleague, name, document, told));
-        return told.key(name);
-    };
-    for (const Papel& role : papeis) {
-        const QString table = role.tabela.toString();
-        SCOPED_TRACE(qPrintable(table));
-        for (const bool altered : {false, true}) {
-            QString person = newPerson();
-            if (altered)
-                ASSERT_EQ(colleague.ask({u"role"_s, person, table, u"PRIMEIRO"_s})[0], u"role");
-            bool saved = false;
-            for (int statement = 1; !saved; statement += Times(4, 1)) {
-                ASSERT_LT(statement, 60);
-                Colleague victim(installed.home());
-                ExpectHere(victim);
-                victim.begin({u"die-in-role"_s, QString::number(statement)});
-                victim.begin({u"role"_s, person, table, u"MORTO %1"_s.arg(statement)});
-                const std::optional<QStringList> answer = victim.hearWithin(30'000);
-                EXPECT_TRUE(!answer || answer->at(0) == u"role") << qPrintable(answer->join(u' '));
-                saved = answer.has_value();
-                deaths += saved ? 0 : 1;
-                victim.kill();
-                if (!altered && !saved)
-                    person = newPerson();
-            }
-            // The colleague goes on where the dead one stopped.
-            ASSERT_EQ(colleague.ask({u"role"_s, person, table, u"DEPOIS"_s})[0], u"role");
-        }
-    }
-    EXPECT_EQ(colleague.leave(), 0);
-    std::printf("%d deaths\n", deaths);
-    EXPECT_GT(deaths, 15);
-    ExpectWhole(installed, told);
-    kit::Loader loader(installed.production());
-    for (const Papel& role : papeis)
-        for (const QStringList& row : loader.rows(halfRoles(role)))
-            ADD_FAILURE() << "half saved: " << qPrintable(role.tabela.toString() + u' ' + row.join(u' '));
-    EXPECT_GT(loader.number(u"SELECT COUNT(*) FROM CLIE R JOIN PESS P ON P.IDPESS = R.IDPESS WHERE P.OBSE_PESS_0003 "
-                            "STARTING WITH 'U PAPEL'"_s),
-              1);
 }

@@ -135,9 +135,12 @@ TEST_F(Check, ABaseThatFellsTheEngine) {
     if (firebird::EngineInUse().number != 3)
         GTEST_SKIP() << "this version of the engine survives the rubbish";
     installed_.ruinProduction();
-    EXPECT_EQ(faults(installed_), "ambiente PRD (linha 1 de ~/config/server.ini): o motor falha ao ler a base "
-                                  "~/base/pessoas.fdb; ela está danificada; refaça-a da última cópia: pessoas-base "
-                                  "restore --home ~ --base PRD --replace CÓPIA");
+    // Who fell as the administrator leaves the engine's files in the engine's hands, which the lines behind tell.
+    const QString found = QString::fromStdString(faults(installed_));
+    EXPECT_EQ(
+        found.section(u'\n', 0, 0),
+        u"ambiente PRD (linha 1 de ~/config/server.ini): o motor falha ao ler a base ~/base/pessoas.fdb; ela está "
+        "danificada; refaça-a da última cópia: pessoas-base restore --home ~ --base PRD --replace CÓPIA"_s);
 }
 
 TEST_F(Check, TheAgeOfTheLastCopy) {
