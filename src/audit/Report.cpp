@@ -1,5 +1,6 @@
 #include "audit/Report.h"
 
+#include "base/Csv.h"
 #include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "kit/FaultWords.h"
@@ -33,12 +34,9 @@ QStringList cellsOf(const Finding& finding, const QString& first) {
             finding.words};
 }
 
-/// A cell of a spreadsheet: one line, quoted, and never a formula.
-QString cellOf(QString text) {
-    text.replace(u'\r', u' ').replace(u'\n', u' ');
-    if (!text.isEmpty() && QStringView(u"=+-@\t").contains(text.front()))
-        text.prepend(u'\'');
-    return u'"' + text.replace(u'"', u"\"\""_s) + u'"';
+/// A finding is one line of the table, whatever lines its texts have.
+QString onOneLine(QString text) {
+    return text.replace(u'\r', u' ').replace(u'\n', u' ');
 }
 
 /// A page of its own: no script, nothing from elsewhere, and what stands in the register is text.
@@ -96,10 +94,10 @@ Sheet::Sheet(const QString& path, const QStringList& titles) : file_(path) {
 }
 
 void Sheet::row(const QStringList& cells) {
-    QString line;
+    QStringList line;
     for (const QString& cell : cells)
-        line += (line.isEmpty() ? QString() : u";"_s) + cellOf(cell);
-    file_.write(line + u"\r\n"_s);
+        line << onOneLine(cell);
+    file_.write(CsvRecord(line));
 }
 
 Report::Report(const QString& sheetPath, const QString& pagePath)

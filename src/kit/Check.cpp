@@ -192,17 +192,24 @@ class Checker {
         examine(what, name, server.firebirdConnection, base);
     }
 
-    /// A base with pages of rubbish can fell the engine, and the process with it; so another one tries first.
+    /// A base with pages of rubbish can fell the engine, and the process with it, or stop it for good; so another one
+    /// tries first.
     bool fells(const QString& what, const QString& name, const QString& database) {
         QProcess other;
         other.setStandardOutputFile(QProcess::nullDevice());
         other.setStandardErrorFile(QProcess::nullDevice());
         other.start(QCoreApplication::applicationDirPath() + u"/pessoas-base"_s,
                     {QLatin1StringView(TryBase), u"--home"_s, layout_.home, u"--base"_s, name});
-        constexpr int untilItEnds = -1;
-        if (!other.waitForStarted() || !other.waitForFinished(untilItEnds) ||
-            (other.exitStatus() == QProcess::NormalExit && other.exitCode() == 0))
+        constexpr int longEnough = 120'000; // milliseconds; a base of a million persons takes seconds
+        if (!other.waitForStarted())
             return false;
+        if (other.waitForFinished(longEnough)) {
+            if (other.exitStatus() == QProcess::NormalExit && other.exitCode() == 0)
+                return false;
+        } else {
+            other.kill();
+            other.waitForFinished();
+        }
         fallen_ << name;
         bad(u"%1: o motor falha ao ler a base %2; ela está danificada; refaça-a da última cópia: pessoas-base restore "
             "--home %3 --base %4 --replace CÓPIA"_s.arg(what, database, layout_.home, name));

@@ -43,12 +43,11 @@ TEST(MunicipalCodes, ATrialTellsThemAndWritesNothing) {
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QByteArray content = file.readAll();
     EXPECT_TRUE(content.startsWith("\xEF\xBB\xBF")) << "spreadsheets know UTF-8 by its mark";
-    EXPECT_EQ(QString::fromUtf8(content),
-              u"\"Pessoa\";\"Nome\";\"Campo\";\"Cidade\";\"UF\";\"Código\"\r\n"
-              "\"1\";\"TODAS\";\"CODI_MUNI_COML_PESS\";\"OSASCO\";\"SP\";\"3534401\"\r\n"
-              "\"1\";\"TODAS\";\"CODI_MUNI_ENTG_PESS\";\"SANTA BARBARA D'OESTE\";\"SP\";\"3545803\"\r\n"
-              "\"1\";\"TODAS\";\"CODI_MUNI_COBR_PESS\";\"SAO PAULO\";\"SP\";\"3550308\"\r\n"
-              "\"3\";\"JA TEM\";\"CODI_MUNI_ENTG_PESS\";\"osasco\";\"SP\";\"3534401\"\r\n"_s);
+    EXPECT_EQ(QString::fromUtf8(content), u"Pessoa;Nome;Campo;Cidade;UF;Código\r\n"
+                                          "1;TODAS;CODI_MUNI_COML_PESS;OSASCO;SP;3534401\r\n"
+                                          "1;TODAS;CODI_MUNI_ENTG_PESS;SANTA BARBARA D'OESTE;SP;3545803\r\n"
+                                          "1;TODAS;CODI_MUNI_COBR_PESS;SAO PAULO;SP;3550308\r\n"
+                                          "3;JA TEM;CODI_MUNI_ENTG_PESS;osasco;SP;3534401\r\n"_s);
 }
 
 TEST(MunicipalCodes, AreFilledWhereTheyAreEmptyAndNowhereElse) {
