@@ -1,5 +1,7 @@
 #include "desktop/Colours.h"
 
+#include "desktop/Theme.h"
+
 #include <QApplication>
 #include <QPalette>
 #include <QWidget>
@@ -50,7 +52,7 @@ QColor ColourOf(screen::Colour colour) {
         return QColor(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF);
     switch (colour & 0xFF) {
     case scrollBar:
-        return palette.color(QPalette::Window).darker(106);
+        return Shaded(palette.color(QPalette::Window), 6);
     case window:
         return palette.color(QPalette::Base);
     case windowText:
@@ -72,6 +74,10 @@ void ApplyColours(QWidget& widget, FieldKind kind, screen::Colour background, sc
         widget.setAutoFillBackground(ownColour);
     if (foreground != screen::colour::WindowText)
         palette.setColor(roles.text, ColourOf(foreground));
+    else if (ownColour && background >= 0 && background != screen::colour::Free &&
+             IsDark(palette.color(QPalette::Active, QPalette::Window)))
+        // A ground of the company's scheme, which knows nothing of the light letters of a dark desktop.
+        palette.setColor(roles.text, ReadableOn(ColourOf(background), palette.color(QPalette::Active, roles.text)));
     else if (roles.text == QPalette::WindowText)
         // Said outright, else it would be that of the frame around the widget.
         for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})

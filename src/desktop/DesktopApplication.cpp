@@ -2,9 +2,9 @@
 
 #include "base/Literals.h"
 #include "desktop/Style.h"
+#include "desktop/Theme.h"
 
 #include <QLocale>
-#include <QPalette>
 #include <QTranslator>
 #include <exception>
 
@@ -39,26 +39,15 @@ class StandardTexts : public QTranslator {
     }
 };
 
-QPalette colours() {
-    QPalette palette(QColor(0xF1, 0xF3, 0xF6));
-    palette.setColor(QPalette::Base, Qt::white);
-    palette.setColor(QPalette::AlternateBase, QColor(0xF6, 0xF8, 0xFA));
-    palette.setColor(QPalette::Highlight, QColor(0x1F, 0x6F, 0xB2));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(0xC9, 0xDD, 0xEE));
-    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, Qt::black);
-    palette.setColor(QPalette::PlaceholderText, QColor(0x80, 0x86, 0x8E));
-    return palette;
-}
-
 } // namespace
 
 DesktopApplication::DesktopApplication(int& argc, char** argv) : QApplication(argc, argv) {
     setApplicationName(u"pessoas"_s);
     setApplicationDisplayName({});
     QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
+    const QPalette desktop = palette();
     setStyle(new Style);
-    setPalette(colours());
+    setPalette(ThemeFor(desktop));
     installTranslator(new StandardTexts(this));
     // The screens say when the program ends, not the last window that happens to be open.
     setQuitOnLastWindowClosed(false);

@@ -1,7 +1,10 @@
 #include "desktop/Style.h"
 
 #include "base/Literals.h"
+#include "desktop/Letters.h"
+#include "desktop/Theme.h"
 
+#include <QAbstractItemView>
 #include <QPainter>
 #include <QStyleOption>
 #include <array>
@@ -10,17 +13,27 @@ namespace vorta::desktop {
 
 namespace {
 
-constexpr int outlineDarkness = 145; ///< per cent, as `QColor::darker` counts
-constexpr int disabledDarkness = 118;
-constexpr int hoveredLightness = 104;
-constexpr int pressedDarkness = 114;
-constexpr int shadeDarkness = 110;
+// Per cent that a part stands off from what is around it.
+constexpr int outlineShade = 45;
+constexpr int disabledShade = 18;
+constexpr int hoveredLightness = 104; ///< as `QColor::lighter` counts
+constexpr int pressedShade = 14;
+constexpr int edgeShade = 10;
+constexpr int gridShade = 10;
+
+bool hasFocus(const QStyleOption& option) {
+    return option.state.testFlag(QStyle::State_HasFocus);
+}
+
+QColor focusColour(const QStyleOption& option) {
+    return FocusColour(option.palette);
+}
 
 QColor outlineOf(const QStyleOption& option) {
-    if (option.state.testFlag(QStyle::State_HasFocus))
-        return option.palette.color(QPalette::Active, QPalette::Highlight);
+    if (hasFocus(option))
+        return focusColour(option);
     const QColor around = option.palette.color(QPalette::Window);
-    return around.darker(option.state.testFlag(QStyle::State_Enabled) ? outlineDarkness : disabledDarkness);
+    return Shaded(around, option.state.testFlag(QStyle::State_Enabled) ? outlineShade : disabledShade);
 }
 
 /// Four lines that leave the corners out.
@@ -39,9 +52,16 @@ void drawFrame(QPainter& painter, const QRect& rect, const QColor& colour) {
 QColor faceOf(const QStyleOption& option) {
     const QColor face = option.palette.color(QPalette::Button);
     if (option.state & (QStyle::State_Sunken | QStyle::State_On))
-        return face.darker(pressedDarkness);
+        return Shaded(face, pressedShade);
     const bool hovered = option.state.testFlag(QStyle::State_MouseOver);
     return hovered && option.state.testFlag(QStyle::State_Enabled) ? face.lighter(hoveredLightness) : face;
+}
+
+/// Around a field or button; twice as thick where the keyboard is.
+void drawOutline(QPainter& painter, const QStyleOption& option) {
+    drawFrame(painter, option.rect, outlineOf(option));
+    if (hasFocus(option))
+        drawFrame(painter, option.rect.adjusted(1, 1, -1, -1), outlineOf(option));
 }
 
 /// A shade along the lower edge tells a button from a field that is locked.
@@ -50,8 +70,8 @@ void drawButton(QPainter& painter, const QStyleOption& option) {
     const QColor face = faceOf(option);
     painter.fillRect(inner, face);
     if (option.state.testFlag(QStyle::State_Enabled) && !option.state.testFlag(QStyle::State_Sunken))
-        painter.fillRect(inner.adjusted(0, inner.height() - 2, 0, 0), face.darker(shadeDarkness));
-    drawFrame(painter, option.rect, outlineOf(option));
+        painter.fillRect(inner.adjusted(0, inner.height() - 2, 0, 0), Shaded(face, edgeShade));
+    drawOutline(painter, option);
 }
 
 } // namespace
@@ -62,30 +82,57 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
     if (hint == SH_DialogButtonLayout)
         return 0; // yes, no, cancel
     if (hint == SH_Table_GridLineColor)
-        return static_cast<int>(QColor(0xE1, 0xE5, 0xEA).rgb());
+        return static_cast<int>(
+            Shaded(option ? option->palette.color(QPalette::Base) : QColor(Qt::white), gridShade).rgb());
     return QProxyStyle::styleHint(hint, option, widget, data);
 }
 
-/// Cells keep a distance, so that an amount and the text behind it do not run together.
+/// Cells keep a distance, so that an amount and the text behind it do not run together. A grid or note has a frame that
+/// finds room for the focus.
 int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
     constexpr int cellMargin = 5;
-    return metric == PM_FocusFrameHMargin || metric == PM_HeaderMargin
-               ? cellMargin
-               : QProxyStyle::pixelMetric(metric, option, widget);
+    constexpr int frameOfRows = 2;
+    if (metric == PM_FocusFrameHMargin || metric == PM_HeaderMargin)
+        return cellMargin;
+    if (metric == PM_DefaultFrameWidth && qobject_cast<const QAbstractScrollArea*>(widget))
+        return frameOfRows;
+    return QProxyStyle::pixelMetric(metric, option, widget);
 }
 
 void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                           const QWidget* widget) const {
     switch (element) {
     case PE_FrameLineEdit:
-        drawFrame(*painter, option->rect, outlineOf(*option));
+        drawOutline(*painter, *option);
         break;
     case PE_PanelButtonCommand:
         drawButton(*painter, *option);
         break;
+    case PE_FrameFocusRect:
+        // Options, check boxes and tools; a grid shows its row by itself.
+        if (!qobject_cast<const QAbstractItemView*>(widget))
+            drawFrame(*painter, option->rect, focusColour(*option));
+        break;
+    case PE_Frame:
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        if (hasFocus(*option) && qobject_cast<const QAbstractScrollArea*>(widget))
+            drawOutline(*painter, *option);
+        break;
     default:
         QProxyStyle::drawPrimitive(element, option, painter, widget);
     }
+}
+
+void Style::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                        const QWidget* widget) const {
+    const bool label = element == CE_PushButtonLabel || element == CE_RadioButtonLabel || element == CE_CheckBoxLabel;
+    const QString letter = label && widget ? widget->property(letterProperty).toString() : QString();
+    const auto* button = letter.isEmpty() ? nullptr : qstyleoption_cast<const QStyleOptionButton*>(option);
+    if (!button)
+        return QProxyStyle::drawControl(element, option, painter, widget);
+    QStyleOptionButton marked(*button);
+    marked.text = MarkedText(marked.text, letter[0]);
+    QProxyStyle::drawControl(element, &marked, painter, widget);
 }
 
 } // namespace vorta::desktop

@@ -5,7 +5,7 @@
 namespace vorta::desktop {
 
 /// The look of the windows, the same on every desktop: Fusion with flat fields and buttons, which also paint several
-/// times as fast as its rounded ones.
+/// times as fast as its rounded ones. Whatever has the focus shows it.
 class Style : public QProxyStyle {
   public:
     Style();
@@ -15,6 +15,9 @@ class Style : public QProxyStyle {
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
+    /// A button shows its letter (see Letters.h) underlined.
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
 };
 
 } // namespace vorta::desktop
