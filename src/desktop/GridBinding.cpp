@@ -1,31 +1,23 @@
 #include "desktop/GridBinding.h"
 
+#include "base/Literals.h"
 #include "desktop/Binder.h"
 #include "desktop/GridMenu.h"
 #include "screen/Program.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
-#include <algorithm>
-#include <numeric>
 #include <utility>
 
 namespace vorta::desktop {
 
-namespace {
-
-constexpr int sampleRows = 60;
-constexpr int unitsPerPixel = 15;
-constexpr int widestColumn = 420;
-
-} // namespace
-
 GridBinding::GridBinding(Binder& binder, screen::Grid& grid, QTableView& view)
-    : Binding(binder, grid, view), grid_(grid), view_(view), model_(grid) {
+    : Binding(binder, grid, view), grid_(grid), view_(view), model_(grid), columns_(grid, view) {
     view.setModel(&model_);
     view.setSelectionBehavior(QAbstractItemView::SelectRows);
     view.setSelectionMode(QAbstractItemView::SingleSelection);
@@ -69,7 +61,7 @@ bool GridBinding::eventFilter(QObject* watched, QEvent* event) {
     if (watched != view_.viewport())
         return Binding::eventFilter(watched, event);
     if (event->type() == QEvent::Resize) {
-        fitColumns();
+        columns_.fit();
         grid_.pageRows = view_.viewport()->height() / view_.verticalHeader()->defaultSectionSize();
         binder_.mark(grid_);
         return false;
@@ -124,8 +116,8 @@ void GridBinding::refresh() {
     const bool fills =
         binder_.busyInput().isBusy() && model_.rowCount() >= grid_.pageRows && grid_.Rows() > model_.rowCount();
     if (!fills && model_.update()) {
-        measureColumns();
-        fitColumns();
+        columns_.measure();
+        columns_.fit();
     }
     showRow();
     showTop();
@@ -139,46 +131,59 @@ void GridBinding::showRow() {
     }
     if (view_.currentIndex().row() == row && view_.selectionModel()->isRowSelected(row))
         return;
-    view_.selectionModel()->setCurrentIndex(model_.index(row, firstShown()),
+    view_.selectionModel()->setCurrentIndex(model_.index(row, columns_.firstShown()),
                                             QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 void GridBinding::showTop() {
     const int top = grid_.TopRow() - 1;
     if (top < model_.rowCount() && view_.verticalScrollBar()->value() != top)
-        view_.scrollTo(model_.index(top, firstShown()), QAbstractItemView::PositionAtTop);
+        view_.scrollTo(model_.index(top, columns_.firstShown()), QAbstractItemView::PositionAtTop);
 }
 
-int GridBinding::firstShown() const {
-    const auto shown = std::ranges::find_if(natural_, [](int width) { return width > 0; });
-    return shown == natural_.end() ? 0 : static_cast<int>(shown - natural_.begin());
+namespace {
+
+/// Columns by whose beginning a row is looked for, the first that a grid has; else its first one.
+const QStringList nameColumns{u"Razão Social"_s, u"Nome"_s, u"Endereço"_s, u"Descrição"_s};
+
+/// As it is compared: neither case nor accents count.
+QString plain(const QString& text) {
+    QString letters;
+    for (const QChar letter : text.normalized(QString::NormalizationForm_D).toUpper())
+        if (!letter.isMark())
+            letters += letter;
+    return letters;
 }
 
-/// As wide as the header and the first rows ask for, and not below the proportions that the screen was drawn with.
-void GridBinding::measureColumns() {
-    const QFontMetrics metrics = view_.fontMetrics();
-    const int margin = metrics.height();
-    const int rows = std::min(model_.rowCount(), sampleRows);
-    natural_.clear();
-    for (int col = 0; col < model_.columnCount(); ++col) {
-        const screen::GridColumn& column = grid_.columns()[static_cast<size_t>(col)];
-        view_.setColumnHidden(col, column.width == 0);
-        int width = column.width == 0
-                        ? 0
-                        : std::max(column.width / unitsPerPixel, metrics.horizontalAdvance(column.header) + margin);
-        for (int row = 0; row < rows && column.width != 0; ++row)
-            width = std::max(width, metrics.horizontalAdvance(model_.index(row, col).data().toString()) + margin);
-        natural_.push_back(std::min(width, widestColumn));
-    }
+} // namespace
+
+int GridBinding::nameColumn() const {
+    for (const QString& header : nameColumns)
+        for (int col = 0; col < grid_.Cols(); ++col)
+            if (grid_.columns()[static_cast<size_t>(col)].header == header && !view_.isColumnHidden(col))
+                return col;
+    return columns_.firstShown();
 }
 
-/// Room that is left over is shared out in proportion.
-void GridBinding::fitColumns() {
-    const int total = std::accumulate(natural_.begin(), natural_.end(), 0);
-    const int room = view_.viewport()->width();
-    for (int col = 0; col < static_cast<int>(natural_.size()); ++col)
-        if (const int width = natural_[static_cast<size_t>(col)]; width > 0)
-            view_.setColumnWidth(col, total < room ? width * room / total : width);
+/// Letters that follow each other quickly lead to the first row whose name begins so. A blank alone is the grid's own
+/// key.
+bool GridBinding::characterTyped(QChar typed) {
+    if (!lastLetter_.isValid() || lastLetter_.hasExpired(QApplication::keyboardInputInterval() * 2))
+        letters_.clear();
+    if (typed == u' ' && letters_.isEmpty())
+        return Binding::characterTyped(typed);
+    lastLetter_.start();
+    letters_ += typed;
+    const QString wanted = plain(letters_);
+    const int col = nameColumn();
+    for (int row = 1; row < grid_.Rows(); ++row)
+        if (plain(grid_.cell(row, col)).startsWith(wanted)) {
+            binder_.act([&] { grid_.screen().program().dispatch([&] { grid_.setRow(row); }); });
+            if (hasFocus())
+                view_.scrollTo(view_.currentIndex());
+            break;
+        }
+    return true;
 }
 
 } // namespace vorta::desktop

@@ -1,14 +1,16 @@
 #pragma once
 
 #include "desktop/Binding.h"
+#include "desktop/GridColumns.h"
 #include "desktop/GridModel.h"
 
+#include <QElapsedTimer>
 #include <QTableView>
-#include <vector>
 
 namespace vorta::desktop {
 
-/// A grid of rows. The view keeps to the order of the rows and asks only for the cells that it shows.
+/// A grid of rows. The view keeps to the order of the rows and asks only for the cells that it shows. Letters lead to
+/// the first row whose name begins so.
 class GridBinding : public Binding {
   public:
     GridBinding(Binder& binder, screen::Grid& grid, QTableView& view);
@@ -19,21 +21,22 @@ class GridBinding : public Binding {
   protected:
     bool keyPressed(QKeyEvent& key) override;
     bool cursorPressed(screen::Key key) override;
+    bool characterTyped(QChar typed) override;
 
   private:
     bool mouseOnRows(QEvent& event);
     void connectView();
-    void measureColumns();
-    void fitColumns();
     void showRow();
     void showTop();
-    int firstShown() const; ///< the first column that is not hidden
+    int nameColumn() const;
 
     screen::Grid& grid_;
     QTableView& view_;
     GridModel model_;
-    std::vector<int> natural_; ///< width that a column's content asks for; 0 for a hidden one
-    bool second_ = false;      ///< the press that is down is the second of two quick ones
+    GridColumns columns_;
+    bool second_ = false; ///< the press that is down is the second of two quick ones
+    QString letters_;     ///< typed one after the other, to look for a row
+    QElapsedTimer lastLetter_;
 };
 
 } // namespace vorta::desktop

@@ -133,8 +133,9 @@ QStringList Walk::onList(const ListField& list) {
 }
 
 QStringList Walk::onGrid(const Grid& grid) {
+    // Letters look for a row, which only the windows do.
     if (grid.screen().focus() == &grid && oneIn(2))
-        return {u"press"_s, word({"Up", "Down", "Home", "End", "PageUp", "PageDown", "Enter", " ", "x"})};
+        return {u"press"_s, word({"Up", "Down", "Home", "End", "PageUp", "PageDown", "Enter", " "})};
     return {oneIn(2) ? u"click"_s : u"dblclick"_s, grid.name(), QString::number(pick(grid.Rows()))};
 }
 
@@ -156,6 +157,16 @@ QStringList Walk::onField(const Field& field) {
     }
 }
 
+/// A letter that means the same to the model and to the windows, whose labels have letters of their own: that of an
+/// operation, or one that no caption and no label of any screen has.
+QString Walk::letterOf(const Screen& screen) {
+    QStringList letters{u"K"_s};
+    for (const Field* field : screen.fields())
+        if (const qsizetype mark = field->text().indexOf(u'&'); field->kind() == FieldKind::Button && mark >= 0)
+            letters += field->text().mid(mark + 1, 1).toUpper();
+    return letters[pick(letters.size())];
+}
+
 /// What a user does whatever field it meets.
 QStringList Walk::anywhere(const Screen& screen) {
     if (oneIn(12))
@@ -163,9 +174,11 @@ QStringList Walk::anywhere(const Screen& screen) {
     if (oneIn(12))
         return {u"leave"_s};
     if (oneIn(6))
-        return {u"press"_s, u"Alt+"_s + word({"I", "A", "S", "L", "P", "D", "V", "Q", "X"})};
+        return {u"press"_s, u"Alt+"_s + letterOf(screen)};
     if (!screen.focus())
         return {u"press"_s, u"Tab"_s};
+    if (screen.focus()->kind() == FieldKind::Grid)
+        return {u"press"_s, word({"Enter", "Tab", "Escape", "Up", "Down", "Home", "End", " "})};
     const bool note = screen.focus()->keepsLines;
     return {u"press"_s, note ? word({"Enter", "Tab", "Escape", "Home", "a", "9", "'"})
                              : word({"Enter", "Enter", "Tab", "Tab", "BackTab", "Escape", "Backspace", "Delete", "Left",

@@ -27,6 +27,7 @@ class Walk {
     QStringList onList(const screen::ListField& list);
     QStringList onGrid(const screen::Grid& grid);
     QStringList anywhere(const screen::Screen& screen);
+    QString letterOf(const screen::Screen& screen);
 
     std::mt19937 chance_;
 };
