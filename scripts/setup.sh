@@ -8,7 +8,8 @@ packages=(g++ cmake ninja-build git pkg-config
           firebird-dev firebird@-server-core firebird@-utils firebird@-server
           unixodbc-dev tdsodbc freetds-bin
           libgtest-dev libgmock-dev
-          xvfb fonts-dejavu-core python3)
+          xvfb xauth openbox fonts-dejavu-core python3
+          dbus at-spi2-core gir1.2-atspi-2.0 python3-gi)
 
 as_root() { if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi; }
 

@@ -3,6 +3,8 @@
 #include "desktop/Binding.h"
 #include "desktop/Colours.h"
 #include "desktop/Forms.h"
+#include "desktop/Letters.h"
+#include "desktop/Names.h"
 #include "screen/Program.h"
 
 #include <QCoreApplication>
@@ -18,6 +20,8 @@ Binder::Binder(screen::Screen& screen, screen::User& user, QWidget& form, QWidge
     : screen_(screen), user_(user), form_(form), window_(window), background_(screen::colour::ButtonFace) {
     for (screen::Field* field : screen.fields())
         fields_.insert(WidgetName(field->name()), field);
+    for (const FieldKey& key : FieldKeys(screen.name()))
+        keys_.insert(key.field, key.keys);
     bind(form);
     screen.setObserver(this);
     schedule();
@@ -27,6 +31,9 @@ void Binder::bind(const QWidget& part) {
     const QScopedValueRollback guard(refreshing_, true);
     for (QWidget* widget : part.findChildren<QWidget*>())
         if (screen::Field* field = fields_.value(widget->objectName()); field && !binding(*field)) {
+            NameWidget(screen_.name(), field->name(), *widget);
+            if (const QString keys = keys_.value(field->name()); !keys.isEmpty() && MarkWidget(*widget, keys))
+                keys_.remove(field->name());
             bindings_.emplace(field, MakeBinding(*this, *field, *widget));
             dirty_ += field;
         }

@@ -36,6 +36,9 @@ class Binder : public QObject, public screen::ScreenObserver {
     /// The binding of a field; none when the form has no widget for it, or none yet.
     Binding* binding(const screen::Field& field) const;
 
+    /// The keys that lead to fields and that no label or button has taken upon itself, by the names of the fields.
+    const QHash<QString, QString>& keysLeft() const { return keys_; }
+
     /// Runs one event of the user, then shows its consequences and reports the end of the screen, if it has come.
     /// Gives false when the screen has closed.
     bool act(const std::function<void()>& event);
@@ -74,6 +77,7 @@ class Binder : public QObject, public screen::ScreenObserver {
     QWidget& form_;
     QWidget& window_;
     QHash<QString, screen::Field*> fields_; ///< by the names of their widgets
+    QHash<QString, QString> keys_;          ///< by the names of their fields
     std::unordered_map<const screen::Field*, std::unique_ptr<Binding>> bindings_;
     QSet<const screen::Field*> dirty_;
     bool screenDirty_ = true;

@@ -3,6 +3,7 @@
 #include "desktop/Binder.h"
 #include "screen/Platform.h"
 
+#include <QButtonGroup>
 #include <QEvent>
 #include <QPixmap>
 #include <utility>
@@ -66,7 +67,7 @@ bool PictureBinding::eventFilter(QObject* watched, QEvent* event) {
 }
 
 ButtonBinding::ButtonBinding(Binder& binder, screen::Field& field, QAbstractButton& button)
-    : Binding(binder, field, button), button_(button) {
+    : Binding(binder, field, button), button_(button), keys_(button.shortcut()) {
     connect(&button, &QAbstractButton::clicked, this, [this] {
         // A check box has already turned itself over; the field decides whether it stays so.
         binder_.mark(this->field());
@@ -76,16 +77,21 @@ ButtonBinding::ButtonBinding(Binder& binder, screen::Field& field, QAbstractButt
 
 void ButtonBinding::refresh() {
     Binding::refresh();
-    if (button_.text() != field().text())
-        button_.setText(field().text());
+    if (button_.text() != field().text()) {
+        button_.setText(field().text()); // which takes the key from the caption
+        if (!keys_.isEmpty())
+            button_.setShortcut(keys_);
+    }
     if (std::exchange(icon_, field().picture()) != field().picture())
         button_.setIcon(QPixmap(screen::Platform::localPath(icon_))); // which reads a file once for all its buttons
 }
 
 OptionBinding::OptionBinding(Binder& binder, screen::Option& option, QRadioButton& button)
     : ButtonBinding(binder, option, button), option_(option) {
-    // The group is the field's, not that of the neighbours on the form.
-    button.setAutoExclusive(false);
+    // The group is the field's, not that of the neighbours on the form; it stays an option to helpers for the blind.
+    auto* alone = new QButtonGroup(&button);
+    alone->setExclusive(false);
+    alone->addButton(&button);
 }
 
 void OptionBinding::refresh() {

@@ -57,6 +57,7 @@ class ButtonBinding : public Binding {
     QAbstractButton& button_;
 
   private:
+    QKeySequence keys_; ///< those that the screen's map of keys has given it
     QString icon_;
 };
 

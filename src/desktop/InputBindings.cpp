@@ -259,6 +259,7 @@ QLineEdit& editOf(QComboBox& combo) {
 
 ListBinding::ListBinding(Binder& binder, screen::ListField& list, QComboBox& combo)
     : LineBinding(binder, list, combo, editOf(combo)), list_(list), combo_(combo) {
+    combo.lineEdit()->setAccessibleName(combo.accessibleName());
     combo.setInsertPolicy(QComboBox::NoInsert);
     combo.setCompleter(nullptr);
     combo.setModel(&items_);

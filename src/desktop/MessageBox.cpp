@@ -2,9 +2,13 @@
 
 #include "screen/Program.h"
 
+#include <QApplication>
+#include <QGridLayout>
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
+#include <algorithm>
 #include <span>
 
 namespace vorta::desktop {
@@ -14,6 +18,7 @@ namespace {
 using screen::Answer;
 
 constexpr char answerProperty[] = "answer";
+constexpr int roomBesideTitle = 6; ///< heights of a letter
 
 struct Choice {
     Answer answer;
@@ -62,6 +67,21 @@ QMessageBox::Icon iconOf(screen::Icon icon) {
 
 } // namespace
 
+namespace {
+
+/// Room for the whole title beside the frame's own buttons.
+void widenForTitle(QMessageBox& shown) {
+    QFont font = QApplication::font();
+    font.setBold(true);
+    const QFontMetrics metrics(font);
+    const int width = metrics.horizontalAdvance(shown.windowTitle()) + roomBesideTitle * metrics.height();
+    const int least = std::min(width, shown.screen()->availableSize().width() * 9 / 10);
+    auto* grid = qobject_cast<QGridLayout*>(shown.layout());
+    grid->addItem(new QSpacerItem(least, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
+} // namespace
+
 std::unique_ptr<QMessageBox> MakeMessageBox(const screen::Box& box, QWidget* parent) {
     auto shown = std::make_unique<QMessageBox>(parent);
     const std::optional<Answer> escape = screen::EscapeAnswer(box.buttons);
@@ -83,6 +103,7 @@ std::unique_ptr<QMessageBox> MakeMessageBox(const screen::Box& box, QWidget* par
         if (choice.answer == escape)
             shown->setEscapeButton(button);
     }
+    widenForTitle(*shown); // last, as the box lays itself out anew for what it is given
     return shown;
 }
 

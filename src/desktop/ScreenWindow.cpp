@@ -1,14 +1,16 @@
 #include "desktop/ScreenWindow.h"
 
 #include "base/Literals.h"
-#include "desktop/Forms.h"
+#include "desktop/FormRoom.h"
+#include "desktop/Help.h"
+#include "desktop/ScreenKeys.h"
+#include "desktop/Settings.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QProgressBar>
 #include <QScreen>
-#include <QScrollArea>
-#include <QSettings>
+#include <QStyle>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -19,29 +21,22 @@ namespace {
 
 constexpr int barHeight = 4;
 constexpr int barSteps = 1000;
+constexpr int usualBorder = 4; ///< of the frame that a desktop draws
 const QString maximizedSuffix = u"-maximizada"_s;
-
-QSettings settings() {
-    return QSettings(QSettings::IniFormat, QSettings::UserScope, u"vorta"_s, u"pessoas"_s);
-}
 
 } // namespace
 
 ScreenWindow::ScreenWindow(screen::Screen& screen, QWidget* parent)
     : QDialog(parent, (parent ? Qt::Dialog : Qt::Window) | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                           Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
-      screen_(screen), user_(screen.program()), form_(new QWidget), bar_(new QProgressBar(this)) {
-    // With large letters or on a small screen a form may be larger than its window can be.
-    auto* room = new QScrollArea(this);
-    room->setFrameShape(QFrame::NoFrame);
-    room->setWidgetResizable(true);
-    room->setFocusPolicy(Qt::NoFocus);
-    room->setWidget(form_);
-    SetUpForm(screen.name(), *form_);
-    drawnSize_ = form_->size();
-    connect(qApp, &QApplication::focusChanged, this, [room](QWidget*, QWidget* now) {
-        if (now && room->isAncestorOf(now))
-            room->ensureWidgetVisible(now);
+      screen_(screen), user_(screen.program()), form_(new FormRoom(screen.name())), bar_(new QProgressBar(this)) {
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
+        // The frame of a grid or note shows the focus as well.
+        for (QWidget* one : {before, now})
+            if (one)
+                one->update();
+        if (now)
+            form_->bringIntoView(*now);
     });
     bar_->setObjectName(u"progresso"_s);
     bar_->setTextVisible(false);
@@ -54,48 +49,86 @@ ScreenWindow::ScreenWindow(screen::Screen& screen, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(room);
+    layout->addWidget(form_);
     layout->addWidget(bar_);
     binder_ = std::make_unique<Binder>(screen, user_, *form_, *this);
     binder_->onPlacing = [this] { takePlace(); };
     binder_->flush();
     wholeSize_ = neededSize();
-    resize(wholeSize_.boundedTo(this->screen()->availableSize()));
+    given_ = size();
+    resizeWithin(wholeSize_);
     setWindowModality(Qt::ApplicationModal);
 }
 
+ScreenWindow::~ScreenWindow() = default;
+
 QSize ScreenWindow::neededSize() const {
-    form_->layout()->activate(); // else parts of it still know what they needed before
-    return form_->sizeHint().expandedTo(drawnSize_) + QSize(0, barHeight);
+    return form_->wholeSize() + QSize(0, barHeight);
 }
 
 void ScreenWindow::complete() {
-    const QSize room = this->screen()->availableSize();
-    const bool untouched = size() == wholeSize_.boundedTo(room);
+    const bool untouched = size() == given_ && !restored_;
     binder_->complete();
     wholeSize_ = neededSize();
     if (untouched)
-        resize(wholeSize_.boundedTo(room));
+        resizeWithin(wholeSize_);
     takePlace(); // with the frame that the desktop has given it by now
+    if (!keys_)
+        keys_ = std::make_unique<ScreenKeys>(*binder_, *this);
+    if (QApplication::windowIcon().isNull())
+        QApplication::setWindowIcon(ProgramIcon());
 }
 
 void ScreenWindow::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     takePlace();
 }
+/// What the desktop draws around the window. Before it has, what is usual.
+QMargins ScreenWindow::frame() const {
+    const QRect outer = frameGeometry();
+    const QRect inner = geometry();
+    if (outer == inner && !isVisible())
+        return {usualBorder, style()->pixelMetric(QStyle::PM_TitleBarHeight), usualBorder, usualBorder};
+    return {inner.left() - outer.left(), inner.top() - outer.top(), outer.right() - inner.right(),
+            outer.bottom() - inner.bottom()};
+}
 
-/// The title bar stays within reach, also on a display that is smaller than the window.
+/// Where the window may stand with its frame. One above another leaves the title of the lower one in sight.
+QRect ScreenWindow::freeArea() const {
+    const QWidget* below = parentWidget();
+    QRect area = (below ? below : this)->screen()->availableGeometry();
+    if (below && !below->isMaximized())
+        area.adjust(0, frame().top(), 0, -frame().top());
+    return area;
+}
+
+QSize ScreenWindow::room() const {
+    return freeArea().marginsRemoved(frame()).size();
+}
+
+void ScreenWindow::resizeWithin(QSize wanted) {
+    const bool untouched = size() == given_;
+    resize(wanted.boundedTo(room()));
+    if (untouched)
+        given_ = size();
+}
+
+/// The whole frame within the free area, as near as that allows to where the screen wants it.
 void ScreenWindow::takePlace() {
-    if (screen_.place() == screen::Place::Anywhere || isMaximized())
+    if (isMaximized())
         return;
-    const QScreen& shownOn = *(parentWidget() ? parentWidget() : this)->screen();
-    const QRect display = shownOn.geometry();
+    if (size() == given_)
+        resizeWithin(given_);
+    if (screen_.place() == screen::Place::Anywhere)
+        return;
+    const QRect area = freeArea();
+    const QRect display = (parentWidget() ? parentWidget() : this)->screen()->geometry();
     const QSize outer = frameGeometry().size();
     const bool left = screen_.place() == screen::Place::LeftBorder;
     const QPoint wanted(display.left() + (left ? 0 : (display.width() - outer.width()) / 2),
                         display.top() + (display.height() - outer.height()) / 2);
-    const QPoint first = shownOn.availableGeometry().topLeft();
-    move(std::max(wanted.x(), first.x()), std::max(wanted.y(), first.y()));
+    const QPoint last(area.left() + area.width() - outer.width(), area.top() + area.height() - outer.height());
+    move(std::max(std::min(wanted.x(), last.x()), area.left()), std::max(std::min(wanted.y(), last.y()), area.top()));
 }
 
 void ScreenWindow::paintEvent(QPaintEvent* event) {
@@ -117,15 +150,18 @@ QString ScreenWindow::sizeKey() const {
 }
 
 void ScreenWindow::restoreSize() {
-    const QSettings kept = settings();
-    if (const QSize size = kept.value(sizeKey()).toSize(); !size.isEmpty())
-        resize(size.boundedTo(this->screen()->availableSize()));
+    const QSettings kept = UserSettings();
+    if (const QSize size = kept.value(sizeKey()).toSize(); !size.isEmpty()) {
+        given_ = size.boundedTo(room());
+        resize(given_);
+        restored_ = true;
+    }
     if (kept.value(sizeKey() + maximizedSuffix).toBool())
         setWindowState(windowState() | Qt::WindowMaximized);
 }
 
 void ScreenWindow::rememberSize() const {
-    QSettings kept = settings();
+    QSettings kept = UserSettings();
     kept.setValue(sizeKey(), isMaximized() ? normalGeometry().size() : size());
     kept.setValue(sizeKey() + maximizedSuffix, isMaximized());
 }

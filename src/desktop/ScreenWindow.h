@@ -8,11 +8,16 @@ class QProgressBar;
 
 namespace vorta::desktop {
 
-/// The window of any screen: its form, a thin bar for long work below, and nothing of its own.
+class FormRoom;
+class ScreenKeys;
+
+/// The window of any screen: its form, a thin bar for long work below, and nothing of its own. Its frame stays within
+/// the free area of the display.
 class ScreenWindow : public QDialog {
   public:
     /// Raises 91 for a screen without a form.
     ScreenWindow(screen::Screen& screen, QWidget* parent);
+    ~ScreenWindow() override;
 
     Binder& binder() { return *binder_; }
     /// Makes what the first sight of the window did not need, and grows the window when that needs more room. It
@@ -38,16 +43,22 @@ class ScreenWindow : public QDialog {
   private:
     QString sizeKey() const;
     QSize neededSize() const;
+    QMargins frame() const;
+    QRect freeArea() const;
+    QSize room() const; ///< the largest size whose frame finds room
+    void resizeWithin(QSize wanted);
     void takePlace();
 
     screen::Screen& screen_;
     screen::User user_;
-    QWidget* form_;
-    QSize drawnSize_; ///< the size of the form in its file
+    FormRoom* form_;
     QProgressBar* bar_;
     QSize wholeSize_;
+    QSize given_;           ///< the size of the window as long as nobody else has changed it
+    bool restored_ = false; ///< that is the one of the last time
     bool painted_ = false;
     std::unique_ptr<Binder> binder_;
+    std::unique_ptr<ScreenKeys> keys_;
 };
 
 } // namespace vorta::desktop

@@ -25,13 +25,13 @@ class TelaPapel : public TelaEdicao {
     screen::TextField txtDTDesativa{this, "txtDTDesativa"};
     screen::Label lblAviso{this, "lblAviso"};
 
-    screen::Button cmdPESQUISAR{this, "cmdPESQUISAR", u"&Pesquisar"_s};
+    screen::Button cmdPESQUISAR{this, "cmdPESQUISAR", u"Pesquisar"_s};
     screen::Button cmdINCLUIR{this, "cmdINCLUIR", u"&Incluir"_s};
     screen::Button cmdALTERAR{this, "cmdALTERAR", u"&Alterar"_s};
     screen::Button cmdEXCLUIR{this, "cmdEXCLUIR", u"&Desativar"_s};
     screen::Button cmdReativar{this, "cmdReativar", u"Reati&var"_s};
     screen::Button cmdSALVAR{this, "cmdSALVAR", u"&Salvar"_s};
-    screen::Button cmdIMPRIMIR{this, "cmdIMPRIMIR", u"Impri&mir"_s};
+    screen::Button cmdIMPRIMIR{this, "cmdIMPRIMIR", u"Imprimir"_s};
     screen::Button cmdSAIR{this, "cmdSAIR", u"Sai&r"_s};
     screen::Check chkVisualiza{this, "chkVisualiza", u"Visualiza os Desativados"_s};
 

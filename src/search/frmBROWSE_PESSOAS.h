@@ -24,9 +24,10 @@ class frmBROWSE_PESSOAS : public screen::Screen {
     screen::Option& opcaoDe(const Papel& papel) const;
 
     screen::Label Label2{this, "Label2", u"Pesquisa de Pessoas"_s};
+    // The keyboard goes from the text over the search to its result; what empties it is the last.
     screen::ListField cboCod{this, "cboCod"};
     screen::Button cmdPesquisa{this, "cmdPesquisa", u"&Pesquisar"_s};
-    screen::Button cmdLimpar{this, "cmdLimpar", u"&Limpar"_s};
+    screen::Grid Flex{this, "Flex"};
 
     // Where to look. The frames are labels of their groups, so that they take the colours of the scheme.
     screen::Label grupoFormaDeBusca{this, "grupoFormaDeBusca", u"Forma de Busca"_s};
@@ -60,7 +61,7 @@ class frmBROWSE_PESSOAS : public screen::Screen {
     screen::Option opDecorador{this, "opDecorador", u"Decorador"_s, "papel"};
     screen::Option opProspect{this, "opProspect", u"Prospect"_s, "papel"};
 
-    screen::Grid Flex{this, "Flex"};
+    screen::Button cmdLimpar{this, "cmdLimpar", u"&Limpar"_s};
 
   private:
     void DesabilitaPapeis();

@@ -25,9 +25,10 @@ class frmBROWSE_PRODUTO : public screen::Screen {
     screen::Label lblCodiEmpresa{this, "lblCodiEmpresa"};
     screen::Label lblNomeEmpresa{this, "lblNomeEmpresa"};
     screen::Label lblCodiAmbiente{this, "lblCodiAmbiente"};
+    // The keyboard goes from the text over the search to its result; what empties it is the last.
     screen::TextField txtCOD{this, "txtCOD"};
     screen::Button cmdPesquisa{this, "cmdPesquisa", u"&Pesquisar"_s};
-    screen::Button cmdLimpar{this, "cmdLimpar", u"&Limpar"_s};
+    screen::Grid Flex{this, "Flex"};
     screen::Option Option1{this, "Option1", u"ID"_s, "Forma de Busca"};
     screen::Option Option2{this, "Option2", u"Código"_s, "Forma de Busca"};
     screen::Option Option3{this, "Option3", u"Descrição"_s, "Forma de Busca"};
@@ -39,12 +40,12 @@ class frmBROWSE_PRODUTO : public screen::Screen {
     screen::ListField cboTipoProd{this, "cboTipoProd"};
     screen::ListField cboCole{this, "cboCole"};
     screen::TextField txtMaxReg{this, "txtMaxReg"};
-    screen::Grid Flex{this, "Flex"};
     screen::Picture Image1{this, "Image1"};
     screen::Button cmdImagem1_0{this, "cmdImagem1(0)", u"1"_s};
     screen::Button cmdImagem1_1{this, "cmdImagem1(1)", u"2"_s};
     screen::Button cmdImagem1_2{this, "cmdImagem1(2)", u"3"_s};
     screen::Button cmdImagem1_3{this, "cmdImagem1(3)", u"4"_s};
+    screen::Button cmdLimpar{this, "cmdLimpar", u"&Limpar"_s};
 
   private:
     void MontaGridProdutos();

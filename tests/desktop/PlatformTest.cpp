@@ -74,6 +74,18 @@ TEST(MessageBox, KeepsATitleAndAnIcon) {
     EXPECT_EQ(captionsFromLeft(*shown), QStringList({"OK"}));
 }
 
+/// The frame has an icon, three buttons and letters of its own beside the title.
+TEST(MessageBox, IsWideEnoughForItsTitle) {
+    const QString title = u"ERP VORTA - Nexoria - Release 2015.07.24"_s;
+    const auto shown = desktop::MakeMessageBox({u"Confirma?"_s, title, Icon::None, Buttons::YesNo}, nullptr);
+    shown->show();
+    QFont bold = QApplication::font();
+    bold.setBold(true);
+    const QFontMetrics metrics(bold);
+    EXPECT_GE(shown->width(), metrics.horizontalAdvance(title) + 4 * metrics.height());
+    EXPECT_LE(shown->width(), shown->screen()->availableSize().width());
+}
+
 TEST(MessageBox, EscapeGivesTheAnswerThatKeepsWhatWasTyped) {
     for (const auto& [buttons, wanted] : {std::pair{Buttons::OK, Answer::OK}, {Buttons::YesNoCancel, Answer::No}}) {
         const auto shown = desktop::MakeMessageBox({u"?"_s, {}, Icon::None, buttons}, nullptr);
@@ -131,6 +143,20 @@ TEST(DesktopPlatform, AModalScreenEndsWithItsUnload) {
     EXPECT_TRUE(program.dispatch([&] { program.ShowModal(menu); }));
     EXPECT_EQ(title, u"Título da tela");
     EXPECT_EQ(platform.top(), nullptr);
+}
+
+TEST(DesktopPlatform, AWindowHasThePictureOfTheProgram) {
+    desktop::DesktopPlatform platform;
+    screen::Program program(platform);
+    Menu menu(program);
+    bool picture = false;
+    later([&] {
+        platform.top()->complete();
+        picture = !platform.top()->windowIcon().pixmap(32, 32).isNull();
+        platform.top()->close();
+    });
+    program.dispatch([&] { program.ShowModal(menu); });
+    EXPECT_TRUE(picture);
 }
 
 TEST(DesktopPlatform, TheFrameClosesAScreen) {

@@ -8,6 +8,7 @@
 
 #include <QDate>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <gtest/gtest.h>
@@ -87,6 +88,21 @@ TEST(DocumentedCommands, KeepCopiesOfAnInstallation) {
         EXPECT_EQ(code, 0) << command << ": " << words;
     }
     EXPECT_EQ(QDir(copies.path()).entryList(QDir::Files).size(), 1);
+}
+
+TEST(DocumentedCommands, LookAfterAnInstallation) {
+    const Installed installed = Installed::copyOf(Installed::plain());
+    const QTemporaryDir copies;
+    const QString streets = copies.filePath(u"lista.tsv"_s);
+    installed.write(u"lista.tsv"_s, QByteArrayLiteral("cep\ttipo\tabreviatura\tlogradouro\tbairro\tcidade\tuf\n"
+                                                      "01310-100\tAvenida\tAV\tPaulista\tBela Vista\tSão Paulo\tSP\n"));
+    ASSERT_TRUE(QFile::copy(installed.home() + u"/lista.tsv"_s, streets));
+    QStringList commands = commandsOf("administracao.md");
+    ASSERT_EQ(commands.size(), 5);
+    for (QString& command : commands) {
+        const auto [code, words] = run(command.replace(u" lista.tsv"_s, u' ' + streets), installed, copies.path());
+        EXPECT_EQ(code, 0) << command << ": " << words;
+    }
 }
 
 TEST(DocumentedCommands, NameNoToolOfTheEngineForCopies) {

@@ -200,6 +200,7 @@ class DesktopHands : public Hands {
     /// By the keyboard's way, as a click would do more to a button or a cell.
     void focus(Field& field) override {
         settle();
+        activate(); // whatever help has been opened beside it
         QWidget* widget = field.screen().focus() == &field ? nullptr : widgetOf(field);
         if (widget) {
             // On a page that was not in front the window may have kept a focus that the screen has not.

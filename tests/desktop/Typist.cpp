@@ -1,0 +1,107 @@
+#include "Typist.h"
+
+#include "base/Literals.h"
+#include "desktop/ScreenWindow.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+namespace vorta::test {
+
+namespace {
+
+constexpr int patience = 20000;
+
+/// The window in front: a box, or the screen on top.
+QWidget* front() {
+    return QApplication::activeModalWidget() ? QApplication::activeModalWidget() : QApplication::activeWindow();
+}
+
+bool isAnyDown(const QWidget& window) {
+    const auto buttons = window.findChildren<QAbstractButton*>();
+    return std::ranges::any_of(buttons, &QAbstractButton::isDown);
+}
+
+/// What a keyboard sends to whatever has it.
+void strike(QKeyCombination key, const QString& text) {
+    QWidget* window = front();
+    ASSERT_TRUE(window);
+    QWidget* holder = window->focusWidget();
+    QWidget* target = holder && holder->isVisible() ? holder : window;
+    QTest::sendKeyEvent(QTest::Click, target, key.key(), text, key.keyboardModifiers());
+}
+
+} // namespace
+
+Typist::Typist(const QString& home) {
+    qputenv("VORTA_HOME", home.toUtf8());
+}
+
+Typist& Typist::press(const QString& keys) {
+    ++strokes_;
+    const QKeyCombination key = QKeySequence(keys == u"Enter" ? u"Return"_s : keys)[0];
+    steps_.push_back([key, text = keys == u"Space" ? u" "_s : QString()] { strike(key, text); });
+    return *this;
+}
+
+Typist& Typist::data(const QString& text) {
+    letters_ += static_cast<int>(text.size());
+    for (const QChar letter : text)
+        steps_.push_back([letter] { strike(Qt::Key(letter.toUpper().unicode()), letter); });
+    return *this;
+}
+
+Typist& Typist::then(std::function<void()> look) {
+    steps_.push_back(std::move(look));
+    return *this;
+}
+
+/// A step may wait in a box or screen that it has opened; the next one is already on its way then.
+void Typist::next() {
+    if (front() && isAnyDown(*front())) {
+        QTimer::singleShot(10, qApp, [this] { next(); });
+        return;
+    }
+    if (step_ == steps_.size()) {
+        register_.program().dispatch([this] { register_.program().End(); });
+        platform_.leaveIfEnded();
+        return;
+    }
+    const std::function<void()>& step = steps_[step_++];
+    QTimer::singleShot(0, qApp, [this] { next(); });
+    step();
+}
+
+/// As soon as the first window stands.
+void Typist::begin() {
+    if (!platform_.top() || !platform_.top()->isVisible()) {
+        QTimer::singleShot(20, qApp, [this] { begin(); });
+        return;
+    }
+    platform_.top()->complete();
+    platform_.top()->activateWindow();
+    next();
+}
+
+void Typist::play() {
+    begin();
+    QTimer::singleShot(patience, qApp, [this] {
+        if (register_.program().hasEnded())
+            return;
+        ADD_FAILURE() << "stands still behind step " << step_ << " of " << steps_.size();
+        register_.program().dispatch([this] { register_.program().End(); });
+        platform_.leaveIfEnded();
+    });
+    register_.start(u"1^1^PRD^False^"_s);
+    EXPECT_EQ(step_, steps_.size());
+    EXPECT_FALSE(register_.program().failure());
+}
+
+screen::Field& Typist::field(const QString& name) {
+    return platform_.top()->binder().screen().field(name);
+}
+
+} // namespace vorta::test

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "app/Register.h"
+#include "desktop/DesktopPlatform.h"
+
+#include <QKeySequence>
+#include <functional>
+#include <vector>
+
+namespace vorta::test {
+
+/// Somebody at the real windows with a keyboard and nothing else. Each stroke goes to whatever has the keyboard at that
+/// moment, a box or an upper screen as well, once all that the one before has caused is done.
+class Typist {
+  public:
+    explicit Typist(const QString& home);
+
+    /// One key, "Alt+G" or "Enter"; it counts.
+    Typist& press(const QString& keys);
+    /// A text of the data; its letters are counted apart.
+    Typist& data(const QString& text);
+    /// Looks at something in between.
+    Typist& then(std::function<void()> look);
+
+    /// Starts the register, plays all that and ends it.
+    void play();
+
+    int strokes() const { return strokes_; }
+    int letters() const { return letters_; }
+    /// A field of the screen on top.
+    screen::Field& field(const QString& name);
+    screen::User& user() { return register_.user(); }
+    ContextoExecucao& context() { return register_.context(); }
+
+  private:
+    void begin();
+    void next();
+
+    desktop::DesktopPlatform platform_;
+    Register register_{platform_};
+    std::vector<std::function<void()>> steps_;
+    size_t step_ = 0;
+    int strokes_ = 0;
+    int letters_ = 0;
+};
+
+} // namespace vorta::test
