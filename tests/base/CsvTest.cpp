@@ -37,7 +37,7 @@ QString wordsOf(const QByteArray& bytes) {
 
 } // namespace
 
-TEST(Csv, separators_quotes_and_line_ends) {
+TEST(Csv, SeparatorsQuotesAndLineEnds) {
     EXPECT_EQ(first("a;b,c;d\n"), (QStringList{u"a"_s, u"b,c"_s, u"d"_s}));
     EXPECT_EQ(first("a,b,c;d\r\n"), (QStringList{u"a"_s, u"b"_s, u"c;d"_s}));
     EXPECT_EQ(first("a\tb"), (QStringList{u"a"_s, u"b"_s}));
@@ -47,7 +47,7 @@ TEST(Csv, separators_quotes_and_line_ends) {
     EXPECT_EQ(first(""), QStringList());
 }
 
-TEST(Csv, records_over_several_lines_tell_where_they_begin) {
+TEST(Csv, RecordsOverSeveralLinesTellWhereTheyBegin) {
     const auto records = read("a;b\n\n;;\n\"um\ndois\";x\ny;z");
     ASSERT_EQ(records.size(), 3U);
     EXPECT_EQ(records[1].first, 4);
@@ -55,14 +55,14 @@ TEST(Csv, records_over_several_lines_tell_where_they_begin) {
     EXPECT_EQ(records[2].first, 6);
 }
 
-TEST(Csv, either_encoding) {
+TEST(Csv, EitherEncoding) {
     EXPECT_EQ(first("\xEF\xBB\xBF"
                     "ação;b"),
               (QStringList{u"ação"_s, u"b"_s}));
     EXPECT_EQ(first("a\xE7\xE3o;\x80"), (QStringList{u"ação"_s, u"€"_s}));
 }
 
-TEST(Csv, what_is_no_such_file_is_told) {
+TEST(Csv, WhatIsNoSuchFileIsTold) {
     EXPECT_EQ(wordsOf(QByteArray("\xFF\xFE"
                                  "a\0",
                                  4)),
@@ -73,14 +73,14 @@ TEST(Csv, what_is_no_such_file_is_told) {
               u"Linha 2: mais de 1 MB sem fim de registro; não é uma planilha");
 }
 
-TEST(Csv, what_is_written_comes_back) {
+TEST(Csv, WhatIsWrittenComesBack) {
     const QStringList cells{u"=1+1"_s, u"+55 11 4000"_s, u"-12,50"_s, u"@x"_s, u"'=y"_s,    u"a;b"_s,
                             u"c\"d"_s, u"e\nf"_s,        u" g "_s,    u"'h"_s, u"ação €"_s, QString()};
     EXPECT_EQ(first(csvMark + CsvRecord(cells).toUtf8()), cells);
     EXPECT_EQ(first(CsvRecord(cells, u',').toUtf8()), cells);
 }
 
-TEST(Csv, a_formula_is_told_apart_from_a_number) {
+TEST(Csv, AFormulaIsToldApartFromANumber) {
     EXPECT_EQ(CsvRecord({u"=SOMA(A1)"_s, u"-12,50"_s, u"-x"_s, u"+55 11"_s, u"\tx"_s}),
               u"'=SOMA(A1);-12,50;'-x;'+55 11;'\tx\r\n");
 }

@@ -39,7 +39,7 @@ struct Drafts : testing::Test {
 
 } // namespace
 
-TEST_F(Drafts, come_back_whole_whenever_the_process_is_killed) {
+TEST_F(Drafts, ComeBackWholeWheneverTheProcessIsKilled) {
     for (const int characters : {1, 9, 17, 23, 40, 55, 75, 99, 120, 137, 143, 160, 181, 200, 230, 1000}) {
         const QString screen = typist("look", characters);
         ASSERT_TRUE(screen.startsWith(u"mode I\n"_s)) << screen;
@@ -53,7 +53,7 @@ TEST_F(Drafts, come_back_whole_whenever_the_process_is_killed) {
     }
 }
 
-TEST_F(Drafts, are_thrown_away_for_good) {
+TEST_F(Drafts, AreThrownAwayForGood) {
     typist("kill", 60);
     const QString idle = typist("Não");
     EXPECT_TRUE(idle.startsWith(u"offered\nmode \n"_s)) << idle;
@@ -61,14 +61,14 @@ TEST_F(Drafts, are_thrown_away_for_good) {
     EXPECT_TRUE(typist("Sim").startsWith(u"mode \n"_s));
 }
 
-TEST_F(Drafts, of_a_saved_operation_are_none_even_when_its_box_is_never_answered) {
+TEST_F(Drafts, OfASavedOperationAreNoneEvenWhenItsBoxIsNeverAnswered) {
     typist("save", 1000);
     EXPECT_EQ(kit::Loader(installed.production()).number(u"SELECT COUNT(*) FROM PESS"_s), 1);
     EXPECT_EQ(drafts(), QStringList());
     EXPECT_TRUE(typist("Sim").startsWith(u"mode \n"_s));
 }
 
-TEST_F(Drafts, that_are_damaged_are_no_drafts) {
+TEST_F(Drafts, ThatAreDamagedAreNoDrafts) {
     typist("kill", 60);
     const QString path = data.path() + u"/rascunhos/"_s + drafts().value(0);
     for (const QByteArray& content : {QByteArray("{\"modo\":\"I\",\"cam"), QByteArray(3'000'000, '{'), QByteArray()}) {
@@ -81,7 +81,7 @@ TEST_F(Drafts, that_are_damaged_are_no_drafts) {
     }
 }
 
-TEST_F(Drafts, of_two_windows_do_not_meet) {
+TEST_F(Drafts, OfTwoWindowsDoNotMeet) {
     QProcess first;
     first.start(QString::fromUtf8(DRAFT_TYPIST), {installed.home(), data.path(), u"stay"_s, u"40"_s});
     QString screen;

@@ -34,7 +34,7 @@ QString typed(const char* mask, const char* text) {
 
 } // namespace
 
-TEST(Columns, are_fields_or_columns_in_any_case) {
+TEST(Columns, AreFieldsOrColumnsInAnyCase) {
     const Columns columns({u"nome_pess"_s, u"TXTNUMERO"_s, u"Contato2_Nome"_s, u"contato1_tipo"_s, u"ramo1"_s,
                            u"PAPEIS"_s, u"cliente.txtLimiCred"_s, u"Saldo"_s, u"MOTIVO"_s},
                           {{u"saldo"_s, u"-"_s}});
@@ -53,7 +53,7 @@ TEST(Columns, are_fields_or_columns_in_any_case) {
     EXPECT_EQ(columns.ownColumns(), std::vector<qsizetype>{8});
 }
 
-TEST(Columns, what_does_not_fit_is_told_at_once) {
+TEST(Columns, WhatDoesNotFitIsToldAtOnce) {
     EXPECT_EQ(faultOf({u"NOME_PESS"_s, u"Saldo"_s, u"txtDescricao"_s, QString()}),
               u"O cabeçalho não serve: coluna desconhecida: Saldo; coluna repetida: txtDescricao; coluna desconhecida: "
               "(sem nome)");
@@ -62,7 +62,7 @@ TEST(Columns, what_does_not_fit_is_told_at_once) {
         EXPECT_TRUE(faultOf({u"NOME_PESS"_s, QString::fromUtf16(closed)}).contains(u"desconhecida"_s));
 }
 
-TEST(Columns, a_row_that_does_not_fit_is_refused_alone) {
+TEST(Columns, ARowThatDoesNotFitIsRefusedAlone) {
     const Columns columns({u"NOME_PESS"_s, u"PAPEIS"_s, u"CLIENTE.txtLimiCred"_s}, {});
     const auto wordsOf = [&](const QStringList& cells) {
         try {
@@ -78,7 +78,7 @@ TEST(Columns, a_row_that_does_not_fit_is_refused_alone) {
     EXPECT_EQ(wordsOf({u"A"_s}), QString());
 }
 
-TEST(Values, kinds_and_documents) {
+TEST(Values, KindsAndDocuments) {
     EXPECT_EQ(KindOf(personWith(u"529.982.247-25"_s)), u"Física");
     EXPECT_EQ(KindOf(personWith(u"11222333000181"_s)), u"Jurídica");
     EXPECT_EQ(KindOf(personWith(u"1"_s, u"j"_s)), u"Jurídica");
@@ -95,7 +95,7 @@ TEST(Values, kinds_and_documents) {
     EXPECT_FALSE(IsNoDocument(u"000.000.001-91"_s));
 }
 
-TEST(Values, what_is_typed_into_masks) {
+TEST(Values, WhatIsTypedIntoMasks) {
     EXPECT_EQ(typed("#####-###", "1310100"), u"01310100");
     EXPECT_EQ(typed("#####-###", "01310-100"), u"01310100");
     EXPECT_EQ(typed("#####-###", "131010"), u"131010");

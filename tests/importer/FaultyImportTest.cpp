@@ -28,7 +28,7 @@ void expectRefused(const Installed& installed, const QString& file, const QStrin
 
 } // namespace
 
-TEST(FaultyImport, files_of_other_kinds) {
+TEST(FaultyImport, FilesOfOtherKinds) {
     const Installed installed = Installed::copyOf(Installed::plain());
     const QString home = installed.home(), file = home + u"/x.csv"_s;
     expectRefused(installed, home + u"/nada.csv"_s, u"Arquivo não encontrado: "_s);
@@ -54,7 +54,7 @@ TEST(FaultyImport, files_of_other_kinds) {
     EXPECT_EQ(QDir(home).entryList({u"*recusadas*"_s}), QStringList());
 }
 
-TEST(FaultyImport, bases_that_cannot_be_opened) {
+TEST(FaultyImport, BasesThatCannotBeOpened) {
     const Installed installed = Installed::copyOf(Installed::plain());
     const QString file = installed.home() + u"/x.csv"_s;
     installed.write(u"x.csv"_s, Persons(3));
@@ -71,7 +71,7 @@ TEST(FaultyImport, bases_that_cannot_be_opened) {
     EXPECT_TRUE(said.error.contains(u"O Servidor de dados não está respondendo."_s)) << said.error;
 }
 
-TEST(FaultyImport, a_full_disk_stops_the_run_between_two_persons) {
+TEST(FaultyImport, AFullDiskStopsTheRunBetweenTwoPersons) {
     const QTemporaryDir folder;
     if (::mount("tmpfs", folder.path().toUtf8().constData(), "tmpfs", 0, "size=40m,mode=0755") != 0)
         GTEST_SKIP() << "only root can mount a small disk";

@@ -51,7 +51,7 @@ QByteArray plain(const QByteArray& name, const QByteArray& document) {
 
 } // namespace
 
-TEST(Import, a_trial_enters_everybody_and_leaves_nothing) {
+TEST(Import, ATrialEntersEverybodyAndLeavesNothing) {
     const Office office(Persons(12));
     const QString generators =
         u"SELECT GEN_ID(GEN_PESS, 0), GEN_ID(GEN_PESS_CONT, 0), GEN_ID(GEN_CLIE, 0) FROM RDB$DATABASE"_s;
@@ -65,7 +65,7 @@ TEST(Import, a_trial_enters_everybody_and_leaves_nothing) {
     EXPECT_FALSE(QFile::exists(office.refused()));
 }
 
-TEST(Import, persons_come_whole_and_a_second_time_not_at_all) {
+TEST(Import, PersonsComeWholeAndASecondTimeNotAtAll) {
     const Office office(Persons(12));
     const Said said = office.import(writing);
     EXPECT_EQ(said.code, 0) << said.error;
@@ -91,7 +91,7 @@ TEST(Import, persons_come_whole_and_a_second_time_not_at_all) {
     ExpectWholePersons(office.installed, 12);
 }
 
-TEST(Import, refused_rows_are_mended_and_imported_again) {
+TEST(Import, RefusedRowsAreMendedAndImportedAgain) {
     const Office office(head + ";EMAI_PESS;NUME_COML_PESS;IDVEND;RAMO1;TELE_0001_PESS\n" + plain("Boa", cpf(1)) + "\n" +
                         plain("CPF errado", "111.222.333-44") + "\n" + plain("", cpf(3)) + "\n" +
                         plain("E-mail", cpf(4)) + ";sem-arroba\n" + plain("Apóstrofo", cpf(5)) + ";;D'água\n" +
@@ -136,7 +136,7 @@ TEST(Import, refused_rows_are_mended_and_imported_again) {
     EXPECT_EQ(office.textOf(office.installed.home() + u"/pessoas.recusadas.recusadas.csv"_s).count(u"MOTIVO"_s), 1);
 }
 
-TEST(Import, the_checked_entry_is_walked_where_the_company_asks_for_it) {
+TEST(Import, TheCheckedEntryIsWalkedWhereTheCompanyAsksForIt) {
     const Office office(head + "\n" + plain("Primeira", cpf(1)) + "\n" + plain("Primeira", cpf(2)) + "\n" +
                         plain("Sem documento", "") + "\n" + plain("Sem documento", "") + "\n" +
                         plain("Joana d'Arc", cpf(3)) + "\n");
@@ -155,7 +155,7 @@ TEST(Import, the_checked_entry_is_walked_where_the_company_asks_for_it) {
     EXPECT_TRUE(again.out.contains(u"0 pessoa(s) incluída(s)\n3 já cadastrada(s)\n2 recusada(s)\n"_s)) << again.out;
 }
 
-TEST(Import, roles_come_by_their_screens_with_their_fields) {
+TEST(Import, RolesComeByTheirScreensWithTheirFields) {
     const Office office("NOME_PESS;CPF0_CNPJ;ENDE_COML_PESS;BAIR_COML_PESS;CIDA_COML_PESS;UF00_COML_PESS;"
                         "CEP0_COML_PESS;PAPEIS;CLIENTE.txtLimiCred;CLIENTE.cboRevenda;ARQUITETO.txtCREA;"
                         "MOTORISTA.txtCNH\n" +
@@ -174,7 +174,7 @@ TEST(Import, roles_come_by_their_screens_with_their_fields) {
         EXPECT_EQ(Number(office.installed, u"SELECT COUNT(*) FROM "_s + QString::fromLatin1(table)), 1) << table;
 }
 
-TEST(Import, a_role_that_cannot_be_had_takes_the_person_back) {
+TEST(Import, ARoleThatCannotBeHadTakesThePersonBack) {
     const Office office(Persons(3));
     Switch(office.installed, u"PESS_BOTAO_FORNECEDOR"_s, u"N"_s);
     const Said said = office.import(writing);
@@ -183,7 +183,7 @@ TEST(Import, a_role_that_cannot_be_had_takes_the_person_back) {
     ExpectWholePersons(office.installed, 0);
 }
 
-TEST(Import, columns_of_other_names_commas_and_windows_letters) {
+TEST(Import, ColumnsOfOtherNamesCommasAndWindowsLetters) {
     const Office office("Raz\xE3o,Documento,Rua,BAIR_COML_PESS,CIDA_COML_PESS,UF00_COML_PESS,CEP0_COML_PESS,Saldo\r\n"
                         "A\xE7o,\"" +
                         cpf(1) + "\",\"Rua Um, fundos\",Centro,S\xE3o Paulo,SP,1310100,\"1,50\"\r\n");
@@ -196,7 +196,7 @@ TEST(Import, columns_of_other_names_commas_and_windows_letters) {
         (QStringList{u"ACO"_s, u"RUA UM, FUNDOS"_s, u"01310-100"_s, u"3550308"_s}));
 }
 
-TEST(Import, killed_anywhere_leaves_whole_persons_and_goes_on) {
+TEST(Import, KilledAnywhereLeavesWholePersonsAndGoesOn) {
     constexpr int persons = 150;
     const Office office(Persons(persons));
     qint64 before = 0;

@@ -33,7 +33,8 @@ class FakeDatabase {
         int timeout;
     };
     std::vector<Opened> opened;
-    QStringList sent;   ///< all texts, with "BEGIN", "COMMIT" and "ROLLBACK" for transactions, "CLOSE" for a closed connection
+    QStringList
+        sent; ///< all texts, with "BEGIN", "COMMIT" and "ROLLBACK" for transactions, "CLOSE" for a closed connection
     QStringList writes; ///< texts of write statements only
 
   private:
