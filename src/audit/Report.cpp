@@ -3,7 +3,7 @@
 #include "base/Csv.h"
 #include "base/Literals.h"
 #include "base/RuntimeError.h"
-#include "kit/FaultWords.h"
+#include "base/WhyNotWritten.h"
 
 #include <QFileInfo>
 
@@ -74,7 +74,7 @@ ReportFile::ReportFile(const QString& path) : file_(path) {
 
 void ReportFile::fail() const {
     throw RuntimeError(errorNumber::PathRefused, u"O arquivo %1 não pôde ser gravado: %2"_s.arg(
-                                                     file_.fileName(), kit::WhyNotWritten(file_.fileName())));
+                                                     file_.fileName(), WhyNotWritten(file_.fileName())));
 }
 
 void ReportFile::write(const QString& text) {
