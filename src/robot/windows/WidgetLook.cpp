@@ -86,12 +86,15 @@ Seen checked(W widget, F, Q) {
     return button ? Seen(told(button->isChecked())) : Seen();
 }
 
-/// A mask shows by the form that it gives the text; one whose text is shown raw is not to be seen.
+/// A mask shows by the form that it gives the text; one whose text is shown raw is not to be seen. Where there is
+/// none, an empty field shows nothing.
 Seen mask(W widget, F field, Q) {
     const auto* masked = dynamic_cast<const screen::MaskedField*>(&field);
     const QLineEdit* line = lineOf(widget);
-    if (!masked || !line || masked->mask().isEmpty() || !masked->fits(field.text()))
+    if (!masked || !line || !masked->fits(field.text()))
         return {};
+    if (masked->mask().isEmpty())
+        return line->text();
     return masked->fits(line->text()) ? masked->mask() : line->text();
 }
 
