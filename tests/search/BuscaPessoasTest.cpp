@@ -219,7 +219,7 @@ TEST_F(BuscaPessoasTest, EnterMovesOnAndLeavingTheTextPutsItInCapitals) {
         EXPECT_EQ(tela.cboCod.text(), u"JOÃO"_s);
         EXPECT_EQ(tela.focus(), &tela.cmdPesquisa);
         user.key(tela.cmdPesquisa, screen::Key::Enter);
-        EXPECT_EQ(tela.focus(), &tela.cmdLimpar);
+        EXPECT_EQ(tela.focus(), &tela.Flex);
         EXPECT_TRUE(database.sent.isEmpty()) << "Enter on the button moves on and does not search";
     });
 }

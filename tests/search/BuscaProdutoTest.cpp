@@ -447,7 +447,7 @@ TEST_F(BuscaProdutoTest, EnterMovesOnAndLeavingTheTextPutsItInCapitals) {
         EXPECT_EQ(tela.txtCOD.text(), u"MAÇÃ"_s);
         EXPECT_EQ(tela.focus(), &tela.cmdPesquisa);
         user.key(tela.cmdPesquisa, screen::Key::Enter);
-        EXPECT_EQ(tela.focus(), &tela.cmdLimpar);
+        EXPECT_EQ(tela.focus(), &tela.Flex);
         EXPECT_TRUE(database.sent.isEmpty());
     });
 }
