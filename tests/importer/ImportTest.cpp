@@ -197,10 +197,10 @@ TEST(Import, ColumnsOfOtherNamesCommasAndWindowsLetters) {
 }
 
 TEST(Import, KilledAnywhereLeavesWholePersonsAndGoesOn) {
-    constexpr int persons = 150;
+    constexpr int persons = 40;
     const Office office(Persons(persons));
     qint64 before = 0;
-    for (int round = 0; round < 6; ++round) {
+    for (int round = 0; round < 4; ++round) {
         QProcess program;
         program.start(QString::fromUtf8(PESSOAS_BASE),
                       {u"importar"_s, u"--home"_s, office.installed.home(), u"--grava"_s, office.file()});

@@ -56,7 +56,10 @@ TEST(Program, WrongUseEndsIn2AndTellsTheRightOne) {
                              "upgrade --home /x y",
                              "indexes",
                              "indexes firebird",
-                             "indexes sqlserver y"}) {
+                             "indexes sqlserver y",
+                             "importar --home /x",
+                             "importar x.csv",
+                             "importar --home /x --outra x.csv"}) {
         const Outcome outcome = run(words(line));
         EXPECT_EQ(outcome.code, 2) << line;
         EXPECT_TRUE(outcome.error.startsWith(u"uso: pessoas-base create"_s)) << line;
