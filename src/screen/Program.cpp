@@ -61,13 +61,17 @@ void Program::End() {
     throw ProgramEnded();
 }
 
+void Program::happened() {
+    if (onEvent && !ended_)
+        onEvent(false);
+}
+
 bool Program::dispatch(const std::function<void()>& event) {
     if (ended_)
         return false;
     try {
         event();
-        if (onEvent && !ended_)
-            onEvent(false);
+        happened();
     } catch (const ProgramEnded&) {
     } catch (const RuntimeError& error) {
         failure_ = error;

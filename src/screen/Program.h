@@ -35,6 +35,8 @@ class Program {
     /// connection rolls back), then its box with number and description, exit code 1. Gives false when the program has
     /// ended.
     bool dispatch(const std::function<void()>& event);
+    /// Tells `onEvent` of a change that comes from outside and runs no handler, as an edit of a text.
+    void happened();
 
     /// How often a box or a screen has come up in front so far.
     int interruptions() const { return interruptions_; }
@@ -49,7 +51,8 @@ class Program {
 
     /// Runs once when the program ends, before anything is shown.
     std::function<void()> onEnd;
-    /// Runs behind every event, and once more in front of `onEnd`, when the event may have broken off anywhere.
+    /// Runs behind every event and edit, and once more in front of `onEnd`, when the event may have broken off
+    /// anywhere.
     std::function<void(bool ending)> onEvent;
 
   private:

@@ -5,6 +5,7 @@
 #include "base/Windows1252.h"
 #include "screen/Program.h"
 
+#include <QScopeGuard>
 #include <algorithm>
 
 namespace vorta::screen {
@@ -165,6 +166,7 @@ int User::filterKey(Field& field, int code) {
 void User::replace(Field& field, int start, int length, const QString& text) {
     if (field.locked() || !field.enabled() || !takesText(field))
         return;
+    const auto told = qScopeGuard([this] { program_.happened(); });
     QString wanted = admitted(field, text);
     if (wanted.isEmpty() && !text.isEmpty())
         return;
@@ -196,6 +198,7 @@ void User::paste(Field& field, const QString& text) {
 void User::insert(Field& field, QChar character) {
     if (field.locked() || !takesText(field))
         return;
+    const auto told = qScopeGuard([this] { program_.happened(); });
     if (auto* masked = dynamic_cast<MaskedField*>(&field)) {
         masked->typeCharacter(character);
         return;
@@ -227,6 +230,7 @@ void User::complete(ListField& list) {
 void User::erase(Field& field, bool forward) {
     if (field.locked() || !takesText(field))
         return;
+    const auto told = qScopeGuard([this] { program_.happened(); });
     if (auto* masked = dynamic_cast<MaskedField*>(&field)) {
         forward ? masked->deleteForward() : masked->backspace();
         return;
