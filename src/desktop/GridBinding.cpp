@@ -168,7 +168,7 @@ int GridBinding::nameColumn() const {
 /// Letters that follow each other quickly lead to the first row whose name begins so. A blank alone is the grid's own
 /// key.
 bool GridBinding::characterTyped(QChar typed) {
-    if (!lastLetter_.isValid() || lastLetter_.hasExpired(QApplication::keyboardInputInterval() * 2))
+    if (!lastLetter_.isValid() || lastLetter_.hasExpired(qint64{QApplication::keyboardInputInterval()} * 2))
         letters_.clear();
     if (typed == u' ' && letters_.isEmpty())
         return Binding::characterTyped(typed);

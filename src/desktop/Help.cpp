@@ -51,7 +51,7 @@ class Page : public QTextBrowser {
 void listHeadings(const QTextDocument& document, QListWidget& list) {
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
         if (const int level = block.blockFormat().headingLevel(); level > 1) {
-            auto* item = new QListWidgetItem(QString((level - 2) * 3, u' ') + block.text(), &list);
+            auto* item = new QListWidgetItem(QString(qsizetype{level - 2} * 3, u' ') + block.text(), &list);
             item->setData(Qt::UserRole, block.position());
         }
 }

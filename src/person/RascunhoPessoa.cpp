@@ -46,7 +46,7 @@ QJsonArray linhasDe(const Grid& grade) {
 }
 
 void poeLinhas(Grid& grade, const QJsonArray& linhas) {
-    for (const QJsonValue& linha : linhas)
+    for (const auto& linha : linhas)
         grade.AddItem(linha.toString());
 }
 

@@ -75,14 +75,15 @@ void Typist::next() {
     step();
 }
 
-/// As soon as the first window stands.
+/// As soon as the first window stands and has the keyboard.
 void Typist::begin() {
-    if (!platform_.top() || !platform_.top()->isVisible()) {
+    if (!platform_.top() || !platform_.top()->isVisible() || !platform_.top()->isActiveWindow()) {
+        if (platform_.top())
+            platform_.top()->activateWindow();
         QTimer::singleShot(20, qApp, [this] { begin(); });
         return;
     }
     platform_.top()->complete();
-    platform_.top()->activateWindow();
     next();
 }
 
