@@ -60,6 +60,11 @@ class Keystrokes : public testing::Test {
     Installed home_;
 
   protected:
+    /// The typist is faster than any hand, and what is typed during long work is dropped: it needs an idle machine.
+    void SetUp() override {
+        if (!qEnvironmentVariableIsSet("VORTA_TEST_KEYSTROKES"))
+            GTEST_SKIP() << "only with VORTA_TEST_KEYSTROKES, on an idle machine";
+    }
     Typist typist;
 };
 
