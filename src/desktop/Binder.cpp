@@ -9,6 +9,7 @@
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QScopedValueRollback>
 #include <QTabWidget>
 #include <QWidget>
@@ -27,6 +28,28 @@ Binder::Binder(screen::Screen& screen, screen::User& user, QWidget& form, QWidge
     schedule();
 }
 
+namespace {
+
+/// The letter of a label asks for the field also where the window has put its own focus on that field before, as it
+/// does behind a change of page.
+class LetterOfLabel : public QObject {
+  public:
+    LetterOfLabel(QObject& owner, QLabel& label, std::function<void()> reached)
+        : QObject(&owner), reached_(std::move(reached)) {
+        label.installEventFilter(this);
+    }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Shortcut)
+            QMetaObject::invokeMethod(this, reached_, Qt::QueuedConnection);
+        return false;
+    }
+
+  private:
+    std::function<void()> reached_;
+};
+
+} // namespace
+
 void Binder::bind(const QWidget& part) {
     const QScopedValueRollback guard(refreshing_, true);
     for (QWidget* widget : part.findChildren<QWidget*>())
@@ -34,6 +57,8 @@ void Binder::bind(const QWidget& part) {
             NameWidget(screen_.name(), field->name(), *widget);
             if (const QString keys = keys_.value(field->name()); !keys.isEmpty() && MarkWidget(*widget, keys))
                 keys_.remove(field->name());
+            if (QLabel* label = LabelOf(*widget))
+                new LetterOfLabel(*this, *label, [this, field] { act([&] { user_.focus(*field); }); });
             bindings_.emplace(field, MakeBinding(*this, *field, *widget));
             dirty_ += field;
         }

@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -14,6 +15,7 @@ namespace vorta::test {
 namespace {
 
 constexpr int patience = 20000;
+constexpr int betweenStrokes = 5; ///< whatever a stroke has left to do comes in front of the next one
 
 /// The window in front: a box, or the screen on top.
 QWidget* front() {
@@ -31,7 +33,11 @@ void strike(QKeyCombination key, const QString& text) {
     ASSERT_TRUE(window);
     QWidget* holder = window->focusWidget();
     QWidget* target = holder && holder->isVisible() ? holder : window;
-    QTest::sendKeyEvent(QTest::Click, target, key.key(), text, key.keyboardModifiers());
+    // The press may have closed the window that held the target.
+    const QPointer<QWidget> still(target);
+    QTest::sendKeyEvent(QTest::Press, target, key.key(), text, key.keyboardModifiers());
+    if (still)
+        QTest::sendKeyEvent(QTest::Release, target, key.key(), text, key.keyboardModifiers());
 }
 
 } // namespace
@@ -61,8 +67,12 @@ Typist& Typist::then(std::function<void()> look) {
 
 /// A step may wait in a box or screen that it has opened; the next one is already on its way then.
 void Typist::next() {
-    if (front() && isAnyDown(*front())) {
-        QTimer::singleShot(10, qApp, [this] { next(); });
+    // Nobody types before the window in front has the keyboard, as a window manager gives it, and shows no button going
+    // down.
+    if (!front() || !front()->isActiveWindow() || isAnyDown(*front())) {
+        if (front())
+            front()->activateWindow();
+        QTimer::singleShot(10, &alive_, [this] { next(); });
         return;
     }
     if (step_ == steps_.size()) {
@@ -71,7 +81,7 @@ void Typist::next() {
         return;
     }
     const std::function<void()>& step = steps_[step_++];
-    QTimer::singleShot(0, qApp, [this] { next(); });
+    QTimer::singleShot(betweenStrokes, &alive_, [this] { next(); });
     step();
 }
 
@@ -80,7 +90,7 @@ void Typist::begin() {
     if (!platform_.top() || !platform_.top()->isVisible() || !platform_.top()->isActiveWindow()) {
         if (platform_.top())
             platform_.top()->activateWindow();
-        QTimer::singleShot(20, qApp, [this] { begin(); });
+        QTimer::singleShot(20, &alive_, [this] { begin(); });
         return;
     }
     platform_.top()->complete();
@@ -89,7 +99,7 @@ void Typist::begin() {
 
 void Typist::play() {
     begin();
-    QTimer::singleShot(patience, qApp, [this] {
+    QTimer::singleShot(patience, &alive_, [this] {
         if (register_.program().hasEnded())
             return;
         ADD_FAILURE() << "stands still behind step " << step_ << " of " << steps_.size();
@@ -98,7 +108,7 @@ void Typist::play() {
     });
     register_.start(u"1^1^PRD^False^"_s);
     EXPECT_EQ(step_, steps_.size());
-    EXPECT_FALSE(register_.program().failure());
+    EXPECT_FALSE(register_.program().failure()) << register_.program().failure()->description();
 }
 
 screen::Field& Typist::field(const QString& name) {

@@ -4,6 +4,7 @@
 #include "desktop/DesktopPlatform.h"
 
 #include <QKeySequence>
+#include <QObject>
 #include <functional>
 #include <vector>
 
@@ -36,6 +37,7 @@ class Typist {
     void begin();
     void next();
 
+    QObject alive_; ///< what is still to come goes with the typist
     desktop::DesktopPlatform platform_;
     Register register_{platform_};
     std::vector<std::function<void()>> steps_;
