@@ -9,7 +9,11 @@ foreach(program IN ITEMS pessoas pessoas-base)
 endforeach()
 install(FILES packaging/pessoas.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES packaging/vorta-pessoas.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
-install(FILES docs/cep.md docs/instalacao.md docs/manual.md docs/servidor.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/vorta-pessoas)
+foreach(size IN ITEMS 16 32 48 256)
+  install(FILES packaging/vorta-pessoas-${size}.png RENAME vorta-pessoas.png DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps)
+endforeach()
+install(FILES docs/administracao.md docs/cep.md docs/conferencia.md docs/importacao.md docs/instalacao.md docs/manual.md docs/seguranca.md
+              docs/servidor.md docs/sqlserver.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/vorta-pessoas)
 install(DIRECTORY docs/imagens DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/vorta-pessoas)
 install(FILES packaging/debian/copyright packaging/debian/README.Debian DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/vorta-pessoas)
 

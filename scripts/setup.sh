@@ -4,7 +4,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 # The "@" of a package's name stands for the engine's version (see engine_version).
 packages=(g++ cmake ninja-build git pkg-config
-          qt6-base-dev qt6-base-dev-tools libqt6sql6-odbc libqt6svg6 libgl1-mesa-dev
+          qt6-base-dev qt6-base-dev-tools libqt6sql6-odbc libgl1-mesa-dev
           firebird-dev firebird@-server-core firebird@-utils firebird@-server
           unixodbc-dev tdsodbc freetds-bin
           libgtest-dev libgmock-dev

@@ -107,7 +107,10 @@ QDialogButtonBox* closing(QDialog& dialog) {
 
 QIcon ProgramIcon() {
     loadManual();
-    return QIcon(folder + u"vorta-pessoas.svg"_s);
+    QIcon icon;
+    for (const int size : {16, 32, 48, 256}) // drawn beforehand: a reader of drawings is not part of every Qt
+        icon.addFile(folder + u"vorta-pessoas-%1.png"_s.arg(size), {size, size});
+    return icon;
 }
 
 void ShowManual(QWidget& above) {
