@@ -61,6 +61,18 @@ void press(QWidget& widget, QPoint at) {
         mouse(widget, QEvent::MouseButtonRelease, at);
 }
 
+/// A hand comes to a point in many small motions before it presses there. A menu waits for them: it takes no press
+/// while it may still be the one that opened it.
+void comeAndPress(QWidget& widget, QPoint at) {
+    constexpr int motions = 8;
+    for (int away = motions - 1; away >= 0; --away) {
+        const QPoint way = at - QPoint(away, 0);
+        QMouseEvent move(QEvent::MouseMove, way, widget.mapToGlobal(way), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&widget, &move);
+    }
+    press(widget, at);
+}
+
 /// What the toolkit sends for two quick presses. When something has come up in front behind the first, the second one
 /// does not reach the widget.
 void pressTwice(const screen::Program& program, QWidget& widget, QPoint at) {
@@ -320,7 +332,7 @@ class DesktopHands : public Hands {
         settle();
         if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
             const QRect place = menu->actionGeometry(menu->actions().at(item));
-            press(*menu, place.center());
+            comeAndPress(*menu, place.center());
             if (menu->isVisible()) // an item that cannot be chosen now leaves it open
                 menu->close();
         }
