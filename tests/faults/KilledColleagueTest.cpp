@@ -4,6 +4,8 @@
 #include "base/Literals.h"
 #include "faults/Faults.h"
 #include "firebird/RobustMutexes.h"
+#include "kit/Loader.h"
+#include "shared/Papeis.h"
 
 #include <QElapsedTimer>
 #include <QRandomGenerator>
@@ -144,4 +146,85 @@ TEST(KilledColleague, ASaveThatDiesInFrontOfAnyOfItsStatementsLeavesNothingHalf)
     std::printf("%d deaths\n", deaths);
     EXPECT_GT(deaths, 15);
     ExpectWhole(installed, told);
+}
+
+namespace {
+
+/// One role of each kin: with a credential, employed, earning commissions.
+bool isOfTheShortForm(TipoPapel role) {
+    return role == TipoPapel::Fornecedor || role == TipoPapel::Motorista || role == TipoPapel::Decorador;
+}
+
+/// The role rows of a person of this test that stand half: their contacts are not the three of one save, they are not
+/// alone, or the person does not know of them where their screen tells it.
+QString halfRoles(const Papel& role) {
+    const QString table = role.tabela.toString().toUpper(), key = role.chave.toString().toUpper();
+    QString half = u"(SELECT COUNT(*) FROM %1 O WHERE O.IDPESS = R.IDPESS) <> 1"_s.arg(table);
+    if (role.contatos)
+        half += u" OR (SELECT COUNT(*) FROM %1 C WHERE C.%2 = R.%2) <> 3 OR (SELECT COUNT(DISTINCT LEFT(C.NOME_%1, "
+                "CHAR_LENGTH(C.NOME_%1) - 2)) FROM %1 C WHERE C.%2 = R.%2) <> 1"_s.arg(
+                    role.contatos->tabela.toString().toUpper(), key);
+    if (role.tipo == TipoPapel::Motorista || role.tipo == TipoPapel::Decorador || role.tipo == TipoPapel::Arquiteto)
+        half += u" OR P.%1 IS DISTINCT FROM R.%1"_s.arg(key);
+    return u"SELECT R.%2 FROM %1 R JOIN PESS P ON P.IDPESS = R.IDPESS WHERE P.OBSE_PESS_0003 STARTING WITH 'U PAPEL' "
+           "AND (%3)"_s.arg(table, key, half);
+}
+
+} // namespace
+
+TEST(KilledColleague, ARolesSaveThatDiesInFrontOfAnyOfItsStatementsLeavesNothingHalf) {
+    const Installed installed = Installed::copyOf(Installed::demonstration());
+    Told told;
+    int deaths = 0;
+    Colleague colleague(installed.home());
+    ExpectHere(colleague);
+    quint64 document = documents * 11;
+    const auto newPerson = [&] {
+        const QString name = u"PAPEL %1"_s.arg(++document);
+        EXPECT_TRUE(Include(colleague, name, document, told));
+        return told.key(name);
+    };
+    const auto saveRole = [&](const QString& person, const QString& table, const QString& mark) {
+        const QStringList answer = colleague.ask({u"role"_s, person, table, mark});
+        return answer[0] == u"role" ? answer[0] : answer.join(u' ');
+    };
+    for (const Papel& role : papeis) {
+        if (Times(isOfTheShortForm(role.tipo), true) == 0)
+            continue;
+        const QString table = role.tabela.toString();
+        SCOPED_TRACE(qPrintable(table));
+        for (const bool altered : {false, true}) {
+            QString person = newPerson();
+            if (altered)
+                ASSERT_EQ(saveRole(person, table, u"PRIMEIRO"_s), u"role"_s);
+            bool saved = false;
+            for (int statement = 1; !saved; statement += Times(9, 1)) {
+                ASSERT_LT(statement, 60);
+                Colleague victim(installed.home());
+                ExpectHere(victim);
+                victim.begin({u"die-in-role"_s, QString::number(statement)});
+                victim.begin({u"role"_s, person, table, u"MORTO %1"_s.arg(statement)});
+                const std::optional<QStringList> answer = victim.hearWithin(30'000);
+                EXPECT_TRUE(!answer || answer->at(0) == u"role") << qPrintable(answer->join(u' '));
+                saved = answer.has_value();
+                deaths += saved ? 0 : 1;
+                victim.kill();
+                if (!altered && !saved)
+                    person = newPerson();
+            }
+            // The colleague goes on where the dead one stopped.
+            ASSERT_EQ(saveRole(person, table, u"DEPOIS"_s), u"role"_s);
+        }
+    }
+    EXPECT_EQ(colleague.leave(), 0);
+    std::printf("%d deaths\n", deaths);
+    EXPECT_GT(deaths, 10);
+    ExpectWhole(installed, told);
+    kit::Loader loader(installed.production());
+    for (const Papel& role : papeis)
+        for (const QStringList& row : loader.rows(halfRoles(role)))
+            ADD_FAILURE() << "half saved: " << qPrintable(role.tabela.toString() + u' ' + row.join(u' '));
+    EXPECT_GT(loader.number(u"SELECT COUNT(*) FROM DECO R JOIN PESS P ON P.IDPESS = R.IDPESS WHERE P.OBSE_PESS_0003 "
+                            "STARTING WITH 'U PAPEL'"_s),
+              1);
 }

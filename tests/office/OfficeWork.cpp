@@ -11,6 +11,7 @@ namespace vorta::test {
 namespace {
 
 const QString savedText = u"Registro Gravado com sucesso!"_s;
+const QString bankName = u"BANCO DO BRASIL S.A."_s;
 
 /// Numbers of two branches that differ, for a mark: colleagues write different ones.
 std::pair<qsizetype, qsizetype> branchesOf(const QString& mark, qsizetype branches) {
@@ -95,6 +96,9 @@ void OfficeWork::workOn(TelaPapel& screen) {
             user.click(screen.field(u"cmdIncluirContato"_s));
         }
     }
+    // A record without a bank shows "0" at its next opening, which no save takes for one.
+    if (screen::Field* bank = screen.findField(u"cboBancoCartao"_s))
+        user.type(*bank, bankName);
     toDeath_ = std::exchange(toDeathInRole_, 0);
     user.click(screen.cmdSALVAR);
 }
