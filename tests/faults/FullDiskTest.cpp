@@ -2,61 +2,17 @@
 
 #include "base/Literals.h"
 #include "faults/Faults.h"
+#include "kit/SmallDisk.h"
 
 #include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <gtest/gtest.h>
-#include <sys/mount.h>
 
 using namespace vorta;
 using namespace vorta::test;
 
 namespace {
-
-/// A small file system over a folder, gone with the object. What stood in the folder stands in it as well.
-class SmallDisk {
-  public:
-    SmallDisk(const QString& folder, const char* options) : folder_(folder) {
-        QMap<QString, QByteArray> files;
-        for (const QFileInfo& entry : QDir(folder).entryInfoList(QDir::Files)) {
-            QFile file(entry.filePath());
-            if (file.open(QIODevice::ReadOnly))
-                files[entry.filePath()] = file.readAll();
-        }
-        mounted_ = ::mount("tmpfs", folder.toUtf8().constData(), "tmpfs", 0, options) == 0;
-        for (const auto& [path, content] : files.asKeyValueRange()) {
-            QFile file(path);
-            if (mounted_ && (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()))
-                ADD_FAILURE() << "the small disk is too small for " << qPrintable(path);
-        }
-    }
-    ~SmallDisk() {
-        if (mounted_)
-            ::umount2(folder_.toUtf8().constData(), MNT_DETACH);
-    }
-    SmallDisk(const SmallDisk&) = delete;
-    SmallDisk& operator=(const SmallDisk&) = delete;
-    bool mounted() const { return mounted_; }
-
-    /// Takes all of the room that is left.
-    void fill() {
-        QFile file(folder_ + u"/enchimento"_s);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered));
-        for (qint64 part = 1 << 16; part > 0;)
-            if (file.write(QByteArray(part, 'x')) != part)
-                part /= 2;
-    }
-    void empty() { QFile::remove(folder_ + u"/enchimento"_s); }
-
-  private:
-    QString folder_;
-    bool mounted_ = false;
-};
-
-#define NEED(disk)                                                                                                     \
-    if (!(disk).mounted())                                                                                             \
-    GTEST_SKIP() << "only root can mount a small disk"
 
 struct Outcome {
     int code;
@@ -83,7 +39,7 @@ TEST(FullDisk, EndsSavesWithAnErrorAndLosesNoneThatWasTold) {
     for (int round = 0; round < Times(1, 5); ++round) {
         const Installed installed = Installed::copyOf(Installed::demonstration());
         SmallDisk disk(installed.home() + u"/base"_s, "size=40m,mode=0755");
-        NEED(disk);
+        NEED_MOUNTED(disk);
         Told told;
         QStringList answer;
         {
@@ -124,7 +80,7 @@ TEST(FullDisk, OfACopyIsToldAndLeavesNoPartOfIt) {
     const QString copies = installed.home() + u"/copias"_s;
     QDir().mkpath(copies);
     SmallDisk disk(copies, "size=200k,mode=0755");
-    NEED(disk);
+    NEED_MOUNTED(disk);
     for (const bool full : {false, true}) {
         if (full)
             disk.fill();
@@ -141,7 +97,7 @@ TEST(FullDisk, OfARestorationIsToldAndLeavesTheBaseAsItWas) {
     const Installed installed = Installed::copyOf(Installed::demonstration());
     const QString bases = installed.home() + u"/base"_s, copy = installed.home() + u"/copia.fbk"_s;
     SmallDisk disk(bases, "size=30m,mode=0755");
-    NEED(disk);
+    NEED_MOUNTED(disk);
     ASSERT_EQ(run({u"backup"_s, u"--home"_s, installed.home(), copy}).code, 0);
     for (const bool full : {false, true}) {
         if (full)
@@ -160,7 +116,7 @@ TEST(FullDisk, OfTheLocksIsToldAndEndsNobodyWhoWorks) {
     const QString locks = installed.home() + u"/firebird/lock"_s;
     QDir().mkpath(locks);
     SmallDisk disk(locks, "size=4m,mode=02775");
-    NEED(disk);
+    NEED_MOUNTED(disk);
     Told told;
     {
         Colleague colleague(installed.home());

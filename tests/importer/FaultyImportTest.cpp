@@ -3,12 +3,11 @@
 #include "base/Literals.h"
 #include "importer/ImportedTable.h"
 #include "kit/Loader.h"
+#include "kit/SmallDisk.h"
 
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
-#include <sys/mount.h>
 
 using namespace vorta;
 using namespace vorta::test;
@@ -72,37 +71,30 @@ TEST(FaultyImport, BasesThatCannotBeOpened) {
 }
 
 TEST(FaultyImport, AFullDiskStopsTheRunBetweenTwoPersons) {
-    const QTemporaryDir folder;
-    if (::mount("tmpfs", folder.path().toUtf8().constData(), "tmpfs", 0, "size=40m,mode=0755") != 0)
-        GTEST_SKIP() << "only root can mount a small disk";
-    {
-        const Installed installed = Installed::copyOf(Installed::plain());
-        const QString base = folder.path() + u"/pessoas.fdb"_s, file = installed.home() + u"/x.csv"_s;
-        for (const QString& role : {u"PESS_TELA_CLIENTE"_s, u"PESS_TELA_FORNECEDOR"_s})
-            Switch(installed, role, u"N"_s);
-        ASSERT_TRUE(QFile::copy(installed.production(), base));
-        ASSERT_TRUE(QFile::remove(installed.production()));
-        ASSERT_TRUE(QFile::link(base, installed.production()));
-        QFile fill(folder.path() + u"/enchimento"_s);
-        ASSERT_TRUE(fill.open(QIODevice::WriteOnly));
-        while (fill.write(QByteArray(1 << 16, 'x')) == 1 << 16 && fill.flush()) {
-        }
-        constexpr qint64 left = 2'000'000; // the base can be opened, and grows for a while
-        ASSERT_TRUE(fill.resize(fill.size() - left));
-        installed.write(u"x.csv"_s, Persons(2000));
-        const Said said = Import(installed, file, writing);
-        EXPECT_EQ(said.code, 1);
-        EXPECT_TRUE(said.error.contains(u"está cheio"_s)) << said.error;
-        EXPECT_EQ(said.out, QString());
-        fill.close();
-        fill.remove();
-        const qint64 kept = Number(installed, u"SELECT COUNT(*) FROM PESS"_s);
-        EXPECT_LT(kept, 2000);
-        ExpectWholePersons(installed, kept);
-        std::printf("%lld persons before the disk was full\n", static_cast<long long>(kept));
-        const Said again = Import(installed, file, writing);
-        EXPECT_EQ(again.code, 0) << again.error;
-        ExpectWholePersons(installed, 2000);
-    }
-    ::umount2(folder.path().toUtf8().constData(), MNT_DETACH);
+    const Installed installed = Installed::copyOf(Installed::plain());
+    const QString file = installed.home() + u"/x.csv"_s;
+    for (const QString& role : {u"PESS_TELA_CLIENTE"_s, u"PESS_TELA_FORNECEDOR"_s})
+        Switch(installed, role, u"N"_s);
+    installed.write(u"x.csv"_s, Persons(2000));
+    // The locks have their room elsewhere: the run begins, and the base grows into what is left of its own.
+    SmallDisk disk(installed.home() + u"/base"_s, "size=40m,mode=0755");
+    NEED_MOUNTED(disk);
+    disk.fill();
+    const Said said = Import(installed, file, writing);
+    disk.empty();
+    const qint64 kept = Number(installed, u"SELECT COUNT(*) FROM PESS"_s);
+    std::printf("%lld persons before the disk was full\n", static_cast<long long>(kept));
+    EXPECT_GT(kept, 0);
+    EXPECT_LT(kept, 2000);
+    EXPECT_EQ(said.code, 1);
+    EXPECT_EQ(said.out, QString());
+    EXPECT_TRUE(said.error.startsWith(u"A importação parou depois de %1 pessoa(s) incluída(s). Repita o comando para "
+                                      "continuar: as já incluídas não se repetem\n"_s.arg(kept)))
+        << said.error;
+    EXPECT_TRUE(said.error.contains(u"o disco está cheio"_s)) << said.error;
+    ExpectWholePersons(installed, kept);
+    const Said again = Import(installed, file, writing);
+    EXPECT_EQ(again.code, 0) << again.error;
+    EXPECT_TRUE(again.out.contains(u"\n%1 já cadastrada(s)\n0 recusada(s)\n"_s.arg(kept))) << again.out;
+    ExpectWholePersons(installed, 2000);
 }
