@@ -83,6 +83,13 @@ void BareClient::commit() {
     });
 }
 
+void BareClient::rollback() {
+    firebird::Translated({}, [&] {
+        Status status;
+        EndWith(writing_, [&](auto* open) { open->rollback(&status); });
+    });
+}
+
 BareClient::Volume BareClient::volume(const QByteArray& query) {
     return firebird::Translated(QString::fromUtf8(query), [&] {
         Volume counted;

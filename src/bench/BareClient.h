@@ -16,9 +16,10 @@ class BareClient {
 
     /// Sends one statement. A query's rows are fetched and dropped; a write outside `begin` is its own transaction.
     void send(const QByteArray& text);
-    /// From here to `commit` everything runs in one transaction.
+    /// From here to `commit` or `rollback` everything runs in one transaction.
     void begin();
     void commit();
+    void rollback();
 
     /// What the rows of a query need at the least: the bytes of their values as the engine hands them over, a null
     /// none.

@@ -1,6 +1,7 @@
 #include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "bench/DataCases.h"
+#include "bench/ImportCases.h"
 #include "bench/MaintenanceCases.h"
 #include "bench/PersonCases.h"
 #include "bench/RoleCases.h"
@@ -23,10 +24,15 @@ struct Subject {
     const char* word;
     std::vector<bench::Case> (*cases)();
 };
-constexpr Subject subjects[] = {{"data:", bench::DataCases},     {"person:", bench::PersonCases},
-                                {"roles:", bench::RoleCases},    {"safety:", bench::SafetyCases},
-                                {"search:", bench::SearchCases}, {"sql server:", bench::SqlServerCases},
-                                {"trade:", bench::TradeCases},   {"maintenance:", bench::MaintenanceCases}};
+constexpr Subject subjects[] = {{"data:", bench::DataCases},
+                                {"person:", bench::PersonCases},
+                                {"import:", bench::ImportCases},
+                                {"roles:", bench::RoleCases},
+                                {"safety:", bench::SafetyCases},
+                                {"search:", bench::SearchCases},
+                                {"sql server:", bench::SqlServerCases},
+                                {"trade:", bench::TradeCases},
+                                {"maintenance:", bench::MaintenanceCases}};
 constexpr Subject million{"million:", bench::MillionCases};
 
 /// Whether one of the subject's cases may be meant. A filter that names a subject spares the others their long set-up.

@@ -63,9 +63,9 @@ constexpr std::array lookups{
 
 } // namespace
 
-Importer::Importer(const QString& home, const QString& launchString, bool trial)
+Importer::Importer(const QString& home, const QString& launchString, bool trial, data::StatementTrace trace)
     : home_(home), launchString_(launchString), transaction_(trial),
-      register_(*this, {},
+      register_(*this, std::move(trace),
                 [this](std::unique_ptr<data::Adapter> adapter) { return transaction_.between(std::move(adapter)); }),
       hands_(register_.user()) {}
 

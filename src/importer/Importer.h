@@ -14,7 +14,7 @@ namespace vorta::importer {
 /// screens, a box is a reason for a refusal. All that a person's entry writes is one transaction.
 class Importer : public screen::Platform {
   public:
-    Importer(const QString& home, const QString& launchString, bool trial);
+    Importer(const QString& home, const QString& launchString, bool trial, data::StatementTrace trace = {});
 
     /// Starts the register, runs `work` in front of its start screen and closes it. Raises what `work` raises, and what
     /// kept the register from starting.

@@ -47,7 +47,7 @@ Screen::Screen(Program& program, const QString& name) : program_(program), name_
 
 Field* Screen::findField(const QString& name) const {
     const auto found = std::find_if(fields_.begin(), fields_.end(), [&](const Field* field) {
-        return field->name().compare(name, Qt::CaseInsensitive) == 0;
+        return field->name().size() == name.size() && field->name().compare(name, Qt::CaseInsensitive) == 0;
     });
     return found == fields_.end() ? nullptr : *found;
 }
