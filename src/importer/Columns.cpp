@@ -26,15 +26,18 @@ bool isFilledByHand(const CampoPessoa& row) {
     return row.grava != Gravacao::Nunca && !QLatin1StringView(row.nome).startsWith(QLatin1StringView("lbl"));
 }
 
-/// The columns of a contact, with the field of the block that each goes to.
+/// The columns of a contact, with the fields that each goes to on the person's screen and on those of the roles.
 struct ContactColumn {
     QStringView name;
     QStringView field;
+    QStringView fieldOfRole;
 };
 constexpr std::array contactColumns{
-    ContactColumn{u"TIPO", u"cboTipoContato"},       ContactColumn{u"NOME", u"txtNomeContato"},
-    ContactColumn{u"FONE", u"txtFoneContato"},       ContactColumn{u"EMAIL", u"txtEmailContato"},
-    ContactColumn{u"ANIVERSARIO", u"mskDtNascCont"},
+    ContactColumn{u"TIPO", u"cboTipoContato", u"cboTipoContato"},
+    ContactColumn{u"NOME", u"txtNomeContato", u"txtNomeContato"},
+    ContactColumn{u"FONE", u"txtFoneContato", u"txtFoneContato"},
+    ContactColumn{u"EMAIL", u"txtEmailContato", u"txtEmailContato"},
+    ContactColumn{u"ANIVERSARIO", u"mskDtNascCont", u"mskDtNasc"},
 };
 
 const Papel* RoleNamed(const QString& word) {
@@ -70,16 +73,33 @@ Columns::Target Columns::targetOf(const QString& name, bool& known) {
     static const QRegularExpression branch(u"^RAMO([1-9][0-9]?)$"_s, QRegularExpression::CaseInsensitiveOption);
     if (const auto match = branch.match(name); match.hasMatch())
         return {Kind::Branch, {}, match.captured(1).toInt(), nullptr};
+    const std::optional<Target> other = name.contains(u'.') ? targetOfRole(name) : contactOf(name, nullptr);
+    known = other.has_value();
+    return other.value_or(Target());
+}
+
+std::optional<Columns::Target> Columns::contactOf(const QString& name, const Papel* role) {
     static const QRegularExpression contact(u"^CONTATO([1-9][0-9]?)_([A-Z]+)$"_s,
                                             QRegularExpression::CaseInsensitiveOption);
-    if (const auto match = contact.match(name); match.hasMatch())
-        for (const ContactColumn& column : contactColumns)
-            if (same(match.captured(2), column.name.toString()))
-                return {Kind::Contact, column.field.toString(), match.captured(1).toInt(), nullptr};
-    if (const Papel* role = RoleNamed(name.section(u'.', 0, 0)); role && name.contains(u'.'))
-        return {Kind::RoleField, name.section(u'.', 1), 0, role};
-    known = false;
-    return {};
+    const auto match = contact.match(name);
+    for (const ContactColumn& column : contactColumns)
+        if (match.hasMatch() && same(match.captured(2), column.name.toString()))
+            return Target{Kind::Contact, (role ? column.fieldOfRole : column.field).toString(),
+                          match.captured(1).toInt(), role};
+    return std::nullopt;
+}
+
+/// A field or a contact of a role. What is entered as a contact is no field, as a save writes its list alone.
+std::optional<Columns::Target> Columns::targetOfRole(const QString& name) {
+    const Papel* role = RoleNamed(name.section(u'.', 0, 0));
+    const QString own = name.section(u'.', 1);
+    if (!role || std::ranges::any_of(contactColumns, [&](const ContactColumn& column) {
+            return same(own, column.fieldOfRole.toString());
+        }))
+        return std::nullopt;
+    if (own.startsWith(u"CONTATO"_s, Qt::CaseInsensitive))
+        return role->contatos ? contactOf(own, role) : std::nullopt;
+    return Target{Kind::Field, own, 0, role};
 }
 
 Columns::Columns(const QStringList& header, const std::map<QString, QString>& names) {
@@ -110,8 +130,19 @@ void Columns::takeRoles(const QString& words, PersonRow& row) {
         if (!role)
             throw RuntimeError(errorNumber::TypeMismatch, u"PAPEIS: papel desconhecido: %1"_s.arg(word));
         if (std::ranges::find(row.roles, role, &RoleEntry::role) == row.roles.end())
-            row.roles.push_back({role, {}});
+            row.roles.push_back({.role = role, .fields = {}, .contacts = {}});
     }
+}
+
+void Columns::takeOfRole(const Target& target, const QString& text, PersonRow& row) {
+    const auto role = std::ranges::find(row.roles, target.role, &RoleEntry::role);
+    if (role == row.roles.end())
+        throw RuntimeError(errorNumber::TypeMismatch,
+                           u"Há dados de %1, que não está em PAPEIS"_s.arg(QString::fromUtf8(target.role->nome)));
+    if (target.kind == Kind::Contact)
+        itemAt(role->contacts, target.number).push_back({target.field, text});
+    else
+        role->fields.push_back({target.field, text});
 }
 
 PersonRow Columns::row(const QStringList& cells) const {
@@ -122,7 +153,7 @@ PersonRow Columns::row(const QStringList& cells) const {
     for (qsizetype at = 0; at < cells.size(); ++at) {
         const QString text = cells[at].trimmed();
         const Target& target = targets_[static_cast<size_t>(at)];
-        if (text.isEmpty() || target.kind == Kind::Ignored)
+        if (text.isEmpty() || target.kind == Kind::Ignored || target.role)
             continue;
         if (target.kind == Kind::Field)
             row.fields[target.field] = text;
@@ -136,15 +167,13 @@ PersonRow Columns::row(const QStringList& cells) const {
     // The roles are known only behind the whole row.
     for (qsizetype at = 0; at < cells.size(); ++at) {
         const Target& target = targets_[static_cast<size_t>(at)];
-        if (target.kind != Kind::RoleField || cells[at].trimmed().isEmpty())
-            continue;
-        const auto role = std::ranges::find(row.roles, target.role, &RoleEntry::role);
-        if (role == row.roles.end())
-            throw RuntimeError(errorNumber::TypeMismatch,
-                               u"Há dados de %1, que não está em PAPEIS"_s.arg(QString::fromUtf8(target.role->nome)));
-        role->fields.push_back({target.field, cells[at].trimmed()});
+        if (const QString text = cells[at].trimmed(); target.role && !text.isEmpty())
+            takeOfRole(target, text, row);
     }
-    std::erase_if(row.contacts, [](const auto& contact) { return contact.empty(); });
+    const auto isEmpty = [](const auto& contact) { return contact.empty(); };
+    std::erase_if(row.contacts, isEmpty);
+    for (RoleEntry& role : row.roles)
+        std::erase_if(role.contacts, isEmpty);
     row.branches.removeAll(QString());
     return row;
 }

@@ -4,6 +4,7 @@
 
 #include <QStringList>
 #include <map>
+#include <optional>
 #include <vector>
 
 /// What the columns of a table of persons mean.
@@ -15,16 +16,22 @@ struct Entry {
     QString text;
 };
 
+/// The contacts of a person or of a role, each as the fields of the block that enters it.
+using Contacts = std::vector<std::vector<Entry>>;
+
 /// A role that the person gets, with the fields of its own screen.
 struct RoleEntry {
     const Papel* role = nullptr;
     std::vector<Entry> fields;
+    Contacts contacts;
+
+    bool needsScreen() const { return !fields.empty() || !contacts.empty(); }
 };
 
 /// A person as a row of the table tells it. Only what is filled is there.
 struct PersonRow {
     std::map<QString, QString> fields; ///< of the person screen, by their names
-    std::vector<std::vector<Entry>> contacts;
+    Contacts contacts;
     QStringList branches;
     std::vector<RoleEntry> roles;
 
@@ -32,7 +39,8 @@ struct PersonRow {
 };
 
 /// The header of a table. A column is named by the field of the screen ("txtDescricao") or by the column of `PESS`
-/// ("NOME_PESS"); "CONTATO1_NOME", "RAMO1", "PAPEIS" and "CLIENTE.txtLimiCred" name the rest, all in any case.
+/// ("NOME_PESS"); "CONTATO1_NOME", "RAMO1", "PAPEIS", "CLIENTE.txtLimiCred" and "CLIENTE.CONTATO1_NOME" name the rest,
+/// all in any case.
 class Columns {
   public:
     /// `names` tells columns by another name: what the file says, and what it means ("-" for nothing). Raises 13 with
@@ -46,17 +54,20 @@ class Columns {
     const std::vector<qsizetype>& ownColumns() const { return own_; }
 
   private:
-    enum class Kind { Ignored, Field, Contact, Branch, Roles, RoleField };
+    enum class Kind { Ignored, Field, Contact, Branch, Roles };
     struct Target {
         Kind kind = Kind::Ignored;
         QString field;
-        int number = 0; ///< of the contact or branch, from 1
-        const Papel* role = nullptr;
+        int number = 0;              ///< of the contact or branch, from 1
+        const Papel* role = nullptr; ///< whose field or contact it is; none for the person's own
 
         friend bool operator==(const Target&, const Target&) = default;
     };
     static Target targetOf(const QString& name, bool& known);
+    static std::optional<Target> contactOf(const QString& name, const Papel* role);
+    static std::optional<Target> targetOfRole(const QString& name);
     static void takeRoles(const QString& words, PersonRow& row);
+    static void takeOfRole(const Target& target, const QString& text, PersonRow& row);
 
     std::vector<Target> targets_;
     std::vector<qsizetype> own_;

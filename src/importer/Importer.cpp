@@ -49,7 +49,11 @@ QString WordsOf(const RuntimeError& error) {
     return u"erro %1: %2"_s.arg(error.number()).arg(kit::FaultWords(error));
 }
 
-/// A name behind a key: the screen stores 0 for one that does not exist.
+qint32 IdRegime(ContextoExecucao& context, const QString& name) {
+    return IdRegimeEspecial(context, name).toInt();
+}
+
+/// A name behind a key: the screens store 0, or nothing, for one that does not exist.
 struct Lookup {
     const char* field;
     qint32 (*find)(ContextoExecucao&, const QString&);
@@ -59,6 +63,7 @@ constexpr std::array lookups{
     Lookup{"cboVendedor", IdVendedor, u"vendedor"},
     Lookup{"cboTransportadora", IdTransportadora, u"transportadora"},
     Lookup{"cboTipoCli", IdTipoCliente, u"tipo de cliente"},
+    Lookup{"cboRegimeEspecialICMS", IdRegime, u"regime especial"},
 };
 
 } // namespace
@@ -190,8 +195,7 @@ void Importer::include() {
     if (isFine() && !person().EmEdicao())
         refuse(u"a tela não começou a inclusão"_s);
     fillPerson();
-    for (const auto& contact : row_->contacts)
-        addContact(contact);
+    addContacts(person(), row_->contacts, {});
     for (const QString& branch : row_->branches)
         addBranch(branch);
     click(person().cmdSALVAR);
@@ -219,20 +223,26 @@ void Importer::fillRest(const Field& field) {
     if (text.isEmpty() && !always && !asked)
         return;
     fill(screen.field(field.name()), text);
+    refuseUnknown(field, text);
+}
+
+void Importer::refuseUnknown(const Field& field, const QString& text) {
     const auto lookup = std::ranges::find_if(
         lookups, [&](const Lookup& each) { return field.name() == QLatin1StringView(each.field); });
     if (isFine() && !text.isEmpty() && lookup != lookups.end() && lookup->find(context(), text) == 0)
         refuse(u"%1: não existe %2 \"%3\""_s.arg(field.name(), lookup->what.toString(), text));
 }
 
-void Importer::addContact(const std::vector<Entry>& contact) {
-    frmPessoas& screen = person();
-    const int before = screen.contatos.Flex.Rows();
-    for (const Entry& entry : contact)
-        fill(screen.field(entry.field), entry.text);
-    click(screen.contatos.cmdIncluirContato);
-    if (isFine() && screen.contatos.Flex.Rows() == before)
-        refuse(u"um contato precisa de tipo e de nome"_s);
+void Importer::addContacts(screen::Screen& screen, const Contacts& contacts, const QString& whose) {
+    for (const std::vector<Entry>& contact : contacts) {
+        const auto& list = static_cast<const screen::Grid&>(screen.field(u"Flex"_s));
+        const int before = list.Rows();
+        for (const Entry& entry : contact)
+            fill(screen.field(entry.field), entry.text);
+        click(screen.field(u"cmdIncluirContato"_s));
+        if (isFine() && list.Rows() == before)
+            refuse(u"um contato%1 precisa de tipo e de nome"_s.arg(whose));
+    }
 }
 
 void Importer::addBranch(const QString& branch) {
@@ -253,8 +263,8 @@ void Importer::link(const RoleEntry& role) {
     saved_ = false;
     role_ = &role;
     click(button);
-    if (role_ && !role.fields.empty())
-        refuse(u"a empresa liga %1 sem tela: os seus campos não podem ser informados"_s.arg(name));
+    if (role_ && role.needsScreen())
+        refuse(u"a empresa liga %1 sem tela: os seus campos e contatos não podem ser informados"_s.arg(name));
     role_ = nullptr;
     if (isFine() && !saved_)
         refuse(u"o vínculo de %1 não foi criado"_s.arg(name));
@@ -290,19 +300,22 @@ void Importer::checkEntry(frmPESSOAS_INCL& screen) {
 }
 
 void Importer::fillRole(TelaPapel& screen) {
-    screen::User& user = register_.user();
     const RoleEntry* role = std::exchange(role_, nullptr);
+    const QString name = QString::fromUtf8(role->role->nome);
     click(screen.cmdINCLUIR);
     for (const Entry& entry : role->fields) {
         Field* field = screen.findField(entry.field);
-        if (!field)
-            refuse(u"a tela de %1 não tem o campo %2"_s.arg(QString::fromUtf8(role->role->nome), entry.field));
-        else if (isFine())
+        if (!field) {
+            refuse(u"a tela de %1 não tem o campo %2"_s.arg(name, entry.field));
+        } else if (isFine()) {
             typeInto(*field, entry.text);
+            refuseUnknown(*field, entry.text);
+        }
     }
+    addContacts(screen, role->contacts, u" de "_s + name);
     click(screen.cmdSALVAR);
     if (!register_.program().hasEnded() && screen.EmEdicao())
-        user.closeByFrame(screen);
+        register_.user().closeByFrame(screen);
 }
 
 } // namespace vorta::importer

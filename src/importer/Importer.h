@@ -46,7 +46,8 @@ class Importer : public screen::Platform {
     void include();
     void fillPerson();
     void fillRest(const screen::Field& field);
-    void addContact(const std::vector<Entry>& contact);
+    void refuseUnknown(const screen::Field& field, const QString& text);
+    void addContacts(screen::Screen& screen, const Contacts& contacts, const QString& whose);
     void addBranch(const QString& branch);
     void link(const RoleEntry& role);
     void abandon();

@@ -53,6 +53,23 @@ TEST(Columns, AreFieldsOrColumnsInAnyCase) {
     EXPECT_EQ(columns.ownColumns(), std::vector<qsizetype>{8});
 }
 
+TEST(Columns, ARoleHasFieldsAndContactsOfItsOwn) {
+    const Columns columns({u"NOME_PESS"_s, u"PAPEIS"_s, u"fornecedor.contato1_nome"_s, u"FORNECEDOR.CONTATO2_NOME"_s,
+                           u"FORNECEDOR.CONTATO2_ANIVERSARIO"_s, u"CONTATO1_ANIVERSARIO"_s, u"FORNECEDOR.txtLimiCred"_s,
+                           u"DECORADOR.CONTATO2_NOME"_s},
+                          {});
+    const PersonRow row = columns.row({u"A"_s, u"Fornecedor Cliente"_s, {}, u"Rui"_s, u"5/8"_s, u"6/9"_s, u"9"_s});
+    ASSERT_EQ(row.contacts.size(), 1U);
+    EXPECT_EQ(row.contacts[0][0].field, u"mskDtNascCont");
+    ASSERT_EQ(row.roles.size(), 2U);
+    EXPECT_TRUE(row.roles[0].needsScreen());
+    EXPECT_FALSE(row.roles[1].needsScreen());
+    ASSERT_EQ(row.roles[0].contacts.size(), 1U) << "an empty one counts for nothing";
+    EXPECT_EQ(row.roles[0].contacts[0][0].text, u"Rui");
+    EXPECT_EQ(row.roles[0].contacts[0][1].field, u"mskDtNasc");
+    EXPECT_EQ(row.roles[0].fields[0].field, u"txtLimiCred");
+}
+
 TEST(Columns, WhatDoesNotFitIsToldAtOnce) {
     EXPECT_EQ(faultOf({u"NOME_PESS"_s, u"Saldo"_s, u"txtDescricao"_s, QString()}),
               u"O cabeçalho não serve: coluna desconhecida: Saldo; coluna repetida: txtDescricao; coluna desconhecida: "
@@ -60,10 +77,18 @@ TEST(Columns, WhatDoesNotFitIsToldAtOnce) {
     EXPECT_EQ(faultOf({u"CPF0_CNPJ"_s}), u"O cabeçalho não serve: falta a coluna do nome (NOME_PESS)");
     for (const char16_t* closed : {u"IDPESS", u"DATA_DESA", u"FLAG_FISC_PESS", u"CODI_MUNI_COML_PESS", u"codi_empr"})
         EXPECT_TRUE(faultOf({u"NOME_PESS"_s, QString::fromUtf16(closed)}).contains(u"desconhecida"_s));
+    // Roles without contacts, what is entered as a contact, nobody's role.
+    for (const char16_t* ofRole :
+         {u"VENDEDOR.CONTATO1_NOME", u"MOTORISTA.CONTATO1_NOME", u"CLIENTE.CONTATO0_NOME", u"CLIENTE.CONTATO1_IDADE",
+          u"CLIENTE.txtNomeContato", u"CLIENTE.mskDtNasc", u"AMIGO.CONTATO1_NOME"})
+        EXPECT_TRUE(faultOf({u"NOME_PESS"_s, QString::fromUtf16(ofRole)}).contains(u"desconhecida"_s))
+            << qPrintable(QString::fromUtf16(ofRole));
+    EXPECT_TRUE(
+        faultOf({u"NOME_PESS"_s, u"CLIENTE.CONTATO1_NOME"_s, u"cliente.contato1_nome"_s}).contains(u"repetida"_s));
 }
 
 TEST(Columns, ARowThatDoesNotFitIsRefusedAlone) {
-    const Columns columns({u"NOME_PESS"_s, u"PAPEIS"_s, u"CLIENTE.txtLimiCred"_s}, {});
+    const Columns columns({u"NOME_PESS"_s, u"PAPEIS"_s, u"CLIENTE.txtLimiCred"_s, u"CLIENTE.CONTATO1_NOME"_s}, {});
     const auto wordsOf = [&](const QStringList& cells) {
         try {
             columns.row(cells);
@@ -72,9 +97,10 @@ TEST(Columns, ARowThatDoesNotFitIsRefusedAlone) {
         }
         return QString();
     };
-    EXPECT_EQ(wordsOf({u"A"_s, u"Cliente"_s, u"1"_s, u"x"_s}), u"A linha tem 4 campos, o cabeçalho tem 3");
+    EXPECT_EQ(wordsOf({u"A"_s, u"Cliente"_s, u"1"_s, u"B"_s, u"x"_s}), u"A linha tem 5 campos, o cabeçalho tem 4");
     EXPECT_EQ(wordsOf({u"A"_s, u"Amigo"_s}), u"PAPEIS: papel desconhecido: Amigo");
     EXPECT_EQ(wordsOf({u"A"_s, u"Fornecedor"_s, u"1"_s}), u"Há dados de Cliente, que não está em PAPEIS");
+    EXPECT_EQ(wordsOf({u"A"_s, u"Fornecedor"_s, {}, u"B"_s}), u"Há dados de Cliente, que não está em PAPEIS");
     EXPECT_EQ(wordsOf({u"A"_s}), QString());
 }
 

@@ -9,6 +9,7 @@
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QThread>
+#include <functional>
 #include <gtest/gtest.h>
 
 using namespace vorta;
@@ -47,6 +48,28 @@ QByteArray cpf(quint64 number) {
 /// The obligatory cells of a person.
 QByteArray plain(const QByteArray& name, const QByteArray& document) {
     return name + ';' + document + ";Rua Um;Centro;Osasco;SP;06010-000";
+}
+
+/// Kills runs at any moment and then lets one go on to the end; `expectWhole` looks at so many persons each time.
+void killAndGoOn(const Office& office, qint64 persons, const std::function<void(qint64)>& expectWhole) {
+    qint64 before = 0;
+    for (int round = 0; round < 4; ++round) {
+        QProcess program;
+        program.start(QString::fromUtf8(PESSOAS_BASE),
+                      {u"importar"_s, u"--home"_s, office.installed.home(), u"--grava"_s, office.file()});
+        ASSERT_TRUE(program.waitForStarted());
+        QThread::msleep(static_cast<unsigned long>(QRandomGenerator::global()->bounded(40, 400)));
+        program.kill();
+        program.waitForFinished();
+        const qint64 now = Number(office.installed, u"SELECT COUNT(*) FROM PESS"_s);
+        EXPECT_GE(now, before);
+        expectWhole(now);
+        before = now;
+    }
+    const Said said = office.import(writing);
+    EXPECT_EQ(said.code, 0) << said.error;
+    EXPECT_TRUE(said.out.contains(u"%1 já cadastrada(s)"_s.arg(before))) << said.out;
+    expectWhole(persons);
 }
 
 } // namespace
@@ -174,6 +197,74 @@ TEST(Import, RolesComeByTheirScreensWithTheirFields) {
         EXPECT_EQ(Number(office.installed, u"SELECT COUNT(*) FROM "_s + QString::fromLatin1(table)), 1) << table;
 }
 
+TEST(Import, RolesComeWithTheirContacts) {
+    const QByteArray roles[]{"CLIENTE", "FORNECEDOR", "TRANSPORTADORA", "ARQUITETO", "DECORADOR"};
+    QByteArray table = head + ";PAPEIS", cells = ";Cliente Fornecedor Transportadora Arquiteto Decorador";
+    for (const QByteArray& role : roles) {
+        for (const char* column : {"1_TIPO", "1_NOME", "1_FONE", "1_EMAIL", "2_ANIVERSARIO", "2_NOME", "2_TIPO"})
+            table += ';' + role + ".CONTATO" + column;
+        cells += ";Diretor;Rui de " + role + ";11 5555-0000;rui@exemplo.com.br;5/8;Ana de " + role + ";Gerente";
+    }
+    table += '\n' + plain("Todos", cpf(1)) + cells + '\n' + plain("Nenhum", cpf(2)) + ";Cliente Fornecedor\n" +
+             plain("Sem tipo", cpf(3)) + ";Cliente;;Rui\n" + plain("Sem arroba", cpf(4)) +
+             ";Cliente;Diretor;Rui;;sem-arroba\n" + plain("Sem dia", cpf(5)) +
+             ";Cliente;Diretor;Rui;;;31/2;Ana;Gerente\n" + plain("Sem papel", cpf(6)) + ";Fornecedor;Diretor;Rui\n";
+    const Office office(table, false);
+    const Said said = office.import(writing);
+    const QString list = office.textOf(office.refused());
+    EXPECT_TRUE(said.out.contains(u"2 pessoa(s) incluída(s)\n0 já cadastrada(s)\n4 recusada(s)\n"_s))
+        << said.out << list;
+    for (const char* words :
+         {"um contato de Cliente precisa de tipo e de nome;4;", "O nº de arrobas (@) do e-mail é inválido!!!",
+          "Data Inválida!", "Há dados de Cliente, que não está em PAPEIS;7;"})
+        EXPECT_TRUE(list.contains(QString::fromUtf8(words))) << words << '\n' << qPrintable(list);
+    for (const char* role : {"CLIE", "FORN", "TRPT", "ARQT", "DECO"}) {
+        const QString contacts = QString::fromLatin1(role) + u"_CONT"_s;
+        const auto rows =
+            Rows(office.installed,
+                 u"SELECT CARG_%1, NOME_%1, TELE_%1, EMAI_%1, DATA_NASC FROM %1 ORDER BY NOME_%1 DESC"_s.arg(contacts));
+        ASSERT_EQ(rows.size(), 2U) << role;
+        EXPECT_TRUE(rows[0][1].startsWith(u"RUI DE "_s)) << qPrintable(rows[0].join(u'|'));
+        EXPECT_EQ(rows[0][3] + u'|' + rows[0][2], u"RUI@EXEMPLO.COM.BR|11 5555-0000");
+        EXPECT_EQ(rows[1][0] + u'|' + rows[1][4], u"GERENTE|05/08");
+        EXPECT_EQ(Number(office.installed,
+                         u"SELECT COUNT(*) FROM %1 C JOIN %2 R ON R.ID%2 = C.ID%2 JOIN PESS P ON P.IDPESS = R.IDPESS "
+                         "WHERE P.NOME_PESS = 'TODOS'"_s.arg(contacts, QString::fromLatin1(role))),
+                  2);
+    }
+    EXPECT_EQ(Number(office.installed, u"SELECT COUNT(*) FROM CLIE"_s), 2);
+}
+
+TEST(Import, NamesBehindTheKeysOfARoleMustExist) {
+    const Office office(head +
+                            ";PAPEIS;CLIENTE.cboTipoCli;CLIENTE.cboVendedor;CLIENTE.cboRegimeEspecialICMS;"
+                            "ARQUITETO.cboBancoCartao\n" +
+                            plain("Boa", cpf(1)) + ";Cliente Arquiteto;OURO;;;BANCO DO BRASIL S.A.\n" +
+                            plain("Tipo", cpf(2)) + ";Cliente;LATA\n" + plain("Vendedor", cpf(3)) +
+                            ";Cliente;;NINGUEM\n" + plain("Regime", cpf(4)) + ";Cliente;;;NENHUM\n" +
+                            plain("Banco", cpf(5)) + ";Arquiteto;;;;NENHUM\n",
+                        false);
+    const Said said = office.import(writing);
+    const QString list = office.textOf(office.refused());
+    EXPECT_TRUE(said.out.contains(u"1 pessoa(s) incluída(s)\n0 já cadastrada(s)\n4 recusada(s)\n"_s))
+        << said.out << list;
+    for (const char* words : {"não existe tipo de cliente \"\"LATA\"\"", "não existe vendedor \"\"NINGUEM\"\"",
+                              "não existe regime especial \"\"NENHUM\"\"", "Banco Inválido"})
+        EXPECT_TRUE(list.contains(QString::fromUtf8(words))) << words << '\n' << qPrintable(list);
+    EXPECT_EQ(Number(office.installed, u"SELECT COUNT(*) FROM CLIE WHERE IDTIPO_CLIE > 0"_s), 1);
+}
+
+TEST(Import, ACompanyWithoutTheScreenOfARoleTakesNoContactsOfIt) {
+    const Office office(head + ";PAPEIS;CLIENTE.CONTATO1_TIPO;CLIENTE.CONTATO1_NOME\n" + plain("Com", cpf(1)) +
+                        ";Cliente;Diretor;Rui\n" + plain("Sem", cpf(2)) + ";Cliente\n");
+    const Said said = office.import(writing);
+    EXPECT_TRUE(said.out.contains(u"1 pessoa(s) incluída(s)\n0 já cadastrada(s)\n1 recusada(s)\n"_s)) << said.out;
+    EXPECT_TRUE(
+        office.textOf(office.refused())
+            .contains(u"a empresa liga Cliente sem tela: os seus campos e contatos não podem ser informados"_s));
+    EXPECT_EQ(Number(office.installed, u"SELECT COUNT(*) FROM CLIE"_s), 1);
+}
+
 TEST(Import, ARoleThatCannotBeHadTakesThePersonBack) {
     const Office office(Persons(3));
     Switch(office.installed, u"PESS_BOTAO_FORNECEDOR"_s, u"N"_s);
@@ -199,22 +290,22 @@ TEST(Import, ColumnsOfOtherNamesCommasAndWindowsLetters) {
 TEST(Import, KilledAnywhereLeavesWholePersonsAndGoesOn) {
     constexpr int persons = 40;
     const Office office(Persons(persons));
-    qint64 before = 0;
-    for (int round = 0; round < 4; ++round) {
-        QProcess program;
-        program.start(QString::fromUtf8(PESSOAS_BASE),
-                      {u"importar"_s, u"--home"_s, office.installed.home(), u"--grava"_s, office.file()});
-        ASSERT_TRUE(program.waitForStarted());
-        QThread::msleep(static_cast<unsigned long>(QRandomGenerator::global()->bounded(40, 400)));
-        program.kill();
-        program.waitForFinished();
-        const qint64 now = Number(office.installed, u"SELECT COUNT(*) FROM PESS"_s);
-        EXPECT_GE(now, before);
-        ExpectWholePersons(office.installed, now);
-        before = now;
-    }
-    const Said said = office.import(writing);
-    EXPECT_EQ(said.code, 0) << said.error;
-    EXPECT_TRUE(said.out.contains(u"%1 já cadastrada(s)"_s.arg(before))) << said.out;
-    ExpectWholePersons(office.installed, persons);
+    killAndGoOn(office, persons, [&](qint64 count) { ExpectWholePersons(office.installed, count); });
+}
+
+TEST(Import, KilledAnywhereLeavesWholeRolesOfTheirScreens) {
+    constexpr int persons = 40;
+    QByteArray table = head + ";PAPEIS;ARQUITETO.CONTATO1_TIPO;ARQUITETO.CONTATO1_NOME;ARQUITETO.CONTATO2_TIPO;"
+                              "ARQUITETO.CONTATO2_NOME\n";
+    for (int number = 1; number <= persons; ++number)
+        table += plain("Arquiteta " + QByteArray::number(number), cpf(static_cast<quint64>(number))) +
+                 ";Arquiteto;Diretor;Rui;Gerente;Ana\n";
+    const Office office(table, false);
+    killAndGoOn(office, persons, [&](qint64 count) {
+        const QString whole = u"SELECT COUNT(*) FROM PESS P JOIN ARQT R ON R.IDPESS = P.IDPESS AND R.IDARQT = P.IDARQT "
+                              "WHERE (SELECT COUNT(*) FROM ARQT_CONT C WHERE C.IDARQT = R.IDARQT) = 2"_s;
+        EXPECT_EQ(Number(office.installed, u"SELECT COUNT(*) FROM PESS"_s), count);
+        EXPECT_EQ(Number(office.installed, whole), count);
+        EXPECT_EQ(Number(office.installed, u"SELECT COUNT(*) FROM ARQT_CONT"_s), 2 * count);
+    });
 }
