@@ -158,6 +158,7 @@ class Connection(threading.Thread):
         except SqlError as error:
             self.server.note(f"-- refused {error.number}")
             answer.error(error)
+        self.server.behind(text, self)
         self._tell_transaction(open_before, answer)
         answer.finish()
 
@@ -205,6 +206,7 @@ class Connection(threading.Thread):
                 raise SqlError(3988, f"Transaction manager request {request} is not known here.")
         except SqlError as error:
             answer.error(error)
+        self.server.behind(name, self)
         answer.finish()
 
     def _begin(self, answer):
@@ -219,7 +221,7 @@ class Server:
         use_collation(options.collation)
         self.bases = {name.lower(): Base(name, folder) for name in options.database}
         self.trace = open(options.trace, "a", encoding="utf-8") if options.trace else None
-        self.lock, self.statements = threading.Lock(), 0
+        self.lock, self.statements, self.dropped = threading.Lock(), 0, False
         for name in options.ddl + options.load:
             self._load(name)
         self.listener = socket.create_server(("127.0.0.1", options.port))
@@ -263,8 +265,20 @@ class Server:
             self.statements += 1
             reached = self.options.drop_after is not None and self.statements > self.options.drop_after
         if reached or (self.options.drop_on and re.search(self.options.drop_on, text)):
-            connection.client.shutdown(socket.SHUT_RDWR)
-            raise wire.Gone
+            self._drop(connection)
+
+    def behind(self, text, connection):
+        """Drops the connection in place of the answer to a request that has run."""
+        if self.options.drop_behind and re.search(self.options.drop_behind, text):
+            self._drop(connection)
+
+    def _drop(self, connection):
+        with self.lock:
+            if self.options.drop_once and self.dropped:
+                return
+            self.dropped = True
+        connection.client.shutdown(socket.SHUT_RDWR)
+        raise wire.Gone
 
     def serve(self):
         print(f"PORT {self.listener.getsockname()[1]}", flush=True)
@@ -303,6 +317,8 @@ def options_of(arguments):
     parser.add_argument("--refuse-login", action="store_true")
     parser.add_argument("--drop-after", type=int, metavar="N", help="drop the connection at the request behind the Nth")
     parser.add_argument("--drop-on", metavar="REGEX", help="drop the connection at a request that matches")
+    parser.add_argument("--drop-behind", metavar="REGEX", help="drop it in place of the answer to a request that matches and has run")
+    parser.add_argument("--drop-once", action="store_true", help="drop no second connection")
     parser.add_argument("--stay", action="store_true", help="do not end with standard input")
     options = parser.parse_args(arguments)
     options.database = options.database or ["VORTA"]

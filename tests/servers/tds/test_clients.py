@@ -108,6 +108,13 @@ class Clients(unittest.TestCase):
             self.assertEqual(answers[0]["rows"], [[3]])
             self.assertIn(answers[1]["error"], ("ECONNRESET", "ESOCKET"))
 
+    def test_a_connection_is_lost_behind_what_has_run_and_once(self):
+        update, ask = "UPDATE PESS SET NOME_CONH = 'X' WHERE idPESS = 1", "SELECT NOME_CONH FROM PESS WHERE idPESS = 1"
+        with ServerProcess(*FILES, "--drop-behind", "UPDATE", "--drop-once") as dropping:
+            self.assertIn(self.tedious(update, port=dropping.port)[0]["error"], ("ECONNRESET", "ESOCKET"))
+            answers = self.tedious(ask, update.replace("'X'", "'Y'"), ask, port=dropping.port)
+            self.assertEqual([answers[0]["rows"], answers[2]["rows"]], [[["X"]], [["Y"]]])
+
 
 class Parser(unittest.TestCase):
     """The witness for statements does refuse what is no T-SQL."""
