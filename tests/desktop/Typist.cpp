@@ -1,12 +1,14 @@
 #include "Typist.h"
 
 #include "base/Literals.h"
+#include "base/RuntimeError.h"
 #include "desktop/ScreenWindow.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QPointer>
 #include <QTest>
+#include <QThread>
 #include <QTimer>
 #include <gtest/gtest.h>
 
@@ -65,11 +67,22 @@ Typist& Typist::then(std::function<void()> look) {
     return *this;
 }
 
+/// Nobody types before the window in front has the keyboard, as a window manager gives it, shows no button going down,
+/// and is through with what it was told to do. A box that has just closed is still being left when the event loop is
+/// deeper than the window in front has ever had it.
+bool Typist::isReady() {
+    const QWidget* window = front();
+    if (!window || !window->isActiveWindow() || isAnyDown(*window))
+        return false;
+    const int level = QThread::currentThread()->loopLevel();
+    if (levels_.try_emplace(window, level).first->second < level)
+        return false;
+    return window != platform_.top() || !platform_.top()->binder().busyInput().isBusy();
+}
+
 /// A step may wait in a box or screen that it has opened; the next one is already on its way then.
 void Typist::next() {
-    // Nobody types before the window in front has the keyboard, as a window manager gives it, and shows no button going
-    // down.
-    if (!front() || !front()->isActiveWindow() || isAnyDown(*front())) {
+    if (!isReady()) {
         if (front())
             front()->activateWindow();
         QTimer::singleShot(10, &alive_, [this] { next(); });
@@ -82,7 +95,11 @@ void Typist::next() {
     }
     const std::function<void()>& step = steps_[step_++];
     QTimer::singleShot(betweenStrokes, &alive_, [this] { next(); });
-    step();
+    try {
+        step();
+    } catch (const RuntimeError& error) {
+        ADD_FAILURE() << "step " << step_ << ": " << error.description();
+    }
 }
 
 /// As soon as the first window stands and has the keyboard.

@@ -6,6 +6,7 @@
 #include <QKeySequence>
 #include <QObject>
 #include <functional>
+#include <map>
 #include <vector>
 
 namespace vorta::test {
@@ -35,6 +36,7 @@ class Typist {
 
   private:
     void begin();
+    bool isReady();
     void next();
 
     QObject alive_; ///< what is still to come goes with the typist
@@ -42,6 +44,7 @@ class Typist {
     Register register_{platform_};
     std::vector<std::function<void()>> steps_;
     size_t step_ = 0;
+    std::map<const QWidget*, int> levels_; ///< of the event loop, with each window in front
     int strokes_ = 0;
     int letters_ = 0;
 };
