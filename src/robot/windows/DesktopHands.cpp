@@ -264,7 +264,9 @@ class DesktopHands : public Hands {
         ScreenWindow* shown = window(screen);
         if (!shown)
             return;
-        QWidget* widget = shown->focusWidget() ? shown->focusWidget() : shown;
+        activate(); // a window answers to letters only when it is in front of the manual
+        QWidget* front = QApplication::activePopupWidget() ? QApplication::activePopupWidget() : shown;
+        QWidget* widget = front->focusWidget() ? front->focusWidget() : front;
         QTest::keyClick(widget, letter.toLatin1(), Qt::AltModifier);
         // A button is seen to go down for a moment before it is clicked.
         while (window(screen) && isAnyDown(*shown))
