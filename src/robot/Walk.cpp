@@ -177,9 +177,14 @@ QStringList Walk::anywhere(const Screen& screen) {
         return {u"press"_s, u"Alt+"_s + letterOf(screen)};
     if (!screen.focus())
         return {u"press"_s, u"Tab"_s};
-    if (screen.focus()->kind() == FieldKind::Grid)
-        return {u"press"_s, word({"Enter", "Tab", "Escape", "Up", "Down", "Home", "End", " "})};
     const bool note = screen.focus()->keepsLines;
+    if (oneIn(6))
+        return {u"hold"_s,
+                note ? word({"Tab", "Backspace", "Delete"})
+                     : word({"Enter", "Tab", "BackTab", "Backspace", "Delete", "Left", "Right", "Up", "Down"}),
+                QString::number(2 + pick(5))};
+    if (screen.focus()->kind() == FieldKind::Grid)
+        return {u"press"_s, word({"Enter", "Tab", "Escape", "Up", "Down", "Home", "End", " ", "Ctrl+C"})};
     return {u"press"_s, note ? word({"Enter", "Tab", "Escape", "Home", "a", "9", "'"})
                              : word({"Enter", "Enter", "Tab", "Tab", "BackTab", "Escape", "Backspace", "Delete", "Left",
                                      "Right", "Up", "Down", "Home", "End", "a", "9", "'", " ", "F1"})};
