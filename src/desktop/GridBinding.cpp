@@ -100,10 +100,14 @@ bool GridBinding::keyPressed(QKeyEvent& key) {
     return Binding::keyPressed(key);
 }
 
-/// Left and Right look at columns that are out of sight.
+/// Left and Right look at columns that are out of sight. The view would take a row to itself to walk along it.
 bool GridBinding::cursorPressed(screen::Key key) {
-    if (key == screen::Key::Left || key == screen::Key::Right)
-        return false;
+    if (key == screen::Key::Left || key == screen::Key::Right) {
+        const bool back = key == screen::Key::Left;
+        view_.horizontalScrollBar()->triggerAction(back ? QScrollBar::SliderSingleStepSub
+                                                        : QScrollBar::SliderSingleStepAdd);
+        return true;
+    }
     Binding::cursorPressed(key);
     if (hasFocus())
         view_.scrollTo(view_.currentIndex());
