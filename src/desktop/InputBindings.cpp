@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "desktop/Binder.h"
+#include "desktop/Letters.h"
 
 #include <QCompleter>
 #include <QCoreApplication>
@@ -359,9 +360,14 @@ void ListBinding::showPopup() {
 }
 
 /// Keys while the part below is dropped down. It closes itself and takes what is highlighted; what is typed meanwhile
-/// is the field's, as if nothing were open.
+/// is the field's, as if nothing were open, and the window's keys do what they always do.
 bool ListBinding::popupKey(QKeyEvent& key) {
     const bool alt = key.modifiers().testFlag(Qt::AltModifier);
+    if (const auto act = ActOfKeys(*combo_.window(), key.keyCombination())) {
+        combo_.hidePopup();
+        act();
+        return true;
+    }
     if (const std::optional<Key> walking = walkingKey(key.key()); walking && !alt) {
         list_.highlight(popup_->currentIndex().row()); // the mouse may have moved it
         walk(*walking);

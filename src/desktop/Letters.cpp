@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QLabel>
+#include <QShortcut>
 #include <QWidget>
 #include <array>
 
@@ -201,6 +202,20 @@ QLabel* LabelOf(const QWidget& widget) {
         if (label->buddy() == &widget)
             return label;
     return nullptr;
+}
+
+std::function<void()> ActOfKeys(const QWidget& window, const QKeySequence& keys) {
+    const auto isReached = [](const QWidget* widget) { return widget && widget->isVisible() && widget->isEnabled(); };
+    for (QShortcut* shortcut : window.findChildren<QShortcut*>())
+        if (shortcut->key() == keys && isReached(qobject_cast<QWidget*>(shortcut->parent())))
+            return [shortcut] { Q_EMIT shortcut->activated(); };
+    for (QAbstractButton* button : window.findChildren<QAbstractButton*>())
+        if (button->shortcut() == keys && isReached(button))
+            return [button] { button->animateClick(); };
+    for (QLabel* label : window.findChildren<QLabel*>())
+        if (label->isVisible() && isReached(label->buddy()) && QKeySequence::mnemonic(label->text()) == keys)
+            return [label] { label->buddy()->setFocus(Qt::ShortcutFocusReason); };
+    return {};
 }
 
 bool MarkWidget(QWidget& widget, const QString& keys) {

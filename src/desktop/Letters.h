@@ -2,7 +2,9 @@
 
 #include <QList>
 #include <QString>
+#include <functional>
 
+class QKeySequence;
 class QLabel;
 class QWidget;
 
@@ -26,5 +28,8 @@ QString MarkedText(const QString& text, QChar letter);
 bool MarkWidget(QWidget& widget, const QString& keys);
 /// The label that leads to a widget; none for a widget without one.
 QLabel* LabelOf(const QWidget& widget);
+/// What these keys do in a window now; nothing when they are nobody's. For where the toolkit holds every key back, as
+/// it does while a list is dropped down.
+std::function<void()> ActOfKeys(const QWidget& window, const QKeySequence& keys);
 
 } // namespace vorta::desktop

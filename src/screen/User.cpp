@@ -496,6 +496,8 @@ void User::pick(ListField& list, int index) {
 
 void User::chooseTab(TabStrip& strip, int page) {
     event(strip.screen(), [&] {
+        if (auto* list = dynamic_cast<ListField*>(strip.screen().focus()))
+            list->close();
         showPageOf(strip);
         strip.setCurrent(page);
     });
