@@ -2,8 +2,7 @@
 
 #include "base/Journal.h"
 #include "base/Literals.h"
-
-#include <ctime>
+#include "system/Process.h"
 
 namespace vorta {
 
@@ -64,26 +63,10 @@ void EngineWatch::look() {
     }
 }
 
-namespace {
-
-/// Processor time that the process has used.
-milliseconds worked() {
-#ifdef CLOCK_PROCESS_CPUTIME_ID
-    timespec used{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &used);
-    return std::chrono::duration_cast<milliseconds>(std::chrono::seconds(used.tv_sec) +
-                                                    std::chrono::nanoseconds(used.tv_nsec));
-#else
-    return {};
-#endif
-}
-
-} // namespace
-
 WaitAnswer TellAndWait(int seconds, const std::function<bool()>& over, milliseconds patience) {
     constexpr milliseconds step{100};
     Journal(u"O banco de dados não responde há %1 segundos; o programa aguarda"_s.arg(seconds));
-    milliseconds before = worked();
+    milliseconds before = system::ProcessorTime();
     for (Clock::time_point restsSince = Clock::now(); Clock::now() - restsSince < patience;) {
         std::this_thread::sleep_for(step);
         if (over()) {
@@ -91,7 +74,7 @@ WaitAnswer TellAndWait(int seconds, const std::function<bool()>& over, milliseco
             return WaitAnswer::Wait;
         }
         // An engine that works inside this process may take its time, also where it gets little of the machine.
-        const milliseconds now = worked();
+        const milliseconds now = system::ProcessorTime();
         if (now - before >= milliseconds(2))
             restsSince = Clock::now();
         before = now;

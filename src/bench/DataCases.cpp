@@ -6,9 +6,9 @@
 #include "data/Recordset.h"
 #include "firebird/EmbeddedEngine.h"
 #include "firebird/FirebirdAdapter.h"
+#include "system/Measures.h"
 
 #include <QTemporaryDir>
-#include <malloc.h>
 
 namespace vorta::bench {
 
@@ -158,11 +158,6 @@ Case fetchAndRead(const Bench& bench) {
             3.0};
 }
 
-double allocatedBytes() {
-    const struct mallinfo2 heap = mallinfo2();
-    return static_cast<double>(heap.uordblks + heap.hblkhd);
-}
-
 Case memory(const Bench& bench) {
     return {u"data: memory of 100,000 rows"_s, u"bytes/row"_s,
             [bench] {
@@ -170,10 +165,10 @@ Case memory(const Bench& bench) {
                 return static_cast<double>(volume.bytes) / static_cast<double>(volume.rows);
             },
             [bench] {
-                const double before = allocatedBytes();
+                const double before = system::AllocatedBytes();
                 Recordset rows;
                 rows.Open(Statement("select * from pess"), bench->connection());
-                return (allocatedBytes() - before) / rows.RecordCount();
+                return (system::AllocatedBytes() - before) / rows.RecordCount();
             },
             1.5};
 }

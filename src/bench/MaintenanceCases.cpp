@@ -3,8 +3,7 @@
 #include "base/Literals.h"
 #include "bench/ScreenBench.h"
 #include "maintenance/frmInfoPess.h"
-
-#include <malloc.h>
+#include "system/Measures.h"
 
 namespace vorta::bench {
 
@@ -12,11 +11,6 @@ namespace {
 
 constexpr int usualPersons = 20000;
 constexpr int rounds = 3; ///< every person is a write on disk of its own
-
-double allocatedBytes() {
-    const struct mallinfo2 heap = mallinfo2();
-    return static_cast<double>(heap.uordblks + heap.hblkhd);
-}
 
 struct MaintenanceBench : ScreenBench {
     explicit MaintenanceBench(int persons) : ScreenBench(persons), persons(persons) {
@@ -42,9 +36,9 @@ struct MaintenanceBench : ScreenBench {
         double late = 0;
         platform.onProgress = [&](qint64 done, qint64 total) {
             if (done == first)
-                early = allocatedBytes();
+                early = system::AllocatedBytes();
             else if (done == total && total > 0)
-                late = allocatedBytes();
+                late = system::AllocatedBytes();
         };
         information.cmdEspecialMun.Click();
         return (late - early) / (persons - first);

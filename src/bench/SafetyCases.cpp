@@ -7,10 +7,9 @@
 #include "firebird/Client.h"
 #include "firebird/EmbeddedEngine.h"
 #include "firebird/FirebirdAdapter.h"
+#include "system/Measures.h"
 
 #include <QTemporaryDir>
-#include <dlfcn.h>
-#include <pthread.h>
 
 namespace vorta::bench {
 
@@ -92,20 +91,14 @@ Case watch(const Bench& bench) {
 }
 
 Case mutexes() {
-    using Call = int (*)(pthread_mutex_t*);
-    const auto pairs = [](Call lock) {
-        pthread_mutex_t mutex = PTHREAD_MUTEX_INITIALIZER;
-        constexpr double nanoseconds = 1000;
-        return nanoseconds * Microseconds(locks, [&] {
-                   for (int i = 0; i < locks; ++i) {
-                       lock(&mutex);
-                       pthread_mutex_unlock(&mutex);
-                   }
-               });
+    const auto pairs = [](void (*work)(int times)) {
+        return [work] {
+            constexpr double nanoseconds = 1000;
+            return nanoseconds * Microseconds(locks, [work] { work(locks); });
+        };
     };
-    static const auto inherited = reinterpret_cast<Call>(dlsym(RTLD_NEXT, "pthread_mutex_lock"));
-    return {u"safety: a mutex locked and let go"_s, u"ns/pair"_s, [pairs] { return pairs(inherited); },
-            [pairs] { return pairs(pthread_mutex_lock); }, 2.0};
+    return {u"safety: a mutex locked and let go"_s, u"ns/pair"_s, pairs(system::LockPlainMutex),
+            pairs(system::LockMutexOfProgram), 2.0};
 }
 
 } // namespace

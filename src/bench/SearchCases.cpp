@@ -10,9 +10,9 @@
 #include "launch/ConectaServidor.h"
 #include "search/frmBROWSE_CEPS.h"
 #include "search/frmBROWSE_PESSOAS.h"
+#include "system/Measures.h"
 
 #include <QTemporaryDir>
-#include <malloc.h>
 
 namespace vorta::bench {
 
@@ -24,11 +24,6 @@ constexpr int shortStreets = 500;
 constexpr int longStreets = 5000;
 
 const QByteArray everyPerson = "SELECT * FROM PESS WHERE DATA_DESA IS NULL ORDER BY NOME_PESS";
-
-double allocatedBytes() {
-    const struct mallinfo2 heap = mallinfo2();
-    return static_cast<double>(heap.uordblks + heap.hblkhd);
-}
 
 /// An installation with its searches on one side and the bare client on the other.
 class SearchBench {
@@ -173,9 +168,9 @@ Case memory(const Bench& bench, const QString& name, int rounds = 11) {
             [] { return allowed; },
             [bench] {
                 bench->searched.MontaGridPessoas();
-                const double before = allocatedBytes();
+                const double before = system::AllocatedBytes();
                 double full = 0;
-                bench->platform.atEnd = [&full] { full = allocatedBytes(); };
+                bench->platform.atEnd = [&full] { full = system::AllocatedBytes(); };
                 const int found = bench->find(bench->searched.opQualquerParte, {}, bench->searched.opTodos);
                 bench->platform.atEnd = {};
                 return (full - before) / found;

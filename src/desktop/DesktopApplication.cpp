@@ -64,13 +64,4 @@ bool DesktopApplication::notify(QObject* receiver, QEvent* event) {
     }
 }
 
-bool HasDisplay() {
-#ifdef Q_OS_LINUX
-    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
-           !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
-#else
-    return true;
-#endif
-}
-
 } // namespace vorta::desktop

@@ -16,7 +16,4 @@ class DesktopApplication : public QApplication {
     std::function<void(const std::function<void()>& raise)> onException;
 };
 
-/// True when there is a display to show windows on, or Qt has been told to do without one.
-bool HasDisplay();
-
 } // namespace vorta::desktop

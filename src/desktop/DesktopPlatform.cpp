@@ -6,6 +6,7 @@
 #include "desktop/Pdf.h"
 #include "desktop/ScreenWindow.h"
 #include "screen/Program.h"
+#include "system/ThisSystem.h"
 
 #include <QClipboard>
 #include <QCoreApplication>
@@ -27,11 +28,6 @@ namespace {
 constexpr int progressInterval = 40;
 /// What can wait for a moment waits so long, in milliseconds.
 constexpr int moment = 300;
-#ifdef Q_OS_WIN
-constexpr char defaultHome[] = "c:/vorta";
-#else
-constexpr char defaultHome[] = "/opt/vorta";
-#endif
 
 } // namespace
 
@@ -185,7 +181,7 @@ void DesktopPlatform::progress(qint64 done, qint64 total) {
 
 QString DesktopPlatform::home() const {
     const QString told = qEnvironmentVariable("VORTA_HOME");
-    return QDir::cleanPath(told.isEmpty() ? QString::fromLatin1(defaultHome) : localPath(told));
+    return QDir::cleanPath(told.isEmpty() ? system::ThisSystem().home : localPath(told));
 }
 
 } // namespace vorta::desktop

@@ -4,19 +4,12 @@
 #include "base/Literals.h"
 #include "desktop/Termination.h"
 #include "screen/Program.h"
+#include "system/Process.h"
 
 #include <QMessageBox>
 #include <QPushButton>
 #include <cstdlib>
-#include <optional>
-
-#ifdef Q_OS_LINUX
-#include <csignal>
-#include <spawn.h>
-#include <sys/prctl.h>
-#include <sys/wait.h>
-#include <unistd.h>
-#endif
+#include <thread>
 
 namespace vorta::desktop {
 
@@ -26,49 +19,26 @@ constexpr int statusWait = 0;
 constexpr int statusEnd = 10;
 constexpr char endProperty[] = "end";
 
-#ifdef Q_OS_LINUX
 constexpr std::chrono::milliseconds step{100};
-
-pid_t startBox(int seconds) {
-    const QByteArray silence = QByteArray::number(seconds);
-    char program[] = "/proc/self/exe";
-    char* const arguments[]{program, const_cast<char*>(waitBoxWord), const_cast<char*>(silence.constData()), nullptr};
-    pid_t box = -1;
-    return posix_spawn(&box, program, nullptr, nullptr, arguments, environ) == 0 ? box : -1;
-}
-
-/// The exit status of the box; none while it is there.
-std::optional<int> statusOf(pid_t box) {
-    int status = 0;
-    if (waitpid(box, &status, WNOHANG) == 0)
-        return std::nullopt;
-    return WIFEXITED(status) ? WEXITSTATUS(status) : statusWait;
-}
-#endif
 
 } // namespace
 
-WaitAnswer AskWhetherToWait(int seconds, [[maybe_unused]] const std::function<bool()>& over) {
+WaitAnswer AskWhetherToWait(int seconds, const std::function<bool()>& over) {
     Journal(u"O banco de dados não responde há %1 segundos"_s.arg(seconds));
-#ifdef Q_OS_LINUX
     // The client library has taken the system's wish to end for itself when the base was opened.
     Termination::listen();
-    const pid_t box = startBox(seconds);
-    if (box < 0)
+    system::OwnProcess box({QString::fromLatin1(waitBoxWord), QString::number(seconds)});
+    if (!box.isStarted())
         return WaitAnswer::Wait;
     while (true) {
-        if (const std::optional<int> status = statusOf(box))
+        if (const std::optional<int> status = box.status())
             return *status == statusEnd ? WaitAnswer::End : WaitAnswer::Wait;
         if (over()) {
-            kill(box, SIGKILL);
-            waitpid(box, nullptr, 0);
+            box.kill();
             return WaitAnswer::Wait;
         }
         std::this_thread::sleep_for(step);
     }
-#else
-    return WaitAnswer::Wait;
-#endif
 }
 
 std::unique_ptr<QMessageBox> MakeWaitBox(int seconds) {
@@ -92,10 +62,7 @@ int WaitBoxStatus(const QMessageBox& box) {
 }
 
 int RunWaitBox(int seconds) {
-#ifdef Q_OS_LINUX
-    // Goes with the program that asks.
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
-#endif
+    system::EndWithParent(); // the program that asks
     const std::unique_ptr<QMessageBox> box = MakeWaitBox(seconds);
     box->exec();
     return WaitBoxStatus(*box);

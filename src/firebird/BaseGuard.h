@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QByteArray>
+#include "system/Files.h"
+
 #include <QString>
 
 #include <optional>
@@ -34,7 +35,6 @@ class BaseGuard {
     /// to go. Raises -2147467259, in words, when the base stays open elsewhere, or when the file cannot be used. A base
     /// that is not there, or that this user may only read, needs no guard.
     BaseGuard(const QString& database, const QString& lockFolder);
-    ~BaseGuard() { release(); }
     BaseGuard(BaseGuard&& other) noexcept { *this = std::move(other); }
     BaseGuard& operator=(BaseGuard&& other) noexcept {
         std::swap(file_, other.file_);
@@ -51,10 +51,8 @@ class BaseGuard {
     static QString fileOf(const QString& database);
 
   private:
-    static constexpr int none = -1;
-    void release();
-    int file_ = none;
-    QByteArray base_;    ///< the path of the base file
+    system::OpenFile file_;
+    QString base_;       ///< the path of the base file
     quint64 number_ = 0; ///< the file's own number
 };
 

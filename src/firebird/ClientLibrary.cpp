@@ -3,6 +3,7 @@
 #include "base/Journal.h"
 #include "base/Literals.h"
 #include "base/RuntimeError.h"
+#include "system/ThisSystem.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -12,51 +13,15 @@
 
 #include <optional>
 
-#ifdef Q_OS_WIN
-#include <QSettings>
-#else
-#include <dlfcn.h>
-#endif
-
 namespace vorta::firebird {
 
 namespace {
 
-#ifdef Q_OS_WIN
-const QString fileName = u"fbclient.dll"_s;
-
-/// Where the engine's own installation says it is.
-QStringList installed() {
-    const QSettings instances(u"HKEY_LOCAL_MACHINE\\SOFTWARE\\Firebird Project\\Firebird Server\\Instances"_s,
-                              QSettings::Registry64Format);
-    const QString root = instances.value(u"DefaultInstance"_s).toString();
-    return root.isEmpty() ? QStringList{fileName} : QStringList{root + u'/' + fileName, fileName};
-}
-
-/// The engine finds its parts beside its library by itself.
-QString folderOf(const ClientLibrary&) {
-    return {};
-}
-#else
-const QString fileName = u"libfbclient.so.2"_s;
-
-/// The system's loader knows where.
-QStringList installed() {
-    return {fileName};
-}
-
-QString folderOf(const ClientLibrary& library) {
-    Dl_info file{};
-    if (dladdr(reinterpret_cast<const void*>(library.masterInterface), &file) == 0)
-        return {};
-    return QFileInfo(QFileInfo(QFile::decodeName(file.dli_fname)).canonicalFilePath()).path();
-}
-#endif
-
 QStringList places() {
     if (const QString chosen = qEnvironmentVariable("VORTA_FBCLIENT"); !chosen.isEmpty())
         return {chosen};
-    QStringList places = installed();
+    QStringList places = system::InstalledClients();
+    const QString& fileName = system::ThisSystem().clientLibrary;
     if (const QString beside = QCoreApplication::instance() ? QCoreApplication::applicationDirPath() : QString();
         !beside.isEmpty() && QFileInfo::exists(beside + u'/' + fileName))
         places.prepend(beside + u'/' + fileName);
@@ -82,7 +47,7 @@ std::optional<ClientLibrary> load(const QString& place) {
         Journal(library.errorString());
         return std::nullopt;
     }
-    found.folder = folderOf(found);
+    found.folder = system::FolderOfFunction(reinterpret_cast<const void*>(found.masterInterface));
     return found;
 }
 

@@ -2,6 +2,7 @@
 
 #include "base/Literals.h"
 #include "base/RuntimeError.h"
+#include "system/ThisSystem.h"
 
 #include <QMap>
 #include <QStringList>
@@ -70,9 +71,8 @@ ConnectionText ReadConnectionText(const QString& text) {
         throw RuntimeError(errorNumber::ConnectionFailed);
     read.embedded = !namesServer(read.database);
     if (read.embedded) {
-#ifndef Q_OS_WIN
-        read.database.replace(u'\\', u'/');
-#endif
+        if (!system::ThisSystem().hasDrives)
+            read.database.replace(u'\\', u'/');
         // The file's permissions decide who may open it here; the engine only wants a name with full rights.
         if (read.user.isEmpty())
             read.user = u"SYSDBA"_s;

@@ -5,19 +5,14 @@
 #include "firebird/ConnectionText.h"
 #include "firebird/EngineRoot.h"
 #include "firebird/LockFiles.h"
-#include "firebird/RobustMutexes.h"
+#include "system/Process.h"
+#include "system/SharedMutexes.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
-#include <cstdlib>
 #include <mutex>
-
-#ifdef Q_OS_UNIX
-#include <unistd.h>
-#endif
 
 namespace vorta::firebird {
 
@@ -58,20 +53,14 @@ void useLocks(const QString& chosen) {
 /// repeat a file operation for ever (see `Status`). Has to be asked for when the engine is loaded, so that it comes
 /// before the engine's own end.
 void letEngineEnd() {
-#ifdef __GLIBC__
     static std::once_flag once;
     std::call_once(once, [] {
-        ::on_exit(
-            [](int status, void*) {
-                if (LocksAreGone()) {
-                    std::fflush(nullptr);
-                    ::_exit(status);
-                }
-                errno = 0;
-            },
-            nullptr);
+        system::AtEnd([](int status) {
+            if (LocksAreGone())
+                system::EndHere(status);
+            errno = 0;
+        });
     });
-#endif
 }
 
 /// The lock folder of this process: that of the first base it opens. The engine knows one for a process.
@@ -146,10 +135,8 @@ void PrepareEmbeddedEngine(const QString& lockHome) {
     static std::once_flag once;
     std::call_once(once, [] {
         qputenv("FIREBIRD", QFile::encodeName(PrepareEngineRoot()));
-#ifdef Q_OS_LINUX
-        if (!SharedMutexesAreRobust())
+        if (!system::SharedMutexesAreRobust())
             Journal(u"Um programa que termina no meio de uma gravação pode parar os outros neste sistema"_s);
-#endif
     });
     if (!lockHome.isEmpty())
         useLocks(QDir::cleanPath(QDir(lockHome).absoluteFilePath(u"firebird/lock"_s)));

@@ -2,6 +2,7 @@
 
 #include "base/Literals.h"
 #include "firebird/ClientLibrary.h"
+#include "system/ThisSystem.h"
 
 #include <QDir>
 #include <QFile>
@@ -22,12 +23,24 @@ constexpr std::array versions{
     EngineVersion{5, "Engine13", {13, 1}, "security5.fdb", false},
 };
 
-constexpr char characterSets[] = "intl/libfbintl.so";
+/// "libfbintl.so" of "fbintl".
+QString moduleFile(const QString& name) {
+    return system::ThisSystem().modulePrefix + name + system::ThisSystem().moduleSuffix;
+}
+
+QString characterSets() {
+    return u"intl/"_s + moduleFile(u"fbintl"_s);
+}
 
 /// "4.0" of the client library, whose version need not be in the table.
 QString clientName() {
     static const unsigned version = Client().masterInterface()->getUtilInterface()->getClientVersion(); // 0x0400
     return u"%1.%2"_s.arg(version >> 8).arg(version & 0xff);
+}
+
+/// A place of the engine with the version in it.
+QString withVersion(QString place) {
+    return place.replace(u"%1"_s, clientName());
 }
 
 QByteArray contentOf(const QString& path) {
@@ -44,8 +57,8 @@ QByteArray resolved(const QString& path, const char* variable, const QString& fo
 QByteArray pluginsText(const QString& folder) {
     const QDir modules(folder + u"/plugins"_s);
     QByteArray text = resolved(folder + u"/plugins.conf"_s, "$(dir_plugins)", modules.path());
-    for (const QString& module : modules.entryList({u"lib*.so"_s}, QDir::Files)) {
-        const QString name = QFileInfo(module).completeBaseName().sliced(3);
+    for (const QString& module : modules.entryList({moduleFile(u"*"_s)}, QDir::Files)) {
+        const QString name = QFileInfo(module).completeBaseName().sliced(system::ThisSystem().modulePrefix.size());
         text += u"\nPlugin = %1 {\n\tModule = %2\n}\n"_s.arg(name, modules.filePath(module)).toUtf8();
     }
     return text;
@@ -79,9 +92,8 @@ std::optional<EngineVersion> EngineOf(DiskStructure structure) {
 QString EngineFolder() {
     static const QString folder = [] {
         const QString& library = Client().folder;
-        // A distribution's layout, and that of the engine's own installation.
-        for (const QString& place : {u"/firebird/"_s + clientName(), u"/.."_s})
-            if (const QString found = QDir::cleanPath(library + place);
+        for (const QString& place : system::ThisSystem().engineFolders)
+            if (const QString found = QDir::cleanPath(library + withVersion(place));
                 !library.isEmpty() && QFileInfo(found + u"/plugins"_s).isDir())
                 return found;
         return QString();
@@ -90,19 +102,16 @@ QString EngineFolder() {
 }
 
 bool EngineIsInstalled() {
-#ifdef Q_OS_WIN
-    return true;
-#else
-    return QFileInfo::exists(EngineFolder() + u"/plugins/lib%1.so"_s.arg(QLatin1StringView(EngineInUse().provider)));
-#endif
+    return QFileInfo::exists(EngineFolder() + u"/plugins/"_s + moduleFile(QString::fromLatin1(EngineInUse().provider)));
 }
 
 QString EngineProgram(const QString& name) {
     // A distribution may put a script in front of its programs, which leads each of them to a root folder of its own
     // choice; so the program itself is looked for first.
     const QString& library = Client().folder;
-    for (const QString& place : {u"/../firebird/%1/bin/"_s.arg(clientName()), u"/../bin/"_s})
-        if (const QFileInfo program(library + place + name); program.isExecutable())
+    const QString file = name + system::ThisSystem().programSuffix;
+    for (const QString& place : system::ThisSystem().programFolders)
+        if (const QFileInfo program(library + withVersion(place) + file); program.isExecutable())
             return program.canonicalFilePath();
     const QString inPath = QStandardPaths::findExecutable(name);
     return !inPath.isEmpty() ? inPath : QStandardPaths::findExecutable(name, {u"/usr/sbin"_s});
@@ -115,7 +124,7 @@ QList<RootFile> EngineRootFiles() {
     QList<RootFile> files{{u"plugins.conf"_s, pluginsText(folder), {}},
                           {u"intl/fbintl.conf"_s, resolved(folder + u"/intl/fbintl.conf"_s, "$(root)", folder), {}}};
     if (EngineInUse().copiesCharacterSets)
-        files.append({QString::fromLatin1(characterSets), {}, folder + u'/' + QString::fromLatin1(characterSets)});
+        files.append({characterSets(), {}, folder + u'/' + characterSets()});
     return files;
 }
 

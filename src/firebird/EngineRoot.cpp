@@ -4,6 +4,7 @@
 #include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "firebird/EngineFiles.h"
+#include "system/Files.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -11,13 +12,6 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <optional>
-
-#ifndef Q_OS_WIN
-#include <grp.h>
-#include <pwd.h>
-#include <sys/stat.h>
-#include <unistd.h>
-#endif
 
 namespace vorta::firebird {
 
@@ -58,27 +52,14 @@ void keep(const QDir& root, const RootFile& file) {
         writeFile(there.filePath(), contentOf(file.copyOf));
 }
 
-#ifndef Q_OS_WIN
-/// The group that stands for the user alone, as distributions make one for each user.
-bool isOwnGroup(gid_t group) {
-    const passwd* const user = ::getpwuid(::geteuid());
-    const QByteArray name = user ? user->pw_name : "";
-    const ::group* const found = ::getgrgid(group);
-    if (group == 0 || !found || name != found->gr_name)
-        return group == 0;
-    for (char** member = found->gr_mem; *member; ++member)
-        if (name != *member)
-            return false;
-    return true;
+bool isWrittenByOthers(const system::FileState& place) {
+    using namespace system::rights;
+    const bool ours = place.owner == system::ThisUser() || place.owner == 0;
+    const bool safe = place.folder && (place.rights & keptByOwners);
+    const bool open =
+        (place.rights & everybodyWrites) || ((place.rights & groupWrites) && !system::IsOwnGroup(place.group));
+    return !ours || (open && !safe);
 }
-
-bool isWrittenByOthers(const struct stat& place) {
-    const bool ours = place.st_uid == ::geteuid() || place.st_uid == 0;
-    const bool keptByOwners = S_ISDIR(place.st_mode) && (place.st_mode & S_ISVTX);
-    const bool open = (place.st_mode & S_IWOTH) || ((place.st_mode & S_IWGRP) && !isOwnGroup(place.st_gid));
-    return !ours || (open && !keptByOwners);
-}
-#endif
 
 /// Makes the folder the user's own; none when it cannot be, or others can write it.
 bool makeOwn(const QDir& root) {
@@ -94,21 +75,17 @@ void fill(const QDir& root) {
 
 } // namespace
 
-bool OthersCanWrite([[maybe_unused]] const QString& path) {
-#ifndef Q_OS_WIN
+bool OthersCanWrite(const QString& path) {
     QString place = QFileInfo(path).canonicalFilePath();
     while (!place.isEmpty()) {
-        struct stat found {};
-        if (::lstat(QFile::encodeName(place).constData(), &found) != 0 || isWrittenByOthers(found))
+        const std::optional<system::FileState> found = system::StateOf(place, system::Links::Themselves);
+        if (!found || isWrittenByOthers(*found))
             return true;
-        if (place == u"/")
+        if (QDir(place).isRoot())
             return false;
         place = QFileInfo(place).path();
     }
     return true;
-#else
-    return false;
-#endif
 }
 
 QString PrepareEngineRoot() {

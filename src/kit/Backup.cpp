@@ -4,13 +4,12 @@
 #include "firebird/Services.h"
 #include "kit/Bases.h"
 #include "kit/FaultWords.h"
+#include "system/Files.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QTemporaryFile>
-
-#include <unistd.h>
 
 namespace vorta::kit {
 
@@ -55,7 +54,7 @@ qint64 BackUpBase(const QString& home, const QString& base, const QString& given
         if (progress)
             progress(u"bytes copiados"_s, partial.size(), 0);
     });
-    if (!partial.flush() || ::fsync(partial.handle()) != 0)
+    if (!partial.flush() || !system::SyncFile(partial.handle()))
         refuseFile(file);
     const qint64 size = partial.size();
     if (!partial.rename(file)) // never over a file that came meanwhile

@@ -2,33 +2,33 @@
 
 #include "base/Literals.h"
 #include "firebird/BaseGuard.h"
+#include "system/Files.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
 #include <optional>
-#include <sys/stat.h>
 
 namespace vorta::kit {
 
 namespace {
 
-using State = std::optional<struct stat>;
+using system::FileState;
+using State = std::optional<FileState>;
 
 State stateOf(const QString& path) {
-    struct stat found {};
-    return ::lstat(QFile::encodeName(path).constData(), &found) == 0 ? State(found) : std::nullopt;
+    return system::StateOf(path, system::Links::Themselves);
 }
 
 /// True when the owner and the group of the base, as far as they may write it, may use the other entry the same way.
-bool servesAllOf(const struct stat& base, const struct stat& entry) {
-    const mode_t use = S_ISDIR(entry.st_mode) ? 07 : 06;
-    const auto allows = [&](int shift) { return ((entry.st_mode >> shift) & use) == use; };
+bool servesAllOf(const FileState& base, const FileState& entry) {
+    const unsigned use = entry.folder ? 07 : 06;
+    const auto allows = [&](int shift) { return ((entry.rights >> shift) & use) == use; };
     const bool everybody = allows(0);
-    const bool itsGroup = entry.st_gid == base.st_gid && allows(3);
-    const bool itsOwner = base.st_uid == 0 || (entry.st_uid == base.st_uid && allows(6));
-    return everybody || ((itsOwner || itsGroup) && (itsGroup || !(base.st_mode & S_IWGRP)));
+    const bool itsGroup = entry.group == base.group && allows(3);
+    const bool itsOwner = base.owner == 0 || (entry.owner == base.owner && allows(6));
+    return everybody || ((itsOwner || itsGroup) && (itsGroup || !(base.rights & system::rights::groupWrites)));
 }
 
 class Sharing {
@@ -52,16 +52,16 @@ class Sharing {
 
     /// By another name in another folder the base has another guard, and other locks.
     void checkNames() {
-        if (state_->st_nlink > 1)
+        if (state_->names > 1)
             bad(u"o arquivo %1 tem %2 nomes (hard links); aberta por outro deles, a base seria destruída; apague os "
                 "demais"_s.arg(base_)
-                    .arg(state_->st_nlink));
+                    .arg(state_->names));
     }
 
     void checkWritersOf(const QString& path) {
-        if (const State entry = stateOf(path); entry && entry->st_mode & S_IWOTH)
-            bad((S_ISDIR(entry->st_mode) ? u"a pasta %1 pode ser gravada por qualquer usuário; use: chmod o-w %1"_s
-                                         : u"o arquivo %1 pode ser gravado por qualquer usuário; use: chmod o-w %1"_s)
+        if (const State entry = stateOf(path); entry && entry->rights & system::rights::everybodyWrites)
+            bad((entry->folder ? u"a pasta %1 pode ser gravada por qualquer usuário; use: chmod o-w %1"_s
+                               : u"o arquivo %1 pode ser gravado por qualquer usuário; use: chmod o-w %1"_s)
                     .arg(path));
     }
 

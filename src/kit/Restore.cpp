@@ -7,6 +7,7 @@
 #include "kit/Bases.h"
 #include "kit/FaultWords.h"
 #include "kit/Loader.h"
+#include "system/Files.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -14,11 +15,7 @@
 
 #include <ibase.h>
 
-#include <cerrno>
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <filesystem>
 
 namespace vorta::kit {
 
@@ -75,34 +72,32 @@ void makeAnew(const ConnectionText& base, const QString& copy, const Progress& p
                            u"A base restaurada de %1 não passa na verificação do motor; nada foi alterado"_s.arg(copy));
 }
 
-/// The engine holds every base file that it has open, in whatever program, with a shared lock of the system; who gets
-/// the file for himself knows that nobody has it open, and nobody can open it from then on.
+/// The system's name of a path.
+std::filesystem::path nameOf(const QString& path) {
+    return QFileInfo(path).filesystemFilePath();
+}
+
+/// Who gets the file for himself knows that nobody has it open, and nobody can open it from then on.
 class Alone {
   public:
-    explicit Alone(const QString& path) : file_(::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC)) {
-        if (file_ < 0)
+    explicit Alone(const QString& path) : file_(path, system::OpenFile::How::Read, system::Links::Followed) {
+        if (!file_.isOpen())
             throw RuntimeError(errorNumber::PathRefused, u"Falta o direito de ler %1"_s.arg(path));
-        if (::flock(file_, LOCK_EX | LOCK_NB) != 0) {
-            ::close(file_);
+        if (!file_.takeFromEngine())
             refuseUsed(path);
-        }
     }
-    ~Alone() { ::close(file_); }
-    Alone(const Alone&) = delete;
-    Alone& operator=(const Alone&) = delete;
 
     /// Gives another file the owner and the rights of this one.
     void handOn(const QString& path) const {
-        struct stat own {};
-        const QByteArray name = QFile::encodeName(path);
-        if (::fstat(file_, &own) != 0)
+        const std::optional<system::FileState> own = file_.state();
+        if (!own)
             return;
-        (void)!::chown(name.constData(), own.st_uid, own.st_gid); // only root may give files away
-        (void)::chmod(name.constData(), own.st_mode & 0777);
+        system::GiveTo(path, own->owner, own->group); // only root may give files away
+        system::SetRights(path, own->rights & 0777);
     }
 
   private:
-    int file_;
+    system::OpenFile file_;
 };
 
 /// A file of work that goes unless it has been kept, under another name.
@@ -132,35 +127,40 @@ QString keepAside(const QString& path) {
     const QString mark = u"antes-"_s + stamp();
     for (int turn = 1;; ++turn) {
         const QString aside = marked(path, turn == 1 ? mark : u"%1-%2"_s.arg(mark).arg(turn));
-        if (::link(QFile::encodeName(path).constData(), QFile::encodeName(aside).constData()) == 0)
+        std::error_code refused;
+        std::filesystem::create_hard_link(nameOf(path), nameOf(aside), refused);
+        if (!refused)
             return aside;
-        if (errno != EEXIST)
+        if (refused != std::errc::file_exists)
             return {};
     }
 }
 
 /// A restoration that was killed in its last steps leaves the base a second name, which is none of anybody's.
 void dropSecondNames(const QString& path) {
-    struct stat base {};
-    if (::stat(QFile::encodeName(path).constData(), &base) != 0 || base.st_nlink < 2)
+    const std::optional<system::FileState> base = system::StateOf(path);
+    if (!base || base->names < 2)
         return;
     const QFileInfo file(path);
     const QStringList marks{marked(file.fileName(), u"nova"_s), marked(file.fileName(), u"antes-*"_s)};
     for (const QFileInfo& entry : file.dir().entryInfoList(marks, QDir::Files)) {
-        struct stat other {};
-        const QByteArray name = QFile::encodeName(entry.filePath());
-        if (::lstat(name.constData(), &other) == 0 && other.st_dev == base.st_dev && other.st_ino == base.st_ino)
-            ::unlink(name.constData());
+        const auto other = system::StateOf(entry.filePath(), system::Links::Themselves);
+        if (other && other->id == base->id)
+            QFile::remove(entry.filePath());
     }
 }
 
-void syncFolderOf(const QString& path) {
-    const int folder =
-        ::open(QFile::encodeName(QFileInfo(path).path()).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (folder >= 0) {
-        ::fsync(folder);
-        ::close(folder);
-    }
+/// Only on a name that nobody has.
+bool moveToFreeName(const std::filesystem::path& from, const std::filesystem::path& to) {
+    std::error_code refused;
+    std::filesystem::create_hard_link(from, to, refused);
+    return !refused && std::filesystem::remove(from, refused);
+}
+
+bool moveOver(const std::filesystem::path& from, const std::filesystem::path& to) {
+    std::error_code refused;
+    std::filesystem::rename(from, to, refused);
+    return !refused;
 }
 
 Restored restoreHere(const ConnectionText& base, const QString& copy, bool replace, const Progress& progress) {
@@ -175,21 +175,21 @@ Restored restoreHere(const ConnectionText& base, const QString& copy, bool repla
     const ConnectionText fresh = firebird::ReadConnectionText(base.of(marked(base.path, u"nova"_s)));
     WorkFile work(fresh.path);
     makeAnew(fresh, copy, progress);
-    const QByteArray from = QFile::encodeName(fresh.path), to = QFile::encodeName(base.path);
+    const auto from = nameOf(fresh.path), to = nameOf(base.path);
     bool done = false;
     if (replaces) {
         old->handOn(fresh.path);
         // The old file keeps a name of its own, and the base's name changes hands in one step.
         restored.previous = keepAside(base.path);
-        done = !restored.previous.isEmpty() && ::rename(from.constData(), to.constData()) == 0;
+        done = !restored.previous.isEmpty() && moveOver(from, to);
     } else {
-        done = ::link(from.constData(), to.constData()) == 0 && ::unlink(from.constData()) == 0;
+        done = moveToFreeName(from, to);
     }
     if (!done)
         throw RuntimeError(errorNumber::PathRefused,
                            u"Não foi possível gravar %1: %2"_s.arg(base.path, WhyNotWritten(base.path)));
     work.keep();
-    syncFolderOf(base.path);
+    system::SyncFolder(QFileInfo(base.path).path());
     return restored;
 }
 

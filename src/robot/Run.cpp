@@ -2,14 +2,13 @@
 
 #include "base/Literals.h"
 #include "robot/Player.h"
+#include "system/Apart.h"
+#include "system/Endings.h"
 
 #include <QTemporaryDir>
 #include <algorithm>
 #include <array>
-#include <csignal>
 #include <cstdio>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace vorta::robot {
 
@@ -23,35 +22,16 @@ constexpr char passed = 'P';
 /// More than the longest wait for a server.
 constexpr unsigned secondsForACommand = 450;
 
-/// The wishes that a run should end. It does so behind a scenario, so that nothing of it stays anywhere.
-constexpr std::array endings{SIGINT, SIGTERM};
-volatile std::sig_atomic_t ending = 0;
+using system::ApartEnd;
+using system::TellFromApart;
 
-void noteEndings() {
-    struct sigaction action {};
-    action.sa_handler = [](int signal) { ending = signal; };
-    action.sa_flags = SA_RESTART;
-    for (const int signal : endings)
-        ::sigaction(signal, &action, nullptr);
-}
+/// What a process of its own does; it may tell which lines it reaches.
+using Part = std::function<std::optional<Verdict>(const TellFromApart& tell)>;
 
-void tell(int pipe, char kind, const QByteArray& text) {
-    const QByteArray message = kind + text + '\0';
-    for (qsizetype sent = 0; sent < message.size();) {
-        const ssize_t part = ::write(pipe, message.constData() + sent, static_cast<size_t>(message.size() - sent));
-        if (part <= 0)
-            return;
-        sent += part;
-    }
-}
-
-/// What a process of its own does; it may tell the pipe which lines it reaches.
-using Part = std::function<std::optional<Verdict>(int pipe)>;
-
-[[noreturn]] void doInChild(int pipe, const Part& part) {
+void doAndTell(const TellFromApart& tell, const Part& part) {
     const auto verdict = [&]() -> std::optional<Verdict> {
         try {
-            return part(pipe);
+            return part(tell);
         } catch (const Failure& failure) {
             return Verdict{0, failure.message};
         } catch (const std::exception& error) {
@@ -59,33 +39,27 @@ using Part = std::function<std::optional<Verdict>(int pipe)>;
         }
     }();
     if (verdict)
-        tell(pipe, failed, QByteArray::number(verdict->line) + ':' + verdict->message.toUtf8());
+        tell(failed + QByteArray::number(verdict->line) + ':' + verdict->message.toUtf8() + '\0');
     else
-        tell(pipe, passed, {});
-    std::fflush(nullptr);
-    ::_exit(0);
+        tell(QByteArray(1, passed) + '\0');
 }
 
-QByteArray readAll(int pipe) {
-    QByteArray all;
-    char buffer[4096];
-    for (ssize_t count; (count = ::read(pipe, buffer, sizeof buffer)) > 0;)
-        all.append(buffer, count);
-    return all;
-}
-
-QString endOf(int status) {
-    if (!WIFSIGNALED(status))
-        return u"expected a verdict, the process ended with %1"_s.arg(WEXITSTATUS(status));
-    if (WTERMSIG(status) == SIGALRM)
+QString wordsOf(const ApartEnd& end) {
+    switch (end.how) {
+    case ApartEnd::How::Ended:
+        break;
+    case ApartEnd::How::OutOfTime:
         return u"expected the command to end, it ran for %1 seconds"_s.arg(secondsForACommand);
-    return u"expected a running program, it crashed with signal %1"_s.arg(WTERMSIG(status));
+    case ApartEnd::How::Crashed:
+        return u"expected a running program, it crashed with signal %1"_s.arg(end.number);
+    }
+    return u"expected a verdict, the process ended with %1"_s.arg(end.number);
 }
 
 /// The verdict that the messages of a process carry; a process that told none has crashed at the last line it reached.
-std::optional<Verdict> verdictOf(const QByteArray& messages, int status) {
+std::optional<Verdict> verdictOf(const ApartEnd& end) {
     int line = 0;
-    for (const QByteArray& message : messages.split('\0')) {
+    for (const QByteArray& message : end.told.split('\0')) {
         if (message.startsWith(reached))
             line = message.mid(1).toInt();
         else if (message.startsWith(passed))
@@ -95,40 +69,23 @@ std::optional<Verdict> verdictOf(const QByteArray& messages, int status) {
             return Verdict{message.mid(1, colon - 1).toInt(), QString::fromUtf8(message.mid(colon + 1))};
         }
     }
-    return Verdict{line, endOf(status)};
+    return Verdict{line, wordsOf(end)};
 }
 
 std::optional<Verdict> doApart(const Part& part) {
-    int ends[2];
-    if (::pipe(ends) != 0)
-        return Verdict{0, u"no pipe for the process of the scenario"_s};
-    std::fflush(nullptr);
-    const pid_t child = ::fork();
-    if (child < 0)
-        return Verdict{0, u"no process for the scenario"_s};
-    if (child == 0) {
-        ::close(ends[0]);
-        doInChild(ends[1], part);
-    }
-    ::close(ends[1]);
-    const QByteArray messages = readAll(ends[0]);
-    ::close(ends[0]);
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return verdictOf(messages, status);
+    const auto end = system::DoApart([&](const TellFromApart& tell) { doAndTell(tell, part); });
+    return end ? verdictOf(*end) : Verdict{0, u"no process for the scenario"_s};
 }
 
 std::optional<Verdict> playApart(const Scenario& scenario, const PlayOne& play) {
     const QTemporaryDir copy;
     if (!copy.isValid())
         return Verdict{0, u"no room for a copy of the installation"_s};
-    return doApart([&](int pipe) {
-        // A scenario may be interrupted, the clearing behind it not.
-        for (const int signal : endings)
-            std::signal(signal, SIG_DFL);
-        return play(scenario, copy.path(), [pipe](int line) {
-            ::alarm(secondsForACommand);
-            tell(pipe, reached, QByteArray::number(line));
+    return doApart([&](const TellFromApart& tellWaiting) {
+        system::EndOnWish(); // a scenario may be interrupted, the clearing behind it not
+        return play(scenario, copy.path(), [&](int line) {
+            system::LimitTime(secondsForACommand);
+            tellWaiting(reached + QByteArray::number(line) + '\0');
         });
     });
 }
@@ -190,11 +147,12 @@ Options Options::parse(const QStringList& arguments, const QString& defaultHome)
 }
 
 int RunAll(const std::vector<Scenario>& scenarios, const PlayOne& play, const std::function<void()>& behindEach) {
-    noteEndings();
+    // It ends behind a scenario, so that nothing of it stays anywhere.
+    system::NoteEndings();
     int failures = 0;
     int played = 0;
     for (const Scenario& scenario : scenarios) {
-        if (ending)
+        if (system::EndingWanted())
             break;
         ++played;
         const QByteArray file = scenario.file.toUtf8();
@@ -210,11 +168,11 @@ int RunAll(const std::vector<Scenario>& scenarios, const PlayOne& play, const st
         behindEach();
     }
     std::printf("%d passed, %d failed\n", played - failures, failures);
-    return failures == 0 && !ending ? 0 : 1;
+    return failures == 0 && !system::EndingWanted() ? 0 : 1;
 }
 
 void WorkApart(const std::function<void()>& work) {
-    const auto verdict = doApart([&](int) {
+    const auto verdict = doApart([&](const TellFromApart&) {
         work();
         return std::optional<Verdict>();
     });

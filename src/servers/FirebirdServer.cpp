@@ -2,18 +2,14 @@
 
 #include "base/Literals.h"
 #include "firebird/EngineFiles.h"
+#include "system/Loopback.h"
+#include "system/Process.h"
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QThread>
-#include <arpa/inet.h>
-#include <csignal>
-#include <netinet/in.h>
 #include <stdexcept>
-#include <sys/prctl.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 namespace vorta::servers {
 
@@ -24,36 +20,6 @@ constexpr int waitMilliseconds = 20000;
 
 [[noreturn]] void fail(const QString& reason) {
     throw std::runtime_error("the Firebird server cannot be had: " + reason.toStdString());
-}
-
-sockaddr_in loopback(int port) {
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    address.sin_port = htons(static_cast<uint16_t>(port));
-    return address;
-}
-
-/// A port that the system has just handed out and taken back.
-int freePort() {
-    const int socket = ::socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address = loopback(0);
-    socklen_t size = sizeof address;
-    const bool bound = socket >= 0 && bind(socket, reinterpret_cast<sockaddr*>(&address), size) == 0 &&
-                       getsockname(socket, reinterpret_cast<sockaddr*>(&address), &size) == 0;
-    if (socket >= 0)
-        close(socket);
-    if (!bound)
-        fail(u"no free port"_s);
-    return ntohs(address.sin_port);
-}
-
-bool answers(int port) {
-    const int socket = ::socket(AF_INET, SOCK_STREAM, 0);
-    const sockaddr_in address = loopback(port);
-    const bool connected = connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
-    close(socket);
-    return connected;
 }
 
 void write(const QString& path, const QString& content) {
@@ -72,14 +38,15 @@ QString program(const QString& name) {
 
 } // namespace
 
-FirebirdServer::FirebirdServer() : port_(freePort()) {
+FirebirdServer::FirebirdServer() : port_(system::FreePort()) {
+    if (port_ == 0)
+        fail(u"no free port"_s);
     prepareRoot();
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"FIREBIRD"_s, folder_.path());
     environment.insert(u"FIREBIRD_LOCK"_s, folder_.path());
     process_.setProcessEnvironment(environment);
-    // The system kills it when this process ends, also by a crash.
-    process_.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    system::EndWithParent(process_);
     makeUser();
     start();
 }
@@ -99,11 +66,11 @@ void FirebirdServer::kill() {
 }
 
 void FirebirdServer::pause() {
-    ::kill(static_cast<pid_t>(process_.processId()), SIGSTOP);
+    system::Pause(process_.processId());
 }
 
 void FirebirdServer::resume() {
-    ::kill(static_cast<pid_t>(process_.processId()), SIGCONT);
+    system::Resume(process_.processId());
 }
 
 void FirebirdServer::prepareRoot() {
@@ -141,7 +108,7 @@ void FirebirdServer::start() {
     if (!process_.waitForStarted())
         fail(server + u": "_s + process_.errorString());
     QElapsedTimer waited;
-    for (waited.start(); !answers(port_); QThread::msleep(20))
+    for (waited.start(); !system::AnswersOnPort(port_); QThread::msleep(20))
         if (process_.state() != QProcess::Running || process_.waitForFinished(0) || waited.hasExpired(waitMilliseconds))
             fail(server + u" does not answer: "_s + QString::fromUtf8(process_.readAll()));
 }

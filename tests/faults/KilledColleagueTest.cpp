@@ -3,9 +3,9 @@
 
 #include "base/Literals.h"
 #include "faults/Faults.h"
-#include "firebird/RobustMutexes.h"
 #include "kit/Loader.h"
 #include "shared/Papeis.h"
+#include "system/SharedMutexes.h"
 
 #include <QElapsedTimer>
 #include <QRandomGenerator>
@@ -59,7 +59,7 @@ Arrival arrivalOf(Colleague& colleague) {
 } // namespace
 
 TEST(KilledColleague, TheEnginesSharedMutexesOutliveTheirOwners) {
-    EXPECT_TRUE(firebird::SharedMutexesAreRobust());
+    EXPECT_TRUE(system::SharedMutexesAreRobust());
 }
 
 TEST(KilledColleague, NobodyFreezesWhenAnotherIsKilledAtAnyMoment) {

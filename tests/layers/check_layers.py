@@ -10,10 +10,11 @@ import sys
 
 # What a folder of src/ may include besides itself. Qt Gui and Qt Widgets belong to WINDOWS alone, Qt Sql to odbc.
 LAYERS = {
-    "base": [],
-    "servers": ["firebird", "base"],
+    "system": [],
+    "base": ["system"],
+    "servers": ["firebird", "base", "system"],
     "data": ["base"],
-    "firebird": ["data", "base"],
+    "firebird": ["data", "base", "system"],
     "odbc": ["data", "base"],
     "screen": ["base"],
     "launch": ["data", "screen", "base"],
@@ -25,10 +26,10 @@ LAYERS = {
     "maintenance": ["shared", "launch", "data", "screen", "base"],
     "audit": ["shared", "shared/inscricao", "launch", "kit", "data", "screen", "base"],
     "app": ["person", "search", "roles", "maintenance", "firebird", "odbc", "launch", "data", "screen", "base"],
-    "kit": ["firebird", "data", "base"],
+    "kit": ["firebird", "data", "base", "system"],
     "importer": ["app", "person", "search", "roles", "shared", "launch", "data", "screen", "kit", "base"],
-    "robot": ["launch", "data", "screen", "base"],
-    "desktop": ["screen", "base"],
+    "robot": ["launch", "data", "screen", "base", "system"],
+    "desktop": ["screen", "base", "system"],
     "robot/windows": ["robot", "desktop", "screen", "base"],
     "bench": [],
 }

@@ -5,6 +5,7 @@
 #include "desktop/DesktopApplication.h"
 #include "desktop/DesktopPlatform.h"
 #include "desktop/EngineWait.h"
+#include "system/Session.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -41,7 +42,7 @@ void raiseAsRuntimeError(const std::function<void()>& raise) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (!vorta::desktop::HasDisplay())
+    if (!vorta::system::HasDisplay())
         withoutDisplay();
     // A display that is named but does not answer makes Qt give up with a fatal message.
     qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString&) {

@@ -2,11 +2,11 @@
 
 #include "base/RuntimeError.h"
 #include "kit/Bases.h"
+#include "system/Session.h"
 
 #include <QFile>
 
 #include <algorithm>
-#include <unistd.h>
 
 namespace vorta::program {
 
@@ -59,7 +59,7 @@ void RequireInstallation(const QString& home) {
 
 void ProgressLine::operator()(const QString& what, qint64 done, qint64 all) {
     constexpr qint64 readable = 200;
-    static const bool terminal = isatty(STDERR_FILENO);
+    static const bool terminal = system::IsTerminal(stderr);
     if (!terminal || (since_.isValid() && since_.elapsed() < readable && done != all))
         return;
     since_.start();

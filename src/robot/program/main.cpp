@@ -11,10 +11,11 @@
 #include "robot/program/Installation.h"
 #include "robot/program/Walking.h"
 #include "robot/windows/DesktopHands.h"
+#include "system/Session.h"
+#include "system/ThisSystem.h"
 
 #include <QFile>
 #include <QLoggingCategory>
-#include <clocale>
 #include <cstdio>
 #include <cstdlib>
 
@@ -66,7 +67,7 @@ std::optional<Verdict> playOne(const Options& options, const House& house, const
 }
 
 int run(const QStringList& arguments) {
-    const Options options = Options::parse(arguments, qEnvironmentVariable("VORTA_HOME", u"/opt/vorta"_s));
+    const Options options = Options::parse(arguments, qEnvironmentVariable("VORTA_HOME", system::ThisSystem().home));
     if (!Installation::isOne(options.home))
         throw Failure{u"%1 holds no installation"_s.arg(options.home)};
     std::vector<Scenario> scenarios;
@@ -88,7 +89,7 @@ int run(const QStringList& arguments) {
 } // namespace
 
 int main(int count, char** values) {
-    std::setlocale(LC_CTYPE, "C.UTF-8"); // file names are UTF-8 whatever the environment says
+    system::SpeakUtf8();
     QStringList arguments;
     for (int at = 1; at < count; ++at)
         arguments += QString::fromUtf8(values[at]);

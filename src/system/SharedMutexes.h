@@ -5,10 +5,10 @@
 /// only where it was built with an interface that the C library has given up. So the programs ask for it: they stand in
 /// front of the C library for the few calls that matter. What the dead one left half done in the tables behind the
 /// mutex, the engine itself repairs, as it does wherever it was built that way.
-namespace vorta::firebird {
+namespace vorta::system {
 
-/// Whether the engine's calls go through ours in this program. (They do in every program that links this layer; where
-/// the system offers nothing of the kind, they do not.)
+/// Whether a mutex of the engine that is held by a process which has gone is handed on. (In every program that links
+/// `vorta::shared_mutexes`, the engine's calls go through ours; a system that hands them on by itself needs nothing.)
 bool SharedMutexesAreRobust();
 
-} // namespace vorta::firebird
+} // namespace vorta::system

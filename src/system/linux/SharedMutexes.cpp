@@ -1,10 +1,7 @@
-#include "firebird/RobustMutexes.h"
-
-#include <cerrno> // tells which C library this is
-
-#ifdef __GLIBC__
+#include "system/SharedMutexes.h"
 
 #include <atomic>
+#include <cerrno>
 #include <dlfcn.h>
 #include <pthread.h>
 
@@ -74,7 +71,7 @@ int pthread_cond_timedwait(pthread_cond_t* condition, pthread_mutex_t* mutex, co
 
 } // extern "C"
 
-namespace vorta::firebird {
+namespace vorta::system {
 
 bool SharedMutexesAreRobust() {
     // What another library finds under the name is what the engine finds.
@@ -82,16 +79,4 @@ bool SharedMutexesAreRobust() {
            dlsym(RTLD_DEFAULT, "pthread_mutex_init") == reinterpret_cast<void*>(&pthread_mutex_init);
 }
 
-} // namespace vorta::firebird
-
-#else
-
-namespace vorta::firebird {
-
-bool SharedMutexesAreRobust() {
-    return false;
-}
-
-} // namespace vorta::firebird
-
-#endif
+} // namespace vorta::system
