@@ -82,7 +82,7 @@ class ImportBench {
 std::vector<Case> ImportCases() {
     const Lazy<ImportBench> bench;
     return {{u"import: person with 2 contacts and a branch"_s, u"us/person"_s, [bench] { return bench->sendsBare(); },
-             [bench] { return bench->enters(); }, 0.7}};
+             [bench] { return bench->enters(); }, 0.5}};
 }
 
 } // namespace vorta::bench

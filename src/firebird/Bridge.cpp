@@ -26,6 +26,10 @@ constexpr std::array operandFollows{
     QLatin1StringView("from"),     QLatin1StringView("date"),       QLatin1StringView("time"),
     QLatin1StringView("timestamp")};
 
+bool isDigit(QChar character) {
+    return character >= u'0' && character <= u'9';
+}
+
 class Tokens {
   public:
     explicit Tokens(const Statement& statement) : text_(statement.text()), tokens_(data::SqlTokens(text_)) {}
@@ -76,8 +80,7 @@ QString quotedName(QStringView content) {
 
 /// Both forms of the date at a literal: none unless it is eight digits that are a date of the calendar.
 QString dashedDate(QStringView content) {
-    if (content.size() != 8 ||
-        !std::all_of(content.begin(), content.end(), [](QChar c) { return c >= u'0' && c <= u'9'; }))
+    if (content.size() != 8 || !std::ranges::all_of(content, isDigit))
         return {};
     const QDate date = QDate::fromString(content.toString(), u"yyyyMMdd"_s);
     return date.isValid() ? date.toString(u"yyyy-MM-dd"_s) : QString();
@@ -110,8 +113,7 @@ bool mayHoldDate(QStringView text) {
     constexpr qsizetype digits = 8;
     for (qsizetype at = text.indexOf(u'\''); at >= 0; at = text.indexOf(u'\'', at + 1)) {
         const QStringView inside = text.sliced(at + 1).first(std::min(digits, text.size() - at - 1));
-        if (at + digits + 1 < text.size() && text[at + digits + 1] == u'\'' &&
-            std::all_of(inside.begin(), inside.end(), [](QChar c) { return c >= u'0' && c <= u'9'; }))
+        if (at + digits + 1 < text.size() && text[at + digits + 1] == u'\'' && std::ranges::all_of(inside, isDigit))
             return true;
     }
     return false;
@@ -131,6 +133,18 @@ bool mayHoldInteger(const Statement& statement) {
 bool startsWithTop(QStringView text) {
     constexpr qsizetype select = 6;
     return text.trimmed().mid(select).trimmed().startsWith(u"top", Qt::CaseInsensitive);
+}
+
+/// Where the values of `INSERT INTO table (...) VALUES (...)` begin: their parenthesis.
+std::optional<std::size_t> insertedValues(const Tokens& tokens) {
+    if (!tokens.isWord(0, "insert") || !tokens.isWord(1, "into") || !tokens.is(2, TokenKind::Word))
+        return std::nullopt;
+    std::size_t next = 3;
+    if (tokens.isSymbol(next, u'('))
+        next = tokens.closing(next) + 1;
+    if (!tokens.isWord(next, "values") || !tokens.isSymbol(next + 1, u'('))
+        return std::nullopt;
+    return next + 1;
 }
 
 } // namespace
@@ -176,15 +190,9 @@ std::optional<QString> InsertedTable(const Statement& statement) {
     if (!statement.text().trimmed().startsWith(u"insert", Qt::CaseInsensitive))
         return std::nullopt;
     const Tokens tokens(statement);
-    if (!tokens.isWord(0, "insert") || !tokens.isWord(1, "into") || !tokens.is(2, TokenKind::Word))
-        return std::nullopt;
-    std::size_t next = 3;
-    if (tokens.isSymbol(next, u'('))
-        next = tokens.closing(next) + 1;
-    if (!tokens.isWord(next, "values") || !tokens.isSymbol(next + 1, u'('))
-        return std::nullopt;
+    const std::optional<std::size_t> values = insertedValues(tokens);
     // Whatever follows the one row of values (a clause of its own) leaves the insert as it is.
-    if (tokens.closing(next + 1) + 1 != tokens.size())
+    if (!values || tokens.closing(*values) + 1 != tokens.size())
         return std::nullopt;
     return tokens.in(2).toString();
 }
@@ -253,6 +261,33 @@ Parameterised TakeIntegers(const Statement& statement) {
     }
     if (!edits.empty())
         taken.text = statement.edited(edits).text();
+    return taken;
+}
+
+std::optional<InsertedValues> TakeInsertedValues(const Statement& statement) {
+    const Tokens tokens(statement);
+    const std::optional<std::size_t> values = insertedValues(tokens);
+    if (!values)
+        return std::nullopt;
+    std::vector<Edit> edits;
+    InsertedValues taken;
+    const std::size_t end = tokens.closing(*values);
+    for (std::size_t i = *values + 1; i < end; i += 2) {
+        if (i + 1 != end && !tokens.isSymbol(i + 1, u','))
+            return std::nullopt; // more than a value
+        if (tokens.isWord(i, "null"))
+            continue;
+        if (tokens.is(i, TokenKind::Literal) && tokens[i].closed)
+            taken.texts.push_back(tokens.content(i).toString().replace(u"''"_s, u"'"_s));
+        else if (tokens.is(i, TokenKind::Number) && std::ranges::all_of(tokens.in(i), isDigit))
+            taken.texts.push_back(tokens.in(i).toString());
+        else
+            return std::nullopt;
+        edits.push_back({tokens[i].start, tokens[i].length, u"?"_s});
+    }
+    if (edits.empty())
+        return std::nullopt;
+    taken.statement = statement.edited(edits).text();
     return taken;
 }
 

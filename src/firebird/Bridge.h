@@ -40,4 +40,12 @@ struct Parameterised {
 /// Takes the integer values that stand as numbers of their own out of the text; no integers when there are none.
 Parameterised TakeIntegers(const data::Statement& statement);
 
+/// An insert whose values stand aside as parameters.
+struct InsertedValues {
+    QString statement;
+    std::vector<QString> texts; ///< what stands between apostrophes, a doubled one single, or a whole number
+};
+/// Takes the values out of an insert of one row of literals, whole numbers and nulls; nothing for any other statement.
+std::optional<InsertedValues> TakeInsertedValues(const data::Statement& statement);
+
 } // namespace vorta::firebird

@@ -28,6 +28,9 @@ constexpr unsigned char writeBlock[] = {
     isc_tpb_version3, isc_tpb_write, isc_tpb_read_committed, isc_tpb_rec_version, isc_tpb_wait, isc_tpb_lock_timeout, 1,
     lockSeconds};
 
+/// The class of SQLSTATE of a value that the engine cannot take.
+const QString dataClass = u"22"_s;
+
 /// True when a row was changed by somebody else between a statement's reading and its writing of it.
 bool ChangedMeanwhile(const Firebird::FbException& failure) {
     return Tells(failure.getStatus()->getErrors(), isc_update_conflict);
@@ -119,6 +122,7 @@ class FirebirdAdapter : public data::Adapter {
     void run(const Statement& statement);
     void run(const Runnable& runnable, RowSink* rows);
     void runInsert(const Statement& statement, const QString& table);
+    bool insertPrepared(const Statement& returning);
     std::optional<qint64> write(PreparedStatement& prepared, RowSink* rows);
     void giveIdentity(const QString& column, RowSink& rows) const;
 
@@ -225,9 +229,12 @@ void FirebirdAdapter::giveIdentity(const QString& column, RowSink& rows) const {
 /// written plainly.
 void FirebirdAdapter::runInsert(const Statement& statement, const QString& table) {
     if (!keyless_.contains(table)) {
+        const Statement withKey = ReturningKey(statement, table);
+        if (insertPrepared(withKey))
+            return;
         Runnable returning;
         try {
-            returning = prepare(ReturningKey(statement, table));
+            returning = prepare(withKey);
         } catch (const Firebird::FbException&) {
             // Either the table has no such key, or the insert itself is wrong: sending it plainly tells which.
         }
@@ -239,6 +246,25 @@ void FirebirdAdapter::runInsert(const Statement& statement, const QString& table
     run(statement);
     identity_.reset();
     keyless_.insert(table);
+}
+
+/// Inserts of one shape run prepared, their values bound. False for an insert that cannot be run so; what the engine
+/// has against a value, it tells of the text itself.
+bool FirebirdAdapter::insertPrepared(const Statement& returning) {
+    const std::optional<InsertedValues> aside =
+        TakeInsertedValues(BridgeDates(returning, [this](const QString& text) { return describeDates(text); }));
+    PreparedStatement* const cached =
+        aside ? cache_.find(*attachment_, reading(), aside->statement, StatementCache::Keep::AtOnce) : nullptr;
+    if (!cached || cached->answer() != Answer::OneRow || !cached->bind(std::span(aside->texts)))
+        return false;
+    try {
+        identity_ = write(*cached, nullptr);
+        return true;
+    } catch (const Firebird::FbException& failure) {
+        if (!ToRuntimeError(failure, {}).sqlState().startsWith(dataClass))
+            throw;
+        return false;
+    }
 }
 
 void FirebirdAdapter::run(const Statement& statement) {

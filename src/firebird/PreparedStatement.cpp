@@ -2,6 +2,7 @@
 
 #include "base/EngineWatch.h"
 
+#include <algorithm>
 #include <cstring>
 #include <limits>
 
@@ -16,6 +17,11 @@ Answer answerOf(unsigned type, unsigned flags) {
         return Answer::OneRow;
     return type == isc_info_sql_stmt_ddl ? Answer::Tables : Answer::Nothing;
 }
+
+/// A longer text goes as a literal; what screens take is shorter.
+constexpr int longestText = 256;
+/// The engine's number of the character set in which statements are sent.
+constexpr unsigned utf8 = 4;
 
 template <typename Integer>
 bool put(unsigned char* place, qint64 value) {
@@ -45,16 +51,34 @@ PreparedStatement::PreparedStatement(Firebird::IAttachment& attachment, Firebird
 
 void PreparedStatement::describeParameters() {
     Status status;
-    input_.reset(statement_->getInputMetadata(&status));
-    const unsigned count = input_->getCount(&status);
+    Handle<Firebird::IMessageMetadata>& described = asDescribed_.description;
+    described.reset(statement_->getInputMetadata(&status));
+    const unsigned count = described->getCount(&status);
     for (unsigned i = 0; i < count; ++i) {
-        const unsigned type = input_->getType(&status, i) & ~1u;
+        const unsigned type = described->getType(&status, i) & ~1u;
         const bool integer =
-            (type == SQL_SHORT || type == SQL_LONG || type == SQL_INT64) && input_->getScale(&status, i) == 0;
+            (type == SQL_SHORT || type == SQL_LONG || type == SQL_INT64) && described->getScale(&status, i) == 0;
         onlyIntegers_ = onlyIntegers_ && integer;
-        parameters_.push_back({type, input_->getOffset(&status, i)});
+        parameters_.push_back({type, described->getOffset(&status, i)});
     }
-    inputMessage_.assign(input_->getMessageLength(&status), 0);
+    asDescribed_.message.assign(described->getMessageLength(&status), 0);
+}
+
+void PreparedStatement::describeTexts() {
+    Status status;
+    const auto count = static_cast<unsigned>(parameters_.size());
+    const Handle<Firebird::IMetadataBuilder> builder(asDescribed_.description->getBuilder(&status));
+    for (unsigned i = 0; i < count; ++i) {
+        builder->setType(&status, i, SQL_VARYING);
+        builder->setSubType(&status, i, 0);
+        builder->setScale(&status, i, 0);
+        builder->setLength(&status, i, longestText);
+        builder->setCharSet(&status, i, utf8);
+    }
+    asTexts_.description.reset(builder->getMetadata(&status));
+    for (unsigned i = 0; i < count; ++i)
+        textOffsets_.push_back(asTexts_.description->getOffset(&status, i));
+    asTexts_.message.assign(asTexts_.description->getMessageLength(&status), 0);
 }
 
 std::vector<bool> PreparedStatement::datesAmongParameters() const {
@@ -67,8 +91,9 @@ std::vector<bool> PreparedStatement::datesAmongParameters() const {
 bool PreparedStatement::bind(std::span<const qint64> integers) {
     if (!onlyIntegers_ || integers.size() != parameters_.size())
         return false;
+    input_ = &asDescribed_;
     for (std::size_t i = 0; i < integers.size(); ++i) {
-        unsigned char* const place = inputMessage_.data() + parameters_[i].offset;
+        unsigned char* const place = input_->message.data() + parameters_[i].offset;
         const unsigned type = parameters_[i].type;
         const bool fits = type == SQL_SHORT  ? put<qint16>(place, integers[i])
                           : type == SQL_LONG ? put<qint32>(place, integers[i])
@@ -79,10 +104,29 @@ bool PreparedStatement::bind(std::span<const qint64> integers) {
     return true;
 }
 
+bool PreparedStatement::bind(std::span<const QString> texts) {
+    const auto isBlob = [](const Parameter& parameter) { return parameter.type == SQL_BLOB; };
+    if (texts.size() != parameters_.size() || std::ranges::any_of(parameters_, isBlob))
+        return false;
+    if (!asTexts_.description)
+        describeTexts();
+    input_ = &asTexts_;
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        const QByteArray bytes = texts[i].toUtf8();
+        if (bytes.size() > longestText)
+            return false;
+        const auto length = static_cast<quint16>(bytes.size());
+        unsigned char* const place = input_->message.data() + textOffsets_[i];
+        std::memcpy(place, &length, sizeof length);
+        std::memcpy(place + sizeof length, bytes.constData(), length);
+    }
+    return true;
+}
+
 void PreparedStatement::fetch(Firebird::ITransaction& transaction, data::RowSink* rows) {
     Status status;
-    Handle<Firebird::IResultSet> cursor(
-        statement_->openCursor(&status, &transaction, input_.get(), inputMessage_.data(), output_.get(), 0));
+    Handle<Firebird::IResultSet> cursor(statement_->openCursor(&status, &transaction, input_->description.get(),
+                                                               input_->message.data(), output_.get(), 0));
     if (rows)
         rows->columns(reader_->names());
     while (cursor->fetchNext(&status, reader_->message()) == Firebird::IStatus::RESULT_OK) {
@@ -95,7 +139,7 @@ void PreparedStatement::fetch(Firebird::ITransaction& transaction, data::RowSink
 
 std::optional<qint64> PreparedStatement::execute(Firebird::ITransaction& transaction, data::RowSink* rows) {
     Status status;
-    statement_->execute(&status, &transaction, input_.get(), inputMessage_.data(), output_.get(),
+    statement_->execute(&status, &transaction, input_->description.get(), input_->message.data(), output_.get(),
                         reader_ ? reader_->message() : nullptr);
     if (rows)
         rows->columns(reader_ ? reader_->names() : QStringList());

@@ -113,4 +113,21 @@ TEST(Bridge, ShapeIsTheTextWithoutTheContentOfItsLiterals) {
     EXPECT_EQ(Shape(u"select 1 from t -- 'x'"_s), u"select 1 from t -- 'x'");
 }
 
+TEST(Bridge, ValuesOfAnInsertStandAside) {
+    const auto taken = [](const char* text) {
+        return TakeInsertedValues(data::Statement() += QString::fromUtf8(text));
+    };
+    const auto insert = taken("insert into t (a, b, c, d) values ('O''NEIL', 12,NULL, '') returning idt");
+    ASSERT_TRUE(insert);
+    EXPECT_EQ(insert->statement, u"insert into t (a, b, c, d) values (?, ?,NULL, ?) returning idt");
+    EXPECT_EQ(insert->texts, (std::vector{u"O'NEIL"_s, u"12"_s, QString()}));
+    EXPECT_TRUE(taken("insert into t values ('a')"));
+    for (const char* other :
+         {"insert into t (a) values (null)", "insert into t (a) values ('a' || 'b')", "insert into t (a) values (-1)",
+          "insert into t (a) values (1.5)", "insert into t (a) values (gen_id(g, 1), 'a')",
+          "insert into t (a) values ()", "insert into t (a) values (date '2026-01-01')",
+          "insert into t (a) select 'a' from u", "update t set a = 'a'", "insert into t (a) values ('a"})
+        EXPECT_FALSE(taken(other)) << other;
+}
+
 } // namespace vorta::firebird

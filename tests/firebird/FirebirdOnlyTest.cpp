@@ -115,6 +115,95 @@ TEST_F(FirebirdOnly, TableChangesBesidePreparedStatements) {
     EXPECT_EQ(ErrorOf([&] { one(gone); }), errorNumber::StatementRefused);
 }
 
+TEST_F(FirebirdOnly, AnInsertRunsPreparedAsItsTextWould) {
+    const char* const types[]{"varchar(5)",       "char(5)", "smallint", "integer",   "bigint",  "decimal(15,2)",
+                              "double precision", "date",    "time",     "timestamp", "boolean", "blob sub_type text",
+                              "varchar(400)"};
+    const QStringList values{u"''"_s,
+                             u"'abc'"_s,
+                             u"'abcdef'"_s,
+                             u"'ab   '"_s,
+                             u"'ab     '"_s,
+                             u"'D''AV'"_s,
+                             u"'?'"_s,
+                             u"'ação'"_s,
+                             u"'\u65e5'"_s,
+                             u"'12'"_s,
+                             u"12"_s,
+                             u"' 7 '"_s,
+                             u"'-7'"_s,
+                             u"'1.5'"_s,
+                             u"'1,5'"_s,
+                             u"'1.005'"_s,
+                             u"'1e2'"_s,
+                             u"'40000'"_s,
+                             u"40000"_s,
+                             u"'99999999999'"_s,
+                             u"99999999999"_s,
+                             u"'99999999999999999999'"_s,
+                             u"'2026-11-22'"_s,
+                             u"'20261122'"_s,
+                             u"'22.11.2026'"_s,
+                             u"'2026-13-01'"_s,
+                             u"'2026-11-22 10:11:12'"_s,
+                             u"'10:11'"_s,
+                             u"'today'"_s,
+                             u"'true'"_s,
+                             u"null"_s,
+                             u'\'' + QString(300, u'x') + u'\'',
+                             u"'a\nb'"_s};
+    const auto send = [](data::Adapter& adapter, const QString& text) {
+        Statement statement;
+        statement += text;
+        adapter.execute(statement);
+    };
+    const auto outcomeOf = [&](data::Adapter& adapter, const QString& insert) {
+        QString outcome;
+        for (int time = 0; time < 2; ++time) // the second one meets what the first one has left prepared
+            try {
+                send(adapter, insert);
+            } catch (const RuntimeError& error) {
+                outcome = u"%1|%2|%3|%4"_s.arg(error.number())
+                              .arg(error.engineCode())
+                              .arg(error.sqlState(), error.description());
+            }
+        outcome += one(Statement("select count(*) || ' ' || max(octet_length(c)) || ' ' || "
+                                 "max(left(cast(c as varchar(400)), 30)) from t"));
+        connection.Execute(Statement("delete from t"));
+        return outcome;
+    };
+    connection.Close();
+    firebird::SetForcedWrites(path(), false);
+    for (const char* type : types) {
+        const auto adapter = data::MakeFirebirdAdapter();
+        adapter->open(path(), 0);
+        send(*adapter, u"create table t (idt integer, c %1)"_s.arg(QString::fromLatin1(type)));
+        connection.Open(data::Engine::Firebird, path());
+        for (const QString& value : values) {
+            const QString insert = u"insert into t (idt, c) values (1, %1)"_s.arg(value);
+            const QString prepared = outcomeOf(*adapter, insert);
+            EXPECT_EQ(prepared, outcomeOf(*adapter, insert + u" returning idt"_s)) << type << ' ' << qPrintable(value);
+        }
+        connection.Close();
+        send(*adapter, u"drop table t"_s);
+    }
+}
+
+TEST_F(FirebirdOnly, AValueThatIsRefusedLeavesTheTransactionAsItWas) {
+    connection.Execute(Statement("create table t (idt integer, nome varchar(5))"));
+    connection.BeginTrans();
+    for (const char* name : {"ANA", "BIA", "CLAUDIA", "EVA"}) {
+        Statement insert;
+        insert << "insert into t (idt, nome) values ('" << QString::number(7) << "', '" << QString::fromLatin1(name)
+               << "')";
+        EXPECT_EQ(ErrorOf([&] { connection.Execute(insert); }), strlen(name) > 5 ? errorNumber::StatementRefused : 0)
+            << name;
+    }
+    EXPECT_EQ(one(Statement("select @@identity")), u"7");
+    connection.CommitTrans();
+    EXPECT_EQ(one(Statement("select list(nome) from (select nome from t order by nome)")), u"ANA,BIA,EVA");
+}
+
 TEST_F(FirebirdOnly, MorePreparedStatementsThanTheCacheHolds) {
     connection.Execute(Statement("create table t (idt integer)"));
     connection.Execute(Statement("insert into t (idt) values (7)"));
