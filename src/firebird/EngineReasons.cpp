@@ -35,6 +35,8 @@ struct Reason {
     const char* words;
 };
 
+constexpr const char* lost = "A ligação com o servidor do banco de dados caiu";
+
 /// In the order of their weight: the first that the vector tells is the reason.
 constexpr std::array reasons{
     Reason{isc_lock_timeout, "O registro está sendo gravado por outro usuário e não foi liberado em %1 segundos. "
@@ -44,6 +46,11 @@ constexpr std::array reasons{
                                 "Tente novamente."},
     Reason{isc_deadlock, "O registro está sendo gravado por outro usuário ao mesmo tempo. Tente novamente."},
     Reason{isc_lock_conflict, "O registro está sendo gravado por outro usuário. Tente novamente."},
+    Reason{isc_net_read_err, lost},
+    Reason{isc_net_write_err, lost},
+    Reason{isc_network_error, lost},
+    Reason{isc_lost_db_connection, lost},
+    Reason{isc_att_shutdown, "A base de dados foi fechada enquanto era usada"},
 };
 
 constexpr std::array openingReasons{

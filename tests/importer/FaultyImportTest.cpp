@@ -4,9 +4,11 @@
 #include "importer/ImportedTable.h"
 #include "kit/Loader.h"
 #include "kit/SmallDisk.h"
+#include "servers/FirebirdServer.h"
 
 #include <QDir>
 #include <QFile>
+#include <future>
 #include <gtest/gtest.h>
 
 using namespace vorta;
@@ -97,4 +99,49 @@ TEST(FaultyImport, AFullDiskStopsTheRunBetweenTwoPersons) {
     EXPECT_EQ(again.code, 0) << again.error;
     EXPECT_TRUE(again.out.contains(u"\n%1 já cadastrada(s)\n0 recusada(s)\n"_s.arg(kept))) << again.out;
     ExpectWholePersons(installed, 2000);
+}
+
+TEST(FaultyImport, AServerThatFallsLeavesWholePersonsAndTheNextRunGoesOn) {
+    constexpr int persons = 120;
+    const Installed installed = Installed::copyOf(Installed::plain());
+    const QString file = installed.home() + u"/x.csv"_s;
+    for (const QString& role : {u"PESS_TELA_CLIENTE"_s, u"PESS_TELA_FORNECEDOR"_s})
+        Switch(installed, role, u"N"_s);
+    installed.write(u"x.csv"_s, Persons(persons));
+    const QStringList before = *kit::LinesOf(installed.layout().config(u"server.ini"_s));
+    Said said;
+    qint64 seen = 0;
+    {
+        servers::FirebirdServer server;
+        const QString connection = server.connectionString(installed.production());
+        installed.write(
+            u"config/server.ini"_s,
+            u"127.0.0.1^pessoas^^^FIREBIRD^%1^False^\n%2\n%3\n"_s.arg(connection, before[1], before[2]).toUtf8());
+        kit::Loader watch(connection);
+        std::future<Said> run = std::async(std::launch::async, [&] { return Import(installed, file, writing); });
+        for (; seen < 5 && run.wait_for(std::chrono::milliseconds(5)) != std::future_status::ready; watch.commit())
+            seen = watch.number(u"SELECT COUNT(*) FROM PESS"_s);
+        server.kill();
+        said = run.get();
+    }
+    installed.write(u"config/server.ini"_s, before.join(u'\n').toUtf8());
+    const qint64 kept = Number(installed, u"SELECT COUNT(*) FROM PESS"_s);
+    std::printf("%lld persons before the server fell\n", static_cast<long long>(kept));
+    EXPECT_GE(kept, seen);
+    EXPECT_LT(kept, persons);
+    EXPECT_EQ(said.code, 1);
+    EXPECT_EQ(said.out, QString());
+    // The first line is the journal's, of the closing that found nobody. The last person may stand and be told to
+    // nobody.
+    const auto told = [](qint64 count) {
+        return u"%1\nA importação parou depois de %2 pessoa(s) incluída(s). Repita o comando para continuar: as já "
+               "incluídas não se repetem\nErro -2147467259: %1\n"_s
+                   .arg(u"A ligação com o servidor do banco de dados caiu"_s)
+                   .arg(count);
+    };
+    EXPECT_TRUE(said.error == told(kept) || said.error == told(kept - 1)) << said.error;
+    ExpectWholePersons(installed, kept);
+    const Said again = Import(installed, file, writing);
+    EXPECT_EQ(again.code, 0) << again.error;
+    ExpectWholePersons(installed, persons);
 }
