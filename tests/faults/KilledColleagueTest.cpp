@@ -150,9 +150,9 @@ TEST(KilledColleague, ASaveThatDiesInFrontOfAnyOfItsStatementsLeavesNothingHalf)
 
 namespace {
 
-/// One role of each kin: with a credential, employed, earning commissions.
+/// One role whose key a generator gives, and one whose screen keeps the person's link.
 bool isOfTheShortForm(TipoPapel role) {
-    return role == TipoPapel::Fornecedor || role == TipoPapel::Motorista || role == TipoPapel::Decorador;
+    return role == TipoPapel::Fornecedor || role == TipoPapel::Decorador;
 }
 
 /// The role rows of a person of this test that stand half: their contacts are not the three of one save, they are not
@@ -178,11 +178,17 @@ TEST(KilledColleague, ARolesSaveThatDiesInFrontOfAnyOfItsStatementsLeavesNothing
     int deaths = 0;
     Colleague colleague(installed.home());
     ExpectHere(colleague);
+    // In the short form nobody saves between the kills: the engine takes two seconds to find that whoever held a page
+    // is dead.
+    QStringList persons;
     quint64 document = documents * 11;
-    const auto newPerson = [&] {
-        const QString name = u"PAPEL %1"_s.arg(++document);
-        EXPECT_TRUE(Include(colleague, name, document, told));
-        return told.key(name);
+    const auto newPerson = [&](int ahead) {
+        while (persons.size() < ahead) {
+            const QString name = u"PAPEL %1"_s.arg(++document);
+            EXPECT_TRUE(Include(colleague, name, document, told));
+            persons += told.key(name);
+        }
+        return persons.takeFirst();
     };
     const auto saveRole = [&](const QString& person, const QString& table, const QString& mark) {
         const QStringList answer = colleague.ask({u"role"_s, person, table, mark});
@@ -194,12 +200,12 @@ TEST(KilledColleague, ARolesSaveThatDiesInFrontOfAnyOfItsStatementsLeavesNothing
         const QString table = role.tabela.toString();
         SCOPED_TRACE(qPrintable(table));
         for (const bool altered : {false, true}) {
-            QString person = newPerson();
+            QString person = newPerson(Times(5, 1));
             if (altered)
                 ASSERT_EQ(saveRole(person, table, u"PRIMEIRO"_s), u"role"_s);
             bool saved = false;
             for (int statement = 1; !saved; statement += Times(9, 1)) {
-                ASSERT_LT(statement, 60);
+                ASSERT_LT(statement, 40);
                 Colleague victim(installed.home());
                 ExpectHere(victim);
                 victim.begin({u"die-in-role"_s, QString::number(statement)});
@@ -210,7 +216,7 @@ TEST(KilledColleague, ARolesSaveThatDiesInFrontOfAnyOfItsStatementsLeavesNothing
                 deaths += saved ? 0 : 1;
                 victim.kill();
                 if (!altered && !saved)
-                    person = newPerson();
+                    person = newPerson(1);
             }
             // The colleague goes on where the dead one stopped.
             ASSERT_EQ(saveRole(person, table, u"DEPOIS"_s), u"role"_s);
@@ -218,7 +224,7 @@ TEST(KilledColleague, ARolesSaveThatDiesInFrontOfAnyOfItsStatementsLeavesNothing
     }
     EXPECT_EQ(colleague.leave(), 0);
     std::printf("%d deaths\n", deaths);
-    EXPECT_GT(deaths, 10);
+    EXPECT_GT(deaths, 8);
     ExpectWhole(installed, told);
     kit::Loader loader(installed.production());
     for (const Papel& role : papeis)
