@@ -167,6 +167,41 @@ TEST(LockPlace, AGuardFileThatIsNoFileIsRefusedInWords) {
     }
 }
 
+TEST(LockPlace, TheProgramsOwnBackupHarmsNobodyWhoWorks) {
+    const int runs = Times(3, 200);
+    const Installed installed = Installed::copyOf(Installed::demonstration());
+    Told told;
+    Colleague colleague(installed.home());
+    ExpectHere(colleague);
+    ASSERT_TRUE(Include(colleague, u"COMUM"_s, 910'000'001, told));
+    // It works without a pause, beside every moment of a copy.
+    colleague.begin({u"work"_s, u"99999"_s, u"1"_s, told.firstKey()});
+    const auto listen = [&] {
+        while (const std::optional<QStringList> line = colleague.hearWithin(0)) {
+            EXPECT_NE(line->at(0), u"error"_s) << qPrintable(line->join(u' '));
+            if (line->at(0) == u"included")
+                told[line->at(1)] = line->at(2);
+        }
+    };
+    int made = 0;
+    for (int run = 0; run < runs; ++run) {
+        QProcess program;
+        program.setProcessChannelMode(QProcess::MergedChannels);
+        program.start(QString::fromUtf8(PESSOAS_BASE),
+                      {u"backup"_s, u"--home"_s, installed.home(), u"%1/%2.fbk"_s.arg(installed.home()).arg(run)});
+        ASSERT_TRUE(program.waitForFinished(120'000));
+        EXPECT_EQ(program.exitCode(), 0) << program.readAll().constData();
+        made += program.exitCode() == 0;
+        QFile::remove(u"%1/%2.fbk"_s.arg(installed.home()).arg(run));
+        listen();
+    }
+    colleague.kill();
+    listen();
+    std::printf("%d of %d copies, %lld inclusions told beside them\n", made, runs, static_cast<long long>(told.size()));
+    EXPECT_GT(told.size(), 1);
+    ExpectWhole(installed, told);
+}
+
 TEST(LockPlace, TheEnginesOwnBackupToolIsRefusedBesideAWorkingProgram) {
     int refused = 0;
     const int runs = Times(3, 200);
