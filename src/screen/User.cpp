@@ -17,7 +17,8 @@ constexpr int backspaceCode = 8;
 constexpr int escapeCode = 27;
 constexpr int apostropheCode = 39;
 constexpr int acuteCode = 180;
-constexpr int dropKey = 4; ///< F4 drops a list down
+constexpr int dropKey = 4;   ///< F4 drops a list down
+constexpr int manualKey = 1; ///< F1 is the window's, which puts the manual in front
 constexpr int pageItems = 15;
 constexpr QChar lineFeed = u'\n';
 
@@ -63,7 +64,8 @@ QString admitted(const Field& field, QString text) {
     QStringList lines = field.keepsLines ? text.split(lineFeed) : QStringList{text};
     for (QString& line : lines)
         line = oneLine(line);
-    text = OnlyRepertoire(lines.join(lineFeed));
+    // A letter and an accent that came apart, as some programs copy them, are one letter of the repertoire.
+    text = OnlyRepertoire(lines.join(lineFeed).normalized(QString::NormalizationForm_C));
     if (const auto* masked = dynamic_cast<const MaskedField*>(&field))
         text = masked->lifted(text);
     if (field.apostropheBecomesAcute)
@@ -393,6 +395,8 @@ void User::key(Field& field, Key key, int function) {
     case Key::Function:
         if (list && list->dropDown() && function == dropKey)
             dropDown(*list);
+        else if (list && function == manualKey)
+            closeList(*list);
         break;
     default:
         cursor(field, key);
