@@ -25,7 +25,12 @@ class ModelHands : public Hands {
     }
     void character(screen::Field& focused, QChar character) override { user_.character(focused, character); }
     void accelerator(screen::Screen& screen, QChar letter) override { user_.accelerator(screen, letter); }
-    void paste(screen::Field& focused, const QString& text, PasteWay) override { user_.paste(focused, text); }
+    void paste(screen::Field& focused, const QString& text, PasteWay way) override {
+        // What is dropped stands where it was let go, beside what is selected.
+        if (way == PasteWay::Drop && !focused.locked())
+            focused.select(focused.selectionStart() + focused.selectionLength(), 0);
+        user_.paste(focused, text);
+    }
     void click(screen::Field& field) override { user_.click(field); }
     void doubleClick(screen::Field& field) override { user_.doubleClick(field); }
     void clickCell(screen::Grid& grid, int row, int col) override { user_.clickCell(grid, row, col); }

@@ -482,6 +482,11 @@ class DesktopHands : public Hands {
     QWidget* keyedOf(const Field& field) const {
         QWidget* widget = widgetOf(field);
         auto* combo = qobject_cast<QComboBox*>(widget);
+        // On a page that is not in front the toolkit has taken the selection away, which the field has kept.
+        if (widget && !widget->isVisible()) {
+            window(field.screen())->binder().mark(field);
+            window(field.screen())->binder().flush();
+        }
         return combo && combo->view()->isVisible() ? combo->view() : widget;
     }
 
