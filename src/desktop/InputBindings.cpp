@@ -129,7 +129,11 @@ LineBinding::LineBinding(Binder& binder, screen::Field& field, QWidget& widget, 
         edit.setMinimumWidth(widthOf(edit, masked ? characters : std::min(characters, leastShown)));
         widget.setMaximumWidth(widthOf(edit, characters + 1) + arrow);
     }
-    const auto selected = [this] { tellSelection(selectionStart(), edit_.selectionLength()); };
+    // An edit that loses the focus loses its selection, which the field keeps.
+    const auto selected = [this] {
+        if (const QWidget* focused = edit_.window()->focusWidget(); focused == &edit_ || focused == &this->widget())
+            tellSelection(selectionStart(), edit_.selectionLength());
+    };
     connect(&edit, &QLineEdit::textEdited, this, [this] { tellText(edit_.text(), edit_.cursorPosition()); });
     connect(&edit, &QLineEdit::selectionChanged, this, selected);
     connect(&edit, &QLineEdit::cursorPositionChanged, this, selected);

@@ -395,7 +395,7 @@ void User::key(Field& field, Key key, int function) {
     case Key::Function:
         if (list && list->dropDown() && function == dropKey)
             dropDown(*list);
-        else if (list && function == manualKey)
+        else if (list && !list->items().isEmpty() && function == manualKey)
             closeList(*list);
         break;
     default:
