@@ -3,7 +3,9 @@
 #include "base/Literals.h"
 #include "desktop/Style.h"
 #include "desktop/Theme.h"
+#include "system/ThisSystem.h"
 
+#include <QFontDatabase>
 #include <QLocale>
 #include <QTranslator>
 #include <exception>
@@ -39,6 +41,18 @@ class StandardTexts : public QTranslator {
     }
 };
 
+/// The desktop's font, or one that is there: what stands in for a missing font may be of any kind.
+QFont fontOf(QFont font) {
+    if (QFontDatabase::hasFamily(font.family()))
+        return font;
+    for (const QString& family : system::ThisSystem().fonts)
+        if (QFontDatabase::hasFamily(family)) {
+            font.setFamily(family);
+            break;
+        }
+    return font;
+}
+
 } // namespace
 
 DesktopApplication::DesktopApplication(int& argc, char** argv) : QApplication(argc, argv) {
@@ -48,6 +62,8 @@ DesktopApplication::DesktopApplication(int& argc, char** argv) : QApplication(ar
     const QPalette desktop = palette();
     setStyle(new Style);
     setPalette(ThemeFor(desktop));
+    if (!system::ThisSystem().fonts.isEmpty())
+        setFont(fontOf(font()));
     installTranslator(new StandardTexts(this));
     // The screens say when the program ends, not the last window that happens to be open.
     setQuitOnLastWindowClosed(false);

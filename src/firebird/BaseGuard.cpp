@@ -3,6 +3,7 @@
 #include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "firebird/EngineReasons.h"
+#include "system/Failures.h"
 #include "system/Process.h"
 #include "system/ThisSystem.h"
 
@@ -11,8 +12,6 @@
 #include <QFileInfo>
 #include <QSysInfo>
 #include <QThread>
-
-#include <cerrno>
 
 namespace vorta::firebird {
 
@@ -42,6 +41,7 @@ QString BaseGuard::fileOf(const QString& database) {
 
 namespace {
 
+using system::Failure;
 using system::FileState;
 using system::OpenFile;
 
@@ -115,9 +115,12 @@ OpenFile makeFile(const FileState& base, const QString& path) {
 /// The guard file, made with the rights of the base when it is not there.
 OpenFile openFile(const QFileInfo& base, const QString& path) {
     OpenFile file(path, OpenFile::How::Write);
-    if (const std::optional<FileState> state = system::StateOf(base.filePath()); file.error() == ENOENT && state) {
+    const auto hasFailedBy = [&](Failure failure) {
+        return !file.isOpen() && system::FailureOf(file.error()) == failure;
+    };
+    if (const auto state = system::StateOf(base.filePath()); state && hasFailedBy(Failure::NoFile)) {
         file = makeFile(*state, path);
-        if (file.error() == EEXIST)
+        if (hasFailedBy(Failure::FileExists))
             file = OpenFile(path, OpenFile::How::Write);
     }
     if (!file.isOpen())

@@ -1,9 +1,9 @@
 #include "firebird/EngineReasons.h"
 
 #include "base/Literals.h"
+#include "system/Failures.h"
 
 #include <array>
-#include <cerrno>
 #include <firebird/Interface.h>
 
 namespace vorta::firebird {
@@ -73,20 +73,19 @@ constexpr std::array openingReasons{
     Reason{isc_page_type_err, "a base está danificada"},
 };
 
-struct NumberedReason {
-    int number;
+struct SystemFailure {
+    system::Failure failure;
     const char* words;
 };
 
 constexpr std::array systemReasons{
-    NumberedReason{ENOENT, "o arquivo da base não existe"},
-    NumberedReason{EACCES, "este usuário não tem direito sobre o arquivo da base ou sua pasta"},
-    NumberedReason{EPERM, "este usuário não tem direito sobre o arquivo da base ou sua pasta"},
-    NumberedReason{EROFS, "a base está em um disco que não pode ser gravado"},
-    NumberedReason{ENOSPC, "o disco está cheio"},
-    NumberedReason{EDQUOT, "o espaço deste usuário no disco acabou"},
-    NumberedReason{EIO, "o disco falhou"},
-    NumberedReason{EMFILE, "há arquivos demais abertos"},
+    SystemFailure{system::Failure::NoFile, "o arquivo da base não existe"},
+    SystemFailure{system::Failure::NoRight, "este usuário não tem direito sobre o arquivo da base ou sua pasta"},
+    SystemFailure{system::Failure::ReadOnlyDisk, "a base está em um disco que não pode ser gravado"},
+    SystemFailure{system::Failure::FullDisk, "o disco está cheio"},
+    SystemFailure{system::Failure::UsedUpQuota, "o espaço deste usuário no disco acabou"},
+    SystemFailure{system::Failure::DiskError, "o disco falhou"},
+    SystemFailure{system::Failure::TooManyFiles, "há arquivos demais abertos"},
 };
 
 template <std::size_t count>
@@ -100,8 +99,8 @@ QString firstOf(const std::array<Reason, count>& table, const intptr_t* errors) 
 } // namespace
 
 QString SystemReason(int number) {
-    for (const NumberedReason& reason : systemReasons)
-        if (reason.number == number)
+    for (const SystemFailure& reason : systemReasons)
+        if (reason.failure == system::FailureOf(number))
             return QString::fromUtf8(reason.words);
     return {};
 }

@@ -78,7 +78,8 @@ RuntimeError failure(const Diagnosis& found, SQLHANDLE connection, const QString
 RuntimeError OpenFailure(const QSqlDatabase& database) {
     // Qt frees the handle of a failed connection: what is left are the words of all records, the cause first.
     const QString words = withoutLayers(database.lastError().databaseText());
-    return RuntimeError(errorNumber::ConnectionFailed, words.section(u" [FreeTDS]"_s, 0, 0));
+    return RuntimeError(errorNumber::ConnectionFailed,
+                        words.section(u" [FreeTDS]"_s, 0, 0).section(u" [Microsoft]"_s, 0, 0));
 }
 
 RuntimeError StatementFailure(void* connection, void* statement, const QString& text) {

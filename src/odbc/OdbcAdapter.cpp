@@ -39,13 +39,14 @@ using Handle = std::unique_ptr<void, FreeStatement>;
 
 class OdbcAdapter final : public Adapter {
   public:
+    explicit OdbcAdapter(const DriverForm& driver) : driver_(driver) {}
     ~OdbcAdapter() override { disconnect(); }
 
     void open(const QString& connectionString, int timeoutSeconds) override {
         disconnect();
         name_ = freshName();
         database_ = QSqlDatabase::addDatabase(u"QODBC"_s, name_);
-        database_.setDatabaseName(OdbcConnectionString(connectionString));
+        database_.setDatabaseName(OdbcConnectionString(connectionString, driver_));
         database_.setConnectOptions(
             u"SQL_ATTR_ODBC_VERSION=SQL_OV_ODBC3;SQL_ATTR_LOGIN_TIMEOUT=%1"_s.arg(timeoutSeconds));
         if (!database_.open()) {
@@ -92,7 +93,7 @@ class OdbcAdapter final : public Adapter {
 
     void query(const Statement& statement, RowSink& rows) override {
         const Handle handle = ask(statement, rows);
-        RowReader reader(handle.get());
+        RowReader reader(handle.get(), driver_);
         rows.columns(reader.names());
         if (!reader.send(rows))
             throw StatementFailure(connection(), handle.get(), statement.text());
@@ -151,6 +152,7 @@ class OdbcAdapter final : public Adapter {
         name_.clear();
     }
 
+    DriverForm driver_;
     QSqlDatabase database_;
     QString name_;
     bool inTransaction_ = false;
@@ -163,7 +165,11 @@ class OdbcAdapter final : public Adapter {
 namespace vorta::data {
 
 std::unique_ptr<Adapter> MakeOdbcAdapter() {
-    return std::make_unique<odbc::OdbcAdapter>();
+    return MakeOdbcAdapterFor(odbc::DriverOfThisSystem());
+}
+
+std::unique_ptr<Adapter> MakeOdbcAdapterFor(const odbc::DriverForm& driver) {
+    return std::make_unique<odbc::OdbcAdapter>(driver);
 }
 
 } // namespace vorta::data

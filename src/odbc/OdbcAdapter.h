@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/Adapter.h"
+#include "odbc/Drivers.h"
 
 namespace vorta::data {
 
@@ -9,5 +10,7 @@ namespace vorta::data {
 /// else ends in -2147217900 after a few seconds; dates with slashes are read year first whatever the language of the
 /// login.
 std::unique_ptr<Adapter> MakeOdbcAdapter();
+/// The same with another driver than this system's.
+std::unique_ptr<Adapter> MakeOdbcAdapterFor(const odbc::DriverForm& driver);
 
 } // namespace vorta::data

@@ -49,7 +49,8 @@ Decimal toDecimal(std::string_view text) {
 
 } // namespace
 
-RowReader::RowReader(void* statement) : statement_(statement), buffer_(usualText, '\0') {
+RowReader::RowReader(void* statement, const DriverForm& driver)
+    : statement_(statement), utf8_(driver.utf8), buffer_(usualText, '\0'), wide_(utf8_ ? 0 : usualText, u'\0') {
     SQLSMALLINT count = 0;
     SQLNumResultCols(statement_, &count);
     for (SQLSMALLINT column = 1; column <= count; ++column) {
@@ -155,24 +156,37 @@ bool RowReader::sendText(quint16 column, RowSink& rows) {
 }
 
 bool RowReader::readText(quint16 column) {
-    size_t have = 0;
+    std::size_t length = 0;
+    bool null = false;
+    if (!(utf8_ ? readLetters(column, SQL_C_CHAR, buffer_, length, null)
+                : readLetters(column, SQL_C_WCHAR, wide_, length, null)))
+        return false;
+    if (!utf8_)
+        buffer_ = QStringView(wide_.data(), static_cast<qsizetype>(length)).toUtf8().toStdString();
+    text_ = null ? std::string_view() : std::string_view(buffer_.data(), utf8_ ? length : buffer_.size());
+    return true;
+}
+
+template <typename Letter>
+bool RowReader::readLetters(quint16 column, qint16 type, std::basic_string<Letter>& buffer, std::size_t& length,
+                            bool& null) {
+    std::size_t have = 0;
     while (true) {
-        SQLLEN length = 0;
-        const SQLRETURN answer = SQLGetData(statement_, column, SQL_C_CHAR, buffer_.data() + have,
-                                            static_cast<SQLLEN>(buffer_.size() - have), &length);
+        SQLLEN bytes = 0;
+        const SQLRETURN answer = SQLGetData(statement_, column, type, buffer.data() + have,
+                                            static_cast<SQLLEN>((buffer.size() - have) * sizeof(Letter)), &bytes);
         if (!SQL_SUCCEEDED(answer))
             return false;
-        if (length == SQL_NULL_DATA) {
-            text_ = {};
+        null = bytes == SQL_NULL_DATA;
+        if (null)
+            return true;
+        const std::size_t room = buffer.size() - have - 1; // the driver closes each piece with a zero
+        if (bytes >= 0 && static_cast<std::size_t>(bytes) <= room * sizeof(Letter)) {
+            length = have + static_cast<std::size_t>(bytes) / sizeof(Letter);
             return true;
         }
-        const size_t room = buffer_.size() - have - 1; // the driver closes each piece with a zero
-        if (length >= 0 && static_cast<size_t>(length) <= room) {
-            text_ = {buffer_.data(), have + static_cast<size_t>(length)};
-            return true;
-        }
-        have += std::char_traits<char>::length(buffer_.data() + have);
-        buffer_.resize(buffer_.size() * 2);
+        have += std::char_traits<Letter>::length(buffer.data() + have);
+        buffer.resize(buffer.size() * 2);
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/Adapter.h"
+#include "odbc/Drivers.h"
 
 #include <QStringList>
 #include <string>
@@ -15,7 +16,7 @@ enum class ValueKind { Integer, Exact, Float, Date, Moment, Text };
 class RowReader {
   public:
     /// `statement` is the driver's handle of a statement that has been executed.
-    explicit RowReader(void* statement);
+    RowReader(void* statement, const DriverForm& driver);
 
     const QStringList& names() const { return names_; }
     /// Sends all rows; false when the driver fails on the way.
@@ -29,11 +30,16 @@ class RowReader {
     bool sendDate(quint16 column, ValueKind kind, data::RowSink& rows);
     bool sendText(quint16 column, data::RowSink& rows);
     bool readText(quint16 column);
+    /// The whole of a value as the driver gives it in letters of a kind; `null` when it is none.
+    template <typename Letter>
+    bool readLetters(quint16 column, qint16 type, std::basic_string<Letter>& buffer, std::size_t& length, bool& null);
 
     void* statement_;
     QStringList names_;
     std::vector<ValueKind> kinds_;
+    bool utf8_;
     std::string buffer_;
+    std::u16string wide_;
     std::string_view text_; ///< of the last `readText`; without data for a null
 };
 

@@ -5,7 +5,8 @@
 #include <functional>
 #include <optional>
 
-/// Work in a process that begins as a copy of this one.
+/// Work in a process that begins as a copy of this one, so that what it breaks it breaks alone; in this process itself
+/// where the system knows no such copies.
 namespace vorta::system {
 
 /// Hands bytes to the process that waits; false when nobody reads them any more.

@@ -75,7 +75,7 @@ class OpenFile {
     }
 
     bool isOpen() const { return handle_ != none; }
-    /// The system's number of the last failure (`errno`).
+    /// The system's number of the last failure; see Failures.h.
     int error() const { return error_; }
     void close();
 

@@ -10,10 +10,12 @@ struct System {
     QString home;               ///< the installation, unless told otherwise
     bool hasDrives = false;     ///< a path may begin with a letter and a colon, and has backslashes
     bool locksAreFiles = false; ///< the engine keeps its locks in files of a folder, for whoever uses that folder
-    QString clientLibrary;      ///< the engine's client library
-    QString modulePrefix;       ///< what the name of a module of the engine begins with
-    QString moduleSuffix;       ///< and what it ends with
-    QString programSuffix;      ///< what the file name of a program ends with
+    QStringList fonts;          ///< for windows where the desktop names none that is there, the best first
+    bool namesSqlServerDrivers = false; ///< the drivers that connection strings name are the system's own
+    QString clientLibrary;              ///< the engine's client library
+    QString modulePrefix;               ///< what the name of a module of the engine begins with
+    QString moduleSuffix;               ///< and what it ends with
+    QString programSuffix;              ///< what the file name of a program ends with
     QStringList engineFolders;  ///< the engine's parts, from the folder of its client library; %1 is its version
     QStringList programFolders; ///< its programs, the same way
 };

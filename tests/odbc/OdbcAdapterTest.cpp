@@ -115,6 +115,22 @@ TEST(ConnectionKeys, EveryFormSaysTheSame) {
     EXPECT_EQ(forms, 5);
 }
 
+TEST(ConnectionKeys, DriversOfWindowsAreNamedThere) {
+    QStringList forms;
+    for (const EngineTag& tag : EngineTags())
+        if (tag.engine == data::Engine::SqlServer)
+            forms << OdbcConnectionString(
+                QString::fromLatin1(tag.form).arg(u" srv,1500"_s, u"me"_s, u"p=w}d"_s, u"erp"_s), odbc::microsoft);
+    const QString plain = u"DRIVER={SQL Server};SERVER={srv,1500};UID={me};PWD={p=w}}d};DATABASE={erp};"_s;
+    ASSERT_EQ(forms.size(), 5);
+    EXPECT_EQ(forms[0], plain);
+    EXPECT_EQ(forms[1], plain);
+    const QString native = u"DRIVER={%1};SERVER={srv,1500};DATABASE={erp};UID={me};PWD={p=w}}d};"_s;
+    EXPECT_EQ(forms[2], native.arg(u"SQL Native Client"_s));
+    EXPECT_EQ(forms[3], native.arg(u"SQL Server Native Client 10.0"_s));
+    EXPECT_EQ(forms[4], u"DRIVER={SQL Server};SERVER={srv,1500};DATABASE={erp};UID={me};PWD={p=w}}d};"_s);
+}
+
 TEST(ConnectionKeys, ServersHaveManyNames) {
     const auto server = [](const char* name) {
         return OdbcConnectionString(u"server="_s + QString::fromLatin1(name)).section(u';', 3);
@@ -142,22 +158,28 @@ TEST(OdbcAdapter, OpensWithEveryForm) {
     EXPECT_EQ(server.trace().filter(u"LOGIN vorta VORTA 74"_s).size(), 5);
 }
 
+/// The test driver, asked as one that gives no UTF-8 is.
+constexpr odbc::DriverForm askedForUtf16{odbc::freeTds.settings, true, false, false};
+
 TEST(OdbcAdapter, ReadsEveryType) {
     const SampleServer server;
-    auto adapter = opened(server);
-    const Rows rows = read(*adapter, Statement("SELECT * FROM PESS ORDER BY idPESS"));
-    EXPECT_EQ(rows.names.mid(0, 3), QStringList({u"idPESS"_s, u"NOME_PESS"_s, u"NOME_CONH"_s}));
-    ASSERT_EQ(rows.rows.size(), 3);
-    const std::vector<Value> first{
-        number(1), text("JOÃO DA SILVA"),    text("JOÃO"), text("A1"), day(2026, 11, 20), {}, Decimal{123450, 2},
-        number(3), number(9007199254740993), text("ação"), number(1)};
-    EXPECT_EQ(rows.rows[0], first);
-    EXPECT_EQ(rows.rows[1][5], day(2026, 11, 19));
-    EXPECT_EQ(rows.rows[1][6], Value(Decimal{-5, 2}));
-    EXPECT_EQ(rows.rows[1][7], number(-7));
-    EXPECT_EQ(rows.rows[2][1], text("ANDRÉ – 100€"));
-    for (size_t column = 2; column < rows.rows[2].size(); ++column)
-        EXPECT_TRUE(rows.rows[2][column].isNull()) << column;
+    for (const odbc::DriverForm& driver : {odbc::freeTds, askedForUtf16}) {
+        auto adapter = data::MakeOdbcAdapterFor(driver);
+        adapter->open(server.connectionString(), patience);
+        const Rows rows = read(*adapter, Statement("SELECT * FROM PESS ORDER BY idPESS"));
+        EXPECT_EQ(rows.names.mid(0, 3), QStringList({u"idPESS"_s, u"NOME_PESS"_s, u"NOME_CONH"_s}));
+        ASSERT_EQ(rows.rows.size(), 3);
+        const std::vector<Value> first{
+            number(1), text("JOÃO DA SILVA"),    text("JOÃO"), text("A1"), day(2026, 11, 20), {}, Decimal{123450, 2},
+            number(3), number(9007199254740993), text("ação"), number(1)};
+        EXPECT_EQ(rows.rows[0], first);
+        EXPECT_EQ(rows.rows[1][5], day(2026, 11, 19));
+        EXPECT_EQ(rows.rows[1][6], Value(Decimal{-5, 2}));
+        EXPECT_EQ(rows.rows[1][7], number(-7));
+        EXPECT_EQ(rows.rows[2][1], text("ANDRÉ – 100€"));
+        for (size_t column = 2; column < rows.rows[2].size(); ++column)
+            EXPECT_TRUE(rows.rows[2][column].isNull()) << column;
+    }
 }
 
 TEST(OdbcAdapter, ReadsNothingFromAnEmptyResult) {
@@ -192,6 +214,8 @@ TEST(OdbcAdapter, ReadsBothFormsOfDatesWhateverTheLanguageOfTheLogin) {
 TEST(OdbcAdapter, ReadsTextsOfAnyLength) {
     const SampleServer server;
     auto adapter = opened(server);
+    auto wide = data::MakeOdbcAdapterFor(askedForUtf16);
+    wide->open(server.connectionString(), patience);
     adapter->execute(Statement("CREATE TABLE LONGO (idLONGO int NOT NULL, TEXTO varchar(max), FATOR float)"));
     for (const int length : {0, 1, 32766, 32767, 32768, 65535, 65536, 300001}) {
         const QString content = u"AÇÃO€"_s.repeated(length / 5 + 1).left(length);
@@ -201,6 +225,7 @@ TEST(OdbcAdapter, ReadsTextsOfAnyLength) {
         Statement select;
         select << "SELECT TEXTO FROM LONGO WHERE idLONGO = " << length;
         EXPECT_EQ(single(*adapter, select), Value(content)) << length;
+        EXPECT_EQ(single(*wide, select), Value(content)) << length;
     }
     EXPECT_EQ(single(*adapter, Statement("SELECT FATOR FROM LONGO WHERE idLONGO = 0")), Value(Decimal{1, 1}));
 }

@@ -14,6 +14,8 @@ const System& ThisSystem() {
         .home = u"/opt/vorta"_s,
         .hasDrives = false,
         .locksAreFiles = true,
+        .fonts = {},
+        .namesSqlServerDrivers = false,
         .clientLibrary = u"libfbclient.so.2"_s,
         .modulePrefix = u"lib"_s,
         .moduleSuffix = u".so"_s,

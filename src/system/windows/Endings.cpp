@@ -1,0 +1,60 @@
+#include "system/Endings.h"
+
+#include <QCoreApplication>
+#include <QPointer>
+
+#include <atomic>
+#include <windows.h>
+
+namespace vorta::system {
+
+namespace {
+
+std::atomic<void (*)()> first{nullptr};
+std::atomic<bool> noted{false};
+std::atomic<bool> wanted{false};
+QPointer<QObject> listener;
+std::function<void()> request;
+
+/// Called in a thread of the system's; the process lives as long as this does not come back from a closed console.
+BOOL WINAPI requested(DWORD) {
+    if (const auto work = first.load())
+        work();
+    wanted = true;
+    if (noted)
+        return TRUE;
+    if (!listener)
+        return FALSE;
+    QMetaObject::invokeMethod(
+        listener, [] { request(); }, Qt::QueuedConnection);
+    return TRUE;
+}
+
+} // namespace
+
+// The end of a session comes to the windows themselves, as a wish to close them.
+void OnEnding(QObject* owner, std::function<void()> onRequest, void (*atOnce)()) {
+    first = atOnce;
+    listener = owner;
+    request = std::move(onRequest);
+}
+
+void ListenForEndings() {
+    ::SetConsoleCtrlHandler(requested, FALSE);
+    ::SetConsoleCtrlHandler(requested, TRUE);
+}
+
+void NoteEndings() {
+    noted = true;
+    ::SetConsoleCtrlHandler(requested, TRUE);
+}
+
+bool EndingWanted() {
+    return wanted;
+}
+
+void EndOnWish() {
+    noted = false;
+}
+
+} // namespace vorta::system
