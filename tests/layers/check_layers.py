@@ -15,7 +15,7 @@ LAYERS = {
     "servers": ["firebird", "base", "system"],
     "data": ["base"],
     "firebird": ["data", "base", "system"],
-    "odbc": ["data", "base"],
+    "odbc": ["data", "base", "system"],
     "screen": ["base"],
     "launch": ["data", "screen", "base"],
     "shared/inscricao": ["base"],
