@@ -9,7 +9,9 @@ namespace vorta::system {
 bool HasDisplay();
 /// True when somebody reads the stream on a terminal.
 bool IsTerminal(std::FILE* stream);
-/// What the program reads and writes, names of files and lines of a terminal, is UTF-8 whatever the surroundings say.
-void SpeakUtf8();
+/// Names of files are UTF-8 whatever the surroundings say.
+void NameFilesInUtf8();
+/// A console that has letters of its own shows what the program writes, which is UTF-8.
+void ShowUtf8OnConsole();
 
 } // namespace vorta::system

@@ -4,6 +4,7 @@
 #include "data/Engine.h"
 #include "kit/FaultWords.h"
 #include "kit/program/Command.h"
+#include "system/Session.h"
 
 #include <QCoreApplication>
 
@@ -77,6 +78,7 @@ int misuse() {
 } // namespace
 
 int main(int argc, char** argv) {
+    system::ShowUtf8OnConsole();
     QCoreApplication application(argc, argv);
     const QStringList words = QCoreApplication::arguments().sliced(1);
     const auto command = std::find_if(commands.begin(), commands.end(), [&](const Command& each) {

@@ -89,7 +89,8 @@ int run(const QStringList& arguments) {
 } // namespace
 
 int main(int count, char** values) {
-    system::SpeakUtf8();
+    system::NameFilesInUtf8();
+    system::ShowUtf8OnConsole();
     QStringList arguments;
     for (int at = 1; at < count; ++at)
         arguments += QString::fromUtf8(values[at]);

@@ -16,8 +16,10 @@ bool IsTerminal(std::FILE* stream) {
     return ::isatty(::fileno(stream)) != 0;
 }
 
-void SpeakUtf8() {
+void NameFilesInUtf8() {
     std::setlocale(LC_CTYPE, "C.UTF-8");
 }
+
+void ShowUtf8OnConsole() {}
 
 } // namespace vorta::system

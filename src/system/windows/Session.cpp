@@ -13,8 +13,10 @@ bool IsTerminal(std::FILE* stream) {
     return ::_isatty(::_fileno(stream)) != 0;
 }
 
-// Names of files go to the system in its own letters; only the console has a set of its own.
-void SpeakUtf8() {
+// They go to the system in UTF-16.
+void NameFilesInUtf8() {}
+
+void ShowUtf8OnConsole() {
     ::SetConsoleOutputCP(CP_UTF8);
     ::SetConsoleCP(CP_UTF8);
 }
