@@ -108,7 +108,8 @@ constexpr std::array withValue{
     ValueOption{"--home", &Options::home},     ValueOption{"--engine", &Options::engine},
     ValueOption{"--server", &Options::server}, ValueOption{"--tag", &Options::tag},
     ValueOption{"--wire", &Options::wire},     ValueOption{"--trace", &Options::trace},
-    ValueOption{"--log", &Options::log},
+    ValueOption{"--log", &Options::log},       ValueOption{"--standing", &Options::standing},
+    ValueOption{"--keep", &Options::keep},
 };
 
 } // namespace

@@ -16,8 +16,10 @@ struct Options {
     QString engine = u"embedded"_s; ///< what the installation's databases stand on
     QString server;                 ///< connection string of a given SQL Server; empty for one of the player's own
     QString tag;                    ///< engine tag of the lines for SQL Server; null for the usual one
-    QString wire;                   ///< file for what the test server hears; empty for none
-    QString trace;                  ///< file for the statements; empty for none
+    QString standing; ///< port of a test server that holds the installation's databases already; empty for none
+    QString keep;     ///< folder for what the test server is loaded with; empty for none
+    QString wire;     ///< file for what the test server hears; empty for none
+    QString trace;    ///< file for the statements; empty for none
     bool desktop = false;
     int walk = 0; ///< steps of a user by chance behind each scenario; 0 for none
     quint32 seed = 0;

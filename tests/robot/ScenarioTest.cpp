@@ -78,7 +78,8 @@ TEST(ScenarioFile, MayBeginWithAByteOrderMark) {
 
 TEST(Arguments, AreTakenApart) {
     const QStringList arguments =
-        u"--home /h --desktop --trace t --engine sqlserver --tag MSSQL --server s --wire w a.roteiro "
+        u"--home /h --desktop --trace t --engine sqlserver --tag MSSQL --server s --wire w --keep k "
+        "--standing 1433 a.roteiro "
         "b.roteiro"_s.split(u' ');
     const Options options = Options::parse(arguments, u"/opt/vorta"_s);
     EXPECT_EQ(options.home, u"/h"_s);
@@ -87,6 +88,8 @@ TEST(Arguments, AreTakenApart) {
     EXPECT_EQ(options.tag, u"MSSQL"_s);
     EXPECT_EQ(options.server, u"s"_s);
     EXPECT_EQ(options.wire, u"w"_s);
+    EXPECT_EQ(options.keep, u"k"_s);
+    EXPECT_EQ(options.standing, u"1433"_s);
     EXPECT_TRUE(options.desktop);
     EXPECT_EQ(options.files, (QStringList{u"a.roteiro"_s, u"b.roteiro"_s}));
 }

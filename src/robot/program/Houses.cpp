@@ -7,6 +7,7 @@
 #include "robot/program/OwnSqlServer.h"
 #include "robot/program/ServedInstallation.h"
 #include "robot/program/SqlServerStage.h"
+#include "robot/program/StandingSqlServer.h"
 
 #include <QFile>
 #include <algorithm>
@@ -54,19 +55,39 @@ QString tagOf(const Options& options) {
 class OwnSqlServerHouse : public House {
   public:
     explicit OwnSqlServerHouse(const Options& options)
-        : home_(options.home), tag_(tagOf(options)), wire_(options.wire) {
+        : home_(options.home), tag_(tagOf(options)), wire_(options.wire), keep_(options.keep) {
         servers::TdsServer::require();
         if (!wire_.isEmpty() && !QFile(wire_).open(QIODevice::WriteOnly))
             throw Failure{u"%1 cannot be written"_s.arg(wire_)};
     }
     std::unique_ptr<Stage> stage(const QString& copy) const override {
-        return std::make_unique<SqlServerStage>(home_, copy, std::make_unique<OwnSqlServer>(copy, wire_), tag_);
+        return std::make_unique<SqlServerStage>(
+            home_, copy, std::make_unique<OwnSqlServer>(keep_.isEmpty() ? copy : keep_, wire_), tag_);
     }
 
   private:
     QString home_;
     QString tag_;
     QString wire_;
+    QString keep_;
+};
+
+/// The one scenario of the run works on databases that stand already.
+class StandingSqlServerHouse : public House {
+  public:
+    explicit StandingSqlServerHouse(const Options& options)
+        : home_(options.home), tag_(tagOf(options)), port_(options.standing) {
+        if (options.files.size() != 1)
+            throw Failure{u"--standing is for one scenario, the next one needs the databases anew"_s};
+    }
+    std::unique_ptr<Stage> stage(const QString& copy) const override {
+        return std::make_unique<SqlServerStage>(home_, copy, std::make_unique<StandingSqlServer>(port_), tag_);
+    }
+
+  private:
+    QString home_;
+    QString tag_;
+    QString port_;
 };
 
 /// All scenarios work on a given database, which is empty between them.
@@ -106,6 +127,8 @@ std::unique_ptr<House> makeFirebirdHouse(const Options& options) {
 }
 
 std::unique_ptr<House> makeSqlServerHouse(const Options& options) {
+    if (!options.standing.isEmpty())
+        return std::make_unique<StandingSqlServerHouse>(options);
     if (options.server.isEmpty())
         return std::make_unique<OwnSqlServerHouse>(options);
     return std::make_unique<GivenSqlServerHouse>(options);

@@ -11,7 +11,22 @@ namespace vorta::robot {
 
 namespace {
 
-QString databaseOf(Base base) {
+/// The tables of databases, in the server's form of a script.
+QByteArray definitions(const std::set<Base>& bases) {
+    QString script;
+    for (const Base base : bases) {
+        script += u"USE %1\nGO\n"_s.arg(DatabaseOf(base));
+        for (const QStringList& statements : {kit::TableStatements(data::Engine::SqlServer, KindOf(base)),
+                                              kit::IndexStatements(data::Engine::SqlServer, KindOf(base))})
+            for (const QString& statement : statements)
+                script += statement + u"\nGO\n"_s;
+    }
+    return script.toUtf8();
+}
+
+} // namespace
+
+QString DatabaseOf(Base base) {
     switch (base) {
     case Base::Main:
         return u"VORTA"_s;
@@ -25,21 +40,6 @@ QString databaseOf(Base base) {
     return {};
 }
 
-/// The tables of databases, in the server's form of a script.
-QByteArray definitions(const std::set<Base>& bases) {
-    QString script;
-    for (const Base base : bases) {
-        script += u"USE %1\nGO\n"_s.arg(databaseOf(base));
-        for (const QStringList& statements : {kit::TableStatements(data::Engine::SqlServer, KindOf(base)),
-                                              kit::IndexStatements(data::Engine::SqlServer, KindOf(base))})
-            for (const QString& statement : statements)
-                script += statement + u"\nGO\n"_s;
-    }
-    return script.toUtf8();
-}
-
-} // namespace
-
 OwnSqlServer::OwnSqlServer(const QString& folder, const QString& wire)
     : folder_(folder), wire_(wire), rows_(folder + u"/rows.jsonl"_s) {}
 
@@ -48,7 +48,7 @@ void OwnSqlServer::take(Base base, const TableRows& rows) {
         throw Failure{u"%1 cannot be written"_s.arg(rows_.fileName())};
     taken_.insert(base);
     QJsonObject line{{u"table"_s, rows.table.name},
-                     {u"database"_s, databaseOf(base)},
+                     {u"database"_s, DatabaseOf(base)},
                      {u"columns"_s, rows.columns},
                      {u"rows"_s, rows.rows}};
     if (rows.lastKey)
@@ -66,7 +66,7 @@ void OwnSqlServer::open() {
     tables.close();
     QStringList options{u"--collation"_s, u"Latin1_General_CI_AI"_s};
     for (const Base base : taken_)
-        options += {u"--database"_s, databaseOf(base)};
+        options += {u"--database"_s, DatabaseOf(base)};
     if (!wire_.isEmpty())
         options += {u"--trace"_s, wire_};
     options += {u"--ddl"_s, tables.fileName(), u"--load"_s, rows_.fileName()};
@@ -77,7 +77,7 @@ void OwnSqlServer::open() {
 }
 
 SqlServerLogin OwnSqlServer::login(Base base) const {
-    return {u"127.0.0.1,%1"_s.arg(servers_.at(base)->port()), u"vorta"_s, u"vorta"_s, databaseOf(base)};
+    return {u"127.0.0.1,%1"_s.arg(servers_.at(base)->port()), u"vorta"_s, u"vorta"_s, DatabaseOf(base)};
 }
 
 } // namespace vorta::robot

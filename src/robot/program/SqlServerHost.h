@@ -40,9 +40,14 @@ class SqlServerHost {
     /// Opens the databases whose rows have come since the last time. Raises the engine's error, or
     /// `std::runtime_error`.
     virtual void open() = 0;
+    /// True where the databases stand already, with the rows of the installation: none is taken over.
+    virtual bool holdsAll() const { return false; }
     /// How to reach an open database.
     virtual SqlServerLogin login(Base base) const = 0;
 };
+
+/// The name of a database on a server that has one for each.
+QString DatabaseOf(Base base);
 
 /// The kind of tables that a database has.
 inline kit::Base KindOf(Base base) {

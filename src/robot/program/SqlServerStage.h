@@ -14,7 +14,11 @@ class SqlServerStage : public Installation {
   public:
     /// `tag` is the engine tag of the lines; those of the postal codes get "MS-SQL" where their file does not know it.
     SqlServerStage(const QString& home, const QString& copy, std::unique_ptr<SqlServerHost> host, const QString& tag)
-        : Installation(home, copy), host_(std::move(host)), tag_(tag) {}
+        : Installation(home, copy), host_(std::move(host)), tag_(tag) {
+        if (host_->holdsAll())
+            for (const auto& [base, file] : files())
+                moved_.insert(base);
+    }
 
     data::Engine engine() const override { return data::Engine::SqlServer; }
     void execute(Base base, const QString& statement) override;
