@@ -50,7 +50,7 @@ class Auditor {
         say(u"vínculos"_s, 0, 0);
         Links links(connection_);
         const Towns towns(connection_);
-        Duplicates duplicates(all_);
+        Duplicates duplicates;
         ReadPages(
             connection_, persons, [&](qint64 key, const Recordset& row) { person(key, row, links, towns, duplicates); },
             [&] { say(u"pessoas"_s, extent_.persons, all_); });

@@ -46,14 +46,13 @@ struct Trait {
     Check check;
     Keys (*keys)(const PersonTraits& person);
     const char* field;
-    std::size_t most; ///< keys that a person may have of it
 };
 
 constexpr std::array traits{
-    Trait{Check::SameDocument, documentOf, "CPF0_CNPJ", 1},
-    Trait{Check::SameNameAndTown, nameAndTownOf, "NOME_PESS", 1},
-    Trait{Check::SamePhone, phonesOf, "TELE/FAX0", 4},
-    Trait{Check::SameMail, mailOf, "EMAI_PESS", 1},
+    Trait{Check::SameDocument, documentOf, "CPF0_CNPJ"},
+    Trait{Check::SameNameAndTown, nameAndTownOf, "NOME_PESS"},
+    Trait{Check::SamePhone, phonesOf, "TELE/FAX0"},
+    Trait{Check::SameMail, mailOf, "EMAI_PESS"},
 };
 
 /// Groups are read again so many persons at a time; always as many, so that the engine knows the statement.
@@ -92,44 +91,46 @@ std::map<qint64, PersonTraits> readPersons(data::Connection& connection, std::ve
 
 static_assert(traits.size() == 4);
 
-Duplicates::Duplicates(qint64 persons) {
-    // Room that is never written costs nothing; growing would need it twice for a while.
-    for (std::size_t trait = 0; trait < traits.size(); ++trait)
-        entries_[trait].reserve(static_cast<std::size_t>(persons) * traits[trait].most);
-}
-
 void Duplicates::add(const PersonTraits& person) {
     for (std::size_t trait = 0; trait < traits.size(); ++trait)
         for (const QString& key : traits[trait].keys(person))
-            entries_[trait].push_back({HashOf(key), person.id});
+            keys_[trait].add({HashOf(key), person.id});
 }
 
 void Duplicates::tell(data::Connection& connection, Findings& findings,
                       const std::function<void(qint64, qint64)>& progress) {
     for (std::size_t trait = 0; trait < traits.size(); ++trait) {
-        Entries& entries = entries_[trait];
-        std::ranges::sort(entries);
-        std::vector<Group> pending;
-        qsizetype persons = 0;
-        const Entry* const last = entries.data() + entries.size();
-        for (const Entry* at = entries.data(); at != last;) {
-            const Entry* const end =
-                std::find_if(at, last, [at](const Entry& other) { return other.hash != at->hash; });
-            const qsizetype size = std::min<qsizetype>(end - at, mostListed);
-            if (size > 1 && persons + size > personsAtOnce) {
-                tellGroups(trait, std::exchange(pending, {}), connection, findings);
-                persons = 0;
-                progress(at - entries.data(), static_cast<qint64>(entries.size()));
-            }
-            if (size > 1) {
-                pending.push_back({at, end});
-                persons += size;
-            }
-            at = end;
+        qint64 done = 0;
+        for (std::size_t part = 0; part < Spill::parts; ++part) {
+            const std::vector<KeyOfPerson> keys = keys_[trait].take(part);
+            tellPart(trait, keys, connection, findings,
+                     [&](qint64 ofPart) { progress(done + ofPart, keys_[trait].size()); });
+            done += static_cast<qint64>(keys.size());
         }
-        tellGroups(trait, pending, connection, findings);
-        entries = {};
     }
+}
+
+void Duplicates::tellPart(std::size_t trait, const std::vector<KeyOfPerson>& keys, data::Connection& connection,
+                          Findings& findings, const std::function<void(qint64)>& progress) {
+    std::vector<Group> pending;
+    qsizetype persons = 0;
+    const KeyOfPerson* const last = keys.data() + keys.size();
+    for (const KeyOfPerson* at = keys.data(); at != last;) {
+        const KeyOfPerson* const end =
+            std::find_if(at, last, [at](const KeyOfPerson& other) { return other.hash != at->hash; });
+        const qsizetype size = std::min<qsizetype>(end - at, mostListed);
+        if (size > 1 && persons + size > personsAtOnce) {
+            tellGroups(trait, std::exchange(pending, {}), connection, findings);
+            persons = 0;
+            progress(at - keys.data());
+        }
+        if (size > 1) {
+            pending.push_back({at, end});
+            persons += size;
+        }
+        at = end;
+    }
+    tellGroups(trait, pending, connection, findings);
 }
 
 void Duplicates::tellGroups(std::size_t trait, const std::vector<Group>& groups, data::Connection& connection,
@@ -140,12 +141,12 @@ void Duplicates::tellGroups(std::size_t trait, const std::vector<Group>& groups,
     std::vector<qint64> ids;
     for (const Group& group : groups)
         std::transform(group.begin, group.begin + listed(group), std::back_inserter(ids),
-                       [](const Entry& entry) { return entry.person; });
+                       [](const KeyOfPerson& entry) { return entry.person; });
     const std::map<qint64, PersonTraits> persons = readPersons(connection, ids);
     for (const Group& group : groups) {
         // By the very text: other texts may have the same hash, and a person may have changed since.
         std::map<QString, std::vector<const PersonTraits*>> same;
-        for (const Entry* entry = group.begin; entry != group.begin + listed(group); ++entry)
+        for (const KeyOfPerson* entry = group.begin; entry != group.begin + listed(group); ++entry)
             if (const auto person = persons.find(entry->person); person != persons.end())
                 for (const QString& key : traits[trait].keys(person->second))
                     if (HashOf(key) == group.begin->hash)

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "audit/Checks.h"
+#include "audit/Spill.h"
 #include "data/Connection.h"
 
 #include <array>
 #include <functional>
-#include <vector>
 
 namespace vorta::audit {
 
@@ -17,13 +17,11 @@ struct PersonTraits {
     bool deactivated = false;
 };
 
-/// Finds persons who are entered twice. It keeps sixteen bytes for each trait and no text: who shares a trait is read
-/// once more at the end, so that equal hashes of different texts are told apart.
+/// Finds persons who are entered twice. Of each trait it keeps a hash, outside memory, and no text: who shares a trait
+/// is read once more at the end, so that equal hashes of different texts are told apart.
 class Duplicates {
   public:
-    /// `persons`: about how many are to come.
-    explicit Duplicates(qint64 persons);
-
+    /// Raises 75 when the folder of temporary files cannot take what must be kept.
     void add(const PersonTraits& person);
     /// Reads those who share a trait again and tells them, group by group; of a large group the first twenty.
     void tell(data::Connection& connection, Findings& findings, const std::function<void(qint64, qint64)>& progress);
@@ -31,21 +29,18 @@ class Duplicates {
     static constexpr qsizetype mostListed = 20;
 
   private:
-    struct Entry {
-        quint64 hash;
-        qint64 person;
-        auto operator<=>(const Entry&) const = default;
-    };
     struct Group {
-        const Entry* begin;
-        const Entry* end;
+        const KeyOfPerson* begin;
+        const KeyOfPerson* end;
     };
-    using Entries = std::vector<Entry>;
 
     void tellGroups(std::size_t trait, const std::vector<Group>& groups, data::Connection& connection,
                     Findings& findings);
 
-    std::array<Entries, 4> entries_; ///< by trait
+    void tellPart(std::size_t trait, const std::vector<KeyOfPerson>& keys, data::Connection& connection,
+                  Findings& findings, const std::function<void(qint64)>& progress);
+
+    std::array<Spill, 4> keys_; ///< by trait
     qint64 groups_ = 0;
 };
 
