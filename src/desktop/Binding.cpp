@@ -48,8 +48,26 @@ std::optional<Key> specialKey(const QKeyEvent& key) {
     }
 }
 
-/// A key that walks, whatever Shift or Ctrl add to it.
-std::optional<Key> cursorKey(const QKeyEvent& key) {
+/// A letter with Alt that no caption has taken: it means a button that cannot be clicked now, and is no text.
+bool isIdleAccelerator(const QKeyEvent& key) {
+    const Qt::KeyboardModifiers modifiers =
+        key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    const bool alone = modifiers == Qt::AltModifier || modifiers == Qt::MetaModifier;
+    return alone && !key.text().isEmpty() && key.text()[0].isPrint();
+}
+
+/// The printable character of a key; null for cursor keys, shortcuts and the like. AltGr reports itself as Ctrl+Alt on
+/// some systems.
+QChar characterOf(const QKeyEvent& key) {
+    const Qt::KeyboardModifiers modifiers =
+        key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    const bool plain = modifiers == Qt::NoModifier || modifiers == (Qt::ControlModifier | Qt::AltModifier);
+    return plain && key.text().size() == 1 && key.text()[0].isPrint() ? key.text()[0] : QChar();
+}
+
+} // namespace
+
+std::optional<Key> CursorKey(const QKeyEvent& key) {
     switch (key.key()) {
     case Qt::Key_Left:
         return Key::Left;
@@ -71,25 +89,6 @@ std::optional<Key> cursorKey(const QKeyEvent& key) {
         return {};
     }
 }
-
-/// A letter with Alt that no caption has taken: it means a button that cannot be clicked now, and is no text.
-bool isIdleAccelerator(const QKeyEvent& key) {
-    const Qt::KeyboardModifiers modifiers =
-        key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    const bool alone = modifiers == Qt::AltModifier || modifiers == Qt::MetaModifier;
-    return alone && !key.text().isEmpty() && key.text()[0].isPrint();
-}
-
-/// The printable character of a key; null for cursor keys, shortcuts and the like. AltGr reports itself as Ctrl+Alt on
-/// some systems.
-QChar characterOf(const QKeyEvent& key) {
-    const Qt::KeyboardModifiers modifiers =
-        key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    const bool plain = modifiers == Qt::NoModifier || modifiers == (Qt::ControlModifier | Qt::AltModifier);
-    return plain && key.text().size() == 1 && key.text()[0].isPrint() ? key.text()[0] : QChar();
-}
-
-} // namespace
 
 Binding::Binding(Binder& binder, screen::Field& field, QWidget& widget)
     : binder_(binder), field_(field), widget_(widget) {
@@ -173,7 +172,7 @@ bool Binding::keyPressed(QKeyEvent& key) {
     const std::optional<Key> special = specialKey(key);
     if (special)
         return (ignored && *special == Key::Enter) || specialPressed(*special);
-    if (const std::optional<Key> cursor = cursorKey(key))
+    if (const std::optional<Key> cursor = CursorKey(key))
         return cursorPressed(*cursor);
     const QChar typed = characterOf(key);
     if (typed.isNull())

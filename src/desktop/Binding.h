@@ -56,6 +56,9 @@ class Binding : public QObject {
     std::optional<std::pair<screen::Colour, screen::Colour>> colours_;
 };
 
+/// The cursor key that has been pressed, whatever Shift or Ctrl add to it; nothing for other keys.
+std::optional<screen::Key> CursorKey(const QKeyEvent& key);
+
 /// The binding for the kind of field and widget; raises 13 when a widget cannot show that kind.
 std::unique_ptr<Binding> MakeBinding(Binder& binder, screen::Field& field, QWidget& widget);
 

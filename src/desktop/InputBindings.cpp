@@ -24,19 +24,10 @@ constexpr int widestFixed = 22; ///< a longer limit says nothing about the room 
 constexpr int leastShown = 14;
 
 /// The keys that walk through the items of a list.
-std::optional<Key> walkingKey(int key) {
-    switch (key) {
-    case Qt::Key_Up:
-        return Key::Up;
-    case Qt::Key_Down:
-        return Key::Down;
-    case Qt::Key_PageUp:
-        return Key::PageUp;
-    case Qt::Key_PageDown:
-        return Key::PageDown;
-    default:
-        return {};
-    }
+std::optional<Key> walkingKey(const QKeyEvent& key) {
+    const std::optional<Key> cursor = CursorKey(key);
+    const bool walks = cursor == Key::Up || cursor == Key::Down || cursor == Key::PageUp || cursor == Key::PageDown;
+    return walks ? cursor : std::nullopt;
 }
 
 /// The characters that an input is drawn for: what the form says, else its mask or its maximum length; 0 for as wide as
@@ -335,7 +326,7 @@ bool ListBinding::keyPressed(QKeyEvent& key) {
         if (alt)
             dropDown();
         else if (takeFocus())
-            walk(*walkingKey(key.key()));
+            walk(*walkingKey(key));
         return true;
     default:
         return LineBinding::keyPressed(key);
@@ -372,13 +363,13 @@ bool ListBinding::popupKey(QKeyEvent& key) {
         act();
         return true;
     }
-    if (const std::optional<Key> walking = walkingKey(key.key()); walking && !alt) {
+    if (const std::optional<Key> walking = walkingKey(key); walking && !alt) {
         list_.highlight(popup_->currentIndex().row()); // the mouse may have moved it
         walk(*walking);
         return true;
     }
     const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-    const bool closes = key.key() == Qt::Key_Escape || key.key() == Qt::Key_F4 || walkingKey(key.key());
+    const bool closes = key.key() == Qt::Key_Escape || key.key() == Qt::Key_F4 || walkingKey(key);
     if (closes || (enter && popup_->currentIndex().isValid()))
         return false;
     if (enter)
