@@ -488,6 +488,16 @@ void User::closeList(ListField& list) {
     event(list.screen(), [&] { list.close(); });
 }
 
+namespace {
+
+/// What a hand does beside an open list closes it, also where it takes no focus.
+void letGoOfList(Screen& screen) {
+    if (auto* list = dynamic_cast<ListField*>(screen.focus()))
+        list->close();
+}
+
+} // namespace
+
 void User::pick(ListField& list, int index) {
     event(list.screen(), [&] {
         if (list.locked() || !list.enabled() || list.screen().focus() != &list)
@@ -500,8 +510,7 @@ void User::pick(ListField& list, int index) {
 
 void User::chooseTab(TabStrip& strip, int page) {
     event(strip.screen(), [&] {
-        if (auto* list = dynamic_cast<ListField*>(strip.screen().focus()))
-            list->close();
+        letGoOfList(strip.screen());
         showPageOf(strip);
         strip.setCurrent(page);
     });
@@ -512,7 +521,10 @@ void User::close(Screen& screen) {
 }
 
 void User::closeByFrame(Screen& screen) {
-    event(screen, [&] { screen.CloseByFrame(); });
+    event(screen, [&] {
+        letGoOfList(screen);
+        screen.CloseByFrame();
+    });
 }
 
 void User::move(Screen& screen) {
