@@ -29,7 +29,7 @@ void Spill::add(const KeyOfPerson& key) {
 void Spill::write(Part& part) {
     if (!part.file)
         part.file = std::make_unique<QTemporaryFile>();
-    const auto bytes = static_cast<qint64>(part.waiting.size() * sizeof(KeyOfPerson));
+    const auto bytes = static_cast<qint64>(part.waiting.size()) * static_cast<qint64>(sizeof(KeyOfPerson));
     const bool open = part.file->isOpen() || part.file->open();
     if (!open || part.file->write(reinterpret_cast<const char*>(part.waiting.data()), bytes) != bytes ||
         !part.file->flush()) {
