@@ -34,7 +34,7 @@ class OwnProcess {
   public:
     /// Starts it with these arguments; see `isStarted`.
     explicit OwnProcess(const QStringList& arguments);
-    ~OwnProcess();
+    ~OwnProcess(); // NOLINT(performance-trivially-destructible): there are systems with a handle to close
     OwnProcess(const OwnProcess&) = delete;
     OwnProcess& operator=(const OwnProcess&) = delete;
 

@@ -36,6 +36,18 @@ int descriptor(qintptr handle) {
     return static_cast<int>(handle);
 }
 
+short numberOf(OpenFile::Lock mode) {
+    switch (mode) {
+    case OpenFile::Lock::Exclusive:
+        return F_WRLCK;
+    case OpenFile::Lock::Shared:
+        return F_RDLCK;
+    case OpenFile::Lock::None:
+        break;
+    }
+    return F_UNLCK;
+}
+
 struct flock wholeFile(short mode) {
     struct flock whole {};
     whole.l_type = mode;
@@ -133,7 +145,7 @@ bool OpenFile::setRights(unsigned rights) {
 }
 
 bool OpenFile::lock(Lock mode) {
-    struct flock whole = wholeFile(mode == Lock::Exclusive ? F_WRLCK : mode == Lock::Shared ? F_RDLCK : F_UNLCK);
+    struct flock whole = wholeFile(numberOf(mode));
     while (::fcntl(descriptor(handle_), F_OFD_SETLK, &whole) != 0) {
         if (errno == EINTR)
             continue;
