@@ -47,8 +47,10 @@ std::vector<KeyOfPerson> Spill::take(std::size_t number) {
         const auto before = static_cast<std::size_t>(part.file->size()) / sizeof(KeyOfPerson);
         const std::size_t behind = keys.size();
         keys.resize(behind + before);
-        part.file->seek(0);
-        part.file->read(reinterpret_cast<char*>(keys.data() + behind), part.file->size());
+        const qint64 bytes = part.file->size();
+        if (!part.file->seek(0) || part.file->read(reinterpret_cast<char*>(keys.data() + behind), bytes) != bytes)
+            throw RuntimeError(errorNumber::PathRefused,
+                               u"Não foi possível ler %1: %2"_s.arg(part.file->fileName(), part.file->errorString()));
     }
     std::ranges::sort(keys);
     return keys;
