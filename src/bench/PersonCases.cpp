@@ -3,7 +3,6 @@
 #include "base/Literals.h"
 #include "bench/QuietPlatform.h"
 #include "bench/RecordedWork.h"
-#include "firebird/EmbeddedEngine.h"
 #include "firebird/FirebirdAdapter.h"
 #include "kit/Create.h"
 #include "person/frmPessoas.h"
@@ -12,7 +11,6 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QProcess>
-#include <QTemporaryDir>
 
 namespace vorta::bench {
 
@@ -25,14 +23,14 @@ constexpr int starts = 41; ///< rounds: nothing varies as much as the start of a
 
 const QString launchString = u"1^1^PRD^False^"_s;
 
-/// An installation with its person screen, idle after the launch, on one side and the bare client on the other.
+/// An installation with its person screen, idle after the launch, on one side and the bare client on the other. It
+/// stands in the home of the run: programs that are started on it find the locks of its base there.
 class PersonBench {
-    QTemporaryDir folder_; // goes last, when every connection is closed
+    QString home_ = qEnvironmentVariable("VORTA_HOME");
 
   public:
     PersonBench() {
-        firebird::PrepareEmbeddedEngine(folder_.path());
-        kit::CreateInstallation(folder_.path(), {.people = people});
+        kit::CreateInstallation(home_, {.people = people});
         contexto_.LinhaComando = launchString;
         atStart_ = statementsOf([this] { program_.ShowModal(tela_); });
         bare_ = std::make_unique<BareClient>(contexto_.StringConexaoFirebird);
@@ -57,7 +55,7 @@ class PersonBench {
 
     /// Milliseconds until a program of its own has painted its window: a "bare" one or one with the "form".
     double startsBare(const char* window) {
-        const QString list = folder_.filePath(u"inicio.sql"_s);
+        const QString list = home_ + u"/inicio.sql"_s;
         if (QFile file(list); !file.exists() && file.open(QIODevice::WriteOnly))
             file.write(atStart_.join('\n'));
         return starts({QString::fromLatin1(window), contexto_.StringConexaoFirebird, list});
@@ -88,8 +86,8 @@ class PersonBench {
     double starts(const QStringList& arguments) {
         QProcess started;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"VORTA_HOME"_s, folder_.path());
-        environment.insert(u"XDG_CONFIG_HOME"_s, folder_.path());
+        environment.insert(u"VORTA_HOME"_s, home_);
+        environment.insert(u"XDG_CONFIG_HOME"_s, home_);
         if (!environment.contains(u"QT_QPA_PLATFORM"_s))
             environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
         started.setProcessEnvironment(environment);
@@ -103,7 +101,7 @@ class PersonBench {
         return milliseconds;
     }
 
-    QuietPlatform platform_{folder_.path()};
+    QuietPlatform platform_{home_};
     screen::Program program_{platform_};
     screen::User user_{program_};
     Recorder recorder_;

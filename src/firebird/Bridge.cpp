@@ -119,14 +119,44 @@ bool mayHoldDate(QStringView text) {
     return false;
 }
 
-/// True when some value may be a plain whole number, seen without reading the tokens.
-bool mayHoldInteger(const Statement& statement) {
+bool startsWithWord(QStringView text, QStringView word) {
+    return text.trimmed().startsWith(word, Qt::CaseInsensitive);
+}
+
+/// True when some value may be an operand, seen without reading the tokens.
+bool mayHoldOperand(const Statement& statement) {
     const QStringView text = statement.text();
-    const auto values = statement.values();
-    return std::any_of(values.begin(), values.end(), [text](const data::ValueSpan& span) {
-        return span.length > 0 && text[span.start] >= u'0' && text[span.start] <= u'9' && span.start > 0 &&
-               text[span.start - 1] != u'\'';
+    const bool isQuery = startsWithWord(text, u"select");
+    return std::ranges::any_of(statement.values(), [text, isQuery](const data::ValueSpan& span) {
+        if (span.start == 0)
+            return false;
+        if (text[span.start - 1] == u'\'')
+            return isQuery && text.first(span.start - 1).trimmed().endsWith(u'=');
+        return span.length > 0 && isDigit(text[span.start]);
     });
+}
+
+/// The whole number that a value is by itself.
+std::optional<Operand> wholeNumber(const Tokens& tokens, std::size_t i, const data::ValueSpan& span) {
+    if (!tokens.is(i, TokenKind::Number) || tokens[i].start != span.start || tokens[i].length != span.length)
+        return std::nullopt;
+    bool whole = false;
+    const qint64 integer = tokens.in(i).toLongLong(&whole);
+    return whole ? std::optional<Operand>(integer) : std::nullopt;
+}
+
+/// The text of a literal that a value is all of, that is the whole of what follows an `=` (no `<=`, `>=` or `!=`).
+std::optional<Operand> equalledText(const Tokens& tokens, std::size_t i, const data::ValueSpan& span) {
+    if (i < 2 || !tokens.is(i, TokenKind::Literal) || !tokens[i].closed || tokens[i].start + 1 != span.start ||
+        tokens[i].length != span.length + 2)
+        return std::nullopt;
+    if (!tokens.isSymbol(i - 1, u'=') ||
+        std::ranges::any_of(std::array{u'<', u'>', u'!', u'^', u'~'},
+                            [&](char16_t part) { return tokens.isSymbol(i - 2, part); }))
+        return std::nullopt;
+    if (tokens.is(i + 1, TokenKind::Symbol) && !tokens.isSymbol(i + 1, u')') && !tokens.isSymbol(i + 1, u';'))
+        return std::nullopt;
+    return tokens.content(i).toString().replace(u"''"_s, u"'"_s);
 }
 
 /// `SELECT TOP`, seen without reading the tokens of the rest.
@@ -187,7 +217,7 @@ std::optional<QString> IdentityColumn(const Statement& statement) {
 }
 
 std::optional<QString> InsertedTable(const Statement& statement) {
-    if (!statement.text().trimmed().startsWith(u"insert", Qt::CaseInsensitive))
+    if (!startsWithWord(statement.text(), u"insert"))
         return std::nullopt;
     const Tokens tokens(statement);
     const std::optional<std::size_t> values = insertedValues(tokens);
@@ -239,25 +269,24 @@ QString Shape(const QString& text) {
     return shape += QStringView(text).sliced(copied);
 }
 
-Parameterised TakeIntegers(const Statement& statement) {
-    if (!mayHoldInteger(statement))
+Parameterised TakeOperands(const Statement& statement) {
+    if (!mayHoldOperand(statement))
         return {};
     const Tokens tokens(statement);
-    const QStringView text = statement.text();
+    const bool isQuery = tokens.isWord(0, "select");
     std::vector<Edit> edits;
     Parameterised taken;
     std::size_t i = 0;
     for (const data::ValueSpan& span : statement.values()) {
-        while (i < tokens.size() && tokens[i].start < span.start)
+        while (i < tokens.size() && tokens[i].end() <= span.start)
             ++i;
-        if (!tokens.is(i, TokenKind::Number) || tokens[i].start != span.start || tokens[i].length != span.length)
+        std::optional<Operand> operand = wholeNumber(tokens, i, span);
+        if (!operand && isQuery)
+            operand = equalledText(tokens, i, span);
+        if (!operand)
             continue;
-        bool whole = false;
-        const qint64 integer = text.sliced(span.start, span.length).toLongLong(&whole);
-        if (!whole)
-            continue;
-        edits.push_back({span.start, span.length, u"?"_s});
-        taken.integers.push_back(integer);
+        edits.push_back({tokens[i].start, tokens[i].length, u"?"_s});
+        taken.operands.push_back(*std::move(operand));
     }
     if (!edits.empty())
         taken.text = statement.edited(edits).text();

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <optional>
+#include <variant>
 #include <vector>
 
 /// The few texts that the flows send and Firebird does not know, answered from tokens. Literals and names are never
@@ -32,13 +33,16 @@ data::Statement BridgeDates(const data::Statement& statement, const DescribeDate
 /// the same types at the same places of them.
 QString Shape(const QString& text);
 
-/// A statement whose plain integer values stand aside as parameters.
+/// A value that stands aside as a parameter: a whole number, or a text that stood between apostrophes.
+using Operand = std::variant<qint64, QString>;
+/// A statement with `?` for some of its values, and these from left to right.
 struct Parameterised {
     QString text;
-    std::vector<qint64> integers;
+    std::vector<Operand> operands;
 };
-/// Takes the integer values that stand as numbers of their own out of the text; no integers when there are none.
-Parameterised TakeIntegers(const data::Statement& statement);
+/// Takes the whole numbers that stand as values of their own out of the text, and out of a query also the values that
+/// are all of a literal behind `=`; no operands when there are none.
+Parameterised TakeOperands(const data::Statement& statement);
 
 /// An insert whose values stand aside as parameters.
 struct InsertedValues {

@@ -31,6 +31,11 @@ constexpr unsigned char writeBlock[] = {
 /// The class of SQLSTATE of a value that the engine cannot take.
 const QString dataClass = u"22"_s;
 
+/// True when the engine cannot take a value.
+bool isOfValues(const Firebird::FbException& failure) {
+    return ToRuntimeError(failure, {}).sqlState().startsWith(dataClass);
+}
+
 /// True when a row was changed by somebody else between a statement's reading and its writing of it.
 bool ChangedMeanwhile(const Firebird::FbException& failure) {
     return Tells(failure.getStatus()->getErrors(), isc_update_conflict);
@@ -93,6 +98,7 @@ class FirebirdAdapter : public data::Adapter {
     struct Runnable {
         PreparedStatement* prepared = nullptr;
         std::unique_ptr<PreparedStatement> own;
+        QString text; ///< with every value in its place
     };
 
     Transaction start(std::span<const unsigned char> block) {
@@ -120,7 +126,9 @@ class FirebirdAdapter : public data::Adapter {
     Runnable prepareQuery(const Statement& statement, const RowSink& rows);
     std::optional<std::vector<bool>> describeDates(const QString& text);
     void run(const Statement& statement);
-    void run(const Runnable& runnable, RowSink* rows);
+    void run(Runnable runnable, RowSink* rows);
+    Runnable prepareAsText(const QString& text);
+    PreparedStatement::Cursor open(Runnable& runnable);
     void runInsert(const Statement& statement, const QString& table);
     bool insertPrepared(const Statement& returning);
     std::optional<qint64> write(PreparedStatement& prepared, RowSink* rows);
@@ -261,7 +269,7 @@ bool FirebirdAdapter::insertPrepared(const Statement& returning) {
         identity_ = write(*cached, nullptr);
         return true;
     } catch (const Firebird::FbException& failure) {
-        if (!ToRuntimeError(failure, {}).sqlState().startsWith(dataClass))
+        if (!isOfValues(failure))
             throw;
         return false;
     }
@@ -271,11 +279,25 @@ void FirebirdAdapter::run(const Statement& statement) {
     run(prepare(statement), nullptr);
 }
 
-void FirebirdAdapter::run(const Runnable& runnable, RowSink* rows) {
-    if (runnable.prepared->answer() == Answer::Rows)
-        runnable.prepared->fetch(reading(), rows);
-    else
+void FirebirdAdapter::run(Runnable runnable, RowSink* rows) {
+    if (runnable.prepared->answer() == Answer::Rows) {
+        PreparedStatement::Cursor cursor = open(runnable);
+        runnable.prepared->fetch(std::move(cursor), reading(), rows);
+    } else {
         write(*runnable.prepared, rows);
+    }
+}
+
+/// A value that is longer than its place, say, can be compared as a literal alone.
+PreparedStatement::Cursor FirebirdAdapter::open(Runnable& runnable) {
+    try {
+        return runnable.prepared->open(reading());
+    } catch (const Firebird::FbException& failure) {
+        if (runnable.own || !isOfValues(failure))
+            throw;
+    }
+    runnable = prepareAsText(runnable.text);
+    return runnable.prepared->open(reading());
 }
 
 std::optional<std::vector<bool>> FirebirdAdapter::describeDates(const QString& text) {
@@ -293,18 +315,22 @@ std::optional<std::vector<bool>> FirebirdAdapter::describeDates(const QString& t
 
 FirebirdAdapter::Runnable FirebirdAdapter::prepare(const Statement& statement, bool isQuery) {
     const Statement bridged = BridgeDates(statement, [this](const QString& text) { return describeDates(text); });
-    const Parameterised aside = TakeIntegers(bridged);
-    if (isQuery || !aside.integers.empty()) {
-        const bool plain = aside.integers.empty();
+    const Parameterised aside = TakeOperands(bridged);
+    if (isQuery || !aside.operands.empty()) {
+        const bool plain = aside.operands.empty();
         PreparedStatement* const cached =
             cache_.find(*attachment_, reading(), plain ? bridged.text() : aside.text,
                         plain ? StatementCache::Keep::WhenRepeated : StatementCache::Keep::AtOnce);
-        if (cached && cached->bind(aside.integers))
-            return {cached, nullptr};
+        if (cached && cached->bind(std::span(aside.operands)))
+            return {cached, nullptr, bridged.text()};
     }
-    auto own = std::make_unique<PreparedStatement>(*attachment_, reading(), bridged.text());
+    return prepareAsText(bridged.text());
+}
+
+FirebirdAdapter::Runnable FirebirdAdapter::prepareAsText(const QString& text) {
+    auto own = std::make_unique<PreparedStatement>(*attachment_, reading(), text);
     PreparedStatement* const prepared = own.get();
-    return {prepared, std::move(own)};
+    return {prepared, std::move(own), text};
 }
 
 /// With the wanted columns alone where that can be said. Where the engine refuses it, the text as the flow sent it

@@ -22,14 +22,24 @@ Answer answerOf(unsigned type, unsigned flags) {
 constexpr int longestText = 256;
 /// The engine's number of the character set in which statements are sent.
 constexpr unsigned utf8 = 4;
+/// Its number of what is no text but bytes.
+constexpr unsigned octets = 1;
 
 template <typename Integer>
-bool put(unsigned char* place, qint64 value) {
+bool putFitting(unsigned char* place, qint64 value) {
     if (value < std::numeric_limits<Integer>::min() || value > std::numeric_limits<Integer>::max())
         return false;
     const auto fitting = static_cast<Integer>(value);
     std::memcpy(place, &fitting, sizeof fitting);
     return true;
+}
+
+/// The whole number that a text spells as a number is printed: "5", neither "05" nor "5.4", which the engine compares
+/// otherwise than it takes them for a parameter.
+std::optional<qint64> spelledInteger(const QString& text) {
+    bool whole = false;
+    const qint64 integer = text.toLongLong(&whole);
+    return whole && QString::number(integer) == text ? std::optional(integer) : std::nullopt;
 }
 
 } // namespace
@@ -51,34 +61,37 @@ PreparedStatement::PreparedStatement(Firebird::IAttachment& attachment, Firebird
 
 void PreparedStatement::describeParameters() {
     Status status;
-    Handle<Firebird::IMessageMetadata>& described = asDescribed_.description;
-    described.reset(statement_->getInputMetadata(&status));
-    const unsigned count = described->getCount(&status);
+    parametersAsDescribed_.reset(statement_->getInputMetadata(&status));
+    Firebird::IMessageMetadata& described = *parametersAsDescribed_;
+    const unsigned count = described.getCount(&status);
     for (unsigned i = 0; i < count; ++i) {
-        const unsigned type = described->getType(&status, i) & ~1u;
-        const bool integer =
-            (type == SQL_SHORT || type == SQL_LONG || type == SQL_INT64) && described->getScale(&status, i) == 0;
-        onlyIntegers_ = onlyIntegers_ && integer;
-        parameters_.push_back({type, described->getOffset(&status, i)});
+        const unsigned type = described.getType(&status, i) & ~1u;
+        const bool isInteger =
+            (type == SQL_SHORT || type == SQL_LONG || type == SQL_INT64) && described.getScale(&status, i) == 0;
+        const bool isText = (type == SQL_TEXT || type == SQL_VARYING) && described.getCharSet(&status, i) != octets;
+        parameters_.push_back({type, isInteger, isText});
     }
-    asDescribed_.message.assign(described->getMessageLength(&status), 0);
+    asOperands_ = describe(std::mem_fn(&Parameter::isText));
 }
 
-void PreparedStatement::describeTexts() {
+PreparedStatement::Input PreparedStatement::describe(const std::function<bool(const Parameter&)>& asText) const {
     Status status;
-    const auto count = static_cast<unsigned>(parameters_.size());
-    const Handle<Firebird::IMetadataBuilder> builder(asDescribed_.description->getBuilder(&status));
-    for (unsigned i = 0; i < count; ++i) {
+    Input input;
+    const Handle<Firebird::IMetadataBuilder> builder(parametersAsDescribed_->getBuilder(&status));
+    for (unsigned i = 0; i < parameters_.size(); ++i) {
+        if (!asText(parameters_[i]))
+            continue;
         builder->setType(&status, i, SQL_VARYING);
         builder->setSubType(&status, i, 0);
         builder->setScale(&status, i, 0);
         builder->setLength(&status, i, longestText);
         builder->setCharSet(&status, i, utf8);
     }
-    asTexts_.description.reset(builder->getMetadata(&status));
-    for (unsigned i = 0; i < count; ++i)
-        textOffsets_.push_back(asTexts_.description->getOffset(&status, i));
-    asTexts_.message.assign(asTexts_.description->getMessageLength(&status), 0);
+    input.description.reset(builder->getMetadata(&status));
+    for (unsigned i = 0; i < parameters_.size(); ++i)
+        input.offsets.push_back(input.description->getOffset(&status, i));
+    input.message.assign(input.description->getMessageLength(&status), 0);
+    return input;
 }
 
 std::vector<bool> PreparedStatement::datesAmongParameters() const {
@@ -88,17 +101,42 @@ std::vector<bool> PreparedStatement::datesAmongParameters() const {
     return dates;
 }
 
-bool PreparedStatement::bind(std::span<const qint64> integers) {
-    if (!onlyIntegers_ || integers.size() != parameters_.size())
+bool PreparedStatement::put(std::size_t parameter, qint64 integer) {
+    unsigned char* const place = input_->message.data() + input_->offsets[parameter];
+    switch (parameters_[parameter].type) {
+    case SQL_SHORT:
+        return putFitting<qint16>(place, integer);
+    case SQL_LONG:
+        return putFitting<qint32>(place, integer);
+    default:
+        return putFitting<qint64>(place, integer);
+    }
+}
+
+bool PreparedStatement::put(std::size_t parameter, const QString& text) {
+    const QByteArray bytes = text.toUtf8();
+    if (bytes.size() > longestText)
         return false;
-    input_ = &asDescribed_;
-    for (std::size_t i = 0; i < integers.size(); ++i) {
-        unsigned char* const place = input_->message.data() + parameters_[i].offset;
-        const unsigned type = parameters_[i].type;
-        const bool fits = type == SQL_SHORT  ? put<qint16>(place, integers[i])
-                          : type == SQL_LONG ? put<qint32>(place, integers[i])
-                                             : put<qint64>(place, integers[i]);
-        if (!fits)
+    const auto length = static_cast<quint16>(bytes.size());
+    unsigned char* const place = input_->message.data() + input_->offsets[parameter];
+    std::memcpy(place, &length, sizeof length);
+    std::memcpy(place + sizeof length, bytes.constData(), length);
+    return true;
+}
+
+bool PreparedStatement::bind(std::span<const Operand> operands) {
+    if (operands.size() != parameters_.size())
+        return false;
+    input_ = &asOperands_;
+    for (std::size_t i = 0; i < operands.size(); ++i) {
+        const QString* const text = std::get_if<QString>(&operands[i]);
+        if (text && parameters_[i].isText) {
+            if (!put(i, *text))
+                return false;
+            continue;
+        }
+        const std::optional<qint64> integer = text ? spelledInteger(*text) : std::get<qint64>(operands[i]);
+        if (!integer || !parameters_[i].isInteger || !put(i, *integer))
             return false;
     }
     return true;
@@ -109,24 +147,22 @@ bool PreparedStatement::bind(std::span<const QString> texts) {
     if (texts.size() != parameters_.size() || std::ranges::any_of(parameters_, isBlob))
         return false;
     if (!asTexts_.description)
-        describeTexts();
+        asTexts_ = describe([](const Parameter&) { return true; });
     input_ = &asTexts_;
-    for (std::size_t i = 0; i < texts.size(); ++i) {
-        const QByteArray bytes = texts[i].toUtf8();
-        if (bytes.size() > longestText)
+    for (std::size_t i = 0; i < texts.size(); ++i)
+        if (!put(i, texts[i]))
             return false;
-        const auto length = static_cast<quint16>(bytes.size());
-        unsigned char* const place = input_->message.data() + textOffsets_[i];
-        std::memcpy(place, &length, sizeof length);
-        std::memcpy(place + sizeof length, bytes.constData(), length);
-    }
     return true;
 }
 
-void PreparedStatement::fetch(Firebird::ITransaction& transaction, data::RowSink* rows) {
+PreparedStatement::Cursor PreparedStatement::open(Firebird::ITransaction& transaction) {
     Status status;
-    Handle<Firebird::IResultSet> cursor(statement_->openCursor(&status, &transaction, input_->description.get(),
-                                                               input_->message.data(), output_.get(), 0));
+    return Cursor(statement_->openCursor(&status, &transaction, input_->description.get(), input_->message.data(),
+                                         output_.get(), 0));
+}
+
+void PreparedStatement::fetch(Cursor cursor, Firebird::ITransaction& transaction, data::RowSink* rows) {
+    Status status;
     if (rows)
         rows->columns(reader_->names());
     while (cursor->fetchNext(&status, reader_->message()) == Firebird::IStatus::RESULT_OK) {

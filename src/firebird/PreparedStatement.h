@@ -1,5 +1,6 @@
 #pragma once
 
+#include "firebird/Bridge.h"
 #include "firebird/RowReader.h"
 
 #include <span>
@@ -15,22 +16,27 @@ enum class Answer {
 };
 
 /// A statement that the engine has prepared, with everything that is asked of the engine once instead of at every run.
-/// Its parameters, if any, are all integers or all texts. Every call may throw the engine's `FbException`.
+/// Every call may throw the engine's `FbException`.
 class PreparedStatement {
   public:
+    using Cursor = Handle<Firebird::IResultSet>;
+
     PreparedStatement(Firebird::IAttachment& attachment, Firebird::ITransaction& transaction, const QString& text);
 
     Answer answer() const { return answer_; }
     /// For each parameter whether the engine takes a date there.
     std::vector<bool> datesAmongParameters() const;
-    /// Puts the integers in; false when the engine takes one of them as anything but an integer, or it does not fit.
-    bool bind(std::span<const qint64> integers);
+    /// Puts the operands in; false when one of them does not mean the same as a parameter: a number where the engine
+    /// takes no integer of that size, a text where it takes neither a text nor the integer that the text spells.
+    bool bind(std::span<const Operand> operands);
     /// Puts texts in, of which the engine makes what it wants at its place, as it does of literals; false when one of
     /// them is too long for that.
     bool bind(std::span<const QString> texts);
 
-    /// Runs a statement that answers with rows and hands them over, dropping them without a sink.
-    void fetch(Firebird::ITransaction& transaction, data::RowSink* rows);
+    /// Begins a statement that answers with rows; here the engine tells what it has against an operand.
+    Cursor open(Firebird::ITransaction& transaction);
+    /// Hands its rows over, dropping them without a sink.
+    void fetch(Cursor cursor, Firebird::ITransaction& transaction, data::RowSink* rows);
     /// Runs any other statement. The values that it gives back go to the sink as one row; gives the value of a single
     /// integer.
     std::optional<qint64> execute(Firebird::ITransaction& transaction, data::RowSink* rows);
@@ -38,25 +44,28 @@ class PreparedStatement {
   private:
     struct Parameter {
         unsigned type;
-        unsigned offset;
+        bool isInteger;
+        bool isText;
     };
-    void describeParameters();
-    void describeTexts();
-
-    /// What goes in at a run: a message and its description.
+    /// What goes in at a run: a message, its description, and where in it each parameter stands.
     struct Input {
         Handle<Firebird::IMessageMetadata> description;
+        std::vector<unsigned> offsets;
         std::vector<unsigned char> message;
     };
+    void describeParameters();
+    /// With the chosen parameters as texts of any length up to the longest, the others as the engine describes them.
+    Input describe(const std::function<bool(const Parameter&)>& asText) const;
+    bool put(std::size_t parameter, qint64 integer);
+    bool put(std::size_t parameter, const QString& text);
 
     Handle<Firebird::IStatement> statement_;
     Answer answer_ = Answer::Nothing;
-    Input asDescribed_; ///< the parameters as the engine describes them
-    Input asTexts_;     ///< the same, every one of them a text; made when texts are bound
-    Input* input_ = &asDescribed_;
-    bool onlyIntegers_ = true;
     std::vector<Parameter> parameters_;
-    std::vector<unsigned> textOffsets_;
+    Handle<Firebird::IMessageMetadata> parametersAsDescribed_;
+    Input asOperands_; ///< integers and texts
+    Input asTexts_;    ///< every one of them a text; made when texts are bound
+    Input* input_ = &asOperands_;
     Handle<Firebird::IMessageMetadata> output_;
     std::unique_ptr<RowReader> reader_; ///< none where nothing comes back
 };

@@ -7,11 +7,11 @@
 
 namespace vorta::firebird {
 
-/// The last prepared statements of a connection by their text, with `?` for integers; also remembers which texts cannot
+/// The last prepared statements of a connection by their text, with `?` for operands; also remembers which texts cannot
 /// be prepared that way.
 class StatementCache {
   public:
-    /// When a text is worth keeping prepared: one with integers aside will come again with others, one without them has
+    /// When a text is worth keeping prepared: one with operands aside will come again with others, one without them has
     /// to come a second time first, or single searches would fill the cache with their row buffers.
     enum class Keep { AtOnce, WhenRepeated };
     /// The prepared statement of that text, making it when it is worth it; none when it is not, or when the engine

@@ -96,14 +96,32 @@ TEST(Bridge, UndescribedTextIsAskedPieceByPiece) {
     EXPECT_EQ(BridgeDates(statement, describe).text(), u"select '20260101' from t where dia = '2026-01-02'");
 }
 
-TEST(Bridge, IntegersStandAside) {
+TEST(Bridge, OperandsStandAside) {
     Statement statement;
     statement << "select * from t where a = " << 15 << " and b = '" << u"16"_s << "' and c = 17 and d = " << u"-18"_s
               << " and e = " << u"1.5"_s;
-    const Parameterised taken = TakeIntegers(statement);
-    EXPECT_EQ(taken.text, u"select * from t where a = ? and b = '16' and c = 17 and d = -18 and e = 1.5");
-    EXPECT_EQ(taken.integers, std::vector<qint64>{15});
-    EXPECT_TRUE(TakeIntegers(Statement("select 1 from t")).integers.empty());
+    const Parameterised taken = TakeOperands(statement);
+    EXPECT_EQ(taken.text, u"select * from t where a = ? and b = ? and c = 17 and d = -18 and e = 1.5");
+    EXPECT_EQ(taken.operands, (std::vector<Operand>{15, u"16"_s}));
+    EXPECT_TRUE(TakeOperands(Statement("select 1 from t")).operands.empty());
+}
+
+TEST(Bridge, OnlyWholeLiteralsBehindAnEqualSignStandAside) {
+    const auto taken = [](Piece head, const char* value, Piece tail) {
+        const Parameterised aside = TakeOperands(Statement(head) << QString::fromUtf8(value) << tail);
+        return aside.operands.empty() ? QString() : aside.text;
+    };
+    EXPECT_EQ(taken("select * from t where a ='", "x", "' order by b"), u"select * from t where a =? order by b");
+    EXPECT_EQ(taken("select * from t where a = '", "", "'"), u"select * from t where a = ?");
+    EXPECT_EQ(taken("select * from t where a = '", "o''neil", "'"), u"select * from t where a = ?");
+    for (const Piece head : {Piece("select * from t where a like '"), Piece("select * from t where a >= '"),
+                             Piece("select * from t where a <> '"), Piece("select * from t where a = '%"),
+                             Piece("update t set b = 1 where a = '"), Piece("select '")})
+        EXPECT_EQ(taken(head, "x", "'"), QString()) << head.utf8();
+    EXPECT_EQ(taken("select * from t where a = '", "x", "%'"), QString());
+    EXPECT_EQ(taken("select * from t where a = '", "x", ""), QString());
+    EXPECT_EQ(taken("select * from t where a = 'b' || '", "x", "'"), QString());
+    EXPECT_EQ(taken("select * from t where a = '", "x", "' || b"), QString());
 }
 
 TEST(Bridge, ShapeIsTheTextWithoutTheContentOfItsLiterals) {

@@ -22,6 +22,45 @@ namespace {
 
 using data::Statement;
 
+constexpr const char* columnTypes[]{"varchar(5)",  "char(5)",       "smallint",         "integer",
+                                    "bigint",      "decimal(15,2)", "double precision", "date",
+                                    "time",        "timestamp",     "boolean",          "blob sub_type text",
+                                    "varchar(400)"};
+/// As they stand in a statement.
+const QStringList literals{u"''"_s,
+                           u"'abc'"_s,
+                           u"'abcdef'"_s,
+                           u"'ab   '"_s,
+                           u"'ab     '"_s,
+                           u"'D''AV'"_s,
+                           u"'?'"_s,
+                           u"'ação'"_s,
+                           u"'\u65e5'"_s,
+                           u"'12'"_s,
+                           u"12"_s,
+                           u"' 7 '"_s,
+                           u"'-7'"_s,
+                           u"'1.5'"_s,
+                           u"'1,5'"_s,
+                           u"'1.005'"_s,
+                           u"'1e2'"_s,
+                           u"'40000'"_s,
+                           u"40000"_s,
+                           u"'99999999999'"_s,
+                           u"99999999999"_s,
+                           u"'99999999999999999999'"_s,
+                           u"'2026-11-22'"_s,
+                           u"'20261122'"_s,
+                           u"'22.11.2026'"_s,
+                           u"'2026-13-01'"_s,
+                           u"'2026-11-22 10:11:12'"_s,
+                           u"'10:11'"_s,
+                           u"'today'"_s,
+                           u"'true'"_s,
+                           u"null"_s,
+                           u'\'' + QString(300, u'x') + u'\'',
+                           u"'a\nb'"_s};
+
 class FirebirdOnly : public testing::Test {
   protected:
     void SetUp() override {
@@ -116,42 +155,6 @@ TEST_F(FirebirdOnly, TableChangesBesidePreparedStatements) {
 }
 
 TEST_F(FirebirdOnly, AnInsertRunsPreparedAsItsTextWould) {
-    const char* const types[]{"varchar(5)",       "char(5)", "smallint", "integer",   "bigint",  "decimal(15,2)",
-                              "double precision", "date",    "time",     "timestamp", "boolean", "blob sub_type text",
-                              "varchar(400)"};
-    const QStringList values{u"''"_s,
-                             u"'abc'"_s,
-                             u"'abcdef'"_s,
-                             u"'ab   '"_s,
-                             u"'ab     '"_s,
-                             u"'D''AV'"_s,
-                             u"'?'"_s,
-                             u"'ação'"_s,
-                             u"'\u65e5'"_s,
-                             u"'12'"_s,
-                             u"12"_s,
-                             u"' 7 '"_s,
-                             u"'-7'"_s,
-                             u"'1.5'"_s,
-                             u"'1,5'"_s,
-                             u"'1.005'"_s,
-                             u"'1e2'"_s,
-                             u"'40000'"_s,
-                             u"40000"_s,
-                             u"'99999999999'"_s,
-                             u"99999999999"_s,
-                             u"'99999999999999999999'"_s,
-                             u"'2026-11-22'"_s,
-                             u"'20261122'"_s,
-                             u"'22.11.2026'"_s,
-                             u"'2026-13-01'"_s,
-                             u"'2026-11-22 10:11:12'"_s,
-                             u"'10:11'"_s,
-                             u"'today'"_s,
-                             u"'true'"_s,
-                             u"null"_s,
-                             u'\'' + QString(300, u'x') + u'\'',
-                             u"'a\nb'"_s};
     const auto send = [](data::Adapter& adapter, const QString& text) {
         Statement statement;
         statement += text;
@@ -174,12 +177,12 @@ TEST_F(FirebirdOnly, AnInsertRunsPreparedAsItsTextWould) {
     };
     connection.Close();
     firebird::SetForcedWrites(path(), false);
-    for (const char* type : types) {
+    for (const char* type : columnTypes) {
         const auto adapter = data::MakeFirebirdAdapter();
         adapter->open(path(), 0);
         send(*adapter, u"create table t (idt integer, c %1)"_s.arg(QString::fromLatin1(type)));
         connection.Open(data::Engine::Firebird, path());
-        for (const QString& value : values) {
+        for (const QString& value : literals) {
             const QString insert = u"insert into t (idt, c) values (1, %1)"_s.arg(value);
             const QString prepared = outcomeOf(*adapter, insert);
             EXPECT_EQ(prepared, outcomeOf(*adapter, insert + u" returning idt"_s)) << type << ' ' << qPrintable(value);
@@ -187,6 +190,50 @@ TEST_F(FirebirdOnly, AnInsertRunsPreparedAsItsTextWould) {
         connection.Close();
         send(*adapter, u"drop table t"_s);
     }
+}
+
+TEST_F(FirebirdOnly, ATextThatStandsAsideIsComparedAsItsLiteralWouldBe) {
+    const auto send = [](data::Adapter& adapter, const QString& text) { adapter.execute(Statement() += text); };
+    // In front of the sign a literal stays where it is.
+    const auto answers = [this](const QString& value) {
+        QStringList answered;
+        for (const Statement& statement : {Statement("select list(idt) from t where c = '") << value << "'",
+                                           Statement("select list(idt) from t where '") << value << "' = c"})
+            try {
+                answered << one(statement);
+            } catch (const RuntimeError& error) {
+                answered << u"%1|%2|%3"_s.arg(error.number()).arg(error.engineCode()).arg(error.sqlState());
+            }
+        return answered;
+    };
+    QStringList types{u"varchar(5) character set octets"_s, u"varchar(5) character set none"_s,
+                      u"varchar(5) character set win1252 collate win_ptbr"_s, u"numeric(9,3)"_s};
+    for (const char* type : columnTypes)
+        types << QString::fromLatin1(type);
+    connection.Close();
+    firebird::SetForcedWrites(path(), false);
+    int found = 0;
+    for (const QString& type : types) {
+        const auto adapter = data::MakeFirebirdAdapter();
+        adapter->open(path(), 0);
+        send(*adapter, u"create table t (idt integer, c "_s + type + u')');
+        if (!type.startsWith(u"blob") && !type.startsWith(u"varchar(400)"))
+            send(*adapter, u"create index t_c on t (c)"_s);
+        for (qsizetype i = 0; i < literals.size(); ++i)
+            (void)ErrorOf([&] { send(*adapter, u"insert into t (idt, c) values (%1, %2)"_s.arg(i).arg(literals[i])); });
+        connection.Open(data::Engine::Firebird, path());
+        for (int time = 0; time < 2; ++time)
+            for (const QString& literal : literals) {
+                if (!literal.startsWith(u'\''))
+                    continue;
+                const QStringList answered = answers(literal.sliced(1, literal.size() - 2));
+                EXPECT_EQ(answered[0], answered[1]) << qPrintable(type + u' ' + literal);
+                found += answered[0].startsWith(u'(') || answered[0].contains(u'|') ? 0 : 1;
+            }
+        connection.Close();
+        send(*adapter, u"drop table t"_s);
+    }
+    EXPECT_GT(found, 100);
 }
 
 TEST_F(FirebirdOnly, AValueThatIsRefusedLeavesTheTransactionAsItWas) {
