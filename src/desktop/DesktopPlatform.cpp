@@ -57,13 +57,16 @@ DesktopPlatform::DesktopPlatform() {
 DesktopPlatform::~DesktopPlatform() = default;
 
 void DesktopPlatform::prepare(screen::Screen& screen) {
+    // The first picture, whatever it is, makes the toolkit load all that it has for pictures. At once, since an engine
+    // that is being opened soon keeps everybody else from loading libraries.
+    QImage::fromData(QByteArrayLiteral("BM"));
     prepared_ = std::make_unique<ScreenWindow>(screen, top());
     for (const QWidget* widget : prepared_->findChildren<QWidget*>())
         widget->ensurePolished();
     // What the widgets have to tell each other since they were made is told now.
     QCoreApplication::sendPostedEvents();
-    // The first picture, whatever it is, makes the toolkit load all that it has for pictures.
-    QImage::fromData(QByteArrayLiteral("BM"));
+    // Drawn once, unseen, it has its letters and frames at hand.
+    prepared_->grab();
 }
 
 void DesktopPlatform::dropPrepared() {

@@ -133,7 +133,7 @@ void ScreenWindow::takePlace() {
 
 void ScreenWindow::paintEvent(QPaintEvent* event) {
     QDialog::paintEvent(event);
-    if (!std::exchange(painted_, true))
+    if (isVisible() && !std::exchange(painted_, true))
         QTimer::singleShot(0, this, &ScreenWindow::complete);
 }
 

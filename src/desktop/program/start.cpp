@@ -31,7 +31,8 @@ class FirstPaint : public QObject {
     explicit FirstPaint(std::function<void()> leave) : leave_(std::move(leave)) { qApp->installEventFilter(this); }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::Paint && static_cast<QWidget*>(watched)->isWindow()) {
+        const auto* const widget = qobject_cast<QWidget*>(watched);
+        if (event->type() == QEvent::Paint && widget->isWindow() && widget->isVisible()) {
             qApp->removeEventFilter(this);
             // Its fields are painted after it, before anything else happens.
             QTimer::singleShot(0, this, [this] {
