@@ -8,6 +8,7 @@
 #include "firebird/FirebirdAdapter.h"
 #include "kit/Create.h"
 #include "launch/ConectaServidor.h"
+#include "maintenance/frmInfoPess.h"
 #include "search/frmBROWSE_CEPS.h"
 #include "search/frmBROWSE_PESSOAS.h"
 #include "system/Measures.h"
@@ -54,6 +55,12 @@ class SearchBench {
     /// The statements of such a search.
     Recorder::Statements statementsOf(screen::Option& way, const QString& text, screen::Option& role) {
         return recorder.record([&] { find(way, text, role); });
+    }
+
+    /// Opens the screen of the statistics, which counts at its opening.
+    void countRegister() {
+        frmInfoPess information(contexto);
+        information.Load();
     }
 
     double microsecondsPerStreet(const char* name, int streets) {
@@ -160,6 +167,21 @@ Case nobody(const Bench& bench, const QString& name, int rounds = 11) {
             rounds};
 }
 
+Case statistics(const Bench& bench, const QString& name, int rounds = 11) {
+    const auto texts = std::make_shared<Recorder::Statements>();
+    constexpr int thousand = 1000;
+    return {name,
+            u"ms"_s,
+            [bench, texts] {
+                if (texts->isEmpty())
+                    *texts = bench->recorder.record([&] { bench->countRegister(); });
+                return Microseconds(thousand, [&] { Recorder::repeat(*bench->bare, *texts); });
+            },
+            [bench] { return Microseconds(thousand, [&] { bench->countRegister(); }); },
+            1.2,
+            rounds};
+}
+
 /// Here the floor is what a person may take.
 Case memory(const Bench& bench, const QString& name, int rounds = 11) {
     constexpr double allowed = 200;
@@ -206,6 +228,7 @@ std::vector<Case> SearchCases() {
             customers(bench, u"search: customers that begin with \"MARIA\""_s, u"MARIA"_s, 0.5),
             customers(bench, u"search: customers of the whole register"_s, {}, 0.3, 5),
             byBeginning(bench),
+            statistics(bench, u"search: statistics of the register"_s),
             memory(bench, u"search: memory of a search"_s),
             grid(bench),
             streets(bench)};
@@ -217,6 +240,7 @@ std::vector<Case> MillionCases() {
     constexpr int rounds = 3;
     return {nobody(bench, u"million: a part of a name nobody has"_s, rounds),
             wholeRegister(bench, u"million: whole register into the grid"_s, rounds),
+            statistics(bench, u"million: statistics of the register"_s, rounds),
             memory(bench, u"million: memory of a search"_s, 1)};
 }
 
