@@ -49,6 +49,14 @@ bool isBegunDay(const QString& mask, const QString& text, int at) {
            text[at] == prompt;
 }
 
+/// The place behind the last filled one, of a text that fits its mask. A mouse often leaves the cursor beyond it.
+int behindContent(const QString& mask, const QString& text) {
+    qsizetype end = text.size();
+    while (end > 0 && !(isPlace(mask[end - 1]) && text[end - 1] != prompt))
+        --end;
+    return static_cast<int>(end);
+}
+
 } // namespace
 
 MaskedField::MaskedField(Screen* screen, const char* name, const QString& mask)
@@ -208,6 +216,7 @@ bool MaskedField::putIntoForm(QChar character) {
         select(at + 2, 0);
         return true;
     }
+    at = std::min(at, behindContent(mask_, text()));
     while (at < mask_.size() && !isPlace(mask_[at]))
         ++at;
     if (at >= mask_.size() || !fills(mask_[at], character))

@@ -32,10 +32,10 @@ class MaskedField : public Field {
     /// back as it came.
     QString lifted(const QString& text) const;
 
-    /// Editing by keys, at the selection: a digit or letter fills the next place if it belongs there, a literal typed
-    /// where it stands is passed over, anything else is refused and changes nothing, the selection included. A raw text
-    /// takes what has a place somewhere in the mask and literals, up to the limit of the field or else the length of
-    /// its mask. Without a mask any character is inserted up to the maximum length.
+    /// Editing by keys, at the selection, but never beyond what is filled: a digit or letter fills the next place if it
+    /// belongs there, a literal where it stands is passed over, anything else is refused and changes nothing. A raw
+    /// text takes what has a place somewhere in the mask and literals, up to the limit of the field or else the length
+    /// of its mask. Without a mask any character is inserted up to the maximum length.
     void typeCharacter(QChar typed);
     void backspace();
     void deleteForward();

@@ -197,6 +197,16 @@ TEST_F(SampleInput, UndoBringsBackNothingOfAnotherRecord) {
     });
 }
 
+TEST_F(SampleInput, AClickBehindAnEmptyMaskFillsItFromItsBeginning) {
+    open([&] {
+        QTest::mouseClick(cep, Qt::LeftButton, {}, QPoint(cep->width() - 6, cep->height() / 2));
+        EXPECT_EQ(cep->cursorPosition(), 9);
+        QTest::keyClicks(cep, "13010");
+        EXPECT_EQ(tela.mskCEP.text(), u"13010-___");
+        EXPECT_EQ(cep->text(), u"13010-___");
+    });
+}
+
 TEST_F(SampleInput, MaskedKeysAreTheFieldsOwn) {
     open([&] {
         put(tela.mskCEP);

@@ -133,6 +133,30 @@ TEST(MaskedField, WithoutAMaskItIsAPlainTextWithALimit) {
     EXPECT_EQ(campo.text(), u"AB-"_s);
 }
 
+TEST(MaskedField, WhatIsTypedBehindTheContentFollowsIt) {
+    SampleWorld world;
+    MaskedField& campo = world.tela.mskCEP;
+    world.user.focus(campo);
+    campo.select(9, 0);
+    world.user.character(campo, u'1');
+    EXPECT_EQ(campo.text(), u"1____-___"_s);
+    EXPECT_EQ(campo.selectionStart(), 1);
+    campo.select(7, 0);
+    world.user.paste(campo, u"3010-0"_s);
+    EXPECT_EQ(campo.text(), u"13010-0__"_s);
+    campo.select(1, 0);
+    world.user.character(campo, u'9');
+    EXPECT_EQ(campo.text(), u"19010-0__"_s) << "a cursor inside the content stays there";
+    campo.setText(u"13010-000"_s);
+    campo.select(9, 0);
+    world.user.character(campo, u'5');
+    EXPECT_EQ(campo.text(), u"13010-000"_s);
+    campo.setText({});
+    campo.select(7, 2);
+    world.user.character(campo, u'5');
+    EXPECT_EQ(campo.text(), u"5____-___"_s) << "behind a selection of empty places as well";
+}
+
 TEST(MaskedField, ARawTextIsEditedUntilItFits) {
     SampleWorld world;
     MaskedField& campo = world.tela.mskCEP;
