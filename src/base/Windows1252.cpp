@@ -6,6 +6,8 @@
 #include <QStringDecoder>
 #include <algorithm>
 #include <array>
+#include <limits>
+#include <string_view>
 
 namespace vorta {
 
@@ -20,9 +22,38 @@ constexpr char16_t firstSpecial = 0x80;
 constexpr char16_t behindSpecial = firstSpecial + special.size();
 constexpr char16_t last = 0xFF;
 
+/// Characters that no decomposition brings into the set, and below each what is nearest to it there.
+constexpr std::u16string_view strange = u"ĐđĦħıŁłŦŧ‐‒―−⁄∕";
+constexpr std::u16string_view nearest = u"DdHhiLlTt----//";
+static_assert(strange.size() == nearest.size());
+constexpr QChar apostrophe = u'\'';
+
 /// The byte of a character beyond the single bytes; none for one that the set does not have.
 std::size_t specialPlace(char16_t code) {
     return static_cast<std::size_t>(std::find(special.begin(), special.end(), code) - special.begin());
+}
+
+QChar nearestTo(QChar character) {
+    const std::size_t place = strange.find(character.unicode());
+    return place == std::u16string_view::npos ? character : QChar(nearest[place]);
+}
+
+/// True for a character of the set that means what it shows.
+bool isKept(char32_t character) {
+    return character <= std::numeric_limits<char16_t>::max() && character != QChar::Nbsp &&
+           character != QChar::SoftHyphen && InRepertoire(QChar(static_cast<char16_t>(character)));
+}
+
+/// What the set has for a character that it does not have: the letter without its accent, the letters of a ligature, a
+/// blank for one of another kind. No apostrophe, which ends the texts of statements, and nothing for a mere mark.
+QString inPlaceOf(char32_t character) {
+    QString kept;
+    if (QChar::category(character) == QChar::Symbol_Modifier)
+        return kept;
+    for (const QChar part : QString::fromUcs4(&character, 1).normalized(QString::NormalizationForm_KD))
+        if (const QChar near = nearestTo(part); isKept(near.unicode()) && near != apostrophe)
+            kept += near;
+    return kept;
 }
 
 } // namespace
@@ -37,10 +68,14 @@ bool InRepertoire(const QString& text) {
     return std::all_of(text.begin(), text.end(), [](QChar character) { return InRepertoire(character); });
 }
 
+/// A letter and an accent that came apart are one; then what is outside becomes what is nearest to it.
 QString OnlyRepertoire(const QString& text) {
     QString kept;
-    std::copy_if(text.begin(), text.end(), std::back_inserter(kept),
-                 [](QChar character) { return InRepertoire(character); });
+    for (const char32_t character : text.normalized(QString::NormalizationForm_C).toStdU32String())
+        if (isKept(character))
+            kept += QChar(static_cast<char16_t>(character));
+        else
+            kept += inPlaceOf(character);
     return kept;
 }
 

@@ -10,7 +10,7 @@ namespace vorta {
 bool InRepertoire(QChar character);
 /// True when every character of the text belongs to the repertoire.
 bool InRepertoire(const QString& text);
-/// The text without the characters that the data cannot hold.
+/// The text as the data can hold it: what is not in the repertoire becomes what is nearest to it there, or is left out.
 QString OnlyRepertoire(const QString& text);
 
 /// The bytes of a text in Windows-1252; raises 13 for a text outside the repertoire.

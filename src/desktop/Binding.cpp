@@ -2,6 +2,7 @@
 
 #include "base/Literals.h"
 #include "base/RuntimeError.h"
+#include "base/Windows1252.h"
 #include "desktop/Binder.h"
 #include "desktop/ButtonBindings.h"
 #include "desktop/Colours.h"
@@ -196,9 +197,9 @@ bool Binding::characterTyped(QChar typed) {
 
 /// Composed characters ("´" and "a") come as a ready text instead of keys.
 bool Binding::inputMethod(QInputMethodEvent& input) {
-    const QString& text = input.commitString();
+    const QString text = OnlyRepertoire(input.commitString());
     if (text.isEmpty())
-        return false;
+        return !input.commitString().isEmpty();
     for (const QChar typed : text) {
         if (!takeFocus())
             return true;

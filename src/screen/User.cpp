@@ -15,6 +15,7 @@ namespace {
 constexpr int enterCode = 13;
 constexpr int backspaceCode = 8;
 constexpr int escapeCode = 27;
+constexpr int firstPrinted = 32;
 constexpr int apostropheCode = 39;
 constexpr int acuteCode = 180;
 constexpr int dropKey = 4;   ///< F4 drops a list down
@@ -64,13 +65,20 @@ QString admitted(const Field& field, QString text) {
     QStringList lines = field.keepsLines ? text.split(lineFeed) : QStringList{text};
     for (QString& line : lines)
         line = oneLine(line);
-    // A letter and an accent that came apart, as some programs copy them, are one letter of the repertoire.
-    text = OnlyRepertoire(lines.join(lineFeed).normalized(QString::NormalizationForm_C));
+    text = OnlyRepertoire(lines.join(lineFeed));
     if (const auto* masked = dynamic_cast<const MaskedField*>(&field))
         text = masked->lifted(text);
     if (field.apostropheBecomesAcute)
         text.replace(QChar(apostropheCode), QChar(acuteCode));
     return text;
+}
+
+/// The code of a key as the data can hold it; 0 for a key that means nothing there.
+int inRepertoire(int code) {
+    if (code < firstPrinted)
+        return code;
+    const QString kept = OnlyRepertoire(QChar(static_cast<char16_t>(code)));
+    return kept.size() == 1 ? kept[0].unicode() : 0;
 }
 
 /// True when nothing has come up in front of a screen during an event, and the screen has not gone either.
@@ -160,9 +168,7 @@ int User::filterKey(Field& field, int code) {
         if (kept == apostropheCode && field.apostropheBecomesAcute)
             kept = acuteCode;
     });
-    if (kept >= 32 && !InRepertoire(QChar(static_cast<char16_t>(kept))))
-        kept = 0;
-    return program_.hasEnded() ? 0 : kept;
+    return program_.hasEnded() ? 0 : inRepertoire(kept);
 }
 
 void User::replace(Field& field, int start, int length, const QString& text) {

@@ -66,6 +66,20 @@ TEST_F(SampleInput, ComposedCharactersPassTheSameRules) {
     });
 }
 
+TEST_F(SampleInput, ComposedLettersOfOtherLanguagesComeNear) {
+    open([&] {
+        put(tela.txtNome);
+        QInputMethodEvent composed;
+        composed.setCommitString(u"řﬁ"_s);
+        QCoreApplication::sendEvent(nome, &composed);
+        EXPECT_EQ(tela.txtNome.text(), u"rfi");
+        QKeyEvent czech(QEvent::KeyPress, 0x159, Qt::NoModifier, u"ř"_s);
+        QCoreApplication::sendEvent(nome, &czech);
+        EXPECT_EQ(tela.txtNome.text(), u"rfir");
+        EXPECT_EQ(nome->text(), u"rfir");
+    });
+}
+
 TEST_F(SampleInput, OtherAlphabetsStayOutside) {
     open([&] {
         put(tela.txtNome);
