@@ -170,9 +170,10 @@ bool Binding::keyPressed(QKeyEvent& key) {
     if (binder_.switchPage(field_, key) || isIdleAccelerator(key) || !takeFocus())
         return true;
     const bool ignored = key.isAutoRepeat() && screen::User::ignoresHeldKeys(field_);
+    const bool enterIgnored = key.isAutoRepeat() && screen::User::ignoresHeldEnter(field_);
     const std::optional<Key> special = specialKey(key);
     if (special)
-        return (ignored && *special == Key::Enter) || specialPressed(*special);
+        return (enterIgnored && *special == Key::Enter) || specialPressed(*special);
     if (const std::optional<Key> cursor = CursorKey(key))
         return cursorPressed(*cursor);
     const QChar typed = characterOf(key);

@@ -20,7 +20,7 @@ class ModelHands : public Hands {
     void type(screen::Field& field, const QString& text) override { user_.type(field, text); }
     void key(screen::Field& focused, screen::Key key, int function) override { user_.key(focused, key, function); }
     void heldKey(screen::Field& focused, screen::Key key) override {
-        if (key != screen::Key::Enter || !screen::User::ignoresHeldKeys(focused))
+        if (key != screen::Key::Enter || !screen::User::ignoresHeldEnter(focused))
             user_.key(focused, key);
     }
     void character(screen::Field& focused, QChar character) override { user_.character(focused, character); }

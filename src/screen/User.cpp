@@ -266,11 +266,13 @@ void User::character(Field& field, QChar character) {
     insert(field, isControl(QChar(kept)) ? QChar(u' ') : QChar(static_cast<char16_t>(kept)));
 }
 
-/// What an Enter does that no rule of the field has taken: it chooses the highlighted item of an open list, clicks a
-/// button, and in a grid chooses the current row or moves on.
+/// What an Enter does that no rule of the field has taken: it clicks a button, begins a line in a note, and in a grid
+/// chooses the current row or moves on.
 void User::enter(Field& field) {
     if (field.kind() == FieldKind::Button)
         return click(field);
+    if (field.keepsLines)
+        return insert(field, lineFeed);
     auto* grid = dynamic_cast<Grid*>(&field);
     if (!grid)
         return;
@@ -319,15 +321,17 @@ void User::cursor(Field& field, Key key) {
 }
 
 void User::cursorInText(Field& field, Key key) {
+    const QString& text = field.text();
     const int cursor = field.selectionStart() + field.selectionLength();
+    const qsizetype end = text.indexOf(lineFeed, cursor);
     if (key == Key::Left)
         field.select(cursor - 1, 0);
     else if (key == Key::Right)
         field.select(cursor + 1, 0);
-    else if (key == Key::Home)
-        field.select(0, 0);
+    else if (key == Key::Home) // of the line, where there are several
+        field.select(static_cast<int>(text.left(cursor).lastIndexOf(lineFeed)) + 1, 0);
     else if (key == Key::End)
-        field.select(static_cast<int>(field.text().size()), 0);
+        field.select(static_cast<int>(end < 0 ? text.size() : end), 0);
 }
 
 void User::cursorInList(ListField& list, Key key) {

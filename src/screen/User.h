@@ -50,6 +50,10 @@ class User {
     static bool ignoresHeldKeys(const Field& field) {
         return field.kind() == FieldKind::Button || field.kind() == FieldKind::Grid;
     }
+    /// The same for Enter, of which one that comes by repetition begins no line in a note either.
+    static bool ignoresHeldEnter(const Field& field) {
+        return ignoresHeldKeys(field) || (field.keepsLines && !field.enterMovesOn);
+    }
     /// One key pressed in the field with the focus; `function` is the number of a function key.
     void key(Field& field, Key key, int function = 0);
     /// Alt and a letter: clicks the button whose caption marks that letter, if it can be clicked.
