@@ -206,11 +206,18 @@ void NotesBinding::refresh() {
     edit_.setReadOnly(field().locked());
     showText();
     QTextCursor cursor = edit_.textCursor();
-    const int length = cursor.selectionEnd() - cursor.selectionStart();
-    if (!hasFocus() || (cursor.selectionStart() == field().selectionStart() && length == field().selectionLength()))
-        return;
-    cursor.setPosition(field().selectionStart());
-    cursor.setPosition(field().selectionStart() + field().selectionLength(), QTextCursor::KeepAnchor);
+    if (!hasFocus()) {
+        // An edit that loses the focus loses its selection, which the field keeps.
+        if (!cursor.hasSelection())
+            return;
+        cursor.clearSelection();
+    } else {
+        const int length = cursor.selectionEnd() - cursor.selectionStart();
+        if (cursor.selectionStart() == field().selectionStart() && length == field().selectionLength())
+            return;
+        cursor.setPosition(field().selectionStart());
+        cursor.setPosition(field().selectionStart() + field().selectionLength(), QTextCursor::KeepAnchor);
+    }
     edit_.setTextCursor(cursor);
 }
 

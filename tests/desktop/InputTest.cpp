@@ -185,6 +185,20 @@ TEST_F(SampleInput, TabReachesATextWithAllOfItSelected) {
     });
 }
 
+TEST_F(SampleInput, ANoteThatIsLeftShowsNoSelection) {
+    open([&] {
+        put(tela.txtNota);
+        QTest::keyClicks(nota, "abc");
+        QTest::keyClick(nota, Qt::Key_A, Qt::ControlModifier);
+        EXPECT_TRUE(nota->textCursor().hasSelection());
+        put(tela.txtNome);
+        EXPECT_FALSE(nota->textCursor().hasSelection());
+        put(tela.txtNota);
+        QTest::keyClick(nota, Qt::Key_Delete);
+        EXPECT_EQ(tela.txtNota.text(), u"") << "the field has kept it";
+    });
+}
+
 TEST_F(SampleInput, UndoIsTheWidgetsOwn) {
     open([&] {
         put(tela.txtNome);
