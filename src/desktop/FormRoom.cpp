@@ -6,8 +6,10 @@
 
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <vector>
 
 namespace vorta::desktop {
 
@@ -62,7 +64,29 @@ void moveRows(QBoxLayout& from, int first, int last, QBoxLayout& to) {
     }
 }
 
+/// A stretch of what scrolls comes into the room, with a little around it where there is room for that.
+void scrollTo(QScrollBar& bar, int from, int length, int room) {
+    const int margin = std::clamp((room - length) / 2, 0, marginInView);
+    const int first = from - margin;
+    const int behind = from + length + margin;
+    if (first < bar.value())
+        bar.setValue(first);
+    else if (behind > bar.value() + room)
+        bar.setValue(std::min(first, behind - room));
+}
+
 } // namespace
+
+/// A page that has just come to the front has not laid out its fields yet.
+void FormRoom::layOut(const QWidget& widget) {
+    std::vector<QLayout*> outwards;
+    for (const QWidget* around = widget.parentWidget(); around;
+         around = around == body_ ? nullptr : around->parentWidget())
+        if (QLayout* layout = around->layout())
+            outwards.push_back(layout);
+    for (auto layout = outwards.rbegin(); layout != outwards.rend(); ++layout)
+        (*layout)->activate();
+}
 
 FormRoom::FormRoom(const QString& screenName)
     : body_(new QWidget), scroll_(new QScrollArea(this)), kept_(new QWidget(this)) {
@@ -106,13 +130,14 @@ QSize FormRoom::wholeSize() const {
 void FormRoom::bringIntoView(QWidget& widget) {
     if (!body_->isAncestorOf(&widget))
         return;
+    layOut(widget);
     // All of it; of a text that is wider than the room, where the cursor is.
     const QSize room = scroll_->viewport()->size();
-    const QSize around = (widget.size() / 2 + QSize(marginInView, marginInView)).boundedTo(room / 2);
     if (widget.width() > room.width())
         return scroll_->ensureWidgetVisible(&widget);
-    const QPoint middle = widget.mapTo(body_, widget.rect().center());
-    scroll_->ensureVisible(middle.x(), middle.y(), around.width(), around.height());
+    const QPoint from = widget.mapTo(body_, QPoint());
+    scrollTo(*scroll_->horizontalScrollBar(), from.x(), widget.width(), room.width());
+    scrollTo(*scroll_->verticalScrollBar(), from.y(), widget.height(), room.height());
 }
 
 } // namespace vorta::desktop

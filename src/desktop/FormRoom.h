@@ -20,6 +20,7 @@ class FormRoom : public QWidget {
 
   private:
     bool takeActions();
+    void layOut(const QWidget& widget);
 
     QWidget* body_;
     QScrollArea* scroll_;

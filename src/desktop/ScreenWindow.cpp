@@ -8,11 +8,13 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QPointer>
 #include <QProgressBar>
 #include <QScreen>
 #include <QStyle>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <QWindow>
 #include <algorithm>
 
 namespace vorta::desktop {
@@ -35,8 +37,14 @@ ScreenWindow::ScreenWindow(screen::Screen& screen, QWidget* parent)
         for (QWidget* one : {before, now})
             if (one)
                 one->update();
-        if (now)
-            form_->bringIntoView(*now);
+        if (!now)
+            return;
+        form_->bringIntoView(*now);
+        // And again when a page that has come to the front with it has its final size.
+        QTimer::singleShot(0, this, [this, still = QPointer(now)] {
+            if (still)
+                form_->bringIntoView(*still);
+        });
     });
     bar_->setObjectName(u"progresso"_s);
     bar_->setTextVisible(false);
@@ -83,14 +91,18 @@ void ScreenWindow::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     takePlace();
 }
-/// What the desktop draws around the window. Before it has, what is usual.
+/// What the desktop has drawn around the window by now. The widget itself keeps what it has heard until it is moved or
+/// resized, which may have been in front of the frame.
+QMargins ScreenWindow::drawnFrame() const {
+    return windowHandle() ? windowHandle()->frameMargins() : QMargins();
+}
+
+/// The same, or what is usual before anything is drawn.
 QMargins ScreenWindow::frame() const {
-    const QRect outer = frameGeometry();
-    const QRect inner = geometry();
-    if (outer == inner && !isVisible())
+    const QMargins told = drawnFrame();
+    if (told.isNull() && !painted_)
         return {usualBorder, style()->pixelMetric(QStyle::PM_TitleBarHeight), usualBorder, usualBorder};
-    return {inner.left() - outer.left(), inner.top() - outer.top(), outer.right() - inner.right(),
-            outer.bottom() - inner.bottom()};
+    return told;
 }
 
 /// Where the window may stand with its frame. One above another leaves the title of the lower one in sight.
@@ -123,12 +135,16 @@ void ScreenWindow::takePlace() {
         return;
     const QRect area = freeArea();
     const QRect display = (parentWidget() ? parentWidget() : this)->screen()->geometry();
-    const QSize outer = frameGeometry().size();
+    const QSize outer = size().grownBy(frame());
     const bool left = screen_.place() == screen::Place::LeftBorder;
     const QPoint wanted(display.left() + (left ? 0 : (display.width() - outer.width()) / 2),
                         display.top() + (display.height() - outer.height()) / 2);
     const QPoint last(area.left() + area.width() - outer.width(), area.top() + area.height() - outer.height());
-    move(std::max(std::min(wanted.x(), last.x()), area.left()), std::max(std::min(wanted.y(), last.y()), area.top()));
+    const QPoint place(std::max(std::min(wanted.x(), last.x()), area.left()),
+                       std::max(std::min(wanted.y(), last.y()), area.top()));
+    // The widget reckons with the frame that it has heard of.
+    const QPoint heard = geometry().topLeft() - pos();
+    move(place + QPoint(drawnFrame().left(), drawnFrame().top()) - heard);
 }
 
 void ScreenWindow::paintEvent(QPaintEvent* event) {

@@ -43,6 +43,7 @@ class ScreenWindow : public QDialog {
   private:
     QString sizeKey() const;
     QSize neededSize() const;
+    QMargins drawnFrame() const;
     QMargins frame() const;
     QRect freeArea() const;
     QSize room() const; ///< the largest size whose frame finds room

@@ -11,6 +11,7 @@
 
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
+#include <QDir>
 #include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
@@ -19,28 +20,38 @@
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QWindow>
 #include <gtest/gtest.h>
 
 namespace vorta::test {
 
 namespace {
 
-constexpr int patience = 20000;
+constexpr int patience = 60000; ///< milliseconds
 
 QString told(const QRect& rect) {
     return u"%1x%2+%3+%4"_s.arg(rect.width()).arg(rect.height()).arg(rect.left()).arg(rect.top());
 }
 
-/// Waits until the desktop has drawn its frame and has nothing more to say about the window.
-void settle(QWidget& window) {
+/// Waits for what has to come, however busy the machine is, and looks whether it stays.
+bool comes(const std::function<bool()>& condition) {
+    if (!QTest::qWaitFor(condition, patience))
+        return false;
+    QTest::qWait(20);
+    return condition();
+}
+
+/// The window with what the desktop draws around it. Its widget would say what it heard when it was moved last.
+QRect outerOf(const QWidget& window) {
+    return window.windowHandle()->frameGeometry();
+}
+
+/// Waits until the desktop has drawn its frame and given the window the keyboard.
+void waitForFrame(QWidget& window) {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window, patience));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window, patience));
     if (QGuiApplication::platformName() == u"xcb")
-        ASSERT_TRUE(QTest::qWaitFor([&] { return window.frameGeometry() != window.geometry(); }, patience));
-    QRect before;
-    for (int quiet = 0; quiet < 3; quiet = before == window.frameGeometry() ? quiet + 1 : 0) {
-        before = window.frameGeometry();
-        QTest::qWait(20);
-    }
+        ASSERT_TRUE(comes([&] { return !window.windowHandle()->frameMargins().isNull(); }));
 }
 
 /// True when all of a widget can be seen in its window.
@@ -86,9 +97,8 @@ class Room : public testing::TestWithParam<std::string> {
         auto opened = std::make_unique<desktop::ScreenWindow>(screen, below);
         opened->restoreSize();
         opened->show();
-        settle(*opened);
+        waitForFrame(*opened);
         opened->complete();
-        settle(*opened);
         return opened;
     }
     /// On another display the window was larger than any.
@@ -101,9 +111,11 @@ class Room : public testing::TestWithParam<std::string> {
     QWidget& widgetOf(const screen::Field& field) { return window->binder().binding(field)->widget(); }
     static QRect freeArea() { return QGuiApplication::primaryScreen()->availableGeometry(); }
     static void expectInside(const QWidget& shown, const char* when) {
-        EXPECT_TRUE(freeArea().contains(shown.frameGeometry()))
-            << when << ' ' << told(shown.frameGeometry()) << " in " << told(freeArea());
+        EXPECT_TRUE(comes([&] { return freeArea().contains(outerOf(shown)); }))
+            << when << ' ' << told(outerOf(shown)) << " in " << told(freeArea());
     }
+    /// Keeps what the display shows, when somebody wants to look.
+    void picture(const QString& of);
 
     void expectActionsInView();
     void expectNothingClipped();
@@ -122,7 +134,7 @@ void Room::expectActionsInView() {
           "cmdInfo", "cmdSAIR", "cmdPesquisa", "cmdLimpar", "cmdEspecialMun", "Command1"})
         if (const screen::Field* field = tela.findField(QLatin1StringView(action))) {
             ++found;
-            EXPECT_TRUE(isInView(widgetOf(*field))) << field->name();
+            EXPECT_TRUE(comes([&] { return isInView(widgetOf(*field)); })) << field->name();
         }
     EXPECT_GT(found, 0);
 }
@@ -133,13 +145,23 @@ void Room::expectNothingClipped() {
             tabs->setCurrentIndex(page);
             QCoreApplication::processEvents();
             EXPECT_EQ(clipped(*window).join(u' '), "") << tabs->objectName() << page;
+            picture(u"%1 %2"_s.arg(tabs->objectName()).arg(page));
         }
     EXPECT_EQ(clipped(*window).join(u' '), "");
+    picture(u"whole"_s);
+}
+
+void Room::picture(const QString& of) {
+    const QString folder = qEnvironmentVariable("VORTA_TEST_PICTURES");
+    if (folder.isEmpty())
+        return;
+    QCoreApplication::processEvents();
+    const QPixmap shown = QGuiApplication::primaryScreen()->grabWindow(0);
+    EXPECT_TRUE(QDir().mkpath(folder) && shown.save(u"%1/%2 %3.png"_s.arg(folder, tela.name(), of)));
 }
 
 /// A field that gets the focus is scrolled to, all of it that finds room.
 void Room::expectFocusInView() {
-    window->activateWindow();
     const auto* scrolled = window->findChild<QAbstractScrollArea*>();
     for (screen::Field* field : tela.fields()) {
         if (!field->canFocus())
@@ -152,7 +174,7 @@ void Room::expectFocusInView() {
         EXPECT_EQ(window->focusWidget(), &widget) << field->name();
         const QSize room = scrolled->viewport()->size();
         if (widget.width() <= room.width() && widget.height() <= room.height())
-            EXPECT_TRUE(isInView(widget)) << field->name();
+            EXPECT_TRUE(QTest::qWaitFor([&] { return isInView(widget); }, patience)) << field->name();
     }
 }
 
@@ -160,7 +182,7 @@ TEST_P(Room, AScreenStandsWithinItWholeAndUsable) {
     window = open(tela);
     expectInside(*window, "at the first opening");
     if (isStart())
-        EXPECT_EQ(window->frameGeometry().left(), freeArea().left());
+        EXPECT_EQ(outerOf(*window).left(), freeArea().left());
     expectActionsInView();
     expectNothingClipped();
     expectFocusInView();
@@ -175,7 +197,9 @@ TEST_P(Room, AScreenStandsWithinItWholeAndUsable) {
         leaveHuge(above);
         const auto second = open(above, window.get());
         expectInside(*second, "above another");
-        EXPECT_GT(second->frameGeometry().top(), window->frameGeometry().top()) << "the lower title is in sight";
+        EXPECT_TRUE(comes([&] { return outerOf(*second).top() > outerOf(*window).top(); }))
+            << "the lower title is in sight";
+        picture(u"above"_s);
     }
 }
 

@@ -3,20 +3,23 @@
 desktop may ask for, under a window manager that draws frames and keeps the lower edge for its panel.
 
 rooms.py PROGRAM [ARGUMENT...]     VORTA_TEST_ROOMS=1366x768 takes the rows with that text alone
+                                   VORTA_TEST_PICTURES=FOLDER keeps a picture of each screen in each row
 
 Prints a line for each row and what a failing one has said; ends with 1 when one has failed."""
 
 import os
+import select
 import subprocess
 import sys
 import tempfile
-import time
 
-DISPLAYS = ["1024x600", "1366x768", "1920x1080", "3840x2160"]
-SCALES = ["1", "1.5", "2", "3"]
-LETTERS = [120, 192]  # dots per inch, beside the usual 96
+DISPLAYS = ["1024x600", "1280x720", "1366x768", "1920x1080", "3840x2160"]
+SCALES = ["1", "1.25", "1.5", "2", "3"]
+LETTERS = [96, 120, 144, 192]  # dots per inch
 SMALLEST = (640, 360)  # what is left of a display behind its scale
+SMALLEST_IN_LETTERS = (512, 300)  # and behind its scale and its letters
 PANEL = 40
+PATIENCE = 60  # seconds, for what comes at once when nobody else is at work
 
 MANAGER = """<openbox_config xmlns="http://openbox.org/3.4/rc">
 <margins><top>0</top><bottom>{panel}</bottom><left>0</left><right>0</right></margins>
@@ -25,14 +28,24 @@ MANAGER = """<openbox_config xmlns="http://openbox.org/3.4/rc">
 
 
 def rows():
-    """Display, scale and letters: each scale with the usual letters, each size of letters without a scale."""
+    """Display, scale and letters, all that go together."""
     for display in DISPLAYS:
-        width, height = (int(part) for part in display.split("x"))
+        size = [int(part) for part in display.split("x")]
         for scale in SCALES:
-            if width / float(scale) >= SMALLEST[0] and height / float(scale) >= SMALLEST[1]:
-                yield display, scale, 96
-        for letters in LETTERS:
-            yield display, "1", letters
+            for letters in LETTERS:
+                behind_scale = [part / float(scale) for part in size]
+                behind_letters = [part * LETTERS[0] / letters for part in behind_scale]
+                if all(left >= least for left, least in zip(behind_scale + behind_letters,
+                                                            SMALLEST + SMALLEST_IN_LETTERS)):
+                    yield display, scale, letters
+
+
+def first_line(reader, of):
+    """What a program says once it stands."""
+    with os.fdopen(reader) as told:
+        if not select.select([told], [], [], PATIENCE)[0]:
+            raise SystemExit(f"{of} does not start")
+        return told.readline().strip()
 
 
 class Display:
@@ -44,18 +57,21 @@ class Display:
             ["Xvfb", "-displayfd", str(writes), "-screen", "0", f"{size}x24", "-nolisten", "tcp"],
             pass_fds=[writes], stderr=subprocess.DEVNULL)
         os.close(writes)
-        with os.fdopen(reads) as told:
-            number = told.readline().strip()
+        number = first_line(reads, "Xvfb")
         if not number:
             raise SystemExit("Xvfb does not start")
         self.environment = {**os.environ, "DISPLAY": f":{number}", "QT_QPA_PLATFORM": "xcb", "HOME": folder}
         config = os.path.join(folder, "openbox.xml")
         with open(config, "w", encoding="utf-8") as file:
             file.write(MANAGER.format(panel=PANEL))
-        self.manager = subprocess.Popen(["openbox", "--config-file", config], env=self.environment,
-                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        time.sleep(0.5)
-        if self.manager.poll() is not None:
+        # A window that comes before its manager is another matter: the manager says when it manages.
+        manages = os.path.join(folder, "manages")
+        os.path.exists(manages) or os.mkfifo(manages)
+        reads = os.open(manages, os.O_RDONLY | os.O_NONBLOCK)
+        self.manager = subprocess.Popen(
+            ["openbox", "--config-file", config, "--startup", f"sh -c 'echo manages > {manages}'"],
+            env=self.environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        if first_line(reads, "openbox") != "manages":
             raise SystemExit("openbox does not start")
 
     def close(self):
@@ -64,10 +80,14 @@ class Display:
             process.wait()
 
 
-def run(display, scale, letters, command):
+def run(display, row, command):
+    _, scale, letters = row
     environment = {**display.environment, "QT_SCALE_FACTOR": scale, "QT_FONT_DPI": str(letters)}
+    if "VORTA_TEST_PICTURES" in os.environ:
+        environment["VORTA_TEST_PICTURES"] = os.path.join(os.environ["VORTA_TEST_PICTURES"],
+                                                          "{} {} {}".format(*row))
     done = subprocess.run(command, env=environment, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
-                          timeout=300, check=False)
+                          check=False)
     return done.returncode == 0, done.stdout
 
 
@@ -83,9 +103,9 @@ def main():
                 continue
             display = Display(size, folder)
             try:
-                for _, scale, letters in of_size:
-                    good, said = run(display, scale, letters, command)
-                    print(f"{'ok' if good else 'not ok'} {size}, scale {scale}, {letters} dpi", flush=True)
+                for row in of_size:
+                    good, said = run(display, row, command)
+                    print("{} {}, scale {}, {} dpi".format("ok" if good else "not ok", *row), flush=True)
                     if not good:
                         failed += 1
                         print("\n".join(line for line in said.splitlines()
