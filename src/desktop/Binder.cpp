@@ -25,7 +25,20 @@ Binder::Binder(screen::Screen& screen, screen::User& user, QWidget& form, QWidge
         keys_.insert(key.field, key.keys);
     bind(form);
     screen.setObserver(this);
+    window.installEventFilter(this);
     schedule();
+}
+
+bool Binder::eventFilter(QObject*, QEvent* event) {
+    if (event->type() == QEvent::ApplicationPaletteChange) {
+        for (const auto& [field, bound] : bindings_) {
+            bound->forgetColours();
+            mark(*field);
+        }
+        if (background_ != screen::colour::ButtonFace)
+            showGround();
+    }
+    return false;
 }
 
 namespace {
@@ -177,8 +190,11 @@ void Binder::showScreen() {
     window_.setWindowTitle(screen_.caption().isEmpty() ? screen::Program::applicationTitle() : screen_.caption());
     if (std::exchange(placings_, screen_.placings()) != screen_.placings() && onPlacing)
         onPlacing();
-    if (std::exchange(background_, screen_.background()) == screen_.background())
-        return;
+    if (std::exchange(background_, screen_.background()) != screen_.background())
+        showGround();
+}
+
+void Binder::showGround() {
     QPalette palette;
     palette.setColor(QPalette::Window, ColourOf(background_));
     window_.setPalette(palette);

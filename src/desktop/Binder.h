@@ -56,6 +56,9 @@ class Binder : public QObject, public screen::ScreenObserver {
     /// Carries out Ctrl+Tab and Ctrl+PageDown, which walk through the tab pages; false for any other key.
     bool switchPage(const screen::Field& from, const QKeyEvent& key);
 
+    /// Follows a change of the program's colours.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
     void fieldChanged(screen::Field& field) override;
     void screenChanged(screen::Screen& screen) override;
 
@@ -70,6 +73,7 @@ class Binder : public QObject, public screen::ScreenObserver {
     void workIsOver();
     void schedule();
     void showScreen();
+    void showGround();
     void showFocus();
 
     screen::Screen& screen_;

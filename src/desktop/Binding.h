@@ -27,6 +27,8 @@ class Binding : public QObject {
 
     /// Makes the widget show the field.
     virtual void refresh();
+    /// Has the colours painted anew at the next refresh, since those of the program have changed.
+    void forgetColours() { colours_.reset(); }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -18,6 +18,15 @@ constexpr int window = 5;
 constexpr int windowText = 8;
 constexpr int buttonText = 18;
 
+/// A ground that the company's scheme has given.
+bool isOfTheCompany(screen::Colour background) {
+    return background >= 0 && background != screen::colour::Free;
+}
+
+QColor plain(screen::Colour colour) {
+    return {colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF};
+}
+
 /// Which parts of a palette a kind of field paints: its ground and its text.
 struct Roles {
     QPalette::ColorRole ground;
@@ -48,8 +57,10 @@ QColor ColourOf(screen::Colour colour) {
     const QPalette palette = QApplication::palette();
     if (colour == screen::colour::Free)
         return palette.color(QPalette::Base);
+    if (colour == screen::colour::Red)
+        return WarningColour(palette);
     if (colour >= 0)
-        return QColor(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF);
+        return plain(colour);
     switch (colour & 0xFF) {
     case scrollBar:
         return Shaded(palette.color(QPalette::Window), 6);
@@ -73,10 +84,10 @@ void ApplyColours(QWidget& widget, FieldKind kind, screen::Colour background, sc
     if (roles.letsThrough)
         widget.setAutoFillBackground(ownColour);
     if (foreground != screen::colour::WindowText)
-        palette.setColor(roles.text, ColourOf(foreground));
-    else if (ownColour && background >= 0 && background != screen::colour::Free &&
-             IsDark(palette.color(QPalette::Active, QPalette::Window)))
-        // A ground of the company's scheme, which knows nothing of the light letters of a dark desktop.
+        palette.setColor(roles.text,
+                         isOfTheCompany(background) && foreground >= 0 ? plain(foreground) : ColourOf(foreground));
+    else if (isOfTheCompany(background) && IsDark(palette.color(QPalette::Active, QPalette::Window)))
+        // The company's scheme knows nothing of the light letters of a dark desktop.
         palette.setColor(roles.text, ReadableOn(ColourOf(background), palette.color(QPalette::Active, roles.text)));
     else if (roles.text == QPalette::WindowText)
         // Said outright, else it would be that of the frame around the widget.

@@ -59,9 +59,8 @@ DesktopApplication::DesktopApplication(int& argc, char** argv) : QApplication(ar
     setApplicationName(u"pessoas"_s);
     setApplicationDisplayName({});
     QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
-    const QPalette desktop = palette();
     setStyle(new Style);
-    setPalette(ThemeFor(desktop));
+    followDesktop();
     if (!system::ThisSystem().fonts.isEmpty())
         setFont(fontOf(font()));
     installTranslator(new StandardTexts(this));
@@ -69,8 +68,15 @@ DesktopApplication::DesktopApplication(int& argc, char** argv) : QApplication(ar
     setQuitOnLastWindowClosed(false);
 }
 
+void DesktopApplication::followDesktop() {
+    setPalette(QPalette()); // the desktop's own, with what it leaves open from the style
+    setPalette(ThemeFor(desktopPalette ? desktopPalette() : palette()));
+}
+
 bool DesktopApplication::notify(QObject* receiver, QEvent* event) {
     try {
+        if (event->type() == QEvent::ThemeChange && receiver->isWindowType())
+            followDesktop();
         return QApplication::notify(receiver, event);
     } catch (...) {
         const std::exception_ptr caught = std::current_exception();

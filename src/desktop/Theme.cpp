@@ -19,9 +19,14 @@ struct Pair {
     Role text;
 };
 constexpr std::array pairs{
-    Pair{QPalette::Window, QPalette::WindowText},       Pair{QPalette::Base, QPalette::Text},
-    Pair{QPalette::Button, QPalette::ButtonText},       Pair{QPalette::Highlight, QPalette::HighlightedText},
-    Pair{QPalette::ToolTipBase, QPalette::ToolTipText}, Pair{QPalette::Base, QPalette::PlaceholderText},
+    Pair{QPalette::Window, QPalette::WindowText},
+    Pair{QPalette::Base, QPalette::Text},
+    Pair{QPalette::Button, QPalette::ButtonText},
+    Pair{QPalette::Highlight, QPalette::HighlightedText},
+    Pair{QPalette::ToolTipBase, QPalette::ToolTipText},
+    Pair{QPalette::Base, QPalette::PlaceholderText},
+    Pair{QPalette::Base, QPalette::Link},
+    Pair{QPalette::Base, QPalette::LinkVisited},
 };
 constexpr std::array groups{QPalette::Active, QPalette::Inactive, QPalette::Disabled};
 
@@ -43,6 +48,16 @@ QColor between(const QColor& one, const QColor& other, double share) {
 bool isOrdinary(const QPalette& desktop) {
     const QColor window = desktop.color(QPalette::Window);
     return !IsDark(window) && ContrastOf(window, desktop.color(QPalette::WindowText)) < starkContrast;
+}
+
+/// The ground of a tab page, which the toolkit makes of the colour of buttons: the darker that is, the lighter the
+/// page.
+QColor pageGround(const QPalette& palette) {
+    constexpr int dark = 180;
+    constexpr int share = 6;
+    constexpr int page = 104;
+    const QColor button = palette.color(QPalette::Active, QPalette::Button);
+    return button.lighter(100 + std::max(1, (dark - qGray(button.rgb())) / share)).lighter(page);
 }
 
 QPalette ownColours() {
@@ -71,10 +86,15 @@ void quietenDisabled(QPalette& palette) {
 }
 
 void makeReadable(QPalette& palette) {
-    for (const QPalette::ColorGroup group : groups)
+    for (const QPalette::ColorGroup group : groups) {
         for (const Pair& pair : pairs)
             palette.setColor(group, pair.text,
                              ReadableOn(palette.color(group, pair.ground), palette.color(group, pair.text)));
+        // Every second row has the letters of the others.
+        if (ContrastOf(palette.color(group, QPalette::AlternateBase), palette.color(group, QPalette::Text)) <
+            leastContrast)
+            palette.setColor(group, QPalette::AlternateBase, palette.color(group, QPalette::Base));
+    }
 }
 
 } // namespace
@@ -100,6 +120,20 @@ QColor ReadableOn(const QColor& ground, const QColor& wanted) {
     const QColor black = Qt::black;
     const QColor white = Qt::white;
     return ContrastOf(ground, black) > ContrastOf(ground, white) ? black : white;
+}
+
+QColor WarningColour(const QPalette& palette) {
+    const std::array grounds{palette.color(QPalette::Active, QPalette::Window),
+                             palette.color(QPalette::Active, QPalette::Base), pageGround(palette)};
+    const QColor red = Qt::red;
+    const QColor end = IsDark(grounds[0]) ? Qt::white : Qt::black;
+    constexpr double step = 0.02;
+    for (double share = 0; share < 1; share += step) {
+        const QColor shown = between(red, end, share);
+        if (std::ranges::all_of(grounds, [&](const QColor& one) { return ContrastOf(one, shown) >= leastContrast; }))
+            return shown;
+    }
+    return palette.color(QPalette::Active, QPalette::WindowText);
 }
 
 QColor FocusColour(const QPalette& palette) {

@@ -15,6 +15,9 @@ inline constexpr double leastContrast = 4.5;
 /// That colour, or black or white where it would not be read on the ground.
 QColor ReadableOn(const QColor& ground, const QColor& wanted);
 
+/// The nearest to red that is read on the grounds of that palette.
+QColor WarningColour(const QPalette& palette);
+
 /// The colour of what shows the focus: that of a choice, or of the text where nobody would see it.
 QColor FocusColour(const QPalette& palette);
 

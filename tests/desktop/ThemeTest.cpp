@@ -1,6 +1,7 @@
 // The colours on light, dark and stark desktops: read in every state.
 
 #include "desktop/Theme.h"
+#include "Desktops.h"
 #include "SampleWindow.h"
 #include "desktop/Colours.h"
 #include "desktop/DesktopApplication.h"
@@ -8,37 +9,6 @@
 namespace vorta::test {
 
 namespace {
-
-struct Desktop {
-    const char* name;
-    QRgb window;
-    QRgb text;
-    QRgb base;
-    QRgb button;
-    QRgb highlight;
-    QRgb highlighted;
-};
-constexpr std::array desktops{
-    Desktop{"light", 0xEFEFEF, 0x000000, 0xFFFFFF, 0xEFEFEF, 0x308CC6, 0xFFFFFF},
-    Desktop{"dark", 0x353535, 0xFFFFFF, 0x1E1E1E, 0x353535, 0x15539E, 0xFFFFFF},
-    Desktop{"faint", 0x2B2B2B, 0x777777, 0x222222, 0x333333, 0x505050, 0x909090},
-    Desktop{"blackAndYellow", 0x000000, 0xFFFF00, 0x000000, 0x000000, 0xFFFF00, 0x000000},
-    Desktop{"blackAndWhite", 0xFFFFFF, 0x000000, 0xFFFFFF, 0xFFFFFF, 0x000000, 0xFFFFFF},
-};
-
-QPalette paletteOf(const Desktop& desktop) {
-    QPalette palette{QColor(desktop.window)};
-    const auto set = [&](QPalette::ColorRole role, QRgb colour) { palette.setColor(role, QColor(colour)); };
-    set(QPalette::Window, desktop.window);
-    set(QPalette::WindowText, desktop.text);
-    set(QPalette::Base, desktop.base);
-    set(QPalette::Text, desktop.text);
-    set(QPalette::Button, desktop.button);
-    set(QPalette::ButtonText, desktop.text);
-    set(QPalette::Highlight, desktop.highlight);
-    set(QPalette::HighlightedText, desktop.highlighted);
-    return palette;
-}
 
 /// The ground and the text that a widget paints with.
 double contrastOf(const QWidget& widget, QPalette::ColorRole ground, QPalette::ColorRole text) {
@@ -125,6 +95,21 @@ TEST_P(Theme, LeavesTheCompanysColours) {
         tela.txtNome.setForeground(screen::colour::Red);
         settle();
         EXPECT_EQ(nome->palette().color(QPalette::Text), QColor(0xFF, 0, 0));
+    });
+}
+
+/// The title outside production, and what stands outside its list.
+TEST_P(Theme, AWarningIsRead) {
+    const QPalette palette = QApplication::palette();
+    for (const auto ground : {QPalette::Window, QPalette::Base})
+        EXPECT_GE(desktop::ContrastOf(desktop::ColourOf(screen::colour::Red), palette.color(ground)),
+                  desktop::leastContrast);
+    open([&] {
+        tela.lblTitulo.setForeground(screen::colour::Red);
+        settle();
+        const QColor shown = titulo->palette().color(QPalette::WindowText);
+        EXPECT_EQ(shown, desktop::ColourOf(screen::colour::Red));
+        EXPECT_GT(shown.red(), std::max(shown.green(), shown.blue())) << "it is still a red";
     });
 }
 
