@@ -3,10 +3,13 @@
 #include "base/Literals.h"
 #include "base/RuntimeError.h"
 #include "desktop/ScreenWindow.h"
+#include "robot/windows/SmallPicture.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QPointer>
+#include <QRegularExpression>
+#include <QScreen>
 #include <QTest>
 #include <QThread>
 #include <QTimer>
@@ -16,8 +19,12 @@ namespace vorta::test {
 
 namespace {
 
-constexpr int patience = 20000;
-constexpr int betweenStrokes = 5; ///< whatever a stroke has left to do comes in front of the next one
+constexpr int patience = 60000;
+/// Whatever a stroke has left to do comes in front of the next one, and somebody who takes pictures waits for the
+/// paint.
+int betweenStrokes() {
+    return qEnvironmentVariableIsEmpty("VORTA_TEST_STEPS") ? 5 : 100;
+}
 
 /// The window in front: a box, or the screen on top.
 QWidget* front() {
@@ -62,6 +69,45 @@ Typist& Typist::data(const QString& text) {
     return *this;
 }
 
+Typist& Typist::follow(const QString& keys, QStringList data, const std::map<int, QString>& pictures) {
+    static const QRegularExpression left(u"\\([^)]*\\)"_s);
+    static const QRegularExpression key(u"^(Enter|Tab|Esc|F\\d+|(Ctrl|Alt|Shift)\\+\\S+)$"_s);
+    int done = 0;
+    for (const QString& part : QString(keys).remove(left).split(u',')) {
+        if (key.match(part.trimmed()).hasMatch())
+            press(part.trimmed());
+        else if (!data.isEmpty())
+            this->data(data.takeFirst());
+        else
+            ADD_FAILURE() << "nothing to type for " << part;
+        steps_.push_back([this] { keepStep(); });
+        if (const auto found = pictures.find(++done); found != pictures.end())
+            picture(found->second);
+    }
+    EXPECT_EQ(data.join(u' '), "") << "is not asked for";
+    return *this;
+}
+
+Typist& Typist::picture(const QString& name) {
+    steps_.push_back([name] {
+        const QString folder = qEnvironmentVariable("VORTA_TEST_PICTURES");
+        if (!folder.isEmpty())
+            EXPECT_TRUE(robot::SaveSmall(front()->grab().toImage(), u"%1/%2.png"_s.arg(folder, name)));
+    });
+    return *this;
+}
+
+/// For somebody who looks at all of it.
+void Typist::keepStep() {
+    const QString folder = qEnvironmentVariable("VORTA_TEST_STEPS");
+    if (folder.isEmpty())
+        return;
+    const auto& test = *testing::UnitTest::GetInstance()->current_test_info();
+    const QImage shown = QGuiApplication::primaryScreen()->grabWindow(0).toImage();
+    EXPECT_TRUE(robot::SaveSmall(
+        shown, u"%1/%2-%3.png"_s.arg(folder, QLatin1StringView(test.name())).arg(++kept_, 2, 10, QChar(u'0'))));
+}
+
 Typist& Typist::then(std::function<void()> look) {
     steps_.push_back(std::move(look));
     return *this;
@@ -94,7 +140,7 @@ void Typist::next() {
         return;
     }
     const std::function<void()>& step = steps_[step_++];
-    QTimer::singleShot(betweenStrokes, &alive_, [this] { next(); });
+    QTimer::singleShot(betweenStrokes(), &alive_, [this] { next(); });
     try {
         step();
     } catch (const RuntimeError& error) {

@@ -21,6 +21,11 @@ class Typist {
     Typist& press(const QString& keys);
     /// A text of the data; its letters are counted apart.
     Typist& data(const QString& text);
+    /// The keys of a task as the manual lists them, "Alt+A, telefone, Ctrl+S": whatever is no key stands for the next
+    /// text of the data, and what stands in brackets is left out. Behind so many of them a picture is kept.
+    Typist& follow(const QString& keys, QStringList data, const std::map<int, QString>& pictures = {});
+    /// Keeps a picture of the window in front for the manual, when VORTA_TEST_PICTURES names a folder.
+    Typist& picture(const QString& name);
     /// Looks at something in between.
     Typist& then(std::function<void()> look);
 
@@ -38,6 +43,7 @@ class Typist {
     void begin();
     bool isReady();
     void next();
+    void keepStep();
 
     QObject alive_; ///< what is still to come goes with the typist
     desktop::DesktopPlatform platform_;
@@ -47,6 +53,7 @@ class Typist {
     std::map<const QWidget*, int> levels_; ///< of the event loop, with each window in front
     int strokes_ = 0;
     int letters_ = 0;
+    int kept_ = 0; ///< pictures of the whole display, one for each step, in the folder VORTA_TEST_STEPS
 };
 
 } // namespace vorta::test

@@ -7,6 +7,7 @@
 #include "desktop/DesktopPlatform.h"
 #include "desktop/MessageBox.h"
 #include "desktop/ScreenWindow.h"
+#include "robot/windows/SmallPicture.h"
 #include "shared/Modo.h"
 #include "shared/Papeis.h"
 
@@ -170,7 +171,7 @@ class Tour : public desktop::DesktopPlatform {
         QCoreApplication::processEvents();
         const QString name = u"%1 %2.png"_s.arg(++pictures_, 2, 10, QChar(u'0')).arg(what);
         std::printf("%s\n", qUtf8Printable(name));
-        if (!widget.grab().save(folder_.filePath(name)))
+        if (!robot::SaveSmall(widget.grab().toImage(), folder_.filePath(name)))
             std::fprintf(stderr, "%s cannot be written\n", qUtf8Printable(folder_.filePath(name)));
     }
 
