@@ -15,6 +15,8 @@
 #include "kit/Indexes.h"
 #include "kit/Loader.h"
 #include "kit/Upgrade.h"
+#include "system/Files.h"
+#include "system/ThisSystem.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -25,6 +27,11 @@
 namespace vorta::kit {
 
 namespace {
+
+bool isOpenToEverybody(const QString& path) {
+    const std::optional<system::FileState> state = system::StateOf(path);
+    return state && state->rights & (system::rights::everybodyReads | system::rights::everybodyWrites);
+}
 
 /// A copy that is older than this is told as a fault.
 constexpr qint64 daysOfACopy = 7;
@@ -73,9 +80,9 @@ class Checker {
 
     /// A file that can hold a password should not be open to everybody on the machine.
     void checkRights(const QString& path) {
-        const QFile::Permissions rights = QFileInfo(path).permissions();
-        tell(!(rights & (QFile::ReadOther | QFile::WriteOther)),
-             u"%1 só pode ser lido pelo dono e seu grupo"_s.arg(path),
+        if (!system::ThisSystem().rightsAreNumbers)
+            return;
+        tell(!isOpenToEverybody(path), u"%1 só pode ser lido pelo dono e seu grupo"_s.arg(path),
              u"%1 pode ser lido por qualquer usuário e pode conter uma senha; use: chmod 640 %1"_s.arg(path));
     }
 
@@ -126,7 +133,7 @@ class Checker {
 
     /// Who can read a base file needs no password for anything in it.
     void checkEmbedded(const QString& what, const firebird::ConnectionText& base) {
-        if (QFileInfo(base.path).permissions() & (QFile::ReadOther | QFile::WriteOther))
+        if (isOpenToEverybody(base.path))
             bad(u"%1: o arquivo %2 pode ser lido por qualquer usuário; use: chmod 660 %2"_s.arg(what, base.path));
         for (const Finding& finding : CheckSharing(what, base.path))
             findings_.push_back(finding);

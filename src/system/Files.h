@@ -18,6 +18,7 @@ struct FileId {
 
 /// Rights as the usual octal numbers. A system that knows other ones gives a file to its owner alone.
 namespace rights {
+inline constexpr unsigned everybodyReads = 0004;
 inline constexpr unsigned everybodyWrites = 0002;
 inline constexpr unsigned groupWrites = 0020;
 inline constexpr unsigned keptByOwners = 01000; ///< in a folder, everybody's entries are safe from the others

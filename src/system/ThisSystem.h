@@ -7,10 +7,11 @@
 namespace vorta::system {
 
 struct System {
-    QString home;               ///< the installation, unless told otherwise
-    bool hasDrives = false;     ///< a path may begin with a letter and a colon, and has backslashes
-    bool locksAreFiles = false; ///< the engine keeps its locks in files of a folder, for whoever uses that folder
-    QStringList fonts;          ///< for windows where the desktop names none that is there, the best first
+    QString home;                  ///< the installation, unless told otherwise
+    bool hasDrives = false;        ///< a path may begin with a letter and a colon, and has backslashes
+    bool rightsAreNumbers = false; ///< files have an owner, a group and the rights of both
+    bool locksAreFiles = false;    ///< the engine keeps its locks in files of a folder, for whoever uses that folder
+    QStringList fonts;             ///< for windows where the desktop names none that is there, the best first
     bool namesSqlServerDrivers = false; ///< the drivers that connection strings name are the system's own
     QString clientLibrary;              ///< the engine's client library
     QString modulePrefix;               ///< what the name of a module of the engine begins with

@@ -13,6 +13,7 @@ const System& ThisSystem() {
     static const System row{
         .home = u"/opt/vorta"_s,
         .hasDrives = false,
+        .rightsAreNumbers = true,
         .locksAreFiles = true,
         .fonts = {},
         .namesSqlServerDrivers = false,

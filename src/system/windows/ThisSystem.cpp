@@ -14,6 +14,7 @@ const System& ThisSystem() {
     static const System row{
         .home = u"c:/vorta"_s,
         .hasDrives = true,
+        .rightsAreNumbers = false,
         .locksAreFiles = false,
         .fonts = {u"Segoe UI"_s, u"Tahoma"_s, u"Verdana"_s, u"Arial"_s, u"DejaVu Sans"_s, u"Liberation Sans"_s},
         .namesSqlServerDrivers = true,
