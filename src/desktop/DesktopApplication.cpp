@@ -5,7 +5,6 @@
 #include "desktop/Theme.h"
 #include "system/ThisSystem.h"
 
-#include <QFontDatabase>
 #include <QLocale>
 #include <QTranslator>
 #include <exception>
@@ -41,18 +40,6 @@ class StandardTexts : public QTranslator {
     }
 };
 
-/// The desktop's font, or one that is there: what stands in for a missing font may be of any kind.
-QFont fontOf(QFont font) {
-    if (QFontDatabase::hasFamily(font.family()))
-        return font;
-    for (const QString& family : system::ThisSystem().fonts)
-        if (QFontDatabase::hasFamily(family)) {
-            font.setFamily(family);
-            break;
-        }
-    return font;
-}
-
 } // namespace
 
 DesktopApplication::DesktopApplication(int& argc, char** argv) : QApplication(argc, argv) {
@@ -61,8 +48,8 @@ DesktopApplication::DesktopApplication(int& argc, char** argv) : QApplication(ar
     QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
     setStyle(new Style);
     followDesktop();
-    if (!system::ThisSystem().fonts.isEmpty())
-        setFont(fontOf(font()));
+    if (const QStringList& others = system::ThisSystem().fonts; !others.isEmpty())
+        setFont(FontThatIsThere(font(), others));
     installTranslator(new StandardTexts(this));
     // The screens say when the program ends, not the last window that happens to be open.
     setQuitOnLastWindowClosed(false);

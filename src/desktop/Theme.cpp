@@ -1,5 +1,7 @@
 #include "desktop/Theme.h"
 
+#include <QFontInfo>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -156,6 +158,21 @@ QPalette ThemeFor(const QPalette& desktop) {
     quietenDisabled(palette);
     makeReadable(palette);
     return palette;
+}
+
+QFont FontThatIsThere(QFont font, const QStringList& others) {
+    const auto isThere = [](const QFont& wanted) {
+        return QFontInfo(wanted).family().compare(wanted.family(), Qt::CaseInsensitive) == 0;
+    };
+    if (isThere(font))
+        return font;
+    for (const QString& family : others) {
+        QFont other = font;
+        other.setFamilies({family});
+        if (isThere(other))
+            return other;
+    }
+    return font;
 }
 
 } // namespace vorta::desktop

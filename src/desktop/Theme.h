@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QFont>
 #include <QPalette>
+#include <QStringList>
 
 namespace vorta::desktop {
 
@@ -20,6 +22,10 @@ QColor WarningColour(const QPalette& palette);
 
 /// The colour of what shows the focus: that of a choice, or of the text where nobody would see it.
 QColor FocusColour(const QPalette& palette);
+
+/// The font, or in its place the first of the others that is there: what the system itself puts in the place of a
+/// missing font may be of any kind, and a name alone says little, since systems have names that stand for other fonts.
+QFont FontThatIsThere(QFont font, const QStringList& others);
 
 bool IsDark(const QColor& colour);
 /// The colour some way towards the other side: darker by `percent` of 100 where it is light, lighter where it is dark.

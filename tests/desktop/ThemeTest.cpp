@@ -134,4 +134,17 @@ TEST(Contrast, IsThatOfTheUsualMeasure) {
     EXPECT_EQ(desktop::ReadableOn(Qt::black, Qt::yellow), QColor(Qt::yellow));
 }
 
+TEST(FontThatIsThere, IsTheOneWantedOrTheFirstOtherOne) {
+    QFont missing(u"No Font Of That Name"_s, 9);
+    missing.setBold(true);
+    const QString there = QFontInfo(QApplication::font()).family();
+    EXPECT_EQ(desktop::FontThatIsThere(QFont(there, 9), {u"Another"_s}), QFont(there, 9));
+    const QFont chosen = desktop::FontThatIsThere(missing, {u"Nor Of This One"_s, there});
+    EXPECT_EQ(QFontInfo(chosen).family(), there);
+    EXPECT_EQ(chosen.family(), there);
+    EXPECT_EQ(chosen.pointSize(), 9);
+    EXPECT_TRUE(chosen.bold());
+    EXPECT_EQ(desktop::FontThatIsThere(missing, {}), missing);
+}
+
 } // namespace vorta::test
