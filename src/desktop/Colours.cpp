@@ -57,8 +57,6 @@ QColor ColourOf(screen::Colour colour) {
     const QPalette palette = QApplication::palette();
     if (colour == screen::colour::Free)
         return palette.color(QPalette::Base);
-    if (colour == screen::colour::Red)
-        return WarningColour(palette);
     if (colour >= 0)
         return plain(colour);
     switch (colour & 0xFF) {
@@ -75,6 +73,10 @@ QColor ColourOf(screen::Colour colour) {
     }
 }
 
+QColor TextColourOf(screen::Colour colour) {
+    return colour == screen::colour::Red ? WarningColour(QApplication::palette()) : ColourOf(colour);
+}
+
 void ApplyColours(QWidget& widget, FieldKind kind, screen::Colour background, screen::Colour foreground) {
     const Roles roles = rolesOf(kind);
     QPalette palette = QApplication::palette(&widget);
@@ -85,7 +87,7 @@ void ApplyColours(QWidget& widget, FieldKind kind, screen::Colour background, sc
         widget.setAutoFillBackground(ownColour);
     if (foreground != screen::colour::WindowText)
         palette.setColor(roles.text,
-                         isOfTheCompany(background) && foreground >= 0 ? plain(foreground) : ColourOf(foreground));
+                         isOfTheCompany(background) && foreground >= 0 ? plain(foreground) : TextColourOf(foreground));
     else if (isOfTheCompany(background) && IsDark(palette.color(QPalette::Active, QPalette::Window)))
         // The company's scheme knows nothing of the light letters of a dark desktop.
         palette.setColor(roles.text, ReadableOn(ColourOf(background), palette.color(QPalette::Active, roles.text)));

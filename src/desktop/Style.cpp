@@ -32,8 +32,10 @@ QColor focusColour(const QStyleOption& option) {
 QColor outlineOf(const QStyleOption& option) {
     if (hasFocus(option))
         return focusColour(option);
-    const QColor around = option.palette.color(QPalette::Window);
-    return Shaded(around, option.state.testFlag(QStyle::State_Enabled) ? outlineShade : disabledShade);
+    const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+    if (IsStark(option.palette))
+        return option.palette.color(enabled ? QPalette::Active : QPalette::Disabled, QPalette::WindowText);
+    return Shaded(option.palette.color(QPalette::Window), enabled ? outlineShade : disabledShade);
 }
 
 /// Four lines that leave the corners out.
@@ -47,6 +49,15 @@ void drawFrame(QPainter& painter, const QRect& rect, const QColor& colour) {
     };
     painter.setPen(colour);
     painter.drawLines(sides.data(), static_cast<int>(sides.size()));
+}
+
+void drawRing(QPainter& painter, const QRect& rect, const QColor& colour) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(colour);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawEllipse(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5));
+    painter.restore();
 }
 
 QColor faceOf(const QStyleOption& option) {
@@ -115,8 +126,17 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
         break;
     case PE_Frame:
         QProxyStyle::drawPrimitive(element, option, painter, widget);
-        if (hasFocus(*option) && qobject_cast<const QAbstractScrollArea*>(widget))
+        if (qobject_cast<const QAbstractScrollArea*>(widget))
             drawOutline(*painter, *option);
+        break;
+    // Fusion draws them darker than what is around, which nobody sees on a dark ground.
+    case PE_IndicatorCheckBox:
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        drawFrame(*painter, option->rect, outlineOf(*option));
+        break;
+    case PE_IndicatorRadioButton:
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        drawRing(*painter, option->rect, outlineOf(*option));
         break;
     default:
         QProxyStyle::drawPrimitive(element, option, painter, widget);

@@ -105,6 +105,12 @@ bool IsDark(const QColor& colour) {
     return qGray(colour.rgb()) < half;
 }
 
+bool IsStark(const QPalette& palette) {
+    constexpr double stark = 19.3; // black letters on the usual light grey stand just below
+    return ContrastOf(palette.color(QPalette::Active, QPalette::Window),
+                      palette.color(QPalette::Active, QPalette::WindowText)) >= stark;
+}
+
 QColor Shaded(const QColor& colour, int percent) {
     if (!IsDark(colour))
         return colour.darker(100 + percent);
@@ -130,9 +136,10 @@ QColor WarningColour(const QPalette& palette) {
     const QColor red = Qt::red;
     const QColor end = IsDark(grounds[0]) ? Qt::white : Qt::black;
     constexpr double step = 0.02;
+    constexpr double enough = leastContrast * 1.1; // a frame around a group shades its ground a little
     for (double share = 0; share < 1; share += step) {
         const QColor shown = between(red, end, share);
-        if (std::ranges::all_of(grounds, [&](const QColor& one) { return ContrastOf(one, shown) >= leastContrast; }))
+        if (std::ranges::all_of(grounds, [&](const QColor& one) { return ContrastOf(one, shown) >= enough; }))
             return shown;
     }
     return palette.color(QPalette::Active, QPalette::WindowText);

@@ -28,6 +28,8 @@ QColor FocusColour(const QPalette& palette);
 QFont FontThatIsThere(QFont font, const QStringList& others);
 
 bool IsDark(const QColor& colour);
+/// Letters and ground as far apart as can be, for weak eyes: every line is wanted as clear then.
+bool IsStark(const QPalette& palette);
 /// The colour some way towards the other side: darker by `percent` of 100 where it is light, lighter where it is dark.
 QColor Shaded(const QColor& colour, int percent);
 

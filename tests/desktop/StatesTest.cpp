@@ -46,6 +46,9 @@ std::optional<Ink> inkOf(const QWidget& widget) {
         return Ink{QPalette::Text, QPalette::Base};
     if (is.operator()<QPushButton>())
         return Ink{QPalette::ButtonText, QPalette::Button};
+    const auto* label = qobject_cast<const QLabel*>(&widget);
+    if (label && label->text().isEmpty()) // a picture
+        return {};
     if (is.operator()<QRadioButton, QCheckBox, QGroupBox, QLabel>())
         return Ink{QPalette::WindowText, {}};
     return {};

@@ -102,13 +102,13 @@ TEST_P(Theme, LeavesTheCompanysColours) {
 TEST_P(Theme, AWarningIsRead) {
     const QPalette palette = QApplication::palette();
     for (const auto ground : {QPalette::Window, QPalette::Base})
-        EXPECT_GE(desktop::ContrastOf(desktop::ColourOf(screen::colour::Red), palette.color(ground)),
+        EXPECT_GE(desktop::ContrastOf(desktop::TextColourOf(screen::colour::Red), palette.color(ground)),
                   desktop::leastContrast);
     open([&] {
         tela.lblTitulo.setForeground(screen::colour::Red);
         settle();
         const QColor shown = titulo->palette().color(QPalette::WindowText);
-        EXPECT_EQ(shown, desktop::ColourOf(screen::colour::Red));
+        EXPECT_EQ(shown, desktop::TextColourOf(screen::colour::Red));
         EXPECT_GT(shown.red(), std::max(shown.green(), shown.blue())) << "it is still a red";
     });
 }

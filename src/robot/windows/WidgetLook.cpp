@@ -118,8 +118,8 @@ Seen bold(W widget, F field, Q) {
     return formDecides ? Seen() : Seen(told(contentOf(widget).font().bold()));
 }
 
-QString numberOf(const QColor& shown, Colour asked) {
-    if (shown.rgb() == ColourOf(asked).rgb())
+QString numberOf(const QColor& shown, Colour asked, const QColor& expected) {
+    if (shown.rgb() == expected.rgb())
         return QString::number(asked);
     return QString::number(shown.red() | shown.green() << 8 | shown.blue() << 16);
 }
@@ -134,7 +134,8 @@ Seen background(W widget, F field, Q) {
     const QWidget* painting = &contentOf(widget);
     while (!paintsItsGround(*painting))
         painting = painting->parentWidget();
-    return numberOf(painting->palette().color(painting->backgroundRole()), field.background());
+    return numberOf(painting->palette().color(painting->backgroundRole()), field.background(),
+                    ColourOf(field.background()));
 }
 
 /// The text of a field that takes input stays as readable when it takes none; any other is meant as it is when enabled.
@@ -143,7 +144,7 @@ Seen foreground(W widget, F field, Q) {
     const bool input = lineOf(widget) || qobject_cast<const QAbstractScrollArea*>(&widget);
     const QPalette& palette = content.palette();
     return numberOf(input ? palette.color(QPalette::Text) : palette.color(QPalette::Active, content.foregroundRole()),
-                    field.foreground());
+                    field.foreground(), desktop::TextColourOf(field.foreground()));
 }
 
 /// An image file as it looks in that size; none for a file that is no image.
