@@ -170,15 +170,43 @@ void DesktopPlatform::soon(const std::function<void()>& work) {
 }
 
 void DesktopPlatform::progress(qint64 done, qint64 total) {
-    if (!top() || (total != 0 && lastProgress_.isValid() && !lastProgress_.hasExpired(progressInterval)))
+    if (!top())
+        return;
+    if (total == 0)
+        return hideProgress();
+    if (!working_.isValid())
+        working_.start();
+    top()->binder().busyInput().begin();
+    if (isUnderHourglass() || working_.hasExpired(moment))
+        showProgress(done, total);
+}
+
+bool DesktopPlatform::isUnderHourglass() const {
+    return top()->binder().screen().pointer() == screen::Pointer::Hourglass;
+}
+
+void DesktopPlatform::showProgress(qint64 done, qint64 total) {
+    if (lastProgress_.isValid() && !lastProgress_.hasExpired(progressInterval))
         return;
     lastProgress_.start();
-    if (total != 0)
-        top()->binder().busyInput().begin();
-    else
-        top()->binder().busyInput().drop();
     top()->showProgress(done, total);
     // Only what makes things visible: a handler is still at work.
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
+}
+
+void DesktopPlatform::hideProgress() {
+    if (!working_.isValid())
+        return;
+    working_.invalidate();
+    // The hourglass will go; without one this is the end.
+    if (isUnderHourglass())
+        top()->binder().busyInput().drop();
+    else
+        top()->binder().busyInput().end();
+    if (!lastProgress_.isValid())
+        return;
+    lastProgress_.invalidate();
+    top()->showProgress(0, 0);
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
 }
 

@@ -27,6 +27,7 @@ class DesktopPlatform : public screen::Platform {
     void prepare(screen::Screen& screen) override;
     void dropPrepared() override;
     void openAddress(const QString& address) override;
+    /// Work under the hourglass shows its bar at once, any other when it has lasted for a moment.
     void progress(qint64 done, qint64 total) override;
     void putOnClipboard(const QString& text) override;
     QString askForFile(const QString& suggested) override;
@@ -43,6 +44,9 @@ class DesktopPlatform : public screen::Platform {
 
   private:
     void showAll();
+    void showProgress(qint64 done, qint64 total);
+    void hideProgress();
+    bool isUnderHourglass() const;
     void end();
 
     std::unique_ptr<ScreenWindow> windowFor(screen::Screen& screen);
@@ -51,6 +55,7 @@ class DesktopPlatform : public screen::Platform {
     std::vector<ScreenWindow*> windows_;
     std::vector<QEventLoop*> loops_;
     std::vector<QDialog*> boxes_;
+    QElapsedTimer working_; ///< since the first word of the work that is under way
     QElapsedTimer lastProgress_;
     QTimer waiting_; ///< until `later_` runs
     std::function<void()> later_;

@@ -11,13 +11,14 @@
 #include "kit/Pictures.h"
 #include "kit/PostalCodes.h"
 #include "kit/Reference.h"
+#include "kit/Together.h"
 
 #include <QDir>
 #include <QFile>
 
 #include <array>
+#include <atomic>
 #include <filesystem>
-#include <future>
 
 namespace vorta::kit {
 
@@ -85,21 +86,24 @@ void copyBase(const QString& from, const QString& to) {
 }
 
 /// The engine builds one index at a time for a connection, so two of them take the statements in turns.
-void createIndexes(const QString& file, Base base) {
+void createIndexes(const QString& file, Base base, const Progress& progress) {
     const QStringList all = IndexStatements(data::Engine::Firebird, base);
-    const auto build = [&](qsizetype first) {
+    Together together;
+    std::atomic<qint64> done = 0;
+    const auto build = [&](qsizetype first, const Progress& told) {
         Loader loader(file);
-        for (qsizetype at = first; at < all.size(); at += 2)
+        for (qsizetype at = first; at < all.size(); at += 2) {
+            told(u"índices"_s, done, all.size());
             loader.run(all[at]);
+            ++done;
+        }
         loader.commit();
     };
-    std::future<void> others = std::async(std::launch::async, build, 1);
-    build(0);
-    others.get();
+    together.run([&] { build(0, together.told(progress)); }, [&] { build(1, together.told()); });
 }
 
-void finish(const QString& file, Base base) {
-    createIndexes(file, base);
+void finish(const QString& file, Base base, const Progress& progress = {}) {
+    createIndexes(file, base, progress);
     firebird::SetForcedWrites(file, true);
 }
 
@@ -117,9 +121,7 @@ void createMainBases(const Layout& layout, const Contents& contents, const Progr
     }
 
     LoadDemonstration(layout, production, contents, progress);
-    if (progress)
-        progress(u"índices"_s, 0, 0);
-    finish(production, Base::Main);
+    finish(production, Base::Main, progress);
 }
 
 void createPostalCodeBase(const Layout& layout) {

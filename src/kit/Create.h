@@ -1,13 +1,8 @@
 #pragma once
 
-#include <QString>
-
-#include <functional>
+#include "kit/Progress.h"
 
 namespace vorta::kit {
-
-/// Hears how far a long work is: what is being done, how many of how many.
-using Progress = std::function<void(const QString& what, qint64 done, qint64 all)>;
 
 /// What a new installation holds besides its reference data.
 struct Contents {

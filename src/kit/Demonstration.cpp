@@ -2,10 +2,10 @@
 
 #include "base/Literals.h"
 #include "kit/People.h"
+#include "kit/Together.h"
 #include "kit/Trade.h"
 
 #include <array>
-#include <future>
 
 namespace vorta::kit {
 
@@ -50,10 +50,9 @@ void writePeopleTogether(const QString& base, const std::vector<Product>& produc
     Loader loader(base, [persons](const Table& table) { return &table == persons; });
     Loader restLoader(base, [persons](const Table& table) { return &table != persons; });
     Keys keys(loader), restKeys(restLoader); // both before the first row
-    std::future<void> rest =
-        std::async(std::launch::async, [&] { writePeople(restLoader, restKeys, products, contents, {}); });
-    writePeople(loader, keys, products, contents, progress);
-    rest.get();
+    Together together;
+    together.run([&] { writePeople(loader, keys, products, contents, together.told(progress)); },
+                 [&] { writePeople(restLoader, restKeys, products, contents, together.told()); });
     keys.setGenerators();
     loader.commit();
 }

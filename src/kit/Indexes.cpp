@@ -67,11 +67,14 @@ void runAlone(Loader& loader, const QString& statement) {
     loader.commit();
 }
 
-void make(Loader& loader, const std::vector<Index>& missing) {
+void make(Loader& loader, const std::vector<Index>& missing, const Progress& progress) {
     QSet<QString> taken;
     for (const Present& present : presentIndexes(loader))
         taken.insert(present.name);
+    qint64 done = 0;
     for (const Index& index : missing) {
+        if (progress)
+            progress(u"índices"_s, done++, static_cast<qint64>(missing.size()));
         int number = 1;
         while (taken.contains(IndexName(index.table, number).toUpper()))
             ++number;
@@ -111,7 +114,7 @@ IndexDifference UpdateIndexes(const QString& home, const QString& base, const Pr
         progress(u"índices"_s, 0, 0);
     for (const QString& name : difference.surplus)
         runAlone(loader, u"DROP INDEX "_s + name);
-    make(loader, difference.missing);
+    make(loader, difference.missing, progress);
     for (const Present& present : presentIndexes(loader))
         if (present.active)
             loader.run(u"SET STATISTICS INDEX "_s + present.name);

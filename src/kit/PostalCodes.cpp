@@ -45,10 +45,12 @@ class ListReader {
   public:
     explicit ListReader(ListMistakes& mistakes) : mistakes_(mistakes), states_(states()) {}
 
-    void read(const QString& text) {
+    void read(const QString& text, const Progress& progress) {
         qint64 number = 0;
+        Steps steps(progress, u"linhas lidas"_s, text.count(u'\n'));
         for (const QStringView rest : QStringView(text).split(u'\n')) {
             ++number;
+            steps.step();
             QString line = rest.toString();
             if (line.endsWith(u'\r'))
                 line.chop(1);
@@ -146,12 +148,12 @@ const Table& tableOf(const char* name) {
 
 } // namespace
 
-std::vector<Street> ReadStreets(const QString& path, ListMistakes& mistakes) {
+std::vector<Street> ReadStreets(const QString& path, ListMistakes& mistakes, const Progress& progress) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw RuntimeError(errorNumber::FileNotFound, u"Não foi possível ler %1: %2"_s.arg(path, file.errorString()));
     ListReader reader(mistakes);
-    reader.read(DecodedText(file.readAll()));
+    reader.read(DecodedText(file.readAll()), progress);
     return std::move(reader.streets);
 }
 
@@ -164,13 +166,17 @@ std::vector<Street> SampleStreets() {
     return streets;
 }
 
-void LoadPostalCodes(Loader& loader, const std::vector<Street>& streets) {
+void LoadPostalCodes(Loader& loader, const std::vector<Street>& streets, const Progress& progress) {
+    if (progress)
+        progress(u"a lista anterior sai"_s, 0, 0);
     for (const char* table : {"LOGR", "TIPO", "LOCA", "BAIR"})
         loader.run(u"DELETE FROM %1"_s.arg(QLatin1StringView(table)));
     RowLoader roads(loader, tableOf("LOGR")), types(loader, tableOf("TIPO")), towns(loader, tableOf("LOCA")),
         districts(loader, tableOf("BAIR"));
     Numbering typeKeys, townKeys, districtKeys;
+    Steps steps(progress, u"logradouros"_s, static_cast<qint64>(streets.size()));
     for (const Street& street : streets) {
+        steps.step();
         const auto [type, newType] = typeKeys.of(street.type + '\t' + street.abbreviation);
         if (newType) {
             types << type << street.type << street.abbreviation;
@@ -191,7 +197,7 @@ void LoadPostalCodes(Loader& loader, const std::vector<Street>& streets) {
     }
 }
 
-qint64 LoadPostalCodeFile(const QString& home, const QString& list, ListMistakes& mistakes) {
+qint64 LoadPostalCodeFile(const QString& home, const QString& list, ListMistakes& mistakes, const Progress& progress) {
     const QString path = Layout(home).config(u"server_cep.ini"_s);
     const std::optional<QStringList> lines = LinesOf(path);
     if (!lines)
@@ -201,11 +207,11 @@ qint64 LoadPostalCodeFile(const QString& home, const QString& list, ListMistakes
         throw RuntimeError(
             errorNumber::TypeMismatch,
             u"A base de CEPs de %1 não é Firebird; carregue-a com as ferramentas do servidor"_s.arg(path));
-    const std::vector<Street> streets = ReadStreets(list, mistakes);
+    const std::vector<Street> streets = ReadStreets(list, mistakes, progress);
     if (mistakes.all > 0)
         return 0;
     Loader loader(server.firebirdConnection);
-    LoadPostalCodes(loader, streets);
+    LoadPostalCodes(loader, streets, progress);
     loader.commit();
     return static_cast<qint64>(streets.size());
 }

@@ -53,8 +53,10 @@ class CopyReader {
     }
     QByteArray operator()(qsizetype most) {
         const QByteArray bytes = file_.read(most);
-        if (progress_)
+        if (progress_ && !bytes.isEmpty())
             progress_(u"bytes restaurados"_s, file_.pos(), file_.size());
+        if (progress_ && file_.atEnd())
+            progress_(u"índices"_s, 0, 0);
         return bytes;
     }
 
@@ -67,6 +69,8 @@ class CopyReader {
 void makeAnew(const ConnectionText& base, const QString& copy, const Progress& progress) {
     CopyReader reader(copy, progress);
     firebird::Restore(base, std::ref(reader));
+    if (progress)
+        progress(u"a base restaurada é verificada"_s, 0, 0);
     if (firebird::ValidateAlone(base).errors > 0)
         throw RuntimeError(errorNumber::StatementRefused,
                            u"A base restaurada de %1 não passa na verificação do motor; nada foi alterado"_s.arg(copy));

@@ -6,6 +6,7 @@
 #include "kit/Loader.h"
 
 #include <ibase.h>
+#include <iterator>
 
 namespace vorta::kit {
 
@@ -66,14 +67,18 @@ QString orphans(const Reference& each) {
 
 class Verifier {
   public:
-    explicit Verifier(const NamedBase& base)
-        : base_(base), connection_(firebird::ReadConnectionText(base.connection)) {}
+    Verifier(const NamedBase& base, const Progress& progress)
+        : base_(base), connection_(firebird::ReadConnectionText(base.connection)), progress_(progress) {}
 
     std::vector<Finding> run() {
         try {
+            if (progress_)
+                progress_(u"páginas, registros e índices"_s, 0, 0);
             validate();
             if (base_.kind == Base::Main)
                 findOrphans();
+        } catch (const Interrupted&) {
+            throw;
         } catch (const RuntimeError& error) {
             bad(u"não foi possível verificar a base %1: %2"_s.arg(connection_.database, FaultWords(error)));
         }
@@ -110,7 +115,10 @@ class Verifier {
     void findOrphans() {
         Loader loader(base_.connection);
         const qsizetype before = qsizetype(findings_.size());
+        qint64 done = 0;
         for (const Reference& each : references) {
+            if (progress_)
+                progress_(u"ligações entre as tabelas"_s, ++done, std::ssize(references));
             const qint64 count = loader.number(u"SELECT COUNT(*) "_s + orphans(each));
             if (count > 0)
                 tell(loader, each, count);
@@ -133,13 +141,14 @@ class Verifier {
 
     NamedBase base_;
     firebird::ConnectionText connection_;
+    const Progress& progress_;
     std::vector<Finding> findings_;
 };
 
 } // namespace
 
-std::vector<Finding> VerifyBase(const QString& home, const QString& base) {
-    return Verifier(FindBase(home, base)).run();
+std::vector<Finding> VerifyBase(const QString& home, const QString& base, const Progress& progress) {
+    return Verifier(FindBase(home, base), progress).run();
 }
 
 } // namespace vorta::kit

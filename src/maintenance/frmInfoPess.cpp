@@ -9,6 +9,7 @@
 #include "shared/TextoEntrada.h"
 
 #include <array>
+#include <iterator>
 
 namespace vorta {
 
@@ -77,11 +78,14 @@ void frmInfoPess::Load() {
 }
 
 void frmInfoPess::ContaRegistros() {
+    qint64 contadas = 0;
     for (const Contagem& contagem : contagens) {
         const Recordset registro = AbreLeitura(contexto_, Statement(contagem.consulta));
         (this->*contagem.descricao).setText(QString::fromUtf8(contagem.nome));
         (this->*contagem.quantidade).setText(registro.Fields("qt").text());
+        contexto_.platform().progress(++contadas, std::ssize(contagens));
     }
+    contexto_.platform().progress(0, 0);
 }
 
 /// A person with two roles is taken off twice, so the rest may fall below zero.

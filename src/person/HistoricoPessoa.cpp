@@ -66,7 +66,8 @@ void CarregaDocumentos(ContextoExecucao& contexto, const Statement& comando, con
     int quantos = 0;
     double montante = 0;
     double itens = 0;
-    for (Recordset linhas = AbreLeitura(contexto, comando); !linhas.Eof(); linhas.MoveNext()) {
+    Recordset linhas = AbreLeitura(contexto, comando);
+    for (const int todas = linhas.RecordCount(); !linhas.Eof(); linhas.MoveNext()) {
         const QString data = linhas.Fields(documento.data).textOr({});
         const double total = documento.total(contexto, linhas.Fields(documento.chave).text());
         QStringList celulas{linhas.Fields(documento.chave).text(), linhas.Fields(documento.numero).textOr({}), data,
@@ -83,7 +84,9 @@ void CarregaDocumentos(ContextoExecucao& contexto, const Statement& comando, con
             estatistica.primeira.setText(data);
         estatistica.ultima.setText(data);
         grade.AddRow(celulas);
+        contexto.platform().progress(quantos, todas);
     }
+    contexto.platform().progress(0, 0);
     estatistica.documentos.setText(QString::number(quantos));
     if (estatistica.itens)
         estatistica.itens->setText(FormatNumber(itens));

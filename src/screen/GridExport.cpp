@@ -19,6 +19,12 @@ QStringList shownCells(const Grid& grid, int row) {
     return cells;
 }
 
+void tell(const RowsDone& told, int row, const Grid& grid) {
+    constexpr int rowsBetween = 1000;
+    if (row % rowsBetween == rowsBetween - 1)
+        told(row + 1, grid.Rows());
+}
+
 } // namespace
 
 QString RowText(const Grid& grid, int row) {
@@ -26,19 +32,22 @@ QString RowText(const Grid& grid, int row) {
     return shownCells(grid, row).join(u'\t').replace(u'\n', u' ').remove(u'\r');
 }
 
-QString AllText(const Grid& grid) {
+QString AllText(const Grid& grid, const RowsDone& told) {
     QString text;
-    for (int row = 0; row < grid.Rows(); ++row)
+    for (int row = 0; row < grid.Rows(); ++row) {
         text += RowText(grid, row) + u'\n';
+        tell(told, row, grid);
+    }
     return text;
 }
 
-void SaveCsv(const Grid& grid, const QString& path) {
+void SaveCsv(const Grid& grid, const QString& path, const RowsDone& told) {
     QSaveFile file(path);
     bool right = file.open(QIODevice::WriteOnly) && file.write(csvMark) > 0;
     for (int row = 0; right && row < grid.Rows(); ++row) {
         const QByteArray record = CsvRecord(shownCells(grid, row)).toUtf8();
         right = file.write(record) == record.size();
+        tell(told, row, grid);
     }
     if (!right)
         file.cancelWriting();

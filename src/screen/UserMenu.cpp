@@ -42,13 +42,15 @@ void User::chooseFromMenu(Grid& grid, int item) {
         return;
     if (item == CopyRow)
         return copyRow(grid);
+    const auto told = [this](qint64 done, qint64 all) { program_.platform().progress(done, all); };
     event(grid.screen(), [&] {
         if (item == CopyAll)
-            program_.platform().putOnClipboard(AllText(grid));
+            program_.platform().putOnClipboard(AllText(grid, told));
         else if (item == SaveAs)
-            AskAndWrite(program_, u"lista.csv"_s, [&](const QString& path) { SaveCsv(grid, path); });
+            AskAndWrite(program_, u"lista.csv"_s, [&](const QString& path) { SaveCsv(grid, path, told); });
         else
             grid.commands[static_cast<size_t>(item - commonCount)].run();
+        program_.platform().progress(0, 0);
     });
 }
 

@@ -1,13 +1,18 @@
 #include "base/Literals.h"
+#include "kit/Copies.h"
 #include "kit/Installed.h"
 #include "kit/Loader.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
+#include <csignal>
+#include <functional>
 #include <gtest/gtest.h>
 
 using namespace vorta;
+using kit::Loader;
 using test::Installed;
 
 namespace {
@@ -23,6 +28,27 @@ Outcome run(const QStringList& arguments) {
     const bool ended = program.waitForFinished(120'000);
     return {ended ? program.exitCode() : -1, QString::fromUtf8(program.readAllStandardOutput()),
             QString::fromUtf8(program.readAllStandardError())};
+}
+
+/// Starts a command and presses Ctrl+C when it has come so far.
+Outcome interrupt(const QStringList& arguments, const std::function<bool()>& isUnderWay) {
+    constexpr int patience = 120'000;
+    QProcess program;
+    program.start(QString::fromUtf8(PESSOAS_BASE), arguments);
+    QElapsedTimer since;
+    since.start();
+    while (!isUnderWay() && since.elapsed() < patience && !program.waitForFinished(10))
+        ;
+    EXPECT_EQ(program.state(), QProcess::Running) << "it was over before it could be stopped";
+    ::kill(static_cast<pid_t>(program.processId()), SIGINT);
+    EXPECT_TRUE(program.waitForFinished(patience));
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+    return {program.exitCode(), QString::fromUtf8(program.readAllStandardOutput()),
+            QString::fromUtf8(program.readAllStandardError())};
+}
+
+QString interrupted() {
+    return u"Interrompido; o que não tinha terminado foi desfeito\n"_s;
 }
 
 QStringList words(const char* line) {
@@ -177,6 +203,53 @@ TEST(Program, TheFirebirdDefinitionsRunInTheEnginesOwnTool) {
     tool.closeWriteChannel();
     ASSERT_TRUE(tool.waitForFinished(60'000));
     EXPECT_EQ(tool.exitCode(), 0) << tool.readAllStandardError().constData();
+}
+
+TEST(Program, ACreationThatIsInterruptedLeavesNothing) {
+    const QTemporaryDir folder;
+    const QString base = folder.filePath(u"casa/base/pessoas.fdb"_s);
+    const Outcome outcome =
+        interrupt({u"create"_s, u"--home"_s, folder.filePath(u"casa"_s), u"--people"_s, u"300000"_s},
+                  [&] { return QFileInfo(base).size() > 20'000'000; });
+    EXPECT_EQ(outcome.code, 1);
+    EXPECT_EQ(outcome.error, interrupted());
+    EXPECT_FALSE(QFile::exists(base));
+    EXPECT_FALSE(QFile::exists(folder.filePath(u"casa/config"_s)));
+}
+
+TEST(Program, APostalCodeListThatIsInterruptedLeavesTheOldOne) {
+    const Installed installed = Installed::copyOf(Installed::plain());
+    const QString before = run({u"check"_s, u"--home"_s, installed.home()}).out;
+    QByteArray list = "cep\ttipo\tabreviatura\tlogradouro\tbairro\tcidade\tuf\n";
+    for (int street = 0; street < 300'000; ++street)
+        list += QByteArray::number(10'000'000 + street) + "\tRua\tR\tAlegre " + QByteArray::number(street) +
+                "\tCentro\tCampinas\tSP\n";
+    installed.write(u"lista.tsv"_s, list);
+    const QString base = installed.home() + u"/base/cep.fdb"_s;
+    const qint64 size = QFileInfo(base).size();
+    const Outcome outcome = interrupt({u"cep"_s, u"--home"_s, installed.home(), installed.home() + u"/lista.tsv"_s},
+                                      [&] { return QFileInfo(base).size() > size; });
+    EXPECT_EQ(outcome.code, 1);
+    EXPECT_EQ(outcome.error, interrupted());
+    Loader loader(base);
+    EXPECT_EQ(loader.number(u"SELECT COUNT(*) FROM LOGR WHERE CEP8_LOGR BETWEEN '10000000' AND '10300000' AND "
+                            "NOME_LOGR STARTING WITH 'Alegre '"_s),
+              0);
+    EXPECT_GT(loader.number(u"SELECT COUNT(*) FROM LOGR"_s), 0);
+}
+
+TEST(Program, ACopyOrARestorationThatIsInterruptedLeavesNothing) {
+    const kit::Progress stop = [](const QString&, qint64, qint64) { throw kit::Interrupted(); };
+    const Installed installed = Installed::copyOf(Installed::demonstration());
+    const QTemporaryDir folder;
+    const QString copy = folder.filePath(u"copia.fbk"_s);
+    EXPECT_THROW(kit::BackUpBase(installed.home(), u"PRD"_s, copy, stop), kit::Interrupted);
+    EXPECT_TRUE(QDir(folder.path()).isEmpty(QDir::Files));
+    kit::BackUpBase(installed.home(), u"PRD"_s, copy);
+    const QStringList before = QDir(installed.layout().bases()).entryList(QDir::Files);
+    EXPECT_THROW(kit::RestoreBase(installed.home(), u"PRD"_s, copy, true, stop), kit::Interrupted);
+    EXPECT_EQ(QDir(installed.layout().bases()).entryList(QDir::Files), before);
+    EXPECT_GT(Loader(installed.production()).number(u"SELECT COUNT(*) FROM PESS"_s), 0);
 }
 
 TEST(Program, AListOfPostalCodesWithMistakesEndsIn1) {

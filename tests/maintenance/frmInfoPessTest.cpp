@@ -88,6 +88,9 @@ TEST_F(InfoPessTest, LooksUpTheCodesOfEveryPerson) {
     townRow(u"SÃO PAULO"_s, u"SP"_s, "3550308");
     townRow(u"CAMPINAS"_s, u"SP"_s, "3509502");
     open([&](frmInfoPess& tela) {
+        EXPECT_EQ(platform.progressed,
+                  (std::vector<std::pair<qint64, qint64>>{{1, 5}, {2, 5}, {3, 5}, {4, 5}, {5, 5}, {0, 0}}));
+        platform.progressed.clear();
         database.sent.clear();
         user.click(tela.cmdEspecialMun);
         EXPECT_EQ(

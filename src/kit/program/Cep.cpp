@@ -1,6 +1,8 @@
 #include "kit/PostalCodes.h"
 #include "kit/program/Command.h"
 
+#include <functional>
+
 namespace vorta::program {
 
 std::optional<Outcome> Cep(const QStringList& words) {
@@ -9,7 +11,10 @@ std::optional<Outcome> Cep(const QStringList& words) {
         return std::nullopt;
     RequireInstallation(arguments.home());
     kit::ListMistakes mistakes;
-    const qint64 loaded = kit::LoadPostalCodeFile(arguments.home(), arguments.rest().front(), mistakes);
+    const qint64 loaded = [&] {
+        ProgressLine progress;
+        return kit::LoadPostalCodeFile(arguments.home(), arguments.rest().front(), mistakes, std::ref(progress));
+    }();
     if (mistakes.all == 0) {
         Say(stdout, u"%1 logradouros carregados"_s.arg(loaded));
         return succeeded;

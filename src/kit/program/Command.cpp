@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "kit/Bases.h"
+#include "system/Endings.h"
 #include "system/Session.h"
 
 #include <QFile>
@@ -57,7 +58,14 @@ void RequireInstallation(const QString& home) {
         throw RuntimeError(errorNumber::FileNotFound, u"%1 não contém uma instalação"_s.arg(layout.home));
 }
 
+ProgressLine::ProgressLine() {
+    system::NoteEndings();
+}
+
 void ProgressLine::operator()(const QString& what, qint64 done, qint64 all) {
+    if (system::EndingWanted())
+        throw kit::Interrupted();
+    system::NoteEndings(); // the engine takes the wish for itself when it is first used
     constexpr qint64 readable = 200;
     static const bool terminal = system::IsTerminal(stderr);
     if (!terminal || (since_.isValid() && since_.elapsed() < readable && done != all))
@@ -71,6 +79,7 @@ void ProgressLine::operator()(const QString& what, qint64 done, qint64 all) {
 }
 
 ProgressLine::~ProgressLine() {
+    system::EndOnWish();
     if (shown_)
         std::fputc('\n', stderr);
 }

@@ -60,10 +60,14 @@ Outcome Report(const std::vector<kit::Finding>& findings);
 /// Refuses a folder that holds no installation (53).
 void RequireInstallation(const QString& home);
 
-/// Shows how far a long work is, on a terminal only and not more often than one can read.
+/// Shows how far a long work is, on a terminal only and not more often than one can read. While it lives, Ctrl+C is
+/// noted and stops the work where it tells of itself, by raising 18; whoever is at work undoes what is not complete.
 class ProgressLine {
   public:
+    ProgressLine();
     ~ProgressLine();
+    ProgressLine(const ProgressLine&) = delete;
+    ProgressLine& operator=(const ProgressLine&) = delete;
     void operator()(const QString& what, qint64 done, qint64 all);
 
   private:

@@ -2,6 +2,8 @@
 
 #include "kit/program/Command.h"
 
+#include <functional>
+
 namespace vorta::program {
 
 std::optional<Outcome> Verify(const QStringList& words) {
@@ -9,7 +11,11 @@ std::optional<Outcome> Verify(const QStringList& words) {
     if (!arguments.right(0))
         return std::nullopt;
     RequireInstallation(arguments.home());
-    return Report(kit::VerifyBase(arguments.home(), arguments.base()));
+    const std::vector<kit::Finding> findings = [&] {
+        ProgressLine progress;
+        return kit::VerifyBase(arguments.home(), arguments.base(), std::ref(progress));
+    }();
+    return Report(findings);
 }
 
 } // namespace vorta::program
