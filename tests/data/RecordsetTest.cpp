@@ -6,7 +6,6 @@
 #include "support/FakeDatabase.h"
 
 #include <gtest/gtest.h>
-#include <malloc.h>
 
 namespace vorta::data {
 
@@ -134,26 +133,6 @@ TEST_F(RecordsetTest, TellsOfRowsFromTheFirstOneOn) {
     rows.Open(Statement("select"), connection, {.fetched = [&](qint64 count) { told.push_back(count); }});
     EXPECT_EQ(told, (std::vector<qint64>{1, 65, 129, 193}));
     EXPECT_EQ(rows.RecordCount(), 200);
-}
-
-TEST_F(RecordsetTest, RowsWalkedOverAreGivenBack) {
-#if defined(__SANITIZE_ADDRESS__)
-    GTEST_SKIP() << "the sanitizer keeps the heap's books itself";
-#endif
-    const QString wide(1000, u'x');
-    test::FakeRows prepared{{"n", "t"}, {}};
-    for (int i = 0; i < 5000; ++i)
-        prepared.rows.push_back({test::number(i), Value(wide)});
-    const auto allocated = [] {
-        const struct mallinfo2 heap = mallinfo2();
-        return heap.uordblks + heap.hblkhd;
-    };
-    Recordset rows = open(prepared);
-    const std::size_t full = allocated();
-    while (!rows.Eof())
-        rows.MoveNext();
-    EXPECT_GE(full - allocated(), 4900U * 1000);
-    EXPECT_EQ(rows.RecordCount(), 5000);
 }
 
 TEST_F(RecordsetTest, OverwriteChangesThisRowOfThisCopyOnly) {
