@@ -125,8 +125,9 @@ void frmBROWSE_CEPS::TransfereEndereco() {
         return;
     Screen& destino = contexto_.Tela(contexto_.TelaChamadora);
     const auto escolhido = [this](qint16 indice) { return CampoDelimitado(indice, contexto_.ListaCamposCep); };
+    // Type and name of a street may be longer than a column together, which would end the save.
     const auto escreve = [&](const char* campo, const QString& texto) {
-        destino.field(QString::fromLatin1(campo)).setText(texto);
+        destino.field(QString::fromLatin1(campo)).setText(texto.left(capacidade::texto));
     };
     const QString cep = escolhido(2);
     escreve(bloco->cep, Left(cep, 5) + u'-' + Mid(cep, 6));
