@@ -12,6 +12,7 @@
 #include "screen/Program.h"
 
 #include <QCoreApplication>
+#include <QDropEvent>
 #include <QFocusEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -142,6 +143,8 @@ bool Binding::eventFilter(QObject* watched, QEvent* event) {
         return inputMethod(static_cast<QInputMethodEvent&>(*event));
     case QEvent::MouseButtonPress:
         return mousePressed(watched, static_cast<QMouseEvent&>(*event));
+    case QEvent::Drop:
+        return dropped(*watched, static_cast<QDropEvent&>(*event));
     case QEvent::FocusIn:
         focusArrived(static_cast<const QFocusEvent&>(*event));
         return false;
@@ -162,6 +165,19 @@ void Binding::focusArrived(const QFocusEvent& focus) {
 
 bool Binding::mousePressed(QObject*, QMouseEvent&) {
     return false;
+}
+
+/// A text that comes from elsewhere stays there too: the field may take less of it than is let go over it.
+bool Binding::dropped(QObject& watched, QDropEvent& drop) {
+    const QObject* const source = drop.source();
+    const bool fromItself = source && (source == &watched || source == watched.parent());
+    if (drop.proposedAction() != Qt::MoveAction || fromItself)
+        return false;
+    QDropEvent copy(drop.position(), Qt::CopyAction, drop.mimeData(), drop.buttons(), drop.modifiers());
+    QCoreApplication::sendEvent(&watched, &copy);
+    drop.setDropAction(Qt::CopyAction);
+    drop.setAccepted(copy.isAccepted());
+    return true;
 }
 
 bool Binding::keyPressed(QKeyEvent& key) {

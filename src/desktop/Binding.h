@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 
+class QDropEvent;
 class QFocusEvent;
 class QInputMethodEvent;
 class QKeyEvent;
@@ -52,6 +53,7 @@ class Binding : public QObject {
 
   private:
     void focusArrived(const QFocusEvent& focus);
+    bool dropped(QObject& watched, QDropEvent& drop);
 
     screen::Field& field_;
     QWidget& widget_;

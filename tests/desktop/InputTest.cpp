@@ -2,8 +2,10 @@
 #include "base/Literals.h"
 
 #include <QClipboard>
+#include <QDropEvent>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
+#include <QMimeData>
 
 namespace vorta::test {
 
@@ -196,6 +198,23 @@ TEST_F(SampleInput, ANoteThatIsLeftShowsNoSelection) {
         put(tela.txtNota);
         QTest::keyClick(nota, Qt::Key_Delete);
         EXPECT_EQ(tela.txtNota.text(), u"") << "the field has kept it";
+    });
+}
+
+TEST_F(SampleInput, ATextThatIsDraggedToAnotherFieldStaysWhereItWas) {
+    tela.txtNome.setMaxLength(3);
+    open([&] {
+        QMimeData text;
+        text.setText(u"abcdef"_s);
+        for (QWidget* target : {static_cast<QWidget*>(nome), nota->viewport()}) {
+            QDropEvent moved({1, 1}, Qt::MoveAction | Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(target, &moved);
+            EXPECT_TRUE(moved.isAccepted());
+            EXPECT_EQ(moved.dropAction(), Qt::CopyAction) << "a move takes it away from where it came";
+        }
+        settle();
+        EXPECT_EQ(tela.txtNome.text(), u"abc");
+        EXPECT_EQ(tela.txtNota.text(), u"abcdef");
     });
 }
 
