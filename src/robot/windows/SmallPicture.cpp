@@ -8,7 +8,7 @@ namespace vorta::robot {
 
 namespace {
 
-constexpr qsizetype mostColours = 64;
+constexpr qsizetype mostColours = 256;
 constexpr int writtenSmallest = 0; ///< the quality of a PNG is how little time its packing takes
 
 /// A photograph has more colours than windows have, but none of them often.
