@@ -1,13 +1,13 @@
 #include "base/Journal.h"
 
-#include <cstdio>
+#include "system/Session.h"
 
 namespace vorta {
 
 void Journal(const QString& line) {
     QString single = line;
     // In one call, so that the lines of several threads and programs do not mix.
-    std::fputs((single.replace(u'\n', u' ') + u'\n').toUtf8().constData(), stderr);
+    system::Write(stderr, single.replace(u'\n', u' ') + u'\n');
 }
 
 } // namespace vorta

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include <cstdio>
 
 /// What a program finds around it: a display, a terminal, the letters of both.
@@ -11,7 +13,8 @@ bool HasDisplay();
 bool IsTerminal(std::FILE* stream);
 /// Names of files are UTF-8 whatever the surroundings say.
 void NameFilesInUtf8();
-/// A console that has letters of its own shows what the program writes, which is UTF-8.
-void ShowUtf8OnConsole();
+/// Writes a text to one of the standard streams in one call: in UTF-8, or to a console that has letters of its own in
+/// these.
+void Write(std::FILE* stream, const QString& text);
 
 } // namespace vorta::system

@@ -20,9 +20,9 @@ using namespace Qt::StringLiterals;
 constexpr int exitUnusable = 2;
 
 [[noreturn]] void withoutDisplay() {
-    std::fputs("pessoas: não há uma tela (display) para abrir as janelas.\n"
-               "Inicie o programa em uma sessão gráfica, ou defina QT_QPA_PLATFORM (por exemplo \"vnc\").\n",
-               stderr);
+    vorta::system::Write(
+        stderr, u"pessoas: não há uma tela (display) para abrir as janelas.\n"
+                "Inicie o programa em uma sessão gráfica, ou defina QT_QPA_PLATFORM (por exemplo \"vnc\").\n"_s);
     std::_Exit(exitUnusable);
 }
 

@@ -39,7 +39,7 @@ bool Arguments::right(qsizetype words) const {
 }
 
 void Say(FILE* where, const QString& line) {
-    std::fprintf(where, "%s\n", qUtf8Printable(line));
+    system::Write(where, line + u'\n');
 }
 
 Outcome Report(const std::vector<kit::Finding>& findings) {
@@ -74,14 +74,14 @@ void ProgressLine::operator()(const QString& what, qint64 done, qint64 all) {
     const QString line = all > 0    ? u"%1: %2 de %3"_s.arg(what).arg(done).arg(all)
                          : done > 0 ? u"%1: %2"_s.arg(what).arg(done)
                                     : what;
-    std::fprintf(stderr, "\r\033[K%s", qUtf8Printable(line));
+    system::Write(stderr, u"\r\033[K"_s + line);
     shown_ = true;
 }
 
 ProgressLine::~ProgressLine() {
     system::EndOnWish();
     if (shown_)
-        std::fputc('\n', stderr);
+        Say(stderr, {});
 }
 
 } // namespace vorta::program

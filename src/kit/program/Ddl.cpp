@@ -1,6 +1,7 @@
 #include "kit/Ddl.h"
 
 #include "kit/program/Command.h"
+#include "system/Session.h"
 
 namespace vorta::program {
 
@@ -8,7 +9,7 @@ std::optional<Outcome> Ddl(const QStringList& words) {
     const std::optional<data::Engine> engine = data::EngineNamed(words.value(0));
     if (!engine || words.size() != 1)
         return std::nullopt;
-    std::fputs(kit::Script(*engine).toUtf8().constData(), stdout);
+    system::Write(stdout, kit::Script(*engine));
     return succeeded;
 }
 

@@ -2,12 +2,13 @@
 
 #include "kit/Ddl.h"
 #include "kit/program/Command.h"
+#include "system/Session.h"
 
 namespace vorta::program {
 
 std::optional<Outcome> Indexes(const QStringList& words) {
     if (data::EngineNamed(words.value(0)) == data::Engine::SqlServer && words.size() == 1) {
-        std::fputs(kit::SqlServerIndexScript().toUtf8().constData(), stdout);
+        system::Write(stdout, kit::SqlServerIndexScript());
         return succeeded;
     }
     const Arguments arguments(words, {u"--home"_s, u"--base"_s});

@@ -54,22 +54,23 @@ constexpr std::array commands{
 };
 
 int misuse() {
-    const char* lead = "uso: ";
+    QString lead = u"uso: "_s;
     for (const Command& command : commands) {
         if (!command.words)
             continue;
         const QString words = QString::fromUtf8(command.words).replace(u"%1"_s, data::EngineNames(u"|"_s));
-        std::fprintf(stderr, "%spessoas-base %s %s\n", lead, command.name, qUtf8Printable(words));
-        lead = "     ";
+        Say(stderr, u"%1pessoas-base %2 %3"_s.arg(lead, QString::fromUtf8(command.name), words));
+        lead = QString(lead.size(), u' ');
     }
-    std::fputc('\n', stderr);
+    Say(stderr, {});
     for (const Command& command : commands) {
         if (!command.words)
             continue;
-        const char* name = command.name;
-        for (const QByteArray& line : QByteArray(command.help).split('\n')) {
-            std::fprintf(stderr, "%-10s%s\n", name, line.constData());
-            name = "";
+        constexpr int column = 10;
+        QString name = QString::fromUtf8(command.name);
+        for (const QString& line : QString::fromUtf8(command.help).split(u'\n')) {
+            Say(stderr, name.leftJustified(column) + line);
+            name.clear();
         }
     }
     return misused;
@@ -78,7 +79,6 @@ int misuse() {
 } // namespace
 
 int main(int argc, char** argv) {
-    system::ShowUtf8OnConsole();
     QCoreApplication application(argc, argv);
     const QStringList words = QCoreApplication::arguments().sliced(1);
     const auto command = std::find_if(commands.begin(), commands.end(), [&](const Command& each) {

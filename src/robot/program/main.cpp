@@ -90,7 +90,6 @@ int run(const QStringList& arguments) {
 
 int main(int count, char** values) {
     system::NameFilesInUtf8();
-    system::ShowUtf8OnConsole();
     QStringList arguments;
     for (int at = 1; at < count; ++at)
         arguments += QString::fromUtf8(values[at]);

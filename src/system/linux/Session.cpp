@@ -20,6 +20,8 @@ void NameFilesInUtf8() {
     std::setlocale(LC_CTYPE, "C.UTF-8");
 }
 
-void ShowUtf8OnConsole() {}
+void Write(std::FILE* stream, const QString& text) {
+    std::fputs(text.toUtf8().constData(), stream);
+}
 
 } // namespace vorta::system

@@ -1,10 +1,13 @@
 #include "system/Apart.h"
 
-#include <cstdio>
+#include "system/Session.h"
+
 #include <cstdlib>
 #include <windows.h>
 
 namespace vorta::system {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -12,7 +15,7 @@ namespace {
 HANDLE limit = nullptr;
 
 void CALLBACK timeIsOver(void*, BOOLEAN) {
-    std::fputs("o tempo da etapa acabou\n", stderr);
+    Write(stderr, u"o tempo da etapa acabou\n"_s);
     ::TerminateProcess(::GetCurrentProcess(), EXIT_FAILURE);
 }
 

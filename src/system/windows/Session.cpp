@@ -16,9 +16,20 @@ bool IsTerminal(std::FILE* stream) {
 // They go to the system in UTF-16.
 void NameFilesInUtf8() {}
 
-void ShowUtf8OnConsole() {
-    ::SetConsoleOutputCP(CP_UTF8);
-    ::SetConsoleCP(CP_UTF8);
+// The streams of the C library know the bytes of the console's own set alone, and what moves its cursor has to be
+// wished.
+void Write(std::FILE* stream, const QString& text) {
+    if (!IsTerminal(stream)) {
+        std::fputs(text.toUtf8().constData(), stream);
+        return;
+    }
+    std::fflush(stream);
+    const auto console = reinterpret_cast<HANDLE>(::_get_osfhandle(::_fileno(stream)));
+    DWORD mode = 0;
+    if (::GetConsoleMode(console, &mode))
+        ::SetConsoleMode(console, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
+    DWORD written = 0;
+    ::WriteConsoleW(console, text.utf16(), static_cast<DWORD>(text.size()), &written, nullptr);
 }
 
 } // namespace vorta::system
