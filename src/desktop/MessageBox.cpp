@@ -1,5 +1,6 @@
 #include "desktop/MessageBox.h"
 
+#include "desktop/Style.h"
 #include "screen/Program.h"
 
 #include <QApplication>
@@ -18,7 +19,6 @@ namespace {
 using screen::Answer;
 
 constexpr char answerProperty[] = "answer";
-constexpr int roomBesideTitle = 6; ///< heights of a letter
 
 struct Choice {
     Answer answer;
@@ -71,11 +71,7 @@ namespace {
 
 /// Room for the whole title beside the frame's own buttons.
 void widenForTitle(QMessageBox& shown) {
-    QFont font = QApplication::font();
-    font.setBold(true);
-    const QFontMetrics metrics(font);
-    const int width = metrics.horizontalAdvance(shown.windowTitle()) + roomBesideTitle * metrics.height();
-    const int least = std::min(width, shown.screen()->availableSize().width() * 9 / 10);
+    const int least = std::min(WidthForTitle(shown.windowTitle()), shown.screen()->availableSize().width() * 9 / 10);
     auto* grid = qobject_cast<QGridLayout*>(shown.layout());
     grid->addItem(new QSpacerItem(least, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }

@@ -5,6 +5,7 @@
 #include "desktop/Help.h"
 #include "desktop/ScreenKeys.h"
 #include "desktop/Settings.h"
+#include "desktop/Style.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -71,7 +72,7 @@ ScreenWindow::ScreenWindow(screen::Screen& screen, QWidget* parent)
 ScreenWindow::~ScreenWindow() = default;
 
 QSize ScreenWindow::neededSize() const {
-    return form_->wholeSize() + QSize(0, barHeight);
+    return form_->wholeSize().expandedTo(QSize(WidthForTitle(windowTitle()), 0)) + QSize(0, barHeight);
 }
 
 void ScreenWindow::complete() {

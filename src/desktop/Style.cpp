@@ -5,6 +5,7 @@
 #include "desktop/Theme.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QPainter>
 #include <QStyleOption>
 #include <array>
@@ -153,6 +154,14 @@ void Style::drawControl(ControlElement element, const QStyleOption* option, QPai
     QStyleOptionButton marked(*button);
     marked.text = MarkedText(marked.text, letter[0]);
     QProxyStyle::drawControl(element, &marked, painter, widget);
+}
+
+int WidthForTitle(const QString& title) {
+    constexpr int roomBeside = 6; // heights of a letter
+    QFont font = QApplication::font();
+    font.setBold(true);
+    const QFontMetrics metrics(font);
+    return metrics.horizontalAdvance(title) + roomBeside * metrics.height();
 }
 
 } // namespace vorta::desktop

@@ -20,4 +20,7 @@ class Style : public QProxyStyle {
                      const QWidget* widget) const override;
 };
 
+/// How wide a window has to be for the whole of its title to show beside the buttons of its frame.
+int WidthForTitle(const QString& title);
+
 } // namespace vorta::desktop
