@@ -2,7 +2,7 @@
 #include "base/Literals.h"
 
 #include <QClipboard>
-#include <QDropEvent>
+#include <QDragEnterEvent>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QMimeData>
@@ -207,7 +207,10 @@ TEST_F(SampleInput, ATextThatIsDraggedToAnotherFieldStaysWhereItWas) {
         QMimeData text;
         text.setText(u"abcdef"_s);
         for (QWidget* target : {static_cast<QWidget*>(nome), nota->viewport()}) {
-            QDropEvent moved({1, 1}, Qt::MoveAction | Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+            const Qt::DropActions offered = Qt::MoveAction | Qt::CopyAction;
+            QDragEnterEvent arriving({1, 1}, offered, &text, Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(target, &arriving);
+            QDropEvent moved({1, 1}, offered, &text, Qt::LeftButton, Qt::NoModifier);
             QCoreApplication::sendEvent(target, &moved);
             EXPECT_TRUE(moved.isAccepted());
             EXPECT_EQ(moved.dropAction(), Qt::CopyAction) << "a move takes it away from where it came";
