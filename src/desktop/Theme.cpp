@@ -167,7 +167,7 @@ QPalette ThemeFor(const QPalette& desktop) {
     return palette;
 }
 
-QFont FontThatIsThere(QFont font, const QStringList& others) {
+QFont FontThatIsThere(const QFont& font, const QStringList& others) {
     const auto isThere = [](const QFont& wanted) {
         return QFontInfo(wanted).family().compare(wanted.family(), Qt::CaseInsensitive) == 0;
     };

@@ -25,7 +25,7 @@ QColor FocusColour(const QPalette& palette);
 
 /// The font, or in its place the first of the others that is there: what the system itself puts in the place of a
 /// missing font may be of any kind, and a name alone says little, since systems have names that stand for other fonts.
-QFont FontThatIsThere(QFont font, const QStringList& others);
+QFont FontThatIsThere(const QFont& font, const QStringList& others);
 
 bool IsDark(const QColor& colour);
 /// Letters and ground as far apart as can be, for weak eyes: every line is wanted as clear then.
