@@ -128,7 +128,7 @@ class FirebirdAdapter : public data::Adapter {
     void run(const Statement& statement);
     void run(Runnable runnable, RowSink* rows);
     Runnable prepareAsText(const QString& text);
-    PreparedStatement::Cursor open(Runnable& runnable);
+    PreparedStatement::Result open(Runnable& runnable);
     void runInsert(const Statement& statement, const QString& table);
     bool insertPrepared(const Statement& returning);
     std::optional<qint64> write(PreparedStatement& prepared, RowSink* rows);
@@ -281,15 +281,15 @@ void FirebirdAdapter::run(const Statement& statement) {
 
 void FirebirdAdapter::run(Runnable runnable, RowSink* rows) {
     if (runnable.prepared->answer() == Answer::Rows) {
-        PreparedStatement::Cursor cursor = open(runnable);
-        runnable.prepared->fetch(std::move(cursor), reading(), rows);
+        PreparedStatement::Result result = open(runnable);
+        runnable.prepared->fetch(std::move(result), reading(), rows);
     } else {
         write(*runnable.prepared, rows);
     }
 }
 
 /// A value that is longer than its place, say, can be compared as a literal alone.
-PreparedStatement::Cursor FirebirdAdapter::open(Runnable& runnable) {
+PreparedStatement::Result FirebirdAdapter::open(Runnable& runnable) {
     try {
         return runnable.prepared->open(reading());
     } catch (const Firebird::FbException& failure) {

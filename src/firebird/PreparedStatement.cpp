@@ -155,22 +155,34 @@ bool PreparedStatement::bind(std::span<const QString> texts) {
     return true;
 }
 
-PreparedStatement::Cursor PreparedStatement::open(Firebird::ITransaction& transaction) {
+bool PreparedStatement::fetchRow(Firebird::IResultSet& cursor) {
     Status status;
-    return Cursor(statement_->openCursor(&status, &transaction, input_->description.get(), input_->message.data(),
-                                         output_.get(), 0));
+    const bool fetched = cursor.fetchNext(&status, reader_->message()) == Firebird::IStatus::RESULT_OK;
+    EngineCall::Goes();
+    return fetched;
 }
 
-void PreparedStatement::fetch(Cursor cursor, Firebird::ITransaction& transaction, data::RowSink* rows) {
+PreparedStatement::Result PreparedStatement::open(Firebird::ITransaction& transaction) {
     Status status;
+    Result result;
+    result.cursor.reset(statement_->openCursor(&status, &transaction, input_->description.get(), input_->message.data(),
+                                               output_.get(), 0));
+    result.hasRow = fetchRow(*result.cursor);
+    return result;
+}
+
+void PreparedStatement::fetch(Result result, Firebird::ITransaction& transaction, data::RowSink* rows) {
     if (rows)
         rows->columns(reader_->names());
-    while (cursor->fetchNext(&status, reader_->message()) == Firebird::IStatus::RESULT_OK) {
-        EngineCall::Goes();
+    while (result.hasRow) {
         if (rows)
             reader_->give(transaction, *rows);
+        result.hasRow = fetchRow(*result.cursor);
     }
-    EndWith(cursor, [&](auto* open) { open->close(&status); });
+    EndWith(result.cursor, [](auto* open) {
+        Status status;
+        open->close(&status);
+    });
 }
 
 std::optional<qint64> PreparedStatement::execute(Firebird::ITransaction& transaction, data::RowSink* rows) {

@@ -19,7 +19,11 @@ enum class Answer {
 /// Every call may throw the engine's `FbException`.
 class PreparedStatement {
   public:
-    using Cursor = Handle<Firebird::IResultSet>;
+    /// A result whose first row, if there is one, has been fetched.
+    struct Result {
+        Handle<Firebird::IResultSet> cursor;
+        bool hasRow = false;
+    };
 
     PreparedStatement(Firebird::IAttachment& attachment, Firebird::ITransaction& transaction, const QString& text);
 
@@ -33,10 +37,11 @@ class PreparedStatement {
     /// them is too long for that.
     bool bind(std::span<const QString> texts);
 
-    /// Begins a statement that answers with rows; here the engine tells what it has against an operand.
-    Cursor open(Firebird::ITransaction& transaction);
-    /// Hands its rows over, dropping them without a sink.
-    void fetch(Cursor cursor, Firebird::ITransaction& transaction, data::RowSink* rows);
+    /// Begins a statement that answers with rows. What the engine has against an operand it tells here, a server not
+    /// before the first row.
+    Result open(Firebird::ITransaction& transaction);
+    /// Hands the rows over, dropping them without a sink.
+    void fetch(Result result, Firebird::ITransaction& transaction, data::RowSink* rows);
     /// Runs any other statement. The values that it gives back go to the sink as one row; gives the value of a single
     /// integer.
     std::optional<qint64> execute(Firebird::ITransaction& transaction, data::RowSink* rows);
@@ -56,6 +61,7 @@ class PreparedStatement {
     void describeParameters();
     /// With the chosen parameters as texts of any length up to the longest, the others as the engine describes them.
     Input describe(const std::function<bool(const Parameter&)>& asText) const;
+    bool fetchRow(Firebird::IResultSet& cursor);
     bool put(std::size_t parameter, qint64 integer);
     bool put(std::size_t parameter, const QString& text);
 

@@ -187,6 +187,28 @@ TEST_P(ConformanceTest, PlainNumbersAnswerAsTheirText) {
     }
 }
 
+/// The same for texts, which are kept prepared too where one is compared for equality.
+TEST_P(ConformanceTest, ComparedTextsAnswerAsTheirLiterals) {
+    write(Statement("insert into pess (idpess, nome, cep, valor) values (1, 'ALFA', '12', 2.50)"));
+    const auto count = [&](data::Piece condition, const QString& value) {
+        Statement statement;
+        statement << "select count(*) from pess where " << condition << value << "'";
+        return one(statement).toInt();
+    };
+    for (int round = 0; round < 3; ++round) {
+        EXPECT_EQ(count("nome = '", u"ALFA"_s), 1);
+        EXPECT_EQ(count("nome = '", u"BETA"_s), 0);
+        EXPECT_EQ(count("nome = '", {}), 0);
+        EXPECT_EQ(count("nome = '", QString(100, u'A')), 0) << "longer than the column";
+        EXPECT_EQ(count("nome = '", QString(1000, u'A')), 0);
+        EXPECT_EQ(count("cep = '", u"12"_s), 1);
+        EXPECT_EQ(count("cep = '", QString(100, u'1')), 0);
+        EXPECT_EQ(count("idpess = '", u"1"_s), 1);
+        EXPECT_EQ(count("nome <> '", u"BETA"_s), 1);
+        EXPECT_EQ(count("nome >= '", u"ALFA"_s), 1);
+    }
+}
+
 TEST_P(ConformanceTest, OnlyTheNamedColumnsOfAWideTableCome) {
     write(Statement("insert into pess (idpess, nome, cep, valor) values (2, 'BETA', '12', 2.50)"));
     write(Statement("insert into pess (idpess, nome, data_incl) values (1, 'ALFA', '20260307')"));
