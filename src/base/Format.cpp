@@ -1,6 +1,7 @@
 #include "base/Format.h"
 
 #include "base/Literals.h"
+#include "base/Moment.h"
 #include "base/Text.h"
 
 #include <QRegularExpression>
@@ -77,7 +78,7 @@ std::optional<QDateTime> ParseDate(const QString& text) {
                            : QTime(match.captured(4).toInt(), match.captured(5).toInt(), match.captured(6).toInt());
     if (!date.isValid() || !time.isValid() || year < 100)
         return std::nullopt;
-    return QDateTime(date, time);
+    return Moment(date, time);
 }
 
 bool IsDate(const QString& text) {

@@ -24,7 +24,8 @@ QString FormatDateSql(const QDate& date);        ///< "yyyymmdd", as most statem
 QString FormatDateSqlSlashes(const QDate& date); ///< "yyyy/mm/dd", as the architect and decorator statements carry it
 
 /// The date of a text "d/m/yyyy" or "d/m/yy" (with an optional time "hh:mm" or "hh:mm:ss"), day first as in Brazil;
-/// nothing when the text is no date of the calendar. Two-digit years: 00-29 are 2000s, 30-99 are 1900s.
+/// nothing when the text is no date of the calendar. As `Moment` holds it: a birthday may lie in the hour that a summer
+/// time left out. Two-digit years: 00-29 are 2000s, 30-99 are 1900s.
 std::optional<QDateTime> ParseDate(const QString& text);
 bool IsDate(const QString& text);
 

@@ -1,6 +1,7 @@
 #include "robot/Commands.h"
 
 #include "base/Literals.h"
+#include "base/Moment.h"
 #include "robot/Player.h"
 
 #include <QDir>
@@ -36,7 +37,7 @@ void today(Player& player, Words words) {
     const QTime time = words.size() > 1 ? QTime::fromString(words[1], u"hh:mm"_s) : QTime(0, 0);
     if (!date.isValid() || !time.isValid())
         throw Failure{u"expected a date yyyy-mm-dd and a time hh:mm, was %1"_s.arg(words.join(u' '))};
-    player.setClock(QDateTime(date, time));
+    player.setClock(Moment(date, time));
 }
 
 void sql(Player& player, Words words) {

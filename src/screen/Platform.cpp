@@ -1,6 +1,7 @@
 #include "screen/Platform.h"
 
 #include "base/Literals.h"
+#include "base/Moment.h"
 #include "base/RuntimeError.h"
 #include "base/Windows1252.h"
 
@@ -52,7 +53,8 @@ void Platform::soon(const std::function<void()>& work) {
 }
 
 QDateTime Platform::now() const {
-    return QDateTime::currentDateTime();
+    const QDateTime here = QDateTime::currentDateTime();
+    return Moment(here.date(), here.time());
 }
 
 QString Platform::localPath(const QString& path) {

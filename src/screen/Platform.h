@@ -65,6 +65,7 @@ class Platform {
     /// Root of the installation; its folder "config/" is the fixed place of the configuration files. Without a closing
     /// separator.
     virtual QString home() const = 0;
+    /// The clock of this place, as `Moment` holds it.
     virtual QDateTime now() const;
 
     // Files. Paths may carry back slashes, as configured ones do.

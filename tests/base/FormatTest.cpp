@@ -1,9 +1,35 @@
 #include "base/Format.h"
 #include "base/Literals.h"
 
+#include <ctime>
 #include <gtest/gtest.h>
 
 using namespace vorta;
+
+namespace {
+
+/// The time zone of this program while it lives, in the form of the variable TZ.
+class TimeZone {
+  public:
+    explicit TimeZone(const char* rule) : before_(qEnvironmentVariable("TZ")), wasSet_(qEnvironmentVariableIsSet("TZ")) {
+        qputenv("TZ", rule);
+        tzset();
+    }
+    ~TimeZone() {
+        if (wasSet_)
+            qputenv("TZ", before_.toUtf8());
+        else
+            qunsetenv("TZ");
+        tzset();
+    }
+    Q_DISABLE_COPY_MOVE(TimeZone)
+
+  private:
+    QString before_;
+    bool wasSet_;
+};
+
+} // namespace
 
 TEST(Format, AmountsHaveTwoDecimalsAndAComma) {
     EXPECT_EQ(FormatAmount(1234.5), u"1234,50"_s);
@@ -54,4 +80,13 @@ TEST(Format, DatesOfTheCalendarOnly) {
     EXPECT_FALSE(IsDate(QString()));
     EXPECT_EQ(ParseDate(u"1/2/26"_s)->date(), QDate(2026, 2, 1));
     EXPECT_EQ(ParseDate(u"01/02/1999 10:30"_s)->time(), QTime(10, 30));
+}
+
+TEST(Format, ADateStandsAlsoWhereSummerTimeBeganAtItsMidnight) {
+    const TimeZone brasilia("BRT3BRST,M11.1.0/0,M2.3.0/0");
+    if (const QDateTime left(QDate(2018, 11, 4), QTime(0, 30)); left.isValid() && left.time() == QTime(0, 30))
+        GTEST_SKIP() << "no such time zone can be set here";
+    EXPECT_EQ(FormatDateTime(ParseDate(u"04/11/2018"_s).value()), u"04/11/2018 00:00"_s);
+    EXPECT_EQ(FormatDateTime(ParseDate(u"04/11/2018 00:30"_s).value()), u"04/11/2018 00:30"_s);
+    EXPECT_EQ(FormatDayMonthText(u"04/11/2018"_s), u"04/11"_s);
 }
