@@ -10,8 +10,8 @@
 #include <QtGlobal>
 
 /// A watch over calls to a database engine. A call may not come back: a server that has stopped, a network that has
-/// gone, a colleague's program that died at the wrong moment. The program has one thread, which then stands inside the
-/// call; so another one looks on, and can ask the user and end the program.
+/// gone, a colleague's program that died at the wrong moment. The program's flow then stands at the call; so another
+/// thread looks on, and can ask the user and end the program.
 namespace vorta {
 
 /// Marks a call to an engine for as long as it lives; `Goes` tells that a long one still gets on. Costs next to
@@ -35,7 +35,7 @@ class EngineCall {
   private:
     friend class EngineWatch;
     static void count() { steps_.store(steps_.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed); }
-    /// Odd inside a call. Calls come from the program's one thread.
+    /// Odd inside a call. Calls come from one thread at a time: a flow waits for each.
     inline static std::atomic<quint64> steps_{0};
     inline static thread_local int depth_ = 0;
 };

@@ -6,7 +6,10 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
+#include <chrono>
 #include <cstring>
+#include <future>
 #include <map>
 
 namespace vorta::data {
@@ -159,21 +162,18 @@ class Recordset::Arena : public RowSink {
         char* const place = rows_.add(length_.size() + packed_.size());
         std::memcpy(place, length_.data(), length_.size());
         std::memcpy(place + length_.size(), packed_.data(), packed_.size());
-        ++count_;
-        constexpr int rowsBetween = 64;
-        if (reading_.fetched && count_ % rowsBetween == 1)
-            reading_.fetched(count_);
+        count_.store(count() + 1, std::memory_order_relaxed);
     }
 
-    /// Stands on the first row. Nothing is told to who heard of the fetching any more.
+    /// Stands on the first row.
     void start() {
         reading_ = {};
         packed_ = {};
         if (left() > 0)
             enter(rows_.front().begin());
     }
-    int count() const { return count_; }
-    int left() const { return count_ - passed_; }
+    int count() const { return count_.load(std::memory_order_relaxed); }
+    int left() const { return count() - passed_; }
     void next() {
         ++passed_;
         overwritten_.clear();
@@ -243,7 +243,7 @@ class Recordset::Arena : public RowSink {
     std::string packed_;
     std::string length_;
     ByteBlocks rows_;
-    int count_ = 0;
+    std::atomic<int> count_ = 0; ///< also asked while rows come
     int passed_ = 0;
     std::map<int, Value> overwritten_; ///< in the current row
     // The current row, and where the last value was read: columns are mostly asked in their order.
@@ -254,6 +254,16 @@ class Recordset::Arena : public RowSink {
 };
 
 namespace {
+
+/// Does the work on another thread, and calls `meanwhile` on this one from time to time until it is done. A failure of
+/// either is raised when the work has come to its end.
+void DoAside(const std::function<void()>& work, const std::function<void()>& meanwhile) {
+    constexpr std::chrono::milliseconds interval{40};
+    std::future<void> done = std::async(std::launch::async, work);
+    while (done.wait_for(interval) == std::future_status::timeout)
+        meanwhile();
+    done.get();
+}
 
 template <typename Arena>
 Arena& opened(const std::unique_ptr<Arena>& arena) {
@@ -285,7 +295,11 @@ Recordset& Recordset::operator=(Recordset&&) noexcept = default;
 
 void Recordset::Open(const Statement& statement, Connection& connection, const Reading& reading) {
     auto arena = std::make_unique<Arena>(reading);
-    connection.query(statement, *arena);
+    const auto read = [&] { connection.query(statement, *arena); };
+    if (reading.fetched)
+        DoAside(read, [&] { reading.fetched(arena->count()); });
+    else
+        read();
     arena->start();
     arena_ = std::move(arena);
 }

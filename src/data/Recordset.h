@@ -11,8 +11,9 @@ namespace vorta::data {
 struct Reading {
     /// The columns that it reads: only these are fetched, and any other one is not there. None for all.
     std::vector<Piece> columns = {};
-    /// Hears now and then how many rows have come, from the first one on. The engine is at work then: nothing may be
-    /// asked of any connection.
+    /// Given for a read that may take long, which then runs on a thread of its own: hears on the caller's, from time to
+    /// time until all are there, how many rows have come; that may be none yet. The engine is at work then: nothing may
+    /// be asked of any connection.
     std::function<void(qint64 rows)> fetched = {};
 };
 

@@ -40,7 +40,16 @@ Recordset AbreLeitura(ContextoExecucao& contexto, const Statement& comando, std:
 
 Recordset AbreLeituraLonga(ContextoExecucao& contexto, const Statement& comando, std::vector<data::Piece> colunas) {
     const auto mostra = [&contexto](qint64 lidos) { contexto.platform().progress(lidos, screen::unknownTotal); };
-    return Abre(contexto, comando.upper(), {.columns = std::move(colunas), .fetched = mostra});
+    // Of a search that finds nothing nothing follows that would end its progress.
+    Recordset registros = Abre(contexto, comando.upper(), {.columns = std::move(colunas), .fetched = mostra});
+    if (registros.Eof())
+        contexto.platform().progress(0, 0);
+    return registros;
+}
+
+Recordset AbrePassoLongo(ContextoExecucao& contexto, const Statement& comando, qint64 passo, qint64 passos) {
+    const auto mostra = [&contexto, passo, passos](qint64) { contexto.platform().progress(passo, passos); };
+    return Abre(contexto, comando.upper(), {.fetched = mostra});
 }
 
 Recordset AbreLeituraComoEscrita(ContextoExecucao& contexto, const Statement& comando) {

@@ -12,9 +12,13 @@ data::Recordset AbreLeitura(ContextoExecucao& contexto, const data::Statement& c
 /// that bring many rows of a wide table.
 data::Recordset AbreLeitura(ContextoExecucao& contexto, const data::Statement& comando,
                             std::vector<data::Piece> colunas);
-/// The same, and the coming of the rows is shown as progress, whose end is the caller's. None for all columns.
+/// The same, and the coming of the rows is shown as progress, also while there is none yet; its end is the caller's,
+/// but for a read without a row. None for all columns.
 data::Recordset AbreLeituraLonga(ContextoExecucao& contexto, const data::Statement& comando,
                                  std::vector<data::Piece> colunas = {});
+/// Opens a read statement in capitals that is one step of so many, and shows that number of steps as progress while the
+/// engine is at work; the end is the caller's.
+data::Recordset AbrePassoLongo(ContextoExecucao& contexto, const data::Statement& comando, qint64 passo, qint64 passos);
 /// Opens a read statement as it is written.
 data::Recordset AbreLeituraComoEscrita(ContextoExecucao& contexto, const data::Statement& comando);
 /// Executes a write statement in capitals on the main connection; accents stay.

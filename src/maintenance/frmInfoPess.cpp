@@ -79,8 +79,10 @@ void frmInfoPess::Load() {
 
 void frmInfoPess::ContaRegistros() {
     qint64 contadas = 0;
+    contexto_.platform().progress(contadas, std::ssize(contagens));
     for (const Contagem& contagem : contagens) {
-        const Recordset registro = AbreLeitura(contexto_, Statement(contagem.consulta));
+        const Recordset registro =
+            AbrePassoLongo(contexto_, Statement(contagem.consulta), contadas, std::ssize(contagens));
         (this->*contagem.descricao).setText(QString::fromUtf8(contagem.nome));
         (this->*contagem.quantidade).setText(registro.Fields("qt").text());
         contexto_.platform().progress(++contadas, std::ssize(contagens));

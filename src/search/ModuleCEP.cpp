@@ -36,8 +36,10 @@ QString RetornaLogradouros(ContextoExecucao& contexto, const QString& tipo, cons
         comando << " WHERE NOME_LOGR like '%" << Trim(valor) << "%'";
     const auto mostra = [&](qint64 lidos) { contexto.platform().progress(lidos, screen::unknownTotal); };
     Recordset registros = Abre(contexto, comando, {.fetched = mostra});
-    if (registros.Eof())
+    if (registros.Eof()) {
+        contexto.platform().progress(0, 0);
         return {};
+    }
     const int total = registros.RecordCount();
     QString resultado = QString::number(total) + u'^';
     for (int lidos = 0; !registros.Eof(); registros.MoveNext(), ++lidos) {

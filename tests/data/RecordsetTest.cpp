@@ -123,16 +123,27 @@ TEST_F(RecordsetTest, ANamedColumnThatTheTableLacksIsFoundMissingWhereItIsRead) 
     EXPECT_EQ(ErrorOf([&] { (void)rows.Fields("z"); }), errorNumber::NoSuchColumn);
 }
 
-TEST_F(RecordsetTest, TellsOfRowsFromTheFirstOneOn) {
-    test::FakeRows prepared{{"n"}, {}};
-    for (int i = 0; i < 200; ++i)
-        prepared.rows.push_back({test::number(i)});
-    database.answer(u"select"_s, prepared);
+TEST_F(RecordsetTest, IsHeardOfWhileTheEngineHasNoRowYet) {
+    database.answer(u"select"_s, {{"n"}, {{test::number(1)}, {test::number(2)}}});
+    test::Thinking thinking(database);
     std::vector<qint64> told;
     Recordset rows;
-    rows.Open(Statement("select"), connection, {.fetched = [&](qint64 count) { told.push_back(count); }});
-    EXPECT_EQ(told, (std::vector<qint64>{1, 65, 129, 193}));
-    EXPECT_EQ(rows.RecordCount(), 200);
+    rows.Open(Statement("select"), connection, {.fetched = [&](qint64 count) {
+                                                    told.push_back(count);
+                                                    thinking.end();
+                                                }});
+    EXPECT_TRUE(thinking.wasEnded());
+    ASSERT_FALSE(told.empty());
+    EXPECT_EQ(told.front(), 0);
+    EXPECT_EQ(rows.RecordCount(), 2);
+}
+
+TEST_F(RecordsetTest, AFailureOfALongReadIsItsCallers) {
+    Recordset rows = open({{"a"}, {{test::text("x")}}});
+    database.fail(u"select"_s, errorNumber::StatementRefused);
+    EXPECT_EQ(ErrorOf([&] { rows.Open(Statement("select"), connection, {.fetched = [](qint64) {}}); }),
+              errorNumber::StatementRefused);
+    EXPECT_EQ(rows.Fields("a").text(), u"x") << "the rows are as they were";
 }
 
 TEST_F(RecordsetTest, OverwriteChangesThisRowOfThisCopyOnly) {

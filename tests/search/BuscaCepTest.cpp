@@ -53,9 +53,16 @@ TEST_F(BuscaCepTest, Load) {
     EXPECT_TRUE(database.sent.isEmpty());
 }
 
-TEST_F(BuscaCepTest, TheBarMovesFromTheFirstStreetThatComes) {
-    openSearch([&](Tela& tela) { searchStreet(tela, u"paulista"_s); });
-    EXPECT_EQ(platform.progressed, (std::vector<std::pair<qint64, qint64>>{{1, screen::unknownTotal}, {0, 2}, {0, 0}}));
+TEST_F(BuscaCepTest, TheBarMovesWhileTheEngineLooksForStreets) {
+    openSearch([&](Tela& tela) {
+        Thinking thinking(database);
+        platform.whenProgressed = [&] { thinking.end(); };
+        searchStreet(tela, u"paulista"_s);
+        EXPECT_TRUE(thinking.wasEnded());
+    });
+    ASSERT_FALSE(platform.heardOfReads.empty());
+    EXPECT_EQ(platform.heardOfReads.front(), 0);
+    EXPECT_EQ(platform.progressed, (std::vector<std::pair<qint64, qint64>>{{0, 2}, {0, 0}}));
 }
 
 TEST_F(BuscaCepTest, NothingGivenIsRefused) {

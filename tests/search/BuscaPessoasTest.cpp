@@ -84,9 +84,20 @@ TEST_F(BuscaPessoasTest, RowsAndNulls) {
         user.click(tela.cmdPesquisa);
         EXPECT_EQ(rowOf(tela.Flex, 1), (QStringList{u"7"_s, {}, u"MARIA"_s, {}, {}, u"03/02/2026"_s, {}, {}, {}, {}}));
         EXPECT_EQ(tela.Flex.Row(), 1) << "a single result stays the current row";
-        EXPECT_EQ(platform.progressed,
-                  (std::vector<std::pair<qint64, qint64>>{{1, screen::unknownTotal}, {0, 1}, {0, 0}}))
-            << "it moves from the first row that comes";
+        EXPECT_EQ(platform.progressed, (std::vector<std::pair<qint64, qint64>>{{0, 1}, {0, 0}}));
+    });
+}
+
+TEST_F(BuscaPessoasTest, TheBarMovesWhileTheEngineLooksForPersonsAndEndsWithoutOne) {
+    openSearch([&](Tela& tela) {
+        Thinking thinking(database);
+        platform.whenProgressed = [&] { thinking.end(); };
+        user.click(tela.cmdPesquisa);
+        EXPECT_TRUE(thinking.wasEnded());
+        ASSERT_FALSE(platform.heardOfReads.empty());
+        EXPECT_EQ(platform.heardOfReads.front(), 0);
+        EXPECT_EQ(platform.progressed, (std::vector<std::pair<qint64, qint64>>{{0, 0}}));
+        EXPECT_EQ(platform.boxes.front().text, u"Nenhum Registro Localizado com esses parâmetros..."_s);
     });
 }
 

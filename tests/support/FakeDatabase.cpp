@@ -1,9 +1,12 @@
 #include "support/FakeDatabase.h"
 
 #include "base/Literals.h"
+#include "base/Moment.h"
 #include "base/RuntimeError.h"
 
 #include <algorithm>
+#include <chrono>
+#include <utility>
 
 namespace vorta::test {
 
@@ -34,6 +37,8 @@ class FakeAdapter : public data::Adapter {
     void query(const data::Statement& statement, data::RowSink& rows) override {
         database_.sent += statement.text();
         database_.failIfAsked(statement);
+        if (const auto thinks = std::exchange(database_.thinks, {}))
+            thinks();
         const FakeRows* answer = database_.rowsFor(statement.text());
         rows.columns(answer ? answer->columns : QStringList());
         if (!answer)
@@ -89,6 +94,11 @@ void FakeDatabase::failIfAsked(const data::Statement& statement) const {
             throw RuntimeError(number, u"falha preparada"_s, 0, {}, statement.text());
 }
 
+Thinking::Thinking(FakeDatabase& database) {
+    static constexpr std::chrono::seconds patience{20};
+    database.thinks = [this] { inTime_ = end_.try_acquire_for(patience); };
+}
+
 data::Value text(const char* utf8) {
     return data::Value(QString::fromUtf8(utf8));
 }
@@ -99,7 +109,7 @@ data::Value amount(qint64 cents) {
     return data::Value(data::Decimal{cents, 2});
 }
 data::Value date(int year, int month, int day) {
-    return data::Value(QDate(year, month, day).startOfDay());
+    return data::Value(Moment(QDate(year, month, day)));
 }
 data::Value null() {
     return {};

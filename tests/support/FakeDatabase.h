@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <optional>
+#include <semaphore>
 #include <vector>
 
 namespace vorta::test {
@@ -22,6 +23,8 @@ class FakeDatabase {
     void answer(const QString& part, FakeRows rows);
     /// Any statement whose text contains `part` fails with this number.
     void fail(const QString& part, int errorNumber);
+    /// What the engine does before it gives the first row of the next query, and only of that.
+    std::function<void()> thinks;
     /// Opening a connection fails.
     bool refuseOpen = false;
 
@@ -44,6 +47,19 @@ class FakeDatabase {
 
     std::vector<std::pair<QString, FakeRows>> answers_;
     std::vector<std::pair<QString, int>> failures_;
+};
+
+/// The engine of that database thinks about its next query until it is told to end, but not for ever.
+class Thinking {
+  public:
+    explicit Thinking(FakeDatabase& database);
+    void end() { end_.release(); }
+    /// Whether the query has waited, and not in vain.
+    bool wasEnded() const { return inTime_; }
+
+  private:
+    std::counting_semaphore<> end_{0};
+    bool inTime_ = false;
 };
 
 /// A text value, a number, a null for the rows above.

@@ -52,6 +52,16 @@ void TestPlatform::runModal(screen::Screen& screen) {
         screen.Unload();
 }
 
+void TestPlatform::progress(qint64 done, qint64 total) {
+    const std::pair told(done, total);
+    if (total == screen::unknownTotal)
+        heardOfReads.push_back(done);
+    else if (progressed.empty() || progressed.back() != told)
+        progressed.push_back(told);
+    if (whenProgressed)
+        whenProgressed();
+}
+
 bool TestPlatform::fileExists(const QString& path) const {
     return everyFileExists || files.contains(localPath(path));
 }

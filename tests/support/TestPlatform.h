@@ -47,7 +47,7 @@ class TestPlatform : public screen::Platform {
     screen::Answer messageBox(const screen::Box& box) override;
     void runModal(screen::Screen& screen) override;
     void openAddress(const QString& address) override { addresses += address; }
-    void progress(qint64 done, qint64 total) override { progressed.push_back({done, total}); }
+    void progress(qint64 done, qint64 total) override;
     QString home() const override { return u"/vorta"_s; }
     QDateTime now() const override { return clock; }
     bool fileExists(const QString& path) const override;
@@ -65,7 +65,11 @@ class TestPlatform : public screen::Platform {
     std::queue<screen::Answer> answers;
     QStringList addresses;
     QStringList shown;
+    /// What was told of progress, `done` and `total`, without repetitions. That of a read whose number of rows is not
+    /// known comes by the clock, and stands in `heardOfReads` instead.
     std::vector<std::pair<qint64, qint64>> progressed;
+    std::vector<qint64> heardOfReads;
+    std::function<void()> whenProgressed;
     QMap<QString, QStringList> files; ///< path -> lines
     bool everyFileExists = false;
 
