@@ -19,11 +19,11 @@ namespace vorta {
 class EngineCall {
   public:
     EngineCall() {
-        if (depth_++ == 0)
+        if (depth_.fetch_add(1, std::memory_order_relaxed) == 0)
             count();
     }
     ~EngineCall() {
-        if (--depth_ == 0)
+        if (depth_.fetch_sub(1, std::memory_order_relaxed) == 1)
             count();
     }
     EngineCall(const EngineCall&) = delete;
@@ -37,7 +37,7 @@ class EngineCall {
     static void count() { steps_.store(steps_.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed); }
     /// Odd inside a call. Calls come from one thread at a time: a flow waits for each.
     inline static std::atomic<quint64> steps_{0};
-    inline static thread_local int depth_ = 0;
+    inline static std::atomic<int> depth_{0};
 };
 
 /// What a silent call is met with.

@@ -11,8 +11,7 @@ class Termination : public QObject {
   public:
     explicit Termination(std::function<void()> onRequest);
 
-    /// Begins to listen. The database client takes these signals for itself when it is first used, and then only closes
-    /// its databases: listening has to begin, or begin again, behind that.
+    /// Begins to listen, where that has not begun yet: before the first box or window a wish ends the process at once.
     static void listen();
 };
 

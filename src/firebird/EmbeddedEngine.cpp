@@ -5,6 +5,7 @@
 #include "firebird/ConnectionText.h"
 #include "firebird/EngineRoot.h"
 #include "firebird/LockFiles.h"
+#include "system/Endings.h"
 #include "system/Process.h"
 #include "system/SharedMutexes.h"
 
@@ -117,6 +118,7 @@ Handle<Firebird::IProvider> provider() {
 }
 
 Attachment attach(const ConnectionText& text, Parameters& parameters) {
+    const system::HeldEndings held(text.embedded); // a server may keep one waiting
     Status status;
     try {
         Attachment attachment(provider()->attachDatabase(&status, text.database.toUtf8().constData(),
@@ -190,6 +192,7 @@ void CreateDatabase(const QString& connectionString, const DatabaseOptions& opti
         Parameters parameters(text);
         parameters.add(isc_dpb_page_size, options.pageSize);
         parameters.add(isc_dpb_force_write, options.forcedWrites ? 1 : 0);
+        const system::HeldEndings held(text.embedded);
         Status status;
         Handle<Firebird::IAttachment> database(provider()->createDatabase(&status, text.database.toUtf8().constData(),
                                                                           parameters.length(), parameters.bytes()));

@@ -4,6 +4,7 @@
 #include "firebird/Client.h"
 #include "firebird/EmbeddedEngine.h"
 #include "firebird/OpenFailure.h"
+#include "system/Endings.h"
 
 #include <QDeadlineTimer>
 #include <QDir>
@@ -161,6 +162,7 @@ class Service {
             .text(isc_spb_password, base.password)
             .text(isc_spb_sql_role_name, base.role)
             .tag(isc_spb_utf8_filename);
+        const system::HeldEndings held(base.embedded); // a server may keep one waiting
         Status status;
         const Handle<Firebird::IProvider> provider(Master().getDispatcher());
         service_.reset(provider->attachServiceManager(&status, base.beside(u"service_mgr"_s).toUtf8().constData(),

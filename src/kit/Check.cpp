@@ -38,7 +38,8 @@ constexpr qint64 daysOfACopy = 7;
 
 class Checker {
   public:
-    Checker(const QString& home, const QDateTime& now) : layout_(home), places_(layout_), now_(now) {}
+    Checker(const QString& home, const QDateTime& now, const Progress& progress)
+        : layout_(home), places_(layout_), now_(now), progress_(progress) {}
 
     std::vector<Finding> run() {
         if (!checkRoot())
@@ -174,6 +175,8 @@ class Checker {
     }
 
     void checkLine(const QString& what, const QString& name, const QString& line, Base base) {
+        if (progress_)
+            progress_(u"base %1"_s.arg(name), 0, 0);
         if (line.trimmed().isEmpty())
             return bad(u"%1: a linha está vazia"_s.arg(what));
         const ServerLine server(line);
@@ -347,6 +350,7 @@ class Checker {
     Layout layout_;
     Places places_;
     QDateTime now_;
+    Progress progress_;
     QString lockPlace_; ///< of the bases so far
     QSet<QString> fallen_;
     std::vector<Finding> findings_;
@@ -355,11 +359,11 @@ class Checker {
 } // namespace
 
 std::vector<Finding> CheckBase(const QString& home, const QString& name) {
-    return Checker(home, {}).runOn(name);
+    return Checker(home, {}, {}).runOn(name);
 }
 
-std::vector<Finding> CheckInstallation(const QString& home, const QDateTime& now) {
-    return Checker(home, now).run();
+std::vector<Finding> CheckInstallation(const QString& home, const QDateTime& now, const Progress& progress) {
+    return Checker(home, now, progress).run();
 }
 
 } // namespace vorta::kit

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "kit/Progress.h"
+
 #include <QDateTime>
 #include <QString>
 
@@ -16,7 +18,8 @@ struct Finding {
 /// Looks at everything that the register needs from an installation: files and their rights, connections, tables,
 /// columns, generators, reference data, pictures, and the age of the last copy at the moment `now`. Changes nothing.
 /// The embedded engine must have been prepared for `home`.
-std::vector<Finding> CheckInstallation(const QString& home, const QDateTime& now = QDateTime::currentDateTime());
+std::vector<Finding> CheckInstallation(const QString& home, const QDateTime& now = QDateTime::currentDateTime(),
+                                       const Progress& progress = {});
 
 /// The word with which `pessoas-base` looks at one base only and tells nothing but that it has come to the end.
 inline constexpr char TryBase[] = "try";

@@ -11,7 +11,8 @@ namespace {
 /// The time zone of this program while it lives, in the form of the variable TZ.
 class TimeZone {
   public:
-    explicit TimeZone(const char* rule) : before_(qEnvironmentVariable("TZ")), wasSet_(qEnvironmentVariableIsSet("TZ")) {
+    explicit TimeZone(const char* rule)
+        : before_(qEnvironmentVariable("TZ")), wasSet_(qEnvironmentVariableIsSet("TZ")) {
         qputenv("TZ", rule);
         tzset();
     }

@@ -129,9 +129,9 @@ TEST_F(RecordsetTest, IsHeardOfWhileTheEngineHasNoRowYet) {
     std::vector<qint64> told;
     Recordset rows;
     rows.Open(Statement("select"), connection, {.fetched = [&](qint64 count) {
-                                                    told.push_back(count);
-                                                    thinking.end();
-                                                }});
+                  told.push_back(count);
+                  thinking.end();
+              }});
     EXPECT_TRUE(thinking.wasEnded());
     ASSERT_FALSE(told.empty());
     EXPECT_EQ(told.front(), 0);

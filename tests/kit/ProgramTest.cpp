@@ -1,5 +1,6 @@
 #include "base/Literals.h"
 #include "kit/Copies.h"
+#include "kit/Documents.h"
 #include "kit/Installed.h"
 #include "kit/Loader.h"
 
@@ -7,9 +8,11 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
+#include <QThread>
 #include <csignal>
 #include <functional>
 #include <gtest/gtest.h>
+#include <optional>
 
 using namespace vorta;
 using kit::Loader;
@@ -30,6 +33,12 @@ Outcome run(const QStringList& arguments) {
             QString::fromUtf8(program.readAllStandardError())};
 }
 
+void pressCtrlC(const QProcess& program) {
+    const auto process = static_cast<pid_t>(program.processId());
+    ASSERT_GT(process, 0) << "it was over before it could be stopped";
+    ::kill(process, SIGINT);
+}
+
 /// Starts a command and presses Ctrl+C when it has come so far.
 Outcome interrupt(const QStringList& arguments, const std::function<bool()>& isUnderWay) {
     constexpr int patience = 120'000;
@@ -39,12 +48,26 @@ Outcome interrupt(const QStringList& arguments, const std::function<bool()>& isU
     since.start();
     while (!isUnderWay() && since.elapsed() < patience && !program.waitForFinished(10))
         ;
-    EXPECT_EQ(program.state(), QProcess::Running) << "it was over before it could be stopped";
-    ::kill(static_cast<pid_t>(program.processId()), SIGINT);
-    EXPECT_TRUE(program.waitForFinished(patience));
+    pressCtrlC(program);
+    EXPECT_TRUE(program.state() == QProcess::NotRunning || program.waitForFinished(patience));
     EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
     return {program.exitCode(), QString::fromUtf8(program.readAllStandardOutput()),
             QString::fromUtf8(program.readAllStandardError())};
+}
+
+/// Starts a command and presses Ctrl+C so much later; none when that has ended it at once.
+std::optional<Outcome> interruptAfter(unsigned long milliseconds, const QStringList& arguments) {
+    QProcess program;
+    program.start(QString::fromUtf8(PESSOAS_BASE), arguments);
+    EXPECT_TRUE(program.waitForStarted());
+    QThread::msleep(milliseconds);
+    if (program.state() == QProcess::Running)
+        pressCtrlC(program);
+    EXPECT_TRUE(program.state() == QProcess::NotRunning || program.waitForFinished(120'000));
+    if (program.exitStatus() != QProcess::NormalExit)
+        return std::nullopt;
+    return Outcome{program.exitCode(), QString::fromUtf8(program.readAllStandardOutput()),
+                   QString::fromUtf8(program.readAllStandardError())};
 }
 
 QString interrupted() {
@@ -250,6 +273,49 @@ TEST(Program, ACopyOrARestorationThatIsInterruptedLeavesNothing) {
     EXPECT_THROW(kit::RestoreBase(installed.home(), u"PRD"_s, copy, true, stop), kit::Interrupted);
     EXPECT_EQ(QDir(installed.layout().bases()).entryList(QDir::Files), before);
     EXPECT_GT(Loader(installed.production()).number(u"SELECT COUNT(*) FROM PESS"_s), 0);
+}
+
+TEST(Program, AnImportThatIsInterruptedKeepsWholePersonsAndTellsHowMany) {
+    const Installed installed = Installed::copyOf(Installed::plain());
+    QByteArray table = "NOME_PESS;CPF0_CNPJ;ENDE_COML_PESS;BAIR_COML_PESS;CIDA_COML_PESS;UF00_COML_PESS;"
+                       "CEP0_COML_PESS;CONTATO1_TIPO;CONTATO1_NOME\n";
+    for (quint64 number = 0; number < 20'000; ++number)
+        table += "Um " + QByteArray::number(number) + ';' + kit::Cpf(8'000'000 + number) +
+                 ";Rua Um;Centro;Osasco;SP;06010-000;Diretor;Ana\n";
+    installed.write(u"pessoas.csv"_s, table);
+    const qint64 size = QFileInfo(installed.production()).size();
+    const Outcome outcome =
+        interrupt({u"importar"_s, u"--home"_s, installed.home(), u"--grava"_s, installed.home() + u"/pessoas.csv"_s},
+                  [&] { return QFileInfo(installed.production()).size() > size; });
+    Loader loader(installed.production());
+    const qint64 persons = loader.number(u"SELECT COUNT(*) FROM PESS WHERE NOME_PESS STARTING WITH 'UM '"_s);
+    EXPECT_GT(persons, 0);
+    EXPECT_EQ(outcome.code, 1);
+    EXPECT_EQ(outcome.error, u"A importação parou depois de %1 pessoa(s) incluída(s). Repita o comando para continuar: "
+                             "as já incluídas não se repetem\n"_s.arg(persons) +
+                                 interrupted());
+    EXPECT_EQ(loader.number(u"SELECT COUNT(*) FROM PESS_CONT WHERE NOME_PESS_CONT = 'ANA'"_s), persons);
+}
+
+TEST(Program, CtrlCIsToldInTheseWordsAtAnyMoment) {
+    const Installed installed = Installed::copyOf(Installed::demonstration());
+    const QTemporaryDir folder;
+    const QString home = installed.home();
+    int heard = 0;
+    for (const unsigned long milliseconds : {20, 40, 70, 110, 160, 250, 400})
+        for (const QStringList& command :
+             {QStringList{u"check"_s, u"--home"_s, home}, QStringList{u"verify"_s, u"--home"_s, home},
+              QStringList{u"conferir"_s, u"--home"_s, home},
+              QStringList{u"backup"_s, u"--home"_s, home, folder.filePath(u"copia-%1.fbk"_s.arg(milliseconds))},
+              QStringList{u"create"_s, u"--home"_s, folder.filePath(u"nova-%1"_s.arg(milliseconds))}}) {
+            const std::optional<Outcome> outcome = interruptAfter(milliseconds, command);
+            if (!outcome || outcome->error.isEmpty())
+                continue; // it had not begun, or had come to its end
+            EXPECT_EQ(outcome->error, interrupted()) << command.front() << " after " << milliseconds;
+            EXPECT_EQ(outcome->out, QString()) << command.front() << " after " << milliseconds;
+            ++heard;
+        }
+    EXPECT_GT(heard, 0);
 }
 
 TEST(Program, AListOfPostalCodesWithMistakesEndsIn1) {

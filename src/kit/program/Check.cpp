@@ -3,6 +3,8 @@
 #include "base/RuntimeError.h"
 #include "kit/program/Command.h"
 
+#include <functional>
+
 namespace vorta::program {
 
 std::optional<Outcome> Check(const QStringList& words) {
@@ -10,7 +12,14 @@ std::optional<Outcome> Check(const QStringList& words) {
     if (!arguments.right(0))
         return std::nullopt;
     RequireInstallation(arguments.home());
-    return Report(kit::CheckInstallation(arguments.home()));
+    const std::vector<kit::Finding> findings = [&] {
+        ProgressLine progress;
+        std::vector<kit::Finding> found =
+            kit::CheckInstallation(arguments.home(), QDateTime::currentDateTime(), std::ref(progress));
+        progress.stopIfWanted();
+        return found;
+    }();
+    return Report(findings);
 }
 
 std::optional<Outcome> Try(const QStringList& words) {

@@ -62,10 +62,13 @@ ProgressLine::ProgressLine() {
     system::NoteEndings();
 }
 
-void ProgressLine::operator()(const QString& what, qint64 done, qint64 all) {
+void ProgressLine::stopIfWanted() {
     if (system::EndingWanted())
         throw kit::Interrupted();
-    system::NoteEndings(); // the engine takes the wish for itself when it is first used
+}
+
+void ProgressLine::operator()(const QString& what, qint64 done, qint64 all) {
+    stopIfWanted();
     constexpr qint64 readable = 200;
     static const bool terminal = system::IsTerminal(stderr);
     if (!terminal || (since_.isValid() && since_.elapsed() < readable && done != all))

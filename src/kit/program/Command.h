@@ -69,6 +69,8 @@ class ProgressLine {
     ProgressLine(const ProgressLine&) = delete;
     ProgressLine& operator=(const ProgressLine&) = delete;
     void operator()(const QString& what, qint64 done, qint64 all);
+    /// For the end of work that does not tell of itself to its end.
+    static void stopIfWanted();
 
   private:
     bool shown_ = false;

@@ -13,7 +13,9 @@ std::optional<Outcome> Verify(const QStringList& words) {
     RequireInstallation(arguments.home());
     const std::vector<kit::Finding> findings = [&] {
         ProgressLine progress;
-        return kit::VerifyBase(arguments.home(), arguments.base(), std::ref(progress));
+        std::vector<kit::Finding> found = kit::VerifyBase(arguments.home(), arguments.base(), std::ref(progress));
+        progress.stopIfWanted();
+        return found;
     }();
     return Report(findings);
 }

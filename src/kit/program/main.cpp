@@ -3,7 +3,9 @@
 #include "base/RuntimeError.h"
 #include "data/Engine.h"
 #include "kit/FaultWords.h"
+#include "kit/Progress.h"
 #include "kit/program/Command.h"
+#include "system/Endings.h"
 #include "system/Session.h"
 
 #include <QCoreApplication>
@@ -92,7 +94,8 @@ int main(int argc, char** argv) {
         const std::optional<Outcome> outcome = command->run(words.sliced(1));
         return outcome ? *outcome : misuse();
     } catch (const RuntimeError& error) {
-        QString told = kit::FaultWords(error);
+        // Between its first use and its first answer the engine hears of Ctrl+C too, and refuses everything.
+        QString told = system::EndingWanted() ? kit::Interrupted().description() : kit::FaultWords(error);
         Say(stderr, told.replace(0, 1, told.first(1).toUpper()));
         return failed;
     }

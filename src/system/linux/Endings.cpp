@@ -5,6 +5,7 @@
 #include <array>
 #include <atomic>
 #include <csignal>
+#include <span>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -26,11 +27,20 @@ void requested(int) {
 constexpr std::array noted{SIGINT, SIGTERM};
 volatile std::sig_atomic_t wanted = 0;
 
-void handle(int signal, void (*handler)(int)) {
+void note(int signal) {
+    wanted = signal;
+}
+
+/// Who hears of the wishes now, if anybody does.
+std::atomic<void (*)(int)> hearing{nullptr};
+
+void hear(void (*handler)(int), std::span<const int> signals) {
+    hearing = handler;
     struct sigaction action {};
     action.sa_handler = handler;
     action.sa_flags = SA_RESTART;
-    sigaction(signal, &action, nullptr);
+    for (const int signal : signals)
+        sigaction(signal, &action, nullptr);
 }
 
 } // namespace
@@ -48,13 +58,11 @@ void OnEnding(QObject* owner, std::function<void()> onRequest, void (*atOnce)())
 }
 
 void ListenForEndings() {
-    for (const int signal : {SIGTERM, SIGINT, SIGHUP})
-        handle(signal, requested);
+    hear(requested, std::array{SIGTERM, SIGINT, SIGHUP});
 }
 
 void NoteEndings() {
-    for (const int signal : noted)
-        handle(signal, [](int number) { wanted = number; });
+    hear(note, noted);
 }
 
 bool EndingWanted() {
@@ -62,8 +70,34 @@ bool EndingWanted() {
 }
 
 void EndOnWish() {
+    hearing = nullptr;
     for (const int signal : noted)
         std::signal(signal, SIG_DFL);
+}
+
+struct HeldEndings::Before {
+    sigset_t mask;
+    std::array<struct sigaction, noted.size()> actions;
+};
+
+HeldEndings::HeldEndings(bool wait) : before_(std::make_unique<Before>()) {
+    sigset_t held;
+    sigemptyset(&held);
+    for (const int signal : noted)
+        if (wait)
+            sigaddset(&held, signal);
+    pthread_sigmask(SIG_BLOCK, &held, &before_->mask);
+    for (std::size_t i = 0; i < noted.size(); ++i)
+        sigaction(noted[i], nullptr, &before_->actions[i]);
+}
+
+HeldEndings::~HeldEndings() {
+    if (const auto handler = hearing.load())
+        hear(handler, noted);
+    else
+        for (std::size_t i = 0; i < noted.size(); ++i)
+            sigaction(noted[i], &before_->actions[i], nullptr);
+    pthread_sigmask(SIG_SETMASK, &before_->mask, nullptr);
 }
 
 } // namespace vorta::system

@@ -11,6 +11,7 @@ namespace vorta::system {
 namespace {
 
 std::atomic<void (*)()> first{nullptr};
+std::atomic<bool> hearing{false};
 std::atomic<bool> noted{false};
 std::atomic<bool> wanted{false};
 QPointer<QObject> listener;
@@ -39,14 +40,16 @@ void OnEnding(QObject* owner, std::function<void()> onRequest, void (*atOnce)())
     request = std::move(onRequest);
 }
 
+// The handler that was added last is asked first.
 void ListenForEndings() {
+    hearing = true;
     ::SetConsoleCtrlHandler(requested, FALSE);
     ::SetConsoleCtrlHandler(requested, TRUE);
 }
 
 void NoteEndings() {
     noted = true;
-    ::SetConsoleCtrlHandler(requested, TRUE);
+    ListenForEndings();
 }
 
 bool EndingWanted() {
@@ -55,6 +58,16 @@ bool EndingWanted() {
 
 void EndOnWish() {
     noted = false;
+}
+
+// They come in a thread of the system's, which nothing holds back.
+struct HeldEndings::Before {};
+
+HeldEndings::HeldEndings(bool) {}
+
+HeldEndings::~HeldEndings() {
+    if (hearing)
+        ListenForEndings();
 }
 
 } // namespace vorta::system
