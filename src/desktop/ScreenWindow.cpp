@@ -6,11 +6,11 @@
 #include "desktop/ScreenKeys.h"
 #include "desktop/Settings.h"
 #include "desktop/Style.h"
+#include "desktop/WorkBar.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QPointer>
-#include <QProgressBar>
 #include <QScreen>
 #include <QStyle>
 #include <QTimer>
@@ -22,8 +22,6 @@ namespace vorta::desktop {
 
 namespace {
 
-constexpr int barHeight = 4;
-constexpr int barSteps = 1000;
 constexpr int usualBorder = 4; ///< of the frame that a desktop draws
 const QString maximizedSuffix = u"-maximizada"_s;
 
@@ -32,7 +30,7 @@ const QString maximizedSuffix = u"-maximizada"_s;
 ScreenWindow::ScreenWindow(screen::Screen& screen, QWidget* parent)
     : QDialog(parent, (parent ? Qt::Dialog : Qt::Window) | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                           Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
-      screen_(screen), user_(screen.program()), form_(new FormRoom(screen.name())), bar_(new QProgressBar(this)) {
+      screen_(screen), user_(screen.program()), form_(new FormRoom(screen.name())), bar_(new WorkBar(this)) {
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
         // The frame of a grid or note shows the focus as well.
         for (QWidget* one : {before, now})
@@ -47,14 +45,6 @@ ScreenWindow::ScreenWindow(screen::Screen& screen, QWidget* parent)
                 form_->bringIntoView(*still);
         });
     });
-    bar_->setObjectName(u"progresso"_s);
-    bar_->setTextVisible(false);
-    bar_->setFixedHeight(barHeight);
-    bar_->setRange(0, barSteps);
-    QSizePolicy keepsItsRoom = bar_->sizePolicy();
-    keepsItsRoom.setRetainSizeWhenHidden(true);
-    bar_->setSizePolicy(keepsItsRoom);
-    bar_->hide();
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -72,7 +62,7 @@ ScreenWindow::ScreenWindow(screen::Screen& screen, QWidget* parent)
 ScreenWindow::~ScreenWindow() = default;
 
 QSize ScreenWindow::neededSize() const {
-    return form_->wholeSize().expandedTo(QSize(WidthForTitle(windowTitle()), 0)) + QSize(0, barHeight);
+    return form_->wholeSize().expandedTo(QSize(WidthForTitle(windowTitle()), 0)) + QSize(0, bar_->minimumHeight());
 }
 
 void ScreenWindow::complete() {
@@ -155,11 +145,7 @@ void ScreenWindow::paintEvent(QPaintEvent* event) {
 }
 
 void ScreenWindow::showProgress(qint64 done, qint64 total) {
-    bar_->setVisible(total != 0);
-    // Without a total the bar moves to and fro.
-    bar_->setMaximum(total < 0 ? 0 : barSteps);
-    if (total > 0)
-        bar_->setValue(static_cast<int>(std::clamp<qint64>(done, 0, total) * barSteps / total));
+    bar_->tell(done, total);
 }
 
 QString ScreenWindow::sizeKey() const {

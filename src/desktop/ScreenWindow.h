@@ -4,12 +4,11 @@
 
 #include <QDialog>
 
-class QProgressBar;
-
 namespace vorta::desktop {
 
 class FormRoom;
 class ScreenKeys;
+class WorkBar;
 
 /// The window of any screen: its form, a thin bar for long work below, and nothing of its own. Its frame stays within
 /// the free area of the display.
@@ -53,7 +52,7 @@ class ScreenWindow : public QDialog {
     screen::Screen& screen_;
     screen::User user_;
     FormRoom* form_;
-    QProgressBar* bar_;
+    WorkBar* bar_;
     QSize wholeSize_;
     QSize given_;           ///< the size of the window as long as nobody else has changed it
     bool restored_ = false; ///< that is the one of the last time
