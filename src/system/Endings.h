@@ -14,8 +14,9 @@ void OnEnding(QObject* owner, std::function<void()> onRequest, void (*atOnce)())
 /// Begins to listen.
 void ListenForEndings();
 
-/// For a program without an event loop: from now on a wish is only noted.
-void NoteEndings();
+/// For a program without an event loop: from now on a wish is only noted, and answered at once by these words to the
+/// error output, if any are given; they have to stay.
+void NoteEndings(const char* words = nullptr);
 bool EndingWanted();
 /// For a part of the program that may be interrupted: a wish ends the process again.
 void EndOnWish();

@@ -58,8 +58,9 @@ void RequireInstallation(const QString& home) {
         throw RuntimeError(errorNumber::FileNotFound, u"%1 não contém uma instalação"_s.arg(layout.home));
 }
 
+// The engine may have to come to the end of a long call first.
 ProgressLine::ProgressLine() {
-    system::NoteEndings();
+    system::NoteEndings(system::IsTerminal(stderr) ? "\r\033[KInterrompendo...\n" : nullptr);
 }
 
 void ProgressLine::stopIfWanted() {

@@ -5,6 +5,7 @@
 #include <array>
 #include <atomic>
 #include <csignal>
+#include <cstring>
 #include <span>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -26,9 +27,12 @@ void requested(int) {
 
 constexpr std::array noted{SIGINT, SIGTERM};
 volatile std::sig_atomic_t wanted = 0;
+std::atomic<const char*> answer{nullptr};
 
 void note(int signal) {
     wanted = signal;
+    if (const char* const words = answer.load()) [[maybe_unused]]
+        const ssize_t written = write(STDERR_FILENO, words, std::strlen(words));
 }
 
 /// Who hears of the wishes now, if anybody does.
@@ -61,7 +65,8 @@ void ListenForEndings() {
     hear(requested, std::array{SIGTERM, SIGINT, SIGHUP});
 }
 
-void NoteEndings() {
+void NoteEndings(const char* words) {
+    answer = words;
     hear(note, noted);
 }
 

@@ -4,6 +4,7 @@
 #include <QPointer>
 
 #include <atomic>
+#include <cstdio>
 #include <windows.h>
 
 namespace vorta::system {
@@ -14,6 +15,7 @@ std::atomic<void (*)()> first{nullptr};
 std::atomic<bool> hearing{false};
 std::atomic<bool> noted{false};
 std::atomic<bool> wanted{false};
+std::atomic<const char*> answer{nullptr};
 QPointer<QObject> listener;
 std::function<void()> request;
 
@@ -22,8 +24,11 @@ BOOL WINAPI requested(DWORD) {
     if (const auto work = first.load())
         work();
     wanted = true;
-    if (noted)
+    if (noted) {
+        if (const char* const words = answer.load())
+            std::fputs(words, stderr);
         return TRUE;
+    }
     if (!listener)
         return FALSE;
     QMetaObject::invokeMethod(
@@ -47,7 +52,8 @@ void ListenForEndings() {
     ::SetConsoleCtrlHandler(requested, TRUE);
 }
 
-void NoteEndings() {
+void NoteEndings(const char* words) {
+    answer = words;
     noted = true;
     ListenForEndings();
 }
