@@ -40,8 +40,8 @@ Recordset AbreLeitura(ContextoExecucao& contexto, const Statement& comando, std:
 
 Recordset AbreLeituraLonga(ContextoExecucao& contexto, const Statement& comando, std::vector<data::Piece> colunas) {
     const auto mostra = [&contexto](qint64 lidos) { contexto.platform().progress(lidos, screen::unknownTotal); };
-    // Of a search that finds nothing nothing follows that would end its progress.
     Recordset registros = Abre(contexto, comando.upper(), {.columns = std::move(colunas), .fetched = mostra});
+    // Behind a search that finds nothing comes no work that would end its progress.
     if (registros.Eof())
         contexto.platform().progress(0, 0);
     return registros;

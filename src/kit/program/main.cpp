@@ -94,7 +94,7 @@ int main(int argc, char** argv) {
         const std::optional<Outcome> outcome = command->run(words.sliced(1));
         return outcome ? *outcome : misuse();
     } catch (const RuntimeError& error) {
-        // Between its first use and its first answer the engine hears of Ctrl+C too, and refuses everything.
+        // While its client library opens a server's base for the first time, that hears of Ctrl+C too and shuts down.
         QString told = system::EndingWanted() ? kit::Interrupted().description() : kit::FaultWords(error);
         Say(stderr, told.replace(0, 1, told.first(1).toUpper()));
         return failed;
