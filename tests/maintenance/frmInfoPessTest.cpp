@@ -82,6 +82,18 @@ TEST_F(InfoPessTest, PersonsWithoutARoleNeverFallBelowZero) {
     open([](frmInfoPess& tela) { EXPECT_EQ(tela.lblQtSemVinc.text(), u"0"_s); });
 }
 
+TEST_F(InfoPessTest, IsHeardOfWhileTheEngineCounts) {
+    countRows(10, 4, 3, 2, 1);
+    Thinking thinking(database);
+    int told = 0;
+    platform.whenProgressed = [&] {
+        if (++told > 1) // the first is told before the first count begins
+            thinking.end();
+    };
+    open([](frmInfoPess& tela) { EXPECT_EQ(tela.lblQt1.text(), u"10"_s); });
+    EXPECT_TRUE(thinking.wasEnded());
+}
+
 TEST_F(InfoPessTest, LooksUpTheCodesOfEveryPerson) {
     personRows({{number(1), text("SAO PAULO"), text("SP"), text(" Campinas "), text(" sp "), text("NADA"), text("XX")},
                 {number(2), text("SAO PAULO "), text("SP"), text(""), text(""), text("SAO PAULO"), text("SP")}});

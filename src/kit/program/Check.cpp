@@ -3,8 +3,6 @@
 #include "base/RuntimeError.h"
 #include "kit/program/Command.h"
 
-#include <functional>
-
 namespace vorta::program {
 
 std::optional<Outcome> Check(const QStringList& words) {
@@ -12,14 +10,9 @@ std::optional<Outcome> Check(const QStringList& words) {
     if (!arguments.right(0))
         return std::nullopt;
     RequireInstallation(arguments.home());
-    const std::vector<kit::Finding> findings = [&] {
-        ProgressLine progress;
-        std::vector<kit::Finding> found =
-            kit::CheckInstallation(arguments.home(), QDateTime::currentDateTime(), std::ref(progress));
-        progress.stopIfWanted();
-        return found;
-    }();
-    return Report(findings);
+    return Report(ProgressLine::Find([&](const kit::Progress& progress) {
+        return kit::CheckInstallation(arguments.home(), QDateTime::currentDateTime(), progress);
+    }));
 }
 
 std::optional<Outcome> Try(const QStringList& words) {

@@ -68,6 +68,14 @@ void ProgressLine::stopIfWanted() {
         throw kit::Interrupted();
 }
 
+std::vector<kit::Finding>
+ProgressLine::Find(const std::function<std::vector<kit::Finding>(const kit::Progress&)>& look) {
+    ProgressLine progress;
+    std::vector<kit::Finding> found = look(std::ref(progress));
+    stopIfWanted();
+    return found;
+}
+
 void ProgressLine::operator()(const QString& what, qint64 done, qint64 all) {
     stopIfWanted();
     constexpr qint64 readable = 200;

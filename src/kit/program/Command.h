@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <cstdio>
+#include <functional>
 #include <map>
 #include <optional>
 
@@ -69,10 +70,13 @@ class ProgressLine {
     ProgressLine(const ProgressLine&) = delete;
     ProgressLine& operator=(const ProgressLine&) = delete;
     void operator()(const QString& what, qint64 done, qint64 all);
-    /// For the end of work that does not tell of itself to its end.
-    static void stopIfWanted();
+    /// What `look` finds, its progress shown; also stopped behind its last word, when it may have found what Ctrl+C
+    /// did.
+    static std::vector<kit::Finding> Find(const std::function<std::vector<kit::Finding>(const kit::Progress&)>& look);
 
   private:
+    static void stopIfWanted();
+
     bool shown_ = false;
     QElapsedTimer since_;
 };

@@ -2,8 +2,6 @@
 
 #include "kit/program/Command.h"
 
-#include <functional>
-
 namespace vorta::program {
 
 std::optional<Outcome> Verify(const QStringList& words) {
@@ -11,13 +9,8 @@ std::optional<Outcome> Verify(const QStringList& words) {
     if (!arguments.right(0))
         return std::nullopt;
     RequireInstallation(arguments.home());
-    const std::vector<kit::Finding> findings = [&] {
-        ProgressLine progress;
-        std::vector<kit::Finding> found = kit::VerifyBase(arguments.home(), arguments.base(), std::ref(progress));
-        progress.stopIfWanted();
-        return found;
-    }();
-    return Report(findings);
+    return Report(ProgressLine::Find(
+        [&](const kit::Progress& progress) { return kit::VerifyBase(arguments.home(), arguments.base(), progress); }));
 }
 
 } // namespace vorta::program
